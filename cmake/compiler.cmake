@@ -1,0 +1,17 @@
+# Compiler settings: `lacquer_warnings` for everything that this project builds, `lacquer_library_rules` for the library
+# itself (no exceptions, no run-time types, nothing visible but what the public headers export).
+
+add_library(lacquer_warnings INTERFACE)
+add_library(lacquer_library_rules INTERFACE)
+
+if(MSVC)
+  target_compile_options(lacquer_warnings INTERFACE /W4 /WX /utf-8)
+  target_compile_options(lacquer_library_rules INTERFACE /EHs-c- /GR- /fp:strict)
+else()
+  target_compile_options(lacquer_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Werror)
+  target_compile_options(lacquer_library_rules INTERFACE -ffp-contract=off -fno-semantic-interposition
+                         $<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions -fno-rtti>)
+endif()
+if(WIN32)
+  target_compile_definitions(lacquer_warnings INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN UNICODE _UNICODE)
+endif()
