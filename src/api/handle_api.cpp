@@ -1,0 +1,11 @@
+// The exported side of the handle table. There is one table, whatever table is named.
+
+#include <lacquer/lacquer.h>
+
+#include "core/handle_table.h"
+
+DWORD e_NewHandleEntry(HandleTable *, int type, void *object) {
+    return lacquer::ProcessHandleTable().New(type, object);
+}
+
+int e_DelHandleEntry(HandleTable *, DWORD handle) { return lacquer::ProcessHandleTable().Delete(handle); }

@@ -1,0 +1,117 @@
+// The drawing target: a surface of its own, with a device context on demand, or a device context of the caller's.
+#pragma once
+
+#include <lacquer/lacquer.h>
+
+#include <atomic>
+#include <memory>
+
+#include "core/dc_lock.h"
+#include "core/pixel_surface.h"
+#include "core/reference.h"
+#include "platform/platform.h"
+
+struct velCanvas;
+
+namespace lacquer {
+
+class Canvas;
+
+/// Stands for a canvas beyond its life: the canvas and its children share it, and it names null once the canvas is
+/// gone.
+struct CanvasAnchor : Shared {
+    std::atomic<Canvas *> canvas{nullptr};
+};
+
+/// Rectangles that enter are logical: device = logical + viewport origin - window origin. The clip is kept in device
+/// coordinates, inside the surface.
+class Canvas {
+public:
+    Canvas() = default;
+    ~Canvas();
+    Canvas(const Canvas &) = delete;
+    Canvas &operator=(const Canvas &) = delete;
+
+    /// Makes a canvas with transparent black pixels; a system one has its device context at once. For use on a new
+    /// object only.
+    bool CreateSurface(DWORD width, DWORD height, SurfaceKind kind);
+
+    /// Makes a canvas around the caller's device context, which it never deletes. For use on a new object only.
+    void AttachDeviceContext(HDC dc);
+
+    /// Null for a device-context canvas.
+    PixelSurface *Surface() { return surface_.get(); }
+
+    /// Takes the pixels out of a surface canvas, which is then good for nothing but deletion: its device context is
+    /// deleted, and every alpha becomes 255 unless the filter word says per-pixel alpha. Result: null, with nothing
+    /// changed, without pixels.
+    std::unique_ptr<PixelSurface> DetachSurface();
+
+    /// Describe a rectangle; null is the whole surface. Result: false outside the surface or the selected DIB section.
+    bool Lock(SurfaceView *out, const RECT *rect);
+    bool LockEx(SurfaceView *out, const RECT *rect);
+    void Unlock();
+
+    /// The device context, made at the first call: that moves the pixels into a DIB section. Result: null on failure.
+    HDC GetDeviceContext();
+
+    bool GetSize(SIZE *out) const;
+
+    const POINT &ViewportOrg() const { return viewportOrg_; }
+    const POINT &WindowOrg() const { return windowOrg_; }
+    bool SetViewportOrg(int x, int y, POINT *previous);
+    bool SetWindowOrg(int x, int y, POINT *previous);
+
+    /// Logical rectangles; empty and inverted ones make the clip empty. `ClipBox` is the bounding box of the device
+    /// context's clip where there is one.
+    void SetClip(const RECT &rect);
+    void IntersectClip(const RECT &rect);
+    RECT ClipBox() const;
+
+    HWND Window() const { return window_; }
+    void SetWindow(HWND window) { window_ = window; }
+
+    /// Result of `SetParent`: false without memory. `Parent` is null without a parent and when it is gone.
+    bool SetParent(Canvas &parent);
+    Canvas *Parent() const { return parent_ ? parent_->canvas.load(std::memory_order_acquire) : nullptr; }
+
+    /// A device-context canvas refuses a filter word.
+    DWORD Filter() const { return filter_; }
+    bool SetFilter(DWORD filter);
+
+    DWORD BkColor() const { return bkColor_; }
+    void SetBkColor(DWORD colour) { bkColor_ = colour; }
+
+    /// The vector companion's canvas over these pixels, null until there is one.
+    velCanvas *Companion() const { return companion_; }
+
+    /// Whether further handles may name this canvas: set when one is made, never reset.
+    bool IsAliased() const { return aliased_; }
+    void MarkAliased() { aliased_ = true; }
+
+private:
+    RECT ToDevice(const RECT &rect) const;
+    void ApplyClip(const RECT &device) const;
+    void DeleteDeviceContext();
+
+    DcLock dcLock_;
+    bool foreignDC_ = false;
+    bool aliased_ = false;
+    HWND window_ = nullptr;
+    Ref<CanvasAnchor> anchor_;  ///< made when the canvas first becomes a parent
+    Ref<CanvasAnchor> parent_;
+    HDC dc_ = nullptr;
+    HGDIOBJ previousBitmap_ = nullptr;
+    StorageRef selected_;  ///< keeps the bitmap in `dc_` alive, whatever happens to the surface through its aliases
+    POINT viewportOrg_{}, windowOrg_{};
+    DWORD filter_ = 0;
+    std::unique_ptr<PixelSurface> surface_;
+    DWORD bkColor_ = 0;
+    RECT clip_{};
+    velCanvas *companion_ = nullptr;
+};
+
+std::unique_ptr<Canvas> MakeCanvas(DWORD width, DWORD height, SurfaceKind kind);
+std::unique_ptr<Canvas> MakeCanvasFromDC(HDC dc);
+
+}  // namespace lacquer

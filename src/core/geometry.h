@@ -1,0 +1,28 @@
+// Rectangle arithmetic that can't overflow: sums in 64 bits, clamped where they are stored in 32.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+
+#include "platform/platform.h"
+
+namespace lacquer {
+
+inline LONG ClampToLong(int64_t value) { return static_cast<LONG>(std::clamp<int64_t>(value, INT32_MIN, INT32_MAX)); }
+
+/// Truncated towards zero; INT32_MIN for what does not fit and for not a number.
+inline LONG TruncateToLong(float value) {
+    constexpr float kLimit = 2147483648.0f;
+    return value >= -kLimit && value < kLimit ? static_cast<LONG>(value) : INT32_MIN;
+}
+
+/// True differences; negative for an inverted rectangle.
+inline int64_t WidthOf(const RECT &rect) { return static_cast<int64_t>(rect.right) - rect.left; }
+inline int64_t HeightOf(const RECT &rect) { return static_cast<int64_t>(rect.bottom) - rect.top; }
+
+inline RECT Moved(const RECT &rect, int64_t dx, int64_t dy) {
+    return {ClampToLong(rect.left + dx), ClampToLong(rect.top + dy), ClampToLong(rect.right + dx),
+            ClampToLong(rect.bottom + dy)};
+}
+
+}  // namespace lacquer

@@ -1,0 +1,55 @@
+// Copying and resampling whole surfaces.
+
+#include "core/surface_copy.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "core/surface_view.h"
+#include "pipeline/blit_dispatch.h"
+
+namespace lacquer {
+
+namespace {
+
+/// Views of one depth; they may overlap, as parts of one surface.
+void CopyRows(const SurfaceView &dest, const SurfaceView &source) {
+    const LONG rows = std::min(dest.height, source.height);
+    const size_t bytes = static_cast<size_t>(std::min(dest.width, source.width)) * (source.bitsPerPixel / 8);
+    const bool downwards = dest.bits <= source.bits;
+    for (LONG i = 0; i < rows; ++i) {
+        const LONG y = downwards ? i : rows - 1 - i;
+        std::memmove(RowOf(dest, y), RowOf(source, y), bytes);
+    }
+}
+
+}  // namespace
+
+void CopySurface(PixelSurface &dest, const RECT *destRect, PixelSurface &source, const RECT *sourceRect) {
+    SurfaceView from{}, to{};
+    if (!source.LockEx(&from, sourceRect)) return;
+    if (dest.LockEx(&to, destRect)) {
+        if (from.bitsPerPixel == to.bitsPerPixel && from.paletteCount == to.paletteCount) {
+            dest.SetFilter(source.GetFilter());
+            CopyRows(to, from);
+            CopyPalette(to, from);
+        } else if (to.bitsPerPixel == 32) {
+            dest.SetFilter(source.GetFilter());
+            ConvertCopy(to, from);
+        }
+        dest.Unlock();
+    }
+    source.Unlock();
+}
+
+std::unique_ptr<PixelSurface> ResizedSurface(PixelSurface &source, DWORD width, DWORD height, DWORD kernelMode,
+                                             SurfaceKind kind) {
+    std::unique_ptr<PixelSurface> resized = MakeSurface(width, height, 32, 0, kind);
+    if (!resized) return nullptr;
+    resized->SetFilter(source.GetFilter());
+    SurfaceView from{}, to{};
+    if (source.LockEx(&from) && resized->Lock(&to)) ResampleCopy(to, from, kernelMode);
+    return resized;
+}
+
+}  // namespace lacquer

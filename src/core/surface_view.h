@@ -1,0 +1,43 @@
+// Operations on SurfaceView records and on the palettes behind them.
+#pragma once
+
+#include <lacquer/lacquer.h>
+
+#include <cstddef>
+#include <cstring>
+#include <type_traits>
+
+#include "platform/platform.h"
+
+namespace lacquer {
+
+static_assert(offsetof(SurfaceView, type) == 0 && offsetof(SurfaceView, width) == 4 &&
+              offsetof(SurfaceView, height) == 8);
+static_assert(offsetof(SurfaceView, stride) == 12 && offsetof(SurfaceView, planes) == 16);
+static_assert(offsetof(SurfaceView, bitsPerPixel) == 18 && offsetof(SurfaceView, bits) == 24);
+static_assert(offsetof(SurfaceView, paletteCount) == 32 && offsetof(SurfaceView, palette) == 40);
+static_assert(sizeof(SurfaceView) == 48 && sizeof(BITMAP) == 32 && sizeof(TextureMode) == 24);
+static_assert(sizeof(HGBITMAP) == sizeof(void *) && std::is_trivial_v<HGBITMAP> && std::is_trivial_v<HGTEXTURE> &&
+              std::is_trivial_v<HGCANVAS>);
+
+/// The view that a bitmap's description stands for, without a palette.
+SurfaceView ViewOf(const BITMAP &description);
+
+/// Narrows the view of a whole surface to `rect`; null keeps the whole. Result: false, with the view unchanged, unless
+/// the rectangle is inside and not empty.
+bool NarrowView(SurfaceView &view, const RECT *rect);
+
+/// Writes the fields up to `bits` only: the record may be a caller's BITMAP.
+inline void WriteBitmapPart(SurfaceView *out, const SurfaceView &view) {
+    std::memcpy(out, &view, offsetof(SurfaceView, paletteCount));
+}
+
+/// Copies the source's palette entries to a destination with as many; the shared grey palette stays as it is.
+void CopyPalette(const SurfaceView &dest, const SurfaceView &source);
+
+/// The address of row `y` of a view.
+inline std::byte *RowOf(const SurfaceView &view, LONG y) {
+    return static_cast<std::byte *>(view.bits) + static_cast<std::ptrdiff_t>(y) * view.stride;
+}
+
+}  // namespace lacquer

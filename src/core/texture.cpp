@@ -1,0 +1,57 @@
+// Textures: slices and construction.
+
+#include "core/texture.h"
+
+#include <algorithm>
+#include <new>
+#include <utility>
+
+#include "core/geometry.h"
+
+namespace lacquer {
+
+bool Texture::SetSlices(DWORD count, const RECT *rects) {
+    std::unique_ptr<RECT[]> copies(new (std::nothrow) RECT[count]);
+    if (!copies) return false;
+    std::copy_n(rects, count, copies.get());
+    slices_ = std::move(copies);
+    sliceCount_ = count;
+    if (count > 0) currentSlice_ = static_cast<int>(count - 1);
+    return true;
+}
+
+int Texture::SetCurrentSlice(int index) {
+    if (index < 0 || static_cast<DWORD>(index) >= sliceCount_) return -1;
+    return std::exchange(currentSlice_, index);
+}
+
+const RECT *Texture::CurrentSlice() const {
+    return currentSlice_ >= 0 && static_cast<DWORD>(currentSlice_) < sliceCount_ ? &slices_[currentSlice_] : nullptr;
+}
+
+bool Texture::GetSize(SIZE *out) const {
+    if (!slices_) {
+        *out = {surface_.GetWidth(), surface_.GetHeight()};
+        return true;
+    }
+    const RECT *slice = CurrentSlice();
+    if (slice) *out = {ClampToLong(WidthOf(*slice)), ClampToLong(HeightOf(*slice))};
+    return slice != nullptr;
+}
+
+std::unique_ptr<Texture> MakeTexture(DWORD width, DWORD height, DWORD bitsPerPixel, DWORD paletteCount) {
+    std::unique_ptr<Texture> texture(new (std::nothrow) Texture);
+    const bool made = texture && texture->Surface().Create(static_cast<int>(width), static_cast<int>(height),
+                                                           static_cast<int>(bitsPerPixel & 0xFFFF),
+                                                           static_cast<uint16_t>(paletteCount), SurfaceKind::Memory);
+    if (!made) texture.reset();
+    return texture;
+}
+
+std::unique_ptr<Texture> MakeSharingTexture(const PixelSurface *surface, bool borrow) {
+    std::unique_ptr<Texture> texture(new (std::nothrow) Texture);
+    if (texture && !texture->Surface().ShareFrom(surface, borrow)) texture.reset();
+    return texture;
+}
+
+}  // namespace lacquer
