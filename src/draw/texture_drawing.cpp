@@ -1,0 +1,136 @@
+// Texture layouts but the nine-grid. Cells outside the visible part are counted, not walked: a destination may be 2^32
+// wide.
+
+#include "draw/texture_drawing.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "core/geometry.h"
+#include "draw/blit.h"
+
+namespace lacquer {
+
+namespace {
+
+void BlitPiece(const TextureDraw &draw, const RECT &dest, const RECT &piece) {
+    PixelSurface &surface = draw.texture.Surface();
+    Blit(draw.canvas, dest, surface, &piece, {surface.GetFilter(), draw.kernelMode, draw.alpha});
+}
+
+RECT ClampedRect(int64_t left, int64_t top, int64_t right, int64_t bottom) {
+    return {ClampToLong(left), ClampToLong(top), ClampToLong(right), ClampToLong(bottom)};
+}
+
+/// The end of a source piece that fills `length` destination pixels, in single precision; a scale of 0 or less, or not
+/// a number, gives an end that no lock accepts.
+LONG PieceEnd(LONG start, int64_t length, float scale) {
+    return TruncateToLong(static_cast<float>(start) + static_cast<float>(length) / scale);
+}
+
+}  // namespace
+
+bool ResolveSlice(const PixelSurface &surface, const RECT *slice, RECT *out) {
+    const RECT whole{0, 0, surface.GetWidth(), surface.GetHeight()};
+    RECT resolved = slice ? *slice : whole;
+    if (resolved.left > resolved.right) std::swap(resolved.left, resolved.right);
+    if (resolved.top > resolved.bottom) std::swap(resolved.top, resolved.bottom);
+    const bool inside =
+        resolved.left >= 0 && resolved.top >= 0 && resolved.right <= whole.right && resolved.bottom <= whole.bottom;
+    if (!inside || IsRectEmpty(&resolved)) return false;
+    *out = resolved;
+    return true;
+}
+
+int DrawStretched(const TextureDraw &draw) {
+    RECT slice{};
+    if (!ResolveSlice(draw.texture.Surface(), draw.slice, &slice)) return 0;
+    BlitPiece(draw, draw.dest, slice);
+    return 1;
+}
+
+int DrawCentred(const TextureDraw &draw) {
+    RECT slice{};
+    if (!ResolveSlice(draw.texture.Surface(), draw.slice, &slice)) return 0;
+    const int64_t destWidth = WidthOf(draw.dest), destHeight = HeightOf(draw.dest);
+    const int64_t sliceWidth = WidthOf(slice), sliceHeight = HeightOf(slice);
+    const int64_t byWidth = sliceHeight * destWidth, byHeight = sliceWidth * destHeight;
+    int64_t insetX = 0, insetY = 0;
+    // The halving truncates, so that the drawn side is the exact one or one pixel more.
+    if (byHeight >= byWidth) {
+        insetY = std::max<int64_t>(0, (destHeight - byWidth / sliceWidth) / 2);
+    } else {
+        insetX = std::max<int64_t>(0, (destWidth - byHeight / sliceHeight) / 2);
+    }
+    const RECT &dest = draw.dest;
+    BlitPiece(draw, ClampedRect(dest.left + insetX, dest.top + insetY, dest.right - insetX, dest.bottom - insetY),
+              slice);
+    return 1;
+}
+
+void DrawTiled(const TextureDraw &draw, DWORD scaleFlags, float scale) {
+    RECT piece{}, visible{};
+    if (!ResolveSlice(draw.texture.Surface(), draw.slice, &piece)) return;
+    int64_t cellWidth = WidthOf(piece), cellHeight = HeightOf(piece);
+    if (scaleFlags & kScaleCell) {
+        const auto scaled = [&](LONG start, int64_t length) {
+            return static_cast<int64_t>(
+                       TruncateToLong(static_cast<float>(start) + scale * static_cast<float>(length))) -
+                   start;
+        };
+        cellWidth = scaled(piece.left, cellWidth);
+        cellHeight = scaled(piece.top, cellHeight);
+    }
+    const RECT &dest = draw.dest;
+    const RECT clipBox = draw.canvas.ClipBox();
+    if (cellWidth <= 0 || cellHeight <= 0 || !IntersectRect(&visible, &dest, &clipBox)) return;
+    for (int64_t y = dest.top; y < visible.bottom;) {
+        if (y + cellHeight > dest.bottom) {
+            cellHeight = dest.bottom - y;
+            piece.bottom = PieceEnd(piece.top, cellHeight, scale);
+        }
+        const auto drawCell = [&](int64_t x) {
+            BlitPiece(draw, ClampedRect(x, y, x + cellWidth, y + cellHeight), piece);
+        };
+        const int64_t wholeCells = WidthOf(dest) / cellWidth;
+        const int64_t cutX = dest.left + wholeCells * cellWidth;
+        const int64_t firstVisible = (static_cast<int64_t>(visible.left) - dest.left) / cellWidth;
+        const bool rowIsVisible = y + cellHeight > visible.top;
+        for (int64_t x = dest.left + firstVisible * cellWidth;
+             rowIsVisible && x < std::min<int64_t>(cutX, visible.right); x += cellWidth) {
+            drawCell(x);
+        }
+        int64_t rows = 1;
+        if (cutX < dest.right) {
+            // Cell and piece keep the cut width in the rows below.
+            cellWidth = dest.right - cutX;
+            piece.right = PieceEnd(piece.left, cellWidth, scale);
+            drawCell(cutX);
+        } else {
+            rows = std::max<int64_t>(1, (visible.top - y) / cellHeight);
+        }
+        y += rows * cellHeight;
+    }
+}
+
+void DrawTopTiled(const TextureDraw &draw, const RECT &margins) {
+    RECT slice{}, visible{};
+    if (!ResolveSlice(draw.texture.Surface(), draw.slice, &slice)) return;
+    const RECT &dest = draw.dest;
+    const RECT clipBox = draw.canvas.ClipBox();
+    if (!IntersectRect(&visible, &dest, &clipBox)) return;
+    const int64_t width = WidthOf(slice);
+    const int64_t bandBottom = static_cast<int64_t>(dest.top) + margins.top;
+    const int64_t firstVisible = (static_cast<int64_t>(visible.left) - dest.left) / width;
+    for (int64_t x = dest.left + firstVisible * width; x < visible.right; x += width) {
+        const int64_t right = std::min<int64_t>(x + width, dest.right), sourceRight = slice.left + (right - x);
+        const int64_t topHeight = std::min<int64_t>(margins.top, HeightOf(dest));
+        BlitPiece(draw, ClampedRect(x, dest.top, right, dest.top + topHeight),
+                  ClampedRect(slice.left, slice.top, sourceRight, slice.top + topHeight));
+        BlitPiece(
+            draw, ClampedRect(x, bandBottom, right, dest.bottom),
+            ClampedRect(slice.left, static_cast<int64_t>(slice.bottom) - margins.bottom, sourceRight, slice.bottom));
+    }
+}
+
+}  // namespace lacquer
