@@ -1,0 +1,48 @@
+// Objects behind handles: what the handle costs beside the allocation of the pixels.
+
+#include <benchmark/benchmark.h>
+#include <lacquer/lacquer.h>
+
+#include <cstdlib>
+#include <vector>
+
+namespace {
+
+constexpr DWORD kSide = 16;
+
+void AllocationAlone(benchmark::State &state) {
+    for (auto _ : state) {
+        void *block = std::malloc(kSide * kSide * 4);
+        benchmark::DoNotOptimize(block);
+        std::free(block);
+    }
+}
+BENCHMARK(AllocationAlone);
+
+void CreateAndDeleteBitmap(benchmark::State &state) {
+    for (auto _ : state) DeleteBitmap(CreateMemBitmap(kSide, kSide));
+}
+BENCHMARK(CreateAndDeleteBitmap);
+
+/// With many objects alive and the slot freed last taken, a new object needs the free slot of the lowest index.
+void CreateBesideManyLiveBitmaps(benchmark::State &state) {
+    std::vector<HGBITMAP> live;
+    for (int i = 0; i < 30000; ++i) live.push_back(CreateMemBitmap(1, 1));
+    for (auto _ : state) {
+        const HGBITMAP first = CreateMemBitmap(kSide, kSide), second = CreateMemBitmap(kSide, kSide);
+        DeleteBitmap(first);
+        DeleteBitmap(second);
+    }
+    for (HGBITMAP bitmap : live) DeleteBitmap(bitmap);
+}
+BENCHMARK(CreateBesideManyLiveBitmaps);
+
+void LookUpHandle(benchmark::State &state) {
+    const HGBITMAP bitmap = CreateMemBitmap(kSide, kSide);
+    BYTE depth = 0;
+    for (auto _ : state) benchmark::DoNotOptimize(GetBitmapBitsPixel(bitmap, &depth));
+    DeleteBitmap(bitmap);
+}
+BENCHMARK(LookUpHandle);
+
+}  // namespace
