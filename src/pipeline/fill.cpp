@@ -1,0 +1,70 @@
+// Fills: one formula per kernel, from the colour c and the destination word d. Notation as in combine.h.
+
+#include "pipeline/fill.h"
+
+#include "pipeline/draw_area.h"
+
+namespace lacquer {
+namespace {
+
+/// Calls apply(pixel) for each pixel of a 32-bit view, through runs that join rows where nothing lies between them.
+template <class Apply>
+int ForEachPixel(const SurfaceView &dest, const Apply &apply) {
+    if (dest.bitsPerPixel != 32 || dest.width < 1 || dest.height < 1) return 1;
+    const bool joined = IsContiguous(dest);
+    const ptrdiff_t width = dest.width, run = joined ? width * dest.height : width;
+    const int64_t runs = joined ? 1 : dest.height;
+    for (int64_t y = 0; y < runs; ++y) {
+        BYTE *const row = RowOf(dest, y);
+        for (ptrdiff_t x = 0; x < run; ++x) apply(row + x * kPixelBytes);
+    }
+    return 1;
+}
+
+/// d := formula(d)
+template <class Formula>
+int ChangePixels(const SurfaceView &dest, const Formula &formula) {
+    return ForEachPixel(dest, [formula](BYTE *pixel) { StorePixel(pixel, formula(LoadPixel(pixel))); });
+}
+
+}  // namespace
+
+int FillCopy(const SurfaceView *dest, DWORD colour) {
+    return ForEachPixel(*dest, [c = uint32_t{colour}](BYTE *pixel) { StorePixel(pixel, c); });
+}
+
+int FillOver(const SurfaceView *dest, DWORD colour) {
+    const uint32_t c = colour, keep = 256 - Alpha(c);
+    return ChangePixels(*dest, [=](uint32_t d) { return c + Scale(d, keep); });
+}
+
+int FillBehind(const SurfaceView *dest, DWORD colour) {
+    return ChangePixels(*dest, [c = uint32_t{colour}](uint32_t d) { return d + Scale(c, 256 - Alpha(d)); });
+}
+
+int FillModulate(const SurfaceView *dest, DWORD colour) {
+    return ChangePixels(*dest, [c = uint32_t{colour}](uint32_t d) { return Multiply(d, c); });
+}
+
+int FillOr(const SurfaceView *dest, DWORD colour) {
+    return ChangePixels(*dest, [c = uint32_t{colour}](uint32_t d) { return d | c; });
+}
+
+int FillGreyTint(const SurfaceView *dest, DWORD colour) {
+    return ChangePixels(*dest, [cA = Alpha(colour)](uint32_t d) {
+        const uint32_t level = (d & 0xFF) + 2 * (d >> 8 & 0xFF) + (d >> 16 & 0xFF);
+        const uint32_t grey = (level >> 2) * cA >> 8;
+        // The colour channels only: the share of alpha is replaced by alpha itself.
+        const uint32_t tinted = AddModulo(Scale(d, 256 - Alpha(d)), grey * 0x010101u);
+        return (tinted & ~kOpaque) | (d & kOpaque);
+    });
+}
+
+int MixColor(const SurfaceView *dest, DWORD colour, BYTE weight) {
+    if (weight == 0) return 1;
+    if (weight == 255) return FillCopy(dest, colour);
+    const uint32_t c = colour, keep = 255u - weight;
+    return ChangePixels(*dest, [=](uint32_t d) { return AddModulo(Scale(d, keep), c); });
+}
+
+}  // namespace lacquer
