@@ -1,0 +1,100 @@
+// Regions over pixman's region algebra.
+#include "platform/headless/region.h"
+
+#include <utility>
+
+namespace lacquer::headless {
+
+namespace {
+
+// pixman's queries take a non-const region but do not write to it.
+pixman_region32_t *Mutable(const pixman_region32_t &region) {
+    return const_cast<pixman_region32_t *>(&region);
+}
+
+}  // namespace
+
+RECT Ordered(RECT rect) {
+    if (rect.left > rect.right) std::swap(rect.left, rect.right);
+    if (rect.top > rect.bottom) std::swap(rect.top, rect.bottom);
+    return rect;
+}
+
+void Region::SetRect(const RECT &rect) {
+    if (rect.left >= rect.right || rect.top >= rect.bottom) {
+        pixman_region32_clear(&pixels_);
+        return;
+    }
+    pixman_box32_t box{rect.left, rect.top, rect.right, rect.bottom};
+    pixman_region32_reset(&pixels_, &box);
+}
+
+bool Region::SetBoxes(const pixman_box32_t *boxes, int count) {
+    pixman_region32_fini(&pixels_);
+    if (pixman_region32_init_rects(&pixels_, boxes, count)) return true;
+    pixman_region32_init(&pixels_);
+    return false;
+}
+
+bool Region::Copy(const Region &other) {
+    return pixman_region32_copy(&pixels_, Mutable(other.pixels_)) != 0;
+}
+
+bool Region::Combine(const Region &first, const Region &second, int mode) {
+    pixman_region32_t *a = Mutable(first.pixels_);
+    pixman_region32_t *b = Mutable(second.pixels_);
+    switch (mode) {
+        case RGN_AND: return pixman_region32_intersect(&pixels_, a, b) != 0;
+        case RGN_OR: return pixman_region32_union(&pixels_, a, b) != 0;
+        case RGN_DIFF: return pixman_region32_subtract(&pixels_, a, b) != 0;
+        case RGN_XOR: {
+            Region onlyFirst;
+            Region onlySecond;
+            return onlyFirst.Combine(first, second, RGN_DIFF) && onlySecond.Combine(second, first, RGN_DIFF) &&
+                   pixman_region32_union(&pixels_, &onlyFirst.pixels_, &onlySecond.pixels_) != 0;
+        }
+        default: return false;
+    }
+}
+
+bool Region::IntersectRect(const RECT &rect) {
+    Region other;
+    other.SetRect(rect);
+    return Combine(*this, other, RGN_AND);
+}
+
+void Region::Offset(int x, int y) {
+    pixman_region32_translate(&pixels_, x, y);
+}
+
+int Region::Kind() const {
+    const int count = pixman_region32_n_rects(Mutable(pixels_));
+    return count == 0 ? NULLREGION : count == 1 ? SIMPLEREGION : COMPLEXREGION;
+}
+
+RECT Region::Bounds() const {
+    if (Kind() == NULLREGION) return RECT{};
+    const pixman_box32_t *box = pixman_region32_extents(Mutable(pixels_));
+    return RECT{box->x1, box->y1, box->x2, box->y2};
+}
+
+bool Region::Contains(int x, int y) const {
+    return pixman_region32_contains_point(Mutable(pixels_), x, y, nullptr) != 0;
+}
+
+bool Region::Touches(const RECT &rect) const {
+    if (rect.left >= rect.right || rect.top >= rect.bottom) return false;
+    pixman_box32_t box{rect.left, rect.top, rect.right, rect.bottom};
+    return pixman_region32_contains_rectangle(Mutable(pixels_), &box) != PIXMAN_REGION_OUT;
+}
+
+bool Region::Equals(const Region &other) const {
+    if (Kind() == NULLREGION || other.Kind() == NULLREGION) return Kind() == other.Kind();
+    return pixman_region32_equal(Mutable(pixels_), Mutable(other.pixels_)) != 0;
+}
+
+const pixman_box32_t *Region::Boxes(int &count) const {
+    return pixman_region32_rectangles(Mutable(pixels_), &count);
+}
+
+}  // namespace lacquer::headless

@@ -1,0 +1,86 @@
+// What the library uses of the Win32 kernel and of USER beside GDI, for systems that have neither: critical sections, global
+// memory blocks, MulDiv, rectangle helpers, the clock and the version. Internal; nothing here is exported.
+#pragma once
+
+#include <lacquer/headless_gdi.h>
+#include <pthread.h>
+
+#include <cstddef>
+
+using HGLOBAL = void *;
+
+// ---- Critical sections: a thread may enter one again ----------------------------------------------------------------
+
+struct CRITICAL_SECTION {
+    pthread_mutex_t mutex;
+};
+
+void InitializeCriticalSection(CRITICAL_SECTION *section);
+void EnterCriticalSection(CRITICAL_SECTION *section);
+void LeaveCriticalSection(CRITICAL_SECTION *section);
+void DeleteCriticalSection(CRITICAL_SECTION *section);
+
+// ---- Global memory --------------------------------------------------------------------------------------------------
+
+enum : UINT { GMEM_FIXED = 0, GMEM_MOVEABLE = 2, GMEM_ZEROINIT = 0x40, GHND = 0x42, GPTR = 0x40 };
+
+/// A block of `size` bytes. A fixed block's handle is its address; a moveable one has an address only while it is locked.
+/// Null when memory is short.
+HGLOBAL GlobalAlloc(UINT flags, size_t size);
+
+/// Resizes a block, keeping its contents; with GMEM_ZEROINIT what is added is zero. A locked block is moved only with
+/// GMEM_MOVEABLE, and so is a fixed one. Returns the block's handle, or null, with the block unchanged.
+HGLOBAL GlobalReAlloc(HGLOBAL block, size_t size, UINT flags);
+
+/// The block's address; locks are counted. Null for null.
+void *GlobalLock(HGLOBAL block);
+
+/// Ends a lock. Non-zero while the block is still locked, and for a fixed block.
+BOOL GlobalUnlock(HGLOBAL block);
+
+/// Frees a block. Always null; null is accepted.
+HGLOBAL GlobalFree(HGLOBAL block);
+
+/// The block's size in bytes, 0 for null.
+size_t GlobalSize(HGLOBAL block);
+
+// ---- Rectangles: a null pointer gives 0 where a function tests for one --------------------------------------------------
+
+BOOL SetRect(RECT *rect, int left, int top, int right, int bottom);
+BOOL SetRectEmpty(RECT *rect);
+BOOL CopyRect(RECT *dest, const RECT *source);
+BOOL EqualRect(const RECT *first, const RECT *second);
+
+/// True when the right or bottom edge is not beyond the left or top one, and for null.
+BOOL IsRectEmpty(const RECT *rect);
+
+/// Both wrap around at the ends of the range.
+BOOL OffsetRect(RECT *rect, int x, int y);
+BOOL InflateRect(RECT *rect, int x, int y);
+
+/// The common part; (0, 0, 0, 0) and result 0 when there is none.
+BOOL IntersectRect(RECT *dest, const RECT *first, const RECT *second);
+
+/// The box around both, an empty one left out; (0, 0, 0, 0) and result 0 when both are empty.
+BOOL UnionRect(RECT *dest, const RECT *first, const RECT *second);
+
+BOOL PtInRect(const RECT *rect, POINT point);
+
+// ---- Others ---------------------------------------------------------------------------------------------------------
+
+struct OSVERSIONINFOW {
+    DWORD dwOSVersionInfoSize, dwMajorVersion, dwMinorVersion, dwBuildNumber, dwPlatformId;
+    WCHAR szCSDVersion[128];
+};
+
+/// number x numerator / denominator, rounded half away from zero; -1 when the denominator is 0 or the result exceeds 32 bits.
+int MulDiv(int number, int numerator, int denominator);
+
+/// Milliseconds of a clock that never goes back, modulo 2^32.
+DWORD GetTickCount();
+
+/// Writes a version 6.2, as programs without a manifest see it. 0 when the record's size is not set.
+BOOL GetVersionExW(OSVERSIONINFOW *info);
+
+/// Always null: no device context belongs to a window.
+HWND WindowFromDC(HDC dc);
