@@ -1,0 +1,23 @@
+// PNG files: any kind is read into an image of the nearest depth that Lacquer draws, and canvases are written.
+#pragma once
+
+#include <string>
+
+#include "common/image.h"
+
+namespace lacquer::examples {
+
+/// Reads a file. Palette images and greys without alpha become 8-bit images, colour without alpha 24-bit ones, the rest
+/// 32-bit ones; 16-bit channels are reduced to 8. Throws std::runtime_error ("<path>: <reason>") when the file is
+/// missing, damaged or wider or higher than 32767 pixels.
+Image ReadPng(const std::string &path, Alpha alpha = Alpha::kPremultiplied);
+
+enum class PngKind {
+    kOpaque,   // three channels: the pixels as a window shows them, whatever their alpha
+    kStraight  // four channels, straight alpha
+};
+
+/// Writes the pixels of a canvas. Throws std::runtime_error ("<path>: <reason>") on failure.
+void WritePng(const std::string &path, HGCANVAS canvas, PngKind kind);
+
+}  // namespace lacquer::examples

@@ -1,0 +1,41 @@
+// What the pictures share, and their list.
+#include "gallery/gallery.h"
+
+namespace lacquer::examples {
+
+namespace {
+
+constexpr Picture kPictures[] = {
+    {"sources", PngKind::kOpaque, PaintSources},   {"modes", PngKind::kOpaque, PaintModes},
+    {"alpha", PngKind::kOpaque, PaintAlpha},       {"slices", PngKind::kOpaque, PaintSlices},
+    {"origins", PngKind::kOpaque, PaintOrigins},   {"transforms", PngKind::kOpaque, PaintTransforms},
+    {"samplers", PngKind::kOpaque, PaintSamplers}, {"window", PngKind::kStraight, PaintWindow},
+    {"desktop", PngKind::kOpaque, PaintDesktop},
+};
+
+}  // namespace
+
+Canvas MakePage(const Skin &skin, int width, int height, std::string_view title, std::string_view explanation) {
+    Canvas canvas = MakeCanvas(width, height);
+    FillGradient(canvas, Box(0, 0, width, height), 0xFF333948, 0xFF1D2029);
+    skin.font.Draw(canvas, 20, 16, title, kInk, 2);
+    skin.font.Draw(canvas, 20, 38, explanation, kFaintInk);
+    FillBox(canvas, Box(20, 54, width - 40, 1), 0x40FFFFFF);
+    return canvas;
+}
+
+void DrawSpecimen(const Canvas &canvas, const RECT &rect, const Texture &piece, BYTE alpha) {
+    const int width = rect.right - rect.left;
+    const int height = rect.bottom - rect.top;
+    const Canvas layer = MakeCanvas(width, height);
+    FillGradient(layer, Box(0, 0, width / 3, height), 0xFF6FA8DC, 0xFF2E5F96);
+    FillGradient(layer, Box(width / 3, 0, width / 3, height), 0x80FFD060, 0x80E09020);
+    const SIZE size = SizeOf(piece);
+    DrawAt(layer, (width - size.cx) / 2, (height - size.cy) / 2, piece, alpha);
+    FillChecker(canvas, rect, 6);
+    DrawLayer(canvas, rect.left, rect.top, layer);
+}
+
+std::span<const Picture> Pictures() { return kPictures; }
+
+}  // namespace lacquer::examples
