@@ -18,6 +18,8 @@ LONG DeviceStride(const Bitmap &bitmap) {
     return static_cast<LONG>((int64_t{bitmap.width} * bitmap.bitsPerPixel + 15) / 16 * 2);
 }
 
+LONG Magnitude(int value) { return Clamped(value < 0 ? -int64_t{value} : value); }
+
 BITMAP Describe(const Bitmap &bitmap) {
     return BITMAP{0,
                   bitmap.width,
@@ -95,8 +97,7 @@ HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, cons
     GdiLock lock;
     if (planes != 1 || (bitsPerPixel != 1 && bitsPerPixel != 32)) return nullptr;
     if (width == 0 || height == 0) return DefaultBitmap();
-    std::unique_ptr<Bitmap> bitmap =
-        NewBitmap(Clamped(std::abs(int64_t{width})), Clamped(std::abs(int64_t{height})), static_cast<WORD>(bitsPerPixel));
+    std::unique_ptr<Bitmap> bitmap = NewBitmap(Magnitude(width), Magnitude(height), static_cast<WORD>(bitsPerPixel));
     if (bitmap == nullptr) return nullptr;
     if (bits != nullptr) {
         const auto *source = static_cast<const uint8_t *>(bits);
@@ -115,12 +116,12 @@ HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height) {
     if (context == nullptr) return nullptr;
     if (width == 0 || height == 0) return DefaultBitmap();
     const Bitmap &model = *context->bitmap;
-    std::unique_ptr<Bitmap> bitmap =
-        NewBitmap(width, height < 0 ? Clamped(-int64_t{height}) : height, model.bitsPerPixel);
+    // The sign of a width has no meaning for a DIB section.
+    if (model.isSection && width < 0) return nullptr;
+    std::unique_ptr<Bitmap> bitmap = NewBitmap(Magnitude(width), Magnitude(height), model.bitsPerPixel);
     if (bitmap == nullptr) return nullptr;
     bitmap->isSection = model.isSection;
-    // As on Windows, a positive height makes a bottom-up DIB section.
-    bitmap->topDown = height < 0;
+    bitmap->topDown = !model.isSection || height < 0;
     if (model.colours != nullptr) {
         std::memcpy(bitmap->colours.get(), model.colours.get(), sizeof(RGBQUAD) << model.bitsPerPixel);
     }

@@ -6,11 +6,10 @@ namespace lacquer::headless {
 
 namespace {
 
-bool IsFill(DWORD operation) {
-    return operation == BLACKNESS || operation == WHITENESS;
-}
+bool IsFill(DWORD operation) { return operation == BLACKNESS || operation == WHITENESS; }
 
-// The logical coordinates of a run of pixels from `start` on, in the direction of `length`: low inclusive, high exclusive.
+// The logical coordinates of a run of pixels from `start` on, in the direction of `length`: low inclusive, high
+// exclusive.
 struct Extent {
     int64_t low, high;
 };
@@ -98,8 +97,8 @@ BOOL GdiAlphaBlend(HDC dest, int x, int y, int width, int height, HDC source, in
     if (fromX < 0 || fromX + sourceWidth > from->bitmap->width) return FALSE;
     if (fromY < 0 || fromY + sourceHeight > from->bitmap->height) return FALSE;
     if (width == 0 || height == 0 || sourceWidth == 0 || sourceHeight == 0) return TRUE;
-    const bool overlap = destX < fromX + sourceWidth && fromX < destX + width && destY < fromY + sourceHeight &&
-                         fromY < destY + height;
+    const bool overlap =
+        destX < fromX + sourceWidth && fromX < destX + width && destY < fromY + sourceHeight && fromY < destY + height;
     if (to == from && overlap) return FALSE;
     TransferMode mode;
     mode.blends = true;

@@ -5,7 +5,7 @@ namespace lacquer::headless {
 
 namespace {
 
-// Makes `clip` := current clip `mode` rect, where no clip region stands for `unclipped`. ERROR when memory is short.
+// Combines the clip region with `operand`; without a clip region `unclipped` stands for it. ERROR when memory is short.
 int CombineClip(DrawState &state, const RECT &unclipped, const Region &operand, int mode) {
     if (!state.hasClip) state.clip.SetRect(unclipped);
     state.hasClip = true;
@@ -50,9 +50,7 @@ int GetClipRgn(HDC dc, HRGN region) {
     return out != nullptr && out->Copy(context->state.clip) ? 1 : -1;
 }
 
-int SelectClipRgn(HDC dc, HRGN region) {
-    return ExtSelectClipRgn(dc, region, RGN_COPY);
-}
+int SelectClipRgn(HDC dc, HRGN region) { return ExtSelectClipRgn(dc, region, RGN_COPY); }
 
 int ExtSelectClipRgn(HDC dc, HRGN region, int mode) {
     GdiLock lock;

@@ -206,6 +206,4 @@ int GetStretchBltMode(HDC dc) {
     return context != nullptr ? context->state.stretchMode : 0;
 }
 
-BOOL GdiFlush(void) {
-    return TRUE;
-}
+BOOL GdiFlush(void) { return TRUE; }

@@ -83,33 +83,21 @@ T *Find(const void *handle, DWORD kind) {
 
 GdiLock::GdiLock() : guard_(table.mutex) {}
 
-void FreeDeleter::operator()(void *block) const {
-    std::free(block);
-}
+void FreeDeleter::operator()(void *block) const { std::free(block); }
 
-HDC AddDC(std::unique_ptr<DeviceContext> dc) {
-    return static_cast<HDC>(AddOwned(OBJ_MEMDC, std::move(dc)));
-}
+HDC AddDC(std::unique_ptr<DeviceContext> dc) { return static_cast<HDC>(AddOwned(OBJ_MEMDC, std::move(dc))); }
 
 HBITMAP AddBitmap(std::unique_ptr<Bitmap> bitmap) {
     return static_cast<HBITMAP>(AddOwned(OBJ_BITMAP, std::move(bitmap)));
 }
 
-HRGN AddRegion(std::unique_ptr<Region> region) {
-    return static_cast<HRGN>(AddOwned(OBJ_REGION, std::move(region)));
-}
+HRGN AddRegion(std::unique_ptr<Region> region) { return static_cast<HRGN>(AddOwned(OBJ_REGION, std::move(region))); }
 
-DeviceContext *FindDC(const void *handle) {
-    return Find<DeviceContext>(handle, OBJ_MEMDC);
-}
+DeviceContext *FindDC(const void *handle) { return Find<DeviceContext>(handle, OBJ_MEMDC); }
 
-Bitmap *FindBitmap(const void *handle) {
-    return Find<Bitmap>(handle, OBJ_BITMAP);
-}
+Bitmap *FindBitmap(const void *handle) { return Find<Bitmap>(handle, OBJ_BITMAP); }
 
-Region *FindRegion(const void *handle) {
-    return Find<Region>(handle, OBJ_REGION);
-}
+Region *FindRegion(const void *handle) { return Find<Region>(handle, OBJ_REGION); }
 
 DWORD KindOf(const void *handle) {
     const Entry *entry = FindEntry(handle);

@@ -1,5 +1,5 @@
-// Global memory blocks. A moveable block's handle is the address of its record plus one, so that it can't be taken for an
-// address; a fixed block's handle is the address of its bytes, which follow a record.
+// Global memory blocks. A moveable block's handle is the address of its record plus one, so that it can't be taken for
+// an address; a fixed block's handle is the address of its bytes, which follow a record.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>
@@ -16,23 +16,17 @@ struct alignas(std::max_align_t) Record {
 
 constexpr size_t kMaxSize = SIZE_MAX - sizeof(Record);
 
-bool IsMoveable(HGLOBAL block) {
-    return (reinterpret_cast<uintptr_t>(block) & 1) != 0;
-}
+bool IsMoveable(HGLOBAL block) { return (reinterpret_cast<uintptr_t>(block) & 1) != 0; }
 
 Record *RecordOf(HGLOBAL block) {
     auto *address = static_cast<char *>(block);
     return reinterpret_cast<Record *>(IsMoveable(block) ? address - 1 : address - sizeof(Record));
 }
 
-char *BytesOf(HGLOBAL block) {
-    return static_cast<char *>(IsMoveable(block) ? RecordOf(block)->bytes : block);
-}
+char *BytesOf(HGLOBAL block) { return static_cast<char *>(IsMoveable(block) ? RecordOf(block)->bytes : block); }
 
 // At least one byte, so that null means failure only.
-void *Resize(void *bytes, size_t size) {
-    return std::realloc(bytes, size == 0 ? 1 : size);
-}
+void *Resize(void *bytes, size_t size) { return std::realloc(bytes, size == 0 ? 1 : size); }
 
 HGLOBAL ResizeMoveable(HGLOBAL block, size_t size, UINT flags) {
     Record &record = *RecordOf(block);
@@ -105,6 +99,4 @@ HGLOBAL GlobalFree(HGLOBAL block) {
     return nullptr;
 }
 
-size_t GlobalSize(HGLOBAL block) {
-    return block != nullptr ? RecordOf(block)->size : 0;
-}
+size_t GlobalSize(HGLOBAL block) { return block != nullptr ? RecordOf(block)->size : 0; }

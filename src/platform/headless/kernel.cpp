@@ -14,17 +14,11 @@ void InitializeCriticalSection(CRITICAL_SECTION *section) {
     pthread_mutexattr_destroy(&attributes);
 }
 
-void EnterCriticalSection(CRITICAL_SECTION *section) {
-    pthread_mutex_lock(&section->mutex);
-}
+void EnterCriticalSection(CRITICAL_SECTION *section) { pthread_mutex_lock(&section->mutex); }
 
-void LeaveCriticalSection(CRITICAL_SECTION *section) {
-    pthread_mutex_unlock(&section->mutex);
-}
+void LeaveCriticalSection(CRITICAL_SECTION *section) { pthread_mutex_unlock(&section->mutex); }
 
-void DeleteCriticalSection(CRITICAL_SECTION *section) {
-    pthread_mutex_destroy(&section->mutex);
-}
+void DeleteCriticalSection(CRITICAL_SECTION *section) { pthread_mutex_destroy(&section->mutex); }
 
 int MulDiv(int number, int numerator, int denominator) {
     if (denominator == 0) return -1;
@@ -50,6 +44,4 @@ BOOL GetVersionExW(OSVERSIONINFOW *info) {
     return TRUE;
 }
 
-HWND WindowFromDC(HDC) {
-    return nullptr;
-}
+HWND WindowFromDC(HDC) { return nullptr; }

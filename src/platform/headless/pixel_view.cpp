@@ -6,9 +6,7 @@ namespace lacquer::headless {
 namespace {
 
 // Five bits to eight: the high bits fill the low ones.
-constexpr uint32_t Widened(uint32_t five) {
-    return five << 3 | five >> 2;
-}
+constexpr uint32_t Widened(uint32_t five) { return five << 3 | five >> 2; }
 
 uint32_t TableColour(const RGBQUAD &entry) {
     return uint32_t{entry.rgbRed} << 16 | uint32_t{entry.rgbGreen} << 8 | entry.rgbBlue;

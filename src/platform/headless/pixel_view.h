@@ -1,5 +1,5 @@
-// Rows of pixels in any of the depths that GDI keeps, and single pixels in them: raw values as they are stored, and colours
-// 0xAARRGGBB (alpha 0 below 32 bits per pixel).
+// Rows of pixels in any of the depths that GDI keeps, and single pixels in them: raw values as they are stored, and
+// colours 0xAARRGGBB (alpha 0 below 32 bits per pixel).
 #pragma once
 
 #include <cstddef>

@@ -8,9 +8,7 @@ namespace lacquer::headless {
 namespace {
 
 // pixman's queries take a non-const region but do not write to it.
-pixman_region32_t *Mutable(const pixman_region32_t &region) {
-    return const_cast<pixman_region32_t *>(&region);
-}
+pixman_region32_t *Mutable(const pixman_region32_t &region) { return const_cast<pixman_region32_t *>(&region); }
 
 }  // namespace
 
@@ -36,9 +34,7 @@ bool Region::SetBoxes(const pixman_box32_t *boxes, int count) {
     return false;
 }
 
-bool Region::Copy(const Region &other) {
-    return pixman_region32_copy(&pixels_, Mutable(other.pixels_)) != 0;
-}
+bool Region::Copy(const Region &other) { return pixman_region32_copy(&pixels_, Mutable(other.pixels_)) != 0; }
 
 bool Region::Combine(const Region &first, const Region &second, int mode) {
     pixman_region32_t *a = Mutable(first.pixels_);
@@ -63,9 +59,7 @@ bool Region::IntersectRect(const RECT &rect) {
     return Combine(*this, other, RGN_AND);
 }
 
-void Region::Offset(int x, int y) {
-    pixman_region32_translate(&pixels_, x, y);
-}
+void Region::Offset(int x, int y) { pixman_region32_translate(&pixels_, x, y); }
 
 int Region::Kind() const {
     const int count = pixman_region32_n_rects(Mutable(pixels_));
@@ -93,8 +87,6 @@ bool Region::Equals(const Region &other) const {
     return pixman_region32_equal(Mutable(pixels_), Mutable(other.pixels_)) != 0;
 }
 
-const pixman_box32_t *Region::Boxes(int &count) const {
-    return pixman_region32_rectangles(Mutable(pixels_), &count);
-}
+const pixman_box32_t *Region::Boxes(int &count) const { return pixman_region32_rectangles(Mutable(pixels_), &count); }
 
 }  // namespace lacquer::headless

@@ -12,9 +12,7 @@ namespace {
 constexpr DWORD kDataHeaderSize = sizeof(RGNDATAHEADER);
 static_assert(kDataHeaderSize == 32 && sizeof(RECT) == sizeof(pixman_box32_t));
 
-std::unique_ptr<Region> NewRegion() {
-    return std::unique_ptr<Region>(new (std::nothrow) Region);
-}
+std::unique_ptr<Region> NewRegion() { return std::unique_ptr<Region>(new (std::nothrow) Region); }
 
 }  // namespace
 
@@ -82,8 +80,8 @@ DWORD GetRegionData(HRGN region, DWORD size, RGNDATA *out) {
     if (needed > UINT32_MAX) return 0;
     if (out == nullptr) return static_cast<DWORD>(needed);
     if (size < needed) return 0;
-    const RGNDATAHEADER header{kDataHeaderSize, RDH_RECTANGLES, static_cast<DWORD>(count),
-                               static_cast<DWORD>(boxBytes), source->Bounds()};
+    const RGNDATAHEADER header{kDataHeaderSize, RDH_RECTANGLES, static_cast<DWORD>(count), static_cast<DWORD>(boxBytes),
+                               source->Bounds()};
     std::memcpy(out, &header, kDataHeaderSize);
     if (count > 0) std::memcpy(reinterpret_cast<char *>(out) + kDataHeaderSize, boxes, boxBytes);
     return static_cast<DWORD>(needed);

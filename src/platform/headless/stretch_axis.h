@@ -8,8 +8,8 @@
 
 namespace lacquer::headless {
 
-/// The source pixels of one destination pixel: positions low ... high, and those that a walk along the source meets first and last
-/// within them. Empty when low > high.
+/// The source pixels of one destination pixel: positions low ... high, and those that a walk along the source meets
+/// first and last within them. Empty when low > high.
 struct SourceSpan {
     LONG low = 0, high = -1;
     LONG first = 0, last = 0;
@@ -17,13 +17,13 @@ struct SourceSpan {
     bool IsEmpty() const { return low > high; }
 };
 
-/// A run of destination pixels and the run of source pixels that is stretched over it. Either may go backwards. Stretching gives
-/// destination pixel number n the source pixel number (n S + (S - 1) / 2) / D, and shrinking gives source pixel number i to
-/// destination pixel number (i D + (D - 1) / 2) / S, all quotients rounded down.
+/// A run of destination pixels and the run of source pixels that is stretched over it. Either may go backwards.
+/// Stretching gives destination pixel number n the source pixel number (n S + (S - 1) / 2) / D, and shrinking gives
+/// source pixel number i to destination pixel number (i D + (D - 1) / 2) / S, all quotients rounded down.
 class StretchAxis {
 public:
-    /// Device coordinates of the first pixels, and the lengths in walking direction (negative: backwards). Neither is 0; they
-    /// have at most 32 bits when they are equal, and 31 otherwise.
+    /// Device coordinates of the first pixels, and the lengths in walking direction (negative: backwards). Neither is
+    /// 0; they have at most 32 bits when they are equal, and 31 otherwise.
     StretchAxis(int64_t dest, int64_t destLength, int64_t source, int64_t sourceLength)
         : dest_(dest),
           source_(source),

@@ -1,5 +1,5 @@
-// What the library uses of the Win32 kernel and of USER beside GDI, for systems that have neither: critical sections, global
-// memory blocks, MulDiv, rectangle helpers, the clock and the version. Internal; nothing here is exported.
+// What the library uses of the Win32 kernel and of USER beside GDI, for systems that have neither: critical sections,
+// global memory blocks, MulDiv, rectangle helpers, the clock and the version. Internal; nothing here is exported.
 #pragma once
 
 #include <lacquer/headless_gdi.h>
@@ -24,8 +24,8 @@ void DeleteCriticalSection(CRITICAL_SECTION *section);
 
 enum : UINT { GMEM_FIXED = 0, GMEM_MOVEABLE = 2, GMEM_ZEROINIT = 0x40, GHND = 0x42, GPTR = 0x40 };
 
-/// A block of `size` bytes. A fixed block's handle is its address; a moveable one has an address only while it is locked.
-/// Null when memory is short.
+/// A block of `size` bytes. A fixed block's handle is its address; a moveable one has an address only while it is
+/// locked. Null when memory is short.
 HGLOBAL GlobalAlloc(UINT flags, size_t size);
 
 /// Resizes a block, keeping its contents; with GMEM_ZEROINIT what is added is zero. A locked block is moved only with
@@ -44,7 +44,8 @@ HGLOBAL GlobalFree(HGLOBAL block);
 /// The block's size in bytes, 0 for null.
 size_t GlobalSize(HGLOBAL block);
 
-// ---- Rectangles: a null pointer gives 0 where a function tests for one --------------------------------------------------
+// ---- Rectangles: a null pointer gives 0 where a function tests for one
+// --------------------------------------------------
 
 BOOL SetRect(RECT *rect, int left, int top, int right, int bottom);
 BOOL SetRectEmpty(RECT *rect);
@@ -73,7 +74,8 @@ struct OSVERSIONINFOW {
     WCHAR szCSDVersion[128];
 };
 
-/// number x numerator / denominator, rounded half away from zero; -1 when the denominator is 0 or the result exceeds 32 bits.
+/// number x numerator / denominator, rounded half away from zero; -1 when the denominator is 0 or the result exceeds 32
+/// bits.
 int MulDiv(int number, int numerator, int denominator);
 
 /// Milliseconds of a clock that never goes back, modulo 2^32.

@@ -10,12 +10,10 @@ namespace {
 constexpr uint32_t kWhite = 0xFFFFFF;
 
 // A quotient rounded to the nearest.
-constexpr uint32_t Over255(uint32_t product) {
-    return (product + 127) / 255;
-}
+constexpr uint32_t Over255(uint32_t product) { return (product + 127) / 255; }
 
-// The sums of channels that are not premultiplied can pass 255. They are joined with OR, so that such a sum sets the lowest bit of
-// the channel above it, as GDI has it.
+// The sums of channels that are not premultiplied can pass 255. They are joined with OR, so that such a sum sets the
+// lowest bit of the channel above it, as GDI has it.
 uint32_t Blended(uint32_t source, uint32_t dest, const TransferMode &mode) {
     const uint32_t constant = mode.constantAlpha;
     const uint32_t remaining = 255 - Over255((source >> 24) * constant);
@@ -139,8 +137,8 @@ private:
     Converter convert_;
 };
 
-// Replaces `view` by a copy of those rows of it that destination rows top ... bottom - 1 take pixels from. The copy belongs to
-// `storage`. False when memory is short.
+// Replaces `view` by a copy of those rows of it that destination rows top ... bottom - 1 take pixels from. The copy
+// belongs to `storage`. False when memory is short.
 bool Detach(PixelView &view, const StretchAxis &y, LONG top, LONG bottom, MallocPtr<uint8_t> &storage) {
     LONG low = view.height;
     LONG high = -1;

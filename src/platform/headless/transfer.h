@@ -17,8 +17,8 @@ struct TransferMode {
     uint32_t constantAlpha = 255;
 };
 
-/// Transfers pixels of `source` into the bitmap of `dest`, inside its clip region. The source may be that bitmap. False when
-/// memory is short.
+/// Transfers pixels of `source` into the bitmap of `dest`, inside its clip region. The source may be that bitmap. False
+/// when memory is short.
 bool Transfer(const DeviceContext &dest, const StretchAxis &x, const StretchAxis &y, const PixelView &source,
               const TransferMode &mode);
 

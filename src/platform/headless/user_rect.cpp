@@ -6,9 +6,7 @@
 
 namespace {
 
-LONG WrappedSum(LONG a, LONG b) {
-    return static_cast<LONG>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b));
-}
+LONG WrappedSum(LONG a, LONG b) { return static_cast<LONG>(static_cast<uint32_t>(a) + static_cast<uint32_t>(b)); }
 
 LONG WrappedDifference(LONG a, LONG b) {
     return static_cast<LONG>(static_cast<uint32_t>(a) - static_cast<uint32_t>(b));
@@ -22,9 +20,7 @@ BOOL SetRect(RECT *rect, int left, int top, int right, int bottom) {
     return TRUE;
 }
 
-BOOL SetRectEmpty(RECT *rect) {
-    return SetRect(rect, 0, 0, 0, 0);
-}
+BOOL SetRectEmpty(RECT *rect) { return SetRect(rect, 0, 0, 0, 0); }
 
 BOOL CopyRect(RECT *dest, const RECT *source) {
     if (dest == nullptr || source == nullptr) return FALSE;
@@ -38,9 +34,7 @@ BOOL EqualRect(const RECT *first, const RECT *second) {
            first->bottom == second->bottom;
 }
 
-BOOL IsRectEmpty(const RECT *rect) {
-    return rect == nullptr || rect->left >= rect->right || rect->top >= rect->bottom;
-}
+BOOL IsRectEmpty(const RECT *rect) { return rect == nullptr || rect->left >= rect->right || rect->top >= rect->bottom; }
 
 BOOL OffsetRect(RECT *rect, int x, int y) {
     if (rect == nullptr) return FALSE;
@@ -60,7 +54,8 @@ BOOL IntersectRect(RECT *dest, const RECT *first, const RECT *second) {
     if (dest == nullptr || first == nullptr || second == nullptr) return FALSE;
     const RECT common{std::max(first->left, second->left), std::max(first->top, second->top),
                       std::min(first->right, second->right), std::min(first->bottom, second->bottom)};
-    const bool isEmpty = IsRectEmpty(first) || IsRectEmpty(second) || IsRectEmpty(&common);
+    // When one of the two is empty, so is the common part.
+    const bool isEmpty = IsRectEmpty(&common) != FALSE;
     *dest = isEmpty ? RECT{} : common;
     return !isEmpty;
 }

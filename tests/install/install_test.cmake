@@ -1,0 +1,28 @@
+# Installs BUILD into WORK/prefix, moves the tree, and builds the consumer against it; natively it is also run.
+function(run)
+  execute_process(COMMAND ${ARGV} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE output)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${ARGV}\n${output}")
+  endif()
+endfunction()
+
+file(REMOVE_RECURSE ${WORK}/staged ${WORK}/prefix ${WORK}/consumer)
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/staged)
+file(RENAME ${WORK}/staged ${WORK}/prefix)
+
+set(options -G Ninja -S ${CONSUMER} -DCMAKE_BUILD_TYPE=Release "-DCMAKE_C_FLAGS=${FLAGS}")
+if(TOOLCHAIN)
+  # The cross toolchain looks for packages below its root only.
+  list(APPEND options --toolchain ${TOOLCHAIN} -DCMAKE_FIND_ROOT_PATH_MODE_PACKAGE=BOTH)
+endif()
+run(${CMAKE_COMMAND} ${options} -B ${WORK}/consumer/package -DCMAKE_PREFIX_PATH=${WORK}/prefix)
+run(${CMAKE_COMMAND} --build ${WORK}/consumer/package)
+if(NOT TOOLCHAIN)
+  file(GLOB_RECURSE packages ${WORK}/prefix/lacquer.pc)
+  get_filename_component(package_dir ${packages} DIRECTORY)
+  set(ENV{PKG_CONFIG_PATH} ${package_dir})
+  run(${CMAKE_COMMAND} ${options} -B ${WORK}/consumer/pkg-config -DTHROUGH_PKG_CONFIG=ON)
+  run(${CMAKE_COMMAND} --build ${WORK}/consumer/pkg-config)
+  run(${WORK}/consumer/package/consumer)
+  run(${WORK}/consumer/pkg-config/consumer)
+endif()

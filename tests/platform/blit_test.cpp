@@ -1,0 +1,171 @@
+// BitBlt and PatBlt: placement, clipping, overlap, depths and alpha.
+#include <gtest/gtest.h>
+
+#include <cstring>
+
+#include "gdi_objects.h"
+
+namespace lacquer {
+namespace {
+
+TEST(Blit, CopiesAllFourBytesWhereBothBitmapsReach) {
+    // Every placement of a 4 x 3 block around a 5 x 4 picture and a 6 x 5 source, of either row order.
+    for (const int sourceSign : {1, -1}) {
+        Picture source(6, 5 * sourceSign);
+        for (int y = 0; y < 5; ++y) {
+            for (int x = 0; x < 6; ++x)
+                source.At(x, sourceSign < 0 ? y : 4 - y) = 0xA0000000u + static_cast<uint32_t>(y * 16 + x);
+        }
+        Picture picture(5, -4);
+        for (int x = -5; x <= 6; ++x) {
+            for (int y = -4; y <= 5; ++y) {
+                for (int fromX = -2; fromX <= 5; fromX += 3) {
+                    for (int fromY = -2; fromY <= 5; fromY += 2) {
+                        picture.Fill(7);
+                        ASSERT_NE(BitBlt(picture, x, y, 4, 3, source, fromX, fromY, SRCCOPY), FALSE);
+                        for (int i = 0; i < 20; ++i) {
+                            const int column = i % 5 - x;
+                            const int row = i / 5 - y;
+                            const int sx = fromX + column;
+                            const int sy = fromY + row;
+                            const bool isCopied = column >= 0 && column < 4 && row >= 0 && row < 3 && sx >= 0 &&
+                                                  sx < 6 && sy >= 0 && sy < 5;
+                            const uint32_t expected = isCopied ? 0xA0000000u + static_cast<uint32_t>(sy * 16 + sx) : 7;
+                            ASSERT_EQ(picture.At(i, 0), expected)
+                                << x << ", " << y << " from " << fromX << ", " << fromY << " pixel " << i;
+                        }
+                    }
+                }
+            }
+        }
+    }
+}
+
+TEST(Blit, HonoursTheOriginsOfBothSides) {
+    Picture source(8, -8);
+    source.Number();
+    Picture picture(8, -8);
+    SetViewportOrgEx(picture, 3, 1, nullptr);
+    SetWindowOrgEx(picture, 1, -1, nullptr);
+    SetViewportOrgEx(source, -2, 2, nullptr);
+    ASSERT_NE(BitBlt(picture, 0, 0, 2, 2, source, 4, 0, SRCCOPY), FALSE);
+    EXPECT_EQ(picture.At(2, 2), 2u * 8 + 2);
+    EXPECT_EQ(picture.At(3, 3), 3u * 8 + 3);
+    EXPECT_EQ(picture.At(1, 2), 0u);
+    EXPECT_EQ(picture.At(4, 3), 0u);
+}
+
+TEST(Blit, OntoTheSameBitmapWorksAsThroughACopy) {
+    for (const int height : {-9, 9}) {
+        for (int dx = -2; dx <= 2; ++dx) {
+            for (int dy = -2; dy <= 2; ++dy) {
+                Picture copy(9, height);
+                Picture picture(9, height);
+                picture.Number(1);
+                std::memcpy(copy.Bytes(), picture.Bytes(), 9 * 9 * 4);
+                Picture expected(9, height);
+                std::memcpy(expected.Bytes(), picture.Bytes(), 9 * 9 * 4);
+                BitBlt(expected, 2 + dx, 2 + dy, 5, 6, copy, 2, 2, SRCCOPY);
+                BitBlt(picture, 2 + dx, 2 + dy, 5, 6, picture, 2, 2, SRCCOPY);
+                EXPECT_EQ(picture.Words(), expected.Words()) << dx << ", " << dy;
+            }
+        }
+    }
+    Picture picture(8, -1);
+    picture.Number();
+    StretchBlt(picture, 7, 0, -8, 1, picture, 0, 0, 8, 1, SRCCOPY);
+    EXPECT_EQ(picture.Words(), (std::vector<uint32_t>{7, 6, 5, 4, 3, 2, 1, 0}));
+    picture.Number();
+    StretchBlt(picture, 0, 0, 8, 1, picture, 0, 0, 4, 1, SRCCOPY);
+    EXPECT_EQ(picture.Words(), (std::vector<uint32_t>{0, 0, 1, 1, 2, 2, 3, 3}));
+}
+
+TEST(Blit, ConvertsBetweenDepths) {
+    constexpr int kCount = 256;
+    Picture words(kCount, -1);
+    Picture triples(kCount, -1, 24);
+    Picture fives(kCount, -1, 16);
+    Picture back(kCount, -1);
+    for (int i = 0; i < kCount; ++i) words.At(i, 0) = 0xEE000000u + static_cast<uint32_t>(i) * 0x010305;
+
+    BitBlt(triples, 0, 0, kCount, 1, words, 0, 0, SRCCOPY);
+    back.Fill(0xFFFFFFFF);
+    BitBlt(back, 0, 0, kCount, 1, triples, 0, 0, SRCCOPY);
+    for (int i = 0; i < kCount; ++i) EXPECT_EQ(back.At(i, 0), words.At(i, 0) & 0xFFFFFF);
+
+    BitBlt(fives, 0, 0, kCount, 1, words, 0, 0, SRCCOPY);
+    back.Fill(0xFFFFFFFF);
+    BitBlt(back, 0, 0, kCount, 1, fives, 0, 0, SRCCOPY);
+    for (int i = 0; i < kCount; ++i) {
+        uint32_t expected = 0;
+        for (int shift = 0; shift < 24; shift += 8) {
+            const uint32_t five = words.At(i, 0) >> (shift + 3) & 31;
+            expected |= (five << 3 | five >> 2) << shift;
+        }
+        EXPECT_EQ(back.At(i, 0), expected);
+    }
+
+    const std::vector<RGBQUAD> colours = {{0, 0, 0, 0}, {10, 20, 30, 0}, {0xFF, 0xFF, 0xFF, 0}};
+    Picture indices(3, -1, 8, colours);
+    std::memcpy(indices.Bytes(), "\2\1\0", 3);
+    BitBlt(back, 0, 0, 3, 1, indices, 0, 0, SRCCOPY);
+    EXPECT_EQ(back.At(0, 0), 0xFFFFFFu);
+    EXPECT_EQ(back.At(1, 0), 0x1E140Au);
+    EXPECT_EQ(back.At(2, 0), 0u);
+    Picture sameTable(3, -1, 8, colours);
+    BitBlt(sameTable, 0, 0, 3, 1, indices, 0, 0, SRCCOPY);
+    EXPECT_EQ(std::memcmp(sameTable.Bytes(), "\2\1\0", 3), 0);
+    Picture otherTable(3, -1, 8, {{0xFF, 0xFF, 0xFF, 0}, {0, 0, 0, 0}});
+    BitBlt(otherTable, 0, 0, 3, 1, words, 0, 0, BLACKNESS);
+    indices.Bytes()[1] = 0;
+    BitBlt(otherTable, 0, 0, 3, 1, indices, 0, 0, SRCCOPY);
+    EXPECT_EQ(std::memcmp(otherTable.Bytes(), "\0\1\1", 3), 0);
+
+    OwnedDC mono;
+    const HBITMAP bits = CreateCompatibleBitmap(mono, 3, 1);
+    const HGDIOBJ initial = SelectObject(mono, bits);
+    words.At(0, 0) = 0x00FFFFFF;
+    words.At(1, 0) = 0x00000000;
+    words.At(2, 0) = 0x00FFFFFE;
+    BitBlt(mono, 0, 0, 3, 1, words, 0, 0, SRCCOPY);
+    back.Fill(5);
+    BitBlt(back, 0, 0, 3, 1, mono, 0, 0, SRCCOPY);
+    EXPECT_EQ(back.At(0, 0), 0xFFFFFFu);
+    EXPECT_EQ(back.At(1, 0), 0u);
+    EXPECT_EQ(back.At(2, 0), 0u);
+    SelectObject(mono, initial);
+    DeleteObject(bits);
+}
+
+TEST(Blit, FillsWithAllBits) {
+    Picture picture(6, -2);
+    picture.Fill(0x12345678);
+    SetViewportOrgEx(picture, 1, 0, nullptr);
+    EXPECT_NE(PatBlt(picture, 0, 1, 2, 1, WHITENESS), FALSE);
+    EXPECT_NE(BitBlt(picture, 2, 1, 1, 9, nullptr, 0, 0, BLACKNESS), FALSE);
+    const uint32_t old = 0x12345678;
+    EXPECT_EQ(picture.Words(), (std::vector<uint32_t>{old, old, old, old, old, old, old, ~0u, ~0u, 0, old, old}));
+    EXPECT_NE(PatBlt(picture, 4, 0, -3, -1, BLACKNESS), FALSE);
+    EXPECT_EQ(picture.Words(), (std::vector<uint32_t>{old, old, old, 0, 0, 0, old, ~0u, ~0u, 0, old, old}));
+    EXPECT_EQ(PatBlt(picture, 0, 0, 1, 1, SRCCOPY), FALSE);
+    EXPECT_EQ(BitBlt(picture, 0, 0, 1, 1, nullptr, 0, 0, SRCCOPY), FALSE);
+    EXPECT_NE(PatBlt(picture, 0, 0, 0, 5, BLACKNESS), FALSE);
+}
+
+TEST(Blit, WritesNothingOutsideAtTheEndsOfTheRange) {
+    constexpr int kEnds[] = {INT32_MIN + 2, INT32_MIN + 3, -3, 0, 3, INT32_MAX - 1, INT32_MAX};
+    Picture source(4, -4);
+    Picture picture(4, -4);
+    for (const int x : kEnds) {
+        for (const int width : kEnds) {
+            for (const int from : kEnds)
+                EXPECT_NE(BitBlt(picture, x, from, width, width, source, from, x, SRCCOPY), FALSE);
+            EXPECT_NE(PatBlt(picture, x, x, width, width, BLACKNESS), FALSE);
+        }
+    }
+    // The huge blits may have copied black pixels only.
+    EXPECT_EQ(picture.Words(), std::vector<uint32_t>(16));
+}
+
+}  // namespace
+}  // namespace lacquer

@@ -1,0 +1,245 @@
+// Device contexts and handles: selection, deletion, saved states, origins, and handles that are not.
+#include <gtest/gtest.h>
+
+#include "gdi_objects.h"
+
+namespace lacquer {
+namespace {
+
+TEST(DeviceContext, StartsWithADefaultBitmapThatComesAndGoes) {
+    OwnedDC dc;
+    const HGDIOBJ initial = GetCurrentObject(dc, OBJ_BITMAP);
+    BITMAP description{};
+    ASSERT_EQ(GetObjectW(initial, sizeof(description), &description), static_cast<int>(sizeof(description)));
+    EXPECT_EQ(description.bmWidth, 1);
+    EXPECT_EQ(description.bmHeight, 1);
+    EXPECT_EQ(description.bmBitsPixel, 1);
+    EXPECT_EQ(description.bmBits, nullptr);
+
+    void *bits = nullptr;
+    const HBITMAP bitmap = NewSection(4, -4, 32, &bits);
+    EXPECT_EQ(SelectObject(dc, bitmap), initial);
+    EXPECT_EQ(GetCurrentObject(dc, OBJ_BITMAP), bitmap);
+    EXPECT_EQ(SelectObject(dc, bitmap), bitmap);
+    EXPECT_EQ(SelectObject(dc, initial), bitmap);
+    EXPECT_NE(DeleteObject(initial), FALSE);
+    EXPECT_EQ(GetObjectType(initial), static_cast<DWORD>(OBJ_BITMAP));
+    DeleteObject(bitmap);
+}
+
+TEST(DeviceContext, ABitmapIsSelectedIntoOneAtATime) {
+    OwnedDC first;
+    OwnedDC second;
+    void *bits = nullptr;
+    const HBITMAP bitmap = NewSection(4, -4, 32, &bits);
+    const HGDIOBJ initial = SelectObject(first, bitmap);
+    EXPECT_EQ(SelectObject(second, bitmap), nullptr);
+    EXPECT_NE(GetCurrentObject(second, OBJ_BITMAP), bitmap);
+    EXPECT_EQ(SelectObject(first, initial), bitmap);
+    EXPECT_NE(SelectObject(second, bitmap), nullptr);
+    SelectObject(second, initial);
+    DeleteObject(bitmap);
+}
+
+TEST(DeviceContext, ADeletedBitmapLivesUntilItIsNoLongerSelected) {
+    OwnedDC dc;
+    OwnedDC other;
+    void *bits = nullptr;
+    const HBITMAP bitmap = NewSection(4, -4, 32, &bits);
+    const HGDIOBJ initial = SelectObject(dc, bitmap);
+    EXPECT_NE(DeleteObject(bitmap), FALSE);
+    EXPECT_EQ(SetPixel(dc, 1, 1, 0x123456), 0x123456u);
+    EXPECT_EQ(static_cast<uint32_t *>(bits)[5], 0x563412u);
+    EXPECT_EQ(SelectObject(other, bitmap), nullptr);
+    EXPECT_EQ(SelectObject(dc, initial), bitmap);
+    EXPECT_EQ(GetObjectType(bitmap), 0u);
+    EXPECT_EQ(SelectObject(dc, bitmap), nullptr);
+}
+
+TEST(DeviceContext, DeletingReleasesItsBitmap) {
+    void *bits = nullptr;
+    const HBITMAP kept = NewSection(4, -4, 32, &bits);
+    const HBITMAP doomed = NewSection(4, -4, 32, &bits);
+    for (const HBITMAP bitmap : {kept, doomed}) {
+        const HDC dc = CreateCompatibleDC(nullptr);
+        SelectObject(dc, bitmap);
+        if (bitmap == doomed) DeleteObject(bitmap);
+        EXPECT_NE(DeleteDC(dc), FALSE);
+    }
+    EXPECT_EQ(GetObjectType(doomed), 0u);
+    OwnedDC dc;
+    const HGDIOBJ initial = SelectObject(dc, kept);
+    EXPECT_NE(initial, nullptr);
+    SelectObject(dc, initial);
+    DeleteObject(kept);
+
+    const HDC asObject = CreateCompatibleDC(nullptr);
+    EXPECT_EQ(GetObjectType(asObject), static_cast<DWORD>(OBJ_MEMDC));
+    EXPECT_NE(DeleteObject(asObject), FALSE);
+    EXPECT_EQ(GetObjectType(asObject), 0u);
+}
+
+TEST(DeviceContext, SavedStatesAreAStack) {
+    Picture picture(10, -10);
+    OwnedDC other;
+    void *bits = nullptr;
+    const HBITMAP second = NewSection(6, -6, 32, &bits);
+
+    SetViewportOrgEx(picture, 3, 4, nullptr);
+    SetWindowOrgEx(picture, 1, 1, nullptr);
+    SetStretchBltMode(picture, COLORONCOLOR);
+    EXPECT_EQ(SaveDC(picture), 1);
+    SetViewportOrgEx(picture, 0, 0, nullptr);
+    SetStretchBltMode(picture, HALFTONE);
+    EXPECT_EQ(SaveDC(picture), 2);
+    IntersectClipRect(picture, 1, 1, 2, 2);
+    SelectObject(picture, second);
+    EXPECT_EQ(SaveDC(picture), 3);
+
+    for (const int level : {0, 4, -4}) EXPECT_EQ(RestoreDC(picture, level), FALSE) << level;
+    EXPECT_NE(RestoreDC(picture, -2), FALSE);
+    EXPECT_EQ(GetCurrentObject(picture, OBJ_BITMAP), picture.Bitmap());
+    EXPECT_EQ(GetStretchBltMode(picture), HALFTONE);
+    RECT box{};
+    EXPECT_EQ(GetClipBox(picture, &box), SIMPLEREGION);
+    EXPECT_EQ(box, (RECT{1, 1, 11, 11}));
+    EXPECT_NE(SelectObject(other, second), nullptr) << "restoring releases the bitmap";
+
+    EXPECT_NE(RestoreDC(picture, 1), FALSE);
+    POINT origin{};
+    EXPECT_NE(GetViewportOrgEx(picture, &origin), FALSE);
+    EXPECT_EQ(origin.x, 3);
+    EXPECT_EQ(origin.y, 4);
+    EXPECT_EQ(GetStretchBltMode(picture), COLORONCOLOR);
+    EXPECT_EQ(RestoreDC(picture, -1), FALSE);
+
+    // A saved bitmap that is gone, or selected elsewhere, is left out.
+    SaveDC(picture);
+    const HGDIOBJ initial = CreateCompatibleBitmap(picture, 0, 0);
+    SelectObject(picture, initial);
+    SaveDC(picture);
+    SelectObject(other, picture.Bitmap());
+    EXPECT_NE(RestoreDC(picture, 1), FALSE);
+    EXPECT_EQ(GetCurrentObject(picture, OBJ_BITMAP), initial);
+    SelectObject(other, initial);
+    DeleteObject(second);
+}
+
+TEST(DeviceContext, OriginsComeBackAsSet) {
+    OwnedDC dc;
+    POINT previous{7, 7};
+    EXPECT_NE(SetViewportOrgEx(dc, INT32_MIN, INT32_MAX, &previous), FALSE);
+    EXPECT_EQ(previous.x, 0);
+    EXPECT_NE(SetViewportOrgEx(dc, 5, 6, &previous), FALSE);
+    EXPECT_EQ(previous.x, INT32_MIN);
+    EXPECT_EQ(previous.y, INT32_MAX);
+    EXPECT_NE(SetWindowOrgEx(dc, -8, 9, &previous), FALSE);
+    EXPECT_EQ(previous.x, 0);
+    POINT now{};
+    EXPECT_NE(GetWindowOrgEx(dc, &now), FALSE);
+    EXPECT_EQ(now.x, -8);
+    EXPECT_EQ(now.y, 9);
+
+    EXPECT_EQ(SetStretchBltMode(dc, COLORONCOLOR), BLACKONWHITE);
+    EXPECT_EQ(SetStretchBltMode(dc, 5), 0);
+    EXPECT_EQ(SetStretchBltMode(dc, 0), 0);
+    EXPECT_EQ(GetStretchBltMode(dc), COLORONCOLOR);
+}
+
+TEST(Handles, OfDeletedAndOfNoObjectsAreRefused) {
+    Picture picture(4, -4);
+    OwnedRegion region(0, 0, 4, 4);
+    RECT box{};
+    POINT point{};
+    const BLENDFUNCTION blend{AC_SRC_OVER, 0, 255, 0};
+    BITMAPINFOHEADER header{sizeof(header), 4, -4, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    const auto *info = reinterpret_cast<const BITMAPINFO *>(&header);
+    const uint32_t pixels[16] = {};
+
+    for (const HDC dc : {HDC{}, StaleDC(), Garbage<HDC>(), reinterpret_cast<HDC>(picture.Bitmap())}) {
+        EXPECT_EQ(DeleteDC(dc), FALSE);
+        EXPECT_EQ(SaveDC(dc), 0);
+        EXPECT_EQ(RestoreDC(dc, -1), FALSE);
+        EXPECT_EQ(SelectObject(dc, picture.Bitmap()), nullptr);
+        EXPECT_EQ(GetCurrentObject(dc, OBJ_BITMAP), nullptr);
+        EXPECT_EQ(SetViewportOrgEx(dc, 1, 1, nullptr), FALSE);
+        EXPECT_EQ(SetWindowOrgEx(dc, 1, 1, nullptr), FALSE);
+        EXPECT_EQ(GetViewportOrgEx(dc, &point), FALSE);
+        EXPECT_EQ(GetWindowOrgEx(dc, &point), FALSE);
+        EXPECT_EQ(SetStretchBltMode(dc, COLORONCOLOR), 0);
+        EXPECT_EQ(GetStretchBltMode(dc), 0);
+        EXPECT_EQ(GetClipBox(dc, &box), ERROR);
+        EXPECT_EQ(GetClipRgn(dc, region), -1);
+        EXPECT_EQ(SelectClipRgn(dc, region), ERROR);
+        EXPECT_EQ(ExtSelectClipRgn(dc, region, RGN_COPY), ERROR);
+        EXPECT_EQ(IntersectClipRect(dc, 0, 0, 1, 1), ERROR);
+        EXPECT_EQ(ExcludeClipRect(dc, 0, 0, 1, 1), ERROR);
+        EXPECT_EQ(OffsetClipRgn(dc, 1, 1), ERROR);
+        EXPECT_EQ(RectVisible(dc, &box), FALSE);
+        EXPECT_EQ(CreateCompatibleBitmap(dc, 4, 4), nullptr);
+        EXPECT_EQ(BitBlt(dc, 0, 0, 4, 4, picture, 0, 0, SRCCOPY), FALSE);
+        EXPECT_EQ(BitBlt(picture, 0, 0, 4, 4, dc, 0, 0, SRCCOPY), FALSE);
+        EXPECT_EQ(StretchBlt(dc, 0, 0, 4, 4, picture, 0, 0, 2, 2, SRCCOPY), FALSE);
+        EXPECT_EQ(StretchBlt(picture, 0, 0, 4, 4, dc, 0, 0, 2, 2, SRCCOPY), FALSE);
+        EXPECT_EQ(PatBlt(dc, 0, 0, 4, 4, BLACKNESS), FALSE);
+        EXPECT_EQ(GdiAlphaBlend(dc, 0, 0, 4, 4, picture, 0, 0, 4, 4, blend), FALSE);
+        EXPECT_EQ(GdiAlphaBlend(picture, 0, 0, 4, 4, dc, 0, 0, 4, 4, blend), FALSE);
+        EXPECT_EQ(SetDIBitsToDevice(dc, 0, 0, 4, 4, 0, 0, 0, 4, pixels, info, DIB_RGB_COLORS), 0);
+        EXPECT_EQ(SetPixel(dc, 0, 0, 1), CLR_INVALID);
+        EXPECT_EQ(GetPixel(dc, 0, 0), CLR_INVALID);
+        EXPECT_EQ(WindowFromDC(dc), nullptr);
+    }
+    for (const HDC dc : {StaleDC(), Garbage<HDC>()}) EXPECT_EQ(CreateCompatibleDC(dc), nullptr);
+    for (const HGDIOBJ object : {HGDIOBJ{}, HGDIOBJ{StaleBitmap()}, HGDIOBJ{StaleRegion()}, Garbage<HGDIOBJ>()}) {
+        BITMAP description{};
+        EXPECT_EQ(GetObjectW(object, sizeof(description), &description), 0);
+        EXPECT_EQ(GetObjectType(object), 0u);
+        EXPECT_EQ(DeleteObject(object), FALSE);
+        EXPECT_EQ(SelectObject(picture, object), nullptr);
+    }
+    for (const HRGN bad : {HRGN{}, StaleRegion(), Garbage<HRGN>(), reinterpret_cast<HRGN>(picture.Bitmap())}) {
+        EXPECT_EQ(SetRectRgn(bad, 0, 0, 1, 1), FALSE);
+        EXPECT_EQ(CombineRgn(bad, region, region, RGN_OR), ERROR);
+        EXPECT_EQ(CombineRgn(region, bad, region, RGN_OR), ERROR);
+        EXPECT_EQ(CombineRgn(region, region, bad, RGN_OR), ERROR);
+        EXPECT_EQ(CombineRgn(region, bad, nullptr, RGN_COPY), ERROR);
+        EXPECT_EQ(GetRegionData(bad, 0, nullptr), 0u);
+        EXPECT_EQ(GetRgnBox(bad, &box), ERROR);
+        EXPECT_EQ(EqualRgn(bad, region), FALSE);
+        EXPECT_EQ(EqualRgn(region, bad), FALSE);
+        EXPECT_EQ(OffsetRgn(bad, 1, 1), ERROR);
+        EXPECT_EQ(PtInRegion(bad, 0, 0), FALSE);
+        EXPECT_EQ(RectInRegion(bad, &box), FALSE);
+        if (bad != nullptr) {
+            EXPECT_EQ(ExtSelectClipRgn(picture, bad, RGN_COPY), ERROR);
+        }
+    }
+    EXPECT_EQ(region.Box(), (RECT{0, 0, 4, 4})) << "a refusal changes nothing";
+}
+
+TEST(Handles, AreNotReusedAtOnceAndRunOutCleanly) {
+    const HRGN first = CreateRectRgn(0, 0, 1, 1);
+    DeleteObject(first);
+    std::vector<HRGN> regions;
+    for (int i = 0; i < 70000; ++i) {
+        const HRGN region = CreateRectRgn(i, 0, i + 1, 1);
+        if (region == nullptr) break;
+        ASSERT_NE(region, first);
+        regions.push_back(region);
+    }
+    EXPECT_LT(regions.size(), 70000u) << "creation fails at last";
+    ASSERT_GT(regions.size(), 1000u);
+    EXPECT_EQ(CreateCompatibleDC(nullptr), nullptr);
+    void *bits = nullptr;
+    EXPECT_EQ(NewSection(1, 1, 32, &bits), nullptr);
+    EXPECT_EQ(bits, nullptr);
+
+    const int last = static_cast<int>(regions.size()) - 1;
+    EXPECT_NE(PtInRegion(regions.back(), last, 0), FALSE);
+    for (const HRGN region : regions) ASSERT_NE(DeleteObject(region), FALSE);
+    const OwnedRegion again(0, 0, 1, 1);
+    EXPECT_EQ(again.Kind(), SIMPLEREGION);
+}
+
+}  // namespace
+}  // namespace lacquer

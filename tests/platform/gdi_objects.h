@@ -1,0 +1,92 @@
+// GDI objects that clean up after a test.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <ostream>
+#include <vector>
+
+#include "platform/platform.h"
+
+// For failure messages.
+bool operator==(const RECT &first, const RECT &second);
+std::ostream &operator<<(std::ostream &out, const RECT &rect);
+
+namespace lacquer {
+
+/// A region of one rectangle, or a handle that was made elsewhere.
+class OwnedRegion {
+public:
+    OwnedRegion(int left, int top, int right, int bottom) : handle_(CreateRectRgn(left, top, right, bottom)) {}
+    explicit OwnedRegion(HRGN handle) : handle_(handle) {}
+    ~OwnedRegion() { DeleteObject(handle_); }
+    OwnedRegion(const OwnedRegion &) = delete;
+    OwnedRegion &operator=(const OwnedRegion &) = delete;
+
+    operator HRGN() const { return handle_; }
+    std::vector<RECT> Rects() const;
+    RECT Box() const;
+    int Kind() const;
+
+private:
+    HRGN handle_;
+};
+
+/// A memory device context.
+class OwnedDC {
+public:
+    OwnedDC() : handle_(CreateCompatibleDC(nullptr)) {}
+    ~OwnedDC() { DeleteDC(handle_); }
+    OwnedDC(const OwnedDC &) = delete;
+    OwnedDC &operator=(const OwnedDC &) = delete;
+
+    operator HDC() const { return handle_; }
+
+private:
+    HDC handle_;
+};
+
+/// A DIB section; `height` is negative for a top-down one. Below 16 bits per pixel the colour table has the colours
+/// given, and black after them.
+HBITMAP NewSection(int width, int height, WORD bitsPerPixel, void **bits, const std::vector<RGBQUAD> &colours = {});
+
+/// A memory device context with a DIB section selected into it.
+class Picture {
+public:
+    Picture(int width, int height, WORD bitsPerPixel = 32, const std::vector<RGBQUAD> &colours = {});
+    ~Picture();
+    Picture(const Picture &) = delete;
+    Picture &operator=(const Picture &) = delete;
+
+    operator HDC() const { return dc_; }
+    HBITMAP Bitmap() const { return bitmap_; }
+    uint8_t *Bytes() const { return bytes_; }
+
+    /// A 32-bit pixel, y counted in memory order.
+    uint32_t &At(int x, int y) const { return reinterpret_cast<uint32_t *>(bytes_)[y * width_ + x]; }
+
+    /// 32 bits per pixel: every pixel becomes `value`; or the words first, first + 1, ... in memory order.
+    void Fill(uint32_t value) const;
+    void Number(uint32_t first = 0) const;
+    std::vector<uint32_t> Words() const;
+
+private:
+    OwnedDC dc_;
+    int width_, height_;
+    HBITMAP bitmap_;
+    HGDIOBJ previous_;
+    uint8_t *bytes_ = nullptr;
+};
+
+/// A handle that was valid once: its object is deleted.
+HDC StaleDC();
+HBITMAP StaleBitmap();
+HRGN StaleRegion();
+
+/// A value that never was a handle.
+template <typename Handle>
+Handle Garbage() {
+    return reinterpret_cast<Handle>(uintptr_t{0x7FF3});
+}
+
+}  // namespace lacquer

@@ -1,0 +1,162 @@
+// SetDIBitsToDevice: row order, bands of rows, placement and clipping.
+#include <gtest/gtest.h>
+
+#include <optional>
+
+#include "gdi_objects.h"
+
+namespace lacquer {
+namespace {
+
+constexpr int kWidth = 6;
+constexpr int kSize = 12;
+
+// A band of rows and where it is drawn; the picture has `height` rows in all.
+struct Band {
+    int x, y;
+    DWORD width, height;
+    int sourceX, sourceY;
+    UINT startScan, lines;
+    int pictureHeight;
+};
+
+uint32_t PixelOf(UINT rowInMemory, int column) {
+    return 0xC0000001u + (rowInMemory << 8) + static_cast<uint32_t>(column);
+}
+
+int Draw(HDC dc, const Band &band, bool topDown) {
+    std::vector<uint32_t> bits;
+    for (UINT row = 0; row < band.lines; ++row) {
+        for (int column = 0; column < kWidth; ++column) bits.push_back(PixelOf(row, column));
+    }
+    if (bits.empty()) bits.push_back(0);
+    BITMAPINFOHEADER header{};
+    header.biSize = sizeof(header);
+    header.biWidth = kWidth;
+    header.biHeight = topDown ? -band.pictureHeight : band.pictureHeight;
+    header.biPlanes = 1;
+    header.biBitCount = 32;
+    return SetDIBitsToDevice(dc, band.x, band.y, band.width, band.height, band.sourceX, band.sourceY, band.startScan,
+                             band.lines, bits.data(), reinterpret_cast<const BITMAPINFO *>(&header), DIB_RGB_COLORS);
+}
+
+// The word that a band puts on a pixel of the picture, if any. Rows of the picture are counted from its bottom.
+std::optional<uint32_t> Expected(const Band &band, bool topDown, int x, int y) {
+    const int64_t column = band.sourceX + int64_t{x} - band.x;
+    const int64_t row = band.sourceY + int64_t{band.height} - 1 - (int64_t{y} - band.y);
+    const bool isInside = x >= band.x && x - int64_t{band.x} < band.width && y >= band.y &&
+                          y - int64_t{band.y} < band.height && column >= 0 && column < kWidth &&
+                          row >= band.startScan && row < int64_t{band.startScan} + band.lines &&
+                          row < band.pictureHeight;
+    if (!isInside) return std::nullopt;
+    const auto inBand = static_cast<UINT>(row - band.startScan);
+    return PixelOf(topDown ? band.lines - 1 - inBand : inBand, static_cast<int>(column));
+}
+
+TEST(SetDibBits, DrawsBandsOfEitherRowOrder) {
+    const Band bands[] = {
+        {0, 0, 6, 4, 0, 0, 0, 4, 4},  {2, 3, 5, 2, 1, 1, 0, 4, 4},   {0, 0, 6, 8, 0, 0, 0, 4, 8},
+        {0, 0, 6, 8, 0, 0, 2, 4, 8},  {0, 0, 6, 8, 0, 0, 6, 2, 8},   {0, 0, 6, 4, 0, 2, 2, 4, 8},
+        {0, 0, 6, 3, 0, 3, 2, 4, 8},  {-3, -2, 6, 4, 0, 0, 0, 4, 4}, {0, 0, 6, 10, 0, 0, 0, 4, 4},
+        {0, 0, 30, 4, 3, 0, 0, 4, 4}, {0, 0, 4, 4, -2, 0, 0, 4, 4},  {0, 0, 4, 4, 0, -1, 0, 4, 4},
+        {0, 0, 4, 4, 0, 2, 0, 4, 4},  {0, 0, 6, 1, 0, 0, 0, 1, 4},   {0, 0, 6, 4, 0, 0, 1, 2, 4},
+        {0, 0, 6, 2, 0, 1, 0, 4, 4},  {0, 0, 6, 2, 0, 0, 1, 3, 4},   {9, 9, 6, 4, 0, 0, 0, 4, 4},
+        {20, 0, 6, 4, 0, 0, 0, 4, 4},
+    };
+    for (const Band &band : bands) {
+        for (const bool topDown : {false, true}) {
+            Picture picture(kSize, -kSize);
+            const int rows = Draw(picture, band, topDown);
+            EXPECT_GT(rows, 0);
+            EXPECT_LE(rows, static_cast<int>(band.lines));
+            for (int y = 0; y < kSize; ++y) {
+                for (int x = 0; x < kSize; ++x) {
+                    ASSERT_EQ(picture.At(x, y), Expected(band, topDown, x, y).value_or(0))
+                        << "band " << &band - bands << (topDown ? " top-down" : " bottom-up") << " at " << x << ", "
+                        << y;
+                }
+            }
+        }
+    }
+}
+
+TEST(SetDibBits, CountsTheRowsItReads) {
+    const struct {
+        Band band;
+        int bottomUp, topDown;
+    } cases[] = {
+        {{0, 0, 6, 4, 0, 0, 0, 4, 4}, 4, 4},  {{0, 0, 6, 2, 0, 1, 0, 4, 4}, 3, 4},
+        {{0, 0, 6, 8, 0, 0, 6, 4, 8}, 2, 4},  {{0, 0, 6, 8, 0, 0, 8, 4, 8}, 0, 0},
+        {{0, 0, 6, 8, 0, 0, 0, 0, 8}, 0, 0},  {{0, 0, 0, 4, 0, 0, 0, 4, 4}, 0, 0},
+        {{0, 0, 4, 4, 20, 0, 0, 4, 4}, 0, 0}, {{0, 0, 4, 4, 0, 20, 0, 4, 40}, 0, 0},
+        {{0, 0, 4, 4, 0, 6, 0, 4, 4}, 0, 0},  {{0, 0, 4, 4, -4, 0, 0, 4, 4}, 0, 0},
+        {{99, 0, 6, 4, 0, 0, 0, 4, 4}, 4, 4},
+    };
+    for (const auto &expected : cases) {
+        Picture picture(kSize, -kSize);
+        EXPECT_EQ(Draw(picture, expected.band, false), expected.bottomUp) << &expected - cases;
+        EXPECT_EQ(Draw(picture, expected.band, true), expected.topDown) << &expected - cases;
+    }
+}
+
+TEST(SetDibBits, HonoursOriginAndRowOrderOfTheDevice) {
+    Picture picture(kSize, kSize);
+    SetViewportOrgEx(picture, 2, 3, nullptr);
+    SetWindowOrgEx(picture, 1, 1, nullptr);
+    EXPECT_EQ(Draw(picture, Band{0, 0, 6, 2, 0, 0, 0, 2, 2}, true), 2);
+    EXPECT_EQ(picture.At(1, kSize - 1 - 2), PixelOf(0, 0));
+    EXPECT_EQ(picture.At(6, kSize - 1 - 3), PixelOf(1, 5));
+}
+
+TEST(SetDibBits, ConvertsOtherDepths) {
+    Picture picture(4, -1);
+    picture.Fill(0xFFFFFFFF);
+    struct {
+        BITMAPINFOHEADER header;
+        RGBQUAD colours[2];
+    } info{};
+    info.header.biSize = sizeof(info.header);
+    info.header.biWidth = 3;
+    info.header.biHeight = 1;
+    info.header.biPlanes = 1;
+    info.header.biBitCount = 8;
+    info.header.biClrUsed = 2;
+    info.colours[1] = RGBQUAD{1, 2, 3, 0};
+    const uint8_t indices[] = {1, 0, 1, 0};
+    const auto *layout = reinterpret_cast<const BITMAPINFO *>(&info);
+    EXPECT_EQ(SetDIBitsToDevice(picture, 0, 0, 3, 1, 0, 0, 0, 1, indices, layout, DIB_RGB_COLORS), 1);
+    EXPECT_EQ(picture.Words(), (std::vector<uint32_t>{0x030201, 0, 0x030201, 0xFFFFFFFF}));
+
+    info.header.biBitCount = 24;
+    const uint8_t triples[] = {1, 2, 3, 4, 5, 6, 7, 8, 9, 0, 0, 0};
+    EXPECT_EQ(SetDIBitsToDevice(picture, 1, 0, 3, 1, 0, 0, 0, 1, triples, layout, DIB_RGB_COLORS), 1);
+    EXPECT_EQ(picture.Words(), (std::vector<uint32_t>{0x030201, 0x030201, 0x060504, 0x090807}));
+
+    for (const WORD depth : {WORD{5}, WORD{33}}) {
+        info.header.biBitCount = depth;
+        EXPECT_EQ(SetDIBitsToDevice(picture, 0, 0, 3, 1, 0, 0, 0, 1, triples, layout, DIB_RGB_COLORS), 0);
+    }
+    info.header.biBitCount = 32;
+    EXPECT_EQ(SetDIBitsToDevice(picture, 0, 0, 3, 1, 0, 0, 0, 1, nullptr, layout, DIB_RGB_COLORS), 0);
+    for (const LONG width : {0, -3}) {
+        info.header.biWidth = width;
+        EXPECT_EQ(SetDIBitsToDevice(picture, 0, 0, 3, 1, 0, 0, 0, 1, triples, layout, DIB_RGB_COLORS), 0);
+    }
+}
+
+TEST(SetDibBits, WritesNothingOutsideAtTheEndsOfTheRange) {
+    Picture picture(4, -4);
+    for (const int end : {INT32_MIN, INT32_MIN + 3, INT32_MAX - 3, INT32_MAX}) {
+        for (const bool topDown : {false, true}) {
+            Draw(picture, Band{end, 0, 6, 4, 0, 0, 0, 4, 4}, topDown);
+            Draw(picture, Band{0, end, 6, 4, 0, 0, 0, 4, 4}, topDown);
+            Draw(picture, Band{0, 0, 6, 4, end, 0, 0, 4, 4}, topDown);
+            Draw(picture, Band{0, 0, 6, 4, 0, end, 0, 4, 4}, topDown);
+            Draw(picture, Band{0, 0, 6, 4, 0, 0, static_cast<UINT>(end), 4, 4}, topDown);
+        }
+    }
+    EXPECT_EQ(picture.Words(), std::vector<uint32_t>(16));
+}
+
+}  // namespace
+}  // namespace lacquer

@@ -1,0 +1,196 @@
+// What the library uses of USER and the kernel: rectangles, MulDiv, critical sections, global memory.
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <cstring>
+#include <thread>
+
+#include "gdi_objects.h"
+
+namespace lacquer {
+namespace {
+
+TEST(Rectangles, NullPointers) {
+    RECT rect{1, 2, 3, 4};
+    RECT out{9, 9, 9, 9};
+    EXPECT_EQ(CopyRect(nullptr, &rect), FALSE);
+    EXPECT_EQ(CopyRect(&out, nullptr), FALSE);
+    EXPECT_EQ(EqualRect(nullptr, &rect), FALSE);
+    EXPECT_EQ(EqualRect(&rect, nullptr), FALSE);
+    EXPECT_EQ(EqualRect(nullptr, nullptr), FALSE);
+    EXPECT_NE(IsRectEmpty(nullptr), FALSE);
+    EXPECT_EQ(OffsetRect(nullptr, 1, 1), FALSE);
+    EXPECT_EQ(InflateRect(nullptr, 1, 1), FALSE);
+    EXPECT_EQ(SetRect(nullptr, 1, 1, 1, 1), FALSE);
+    EXPECT_EQ(SetRectEmpty(nullptr), FALSE);
+    EXPECT_EQ(PtInRect(nullptr, POINT{1, 1}), FALSE);
+    EXPECT_EQ(IntersectRect(nullptr, &rect, &rect), FALSE);
+    EXPECT_EQ(IntersectRect(&out, nullptr, &rect), FALSE);
+    EXPECT_EQ(IntersectRect(&out, &rect, nullptr), FALSE);
+    EXPECT_EQ(out, (RECT{9, 9, 9, 9}));
+    EXPECT_EQ(UnionRect(nullptr, &rect, &rect), FALSE);
+}
+
+TEST(Rectangles, Values) {
+    RECT rect{};
+    EXPECT_NE(SetRect(&rect, 1, 2, 7, 9), FALSE);
+    RECT copy{};
+    EXPECT_NE(CopyRect(&copy, &rect), FALSE);
+    EXPECT_NE(EqualRect(&copy, &rect), FALSE);
+    EXPECT_NE(OffsetRect(&copy, -2, 3), FALSE);
+    EXPECT_EQ(copy, (RECT{-1, 5, 5, 12}));
+    EXPECT_EQ(EqualRect(&copy, &rect), FALSE);
+    EXPECT_NE(InflateRect(&copy, 1, -2), FALSE);
+    EXPECT_EQ(copy, (RECT{-2, 7, 6, 10}));
+    EXPECT_NE(PtInRect(&rect, POINT{1, 8}), FALSE);
+    EXPECT_EQ(PtInRect(&rect, POINT{7, 8}), FALSE);
+    EXPECT_EQ(PtInRect(&rect, POINT{1, 9}), FALSE);
+    EXPECT_EQ(IsRectEmpty(&rect), FALSE);
+    SetRectEmpty(&rect);
+    EXPECT_EQ(rect, RECT{});
+    for (const RECT &empty : {RECT{3, 0, 3, 9}, RECT{0, 4, 9, 4}, RECT{5, 5, 1, 9}, RECT{INT32_MAX, 0, INT32_MIN, 1}}) {
+        EXPECT_NE(IsRectEmpty(&empty), FALSE) << empty;
+    }
+}
+
+TEST(Rectangles, IntersectAndUnion) {
+    const RECT first{0, 0, 10, 10};
+    const RECT second{5, 6, 20, 20};
+    const RECT beside{10, 0, 20, 10};
+    const RECT inverted{10, 10, 0, 0};
+    RECT out{};
+    EXPECT_NE(IntersectRect(&out, &first, &second), FALSE);
+    EXPECT_EQ(out, (RECT{5, 6, 10, 10}));
+    for (const RECT &other : {beside, inverted}) {
+        out = first;
+        EXPECT_EQ(IntersectRect(&out, &out, &other), FALSE);
+        EXPECT_EQ(out, RECT{});
+    }
+    EXPECT_NE(UnionRect(&out, &first, &second), FALSE);
+    EXPECT_EQ(out, (RECT{0, 0, 20, 20}));
+    out = second;
+    EXPECT_NE(UnionRect(&out, &inverted, &out), FALSE);
+    EXPECT_EQ(out, second);
+    EXPECT_NE(UnionRect(&out, &first, &inverted), FALSE);
+    EXPECT_EQ(out, first);
+    EXPECT_EQ(UnionRect(&out, &inverted, &inverted), FALSE);
+    EXPECT_EQ(out, RECT{});
+    const RECT all{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
+    EXPECT_NE(IntersectRect(&out, &all, &second), FALSE);
+    EXPECT_EQ(out, second);
+}
+
+TEST(Rectangles, WrapAroundAtTheEndsOfTheRange) {
+    RECT rect{INT32_MAX - 15, 0, INT32_MAX, 5};
+    OffsetRect(&rect, 32, INT32_MAX);
+    EXPECT_EQ(rect, (RECT{INT32_MIN + 16, INT32_MAX, INT32_MIN + 31, INT32_MIN + 4}));
+    rect = RECT{INT32_MIN, 0, INT32_MAX, 5};
+    InflateRect(&rect, 1, INT32_MIN);
+    EXPECT_EQ(rect, (RECT{INT32_MAX, INT32_MIN, INT32_MIN, INT32_MIN + 5}));
+}
+
+TEST(Kernel, MulDivRoundsHalvesAwayFromZero) {
+    const struct {
+        int number, numerator, denominator, result;
+    } cases[] = {
+        {7, 3, 2, 11},
+        {-7, 3, 2, -11},
+        {5, 1, 2, 3},
+        {-5, 1, 2, -3},
+        {5, 1, -2, -3},
+        {-5, -1, 2, 3},
+        {4, 1, 3, 1},
+        {1, 1, 0, -1},
+        {0, 0, 0, -1},
+        {INT32_MAX, 2, 1, -1},
+        {INT32_MAX, INT32_MAX, INT32_MAX, INT32_MAX},
+        {INT32_MAX, INT32_MAX, 1, -1},
+        {INT32_MIN, 1, 2, -0x40000000},
+        {INT32_MIN + 1, 1, 1, INT32_MIN + 1},
+        {INT32_MIN, INT32_MIN, 1, -1},
+        {INT32_MIN, 1, -1, -1},
+        {INT32_MAX, 3, 7, 920350134},
+        {-123456789, 987654321, 1000000, -1},
+        {-123456789, 98765, 1000000, -12193210},
+    };
+    for (const auto &expected : cases) {
+        EXPECT_EQ(MulDiv(expected.number, expected.numerator, expected.denominator), expected.result)
+            << expected.number << " x " << expected.numerator << " / " << expected.denominator;
+    }
+}
+
+TEST(Kernel, CriticalSectionsAreRecursiveAndExclude) {
+    CRITICAL_SECTION section;
+    InitializeCriticalSection(&section);
+    int counter = 0;
+    const auto work = [&] {
+        for (int i = 0; i < 20000; ++i) {
+            EnterCriticalSection(&section);
+            EnterCriticalSection(&section);
+            ++counter;
+            LeaveCriticalSection(&section);
+            LeaveCriticalSection(&section);
+        }
+    };
+    std::thread first(work);
+    std::thread second(work);
+    first.join();
+    second.join();
+    EXPECT_EQ(counter, 40000);
+    DeleteCriticalSection(&section);
+}
+
+TEST(Kernel, GlobalMemoryGrowsAndKeepsItsContents) {
+    HGLOBAL block = GlobalAlloc(GMEM_MOVEABLE | GMEM_ZEROINIT, 10);
+    ASSERT_NE(block, nullptr);
+    auto *bytes = static_cast<char *>(GlobalLock(block));
+    ASSERT_NE(bytes, nullptr);
+    EXPECT_EQ(std::memcmp(bytes, "\0\0\0\0\0\0\0\0\0\0", 10), 0);
+    std::memcpy(bytes, "0123456789", 10);
+    EXPECT_EQ(GlobalLock(block), bytes);
+    EXPECT_NE(GlobalUnlock(block), FALSE);
+    EXPECT_EQ(GlobalUnlock(block), FALSE);
+    for (const size_t size : {size_t{1000}, size_t{100000}, size_t{20}}) {
+        block = GlobalReAlloc(block, size, GMEM_MOVEABLE | GMEM_ZEROINIT);
+        ASSERT_NE(block, nullptr);
+        EXPECT_EQ(GlobalSize(block), size);
+        bytes = static_cast<char *>(GlobalLock(block));
+        EXPECT_EQ(std::memcmp(bytes, "0123456789", 10), 0);
+        EXPECT_EQ(bytes[size - 1], 0);
+        EXPECT_EQ(GlobalUnlock(block), FALSE);
+    }
+    EXPECT_EQ(GlobalFree(block), nullptr);
+
+    HGLOBAL fixed = GlobalAlloc(GMEM_FIXED, 10);
+    EXPECT_EQ(GlobalLock(fixed), fixed);
+    EXPECT_NE(GlobalUnlock(fixed), FALSE);
+    EXPECT_EQ(GlobalSize(fixed), 10u);
+    std::memcpy(fixed, "0123456789", 10);
+    fixed = GlobalReAlloc(fixed, 5000, GMEM_MOVEABLE);
+    ASSERT_NE(fixed, nullptr);
+    EXPECT_EQ(std::memcmp(fixed, "0123456789", 10), 0);
+    EXPECT_EQ(GlobalFree(fixed), nullptr);
+
+    const auto endless = static_cast<size_t>(-1);
+    EXPECT_EQ(GlobalAlloc(GMEM_MOVEABLE, endless), nullptr);
+    EXPECT_EQ(GlobalAlloc(GMEM_FIXED, endless), nullptr);
+    EXPECT_EQ(GlobalFree(nullptr), nullptr);
+    EXPECT_EQ(GlobalSize(nullptr), 0u);
+}
+
+TEST(Kernel, ClockAndVersion) {
+    const DWORD before = GetTickCount();
+    std::this_thread::sleep_for(std::chrono::milliseconds(60));
+    const DWORD passed = GetTickCount() - before;
+    EXPECT_GE(passed, 40u);
+    EXPECT_LT(passed, 60000u);
+
+    OSVERSIONINFOW info{};
+    EXPECT_EQ(GetVersionExW(&info), FALSE);
+    info.dwOSVersionInfoSize = sizeof(info);
+    EXPECT_NE(GetVersionExW(&info), FALSE);
+    EXPECT_GE(info.dwMajorVersion, 6u);
+}
+
+}  // namespace
+}  // namespace lacquer
