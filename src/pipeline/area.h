@@ -10,7 +10,7 @@ namespace lacquer {
 /// all between them count whole.
 struct Footprint {
     int first, last;
-    uint32_t firstPart, lastPart;  ///< covered lengths, 16.16; all of a footprint of one pixel is in firstPart
+    uint32_t firstPart, lastPart;  ///< covered lengths, 16.16; for a footprint of one pixel only firstPart counts
 
     /// Covered length of pixel `index`.
     uint32_t PartOf(int index) const { return index == first ? firstPart : index == last ? lastPart : 65536; }
@@ -22,7 +22,7 @@ inline Footprint FootprintOf(const Steps &steps, int64_t index) {
     const int64_t first = begin >> 16, last = (end - 1) >> 16;
     const int64_t firstEnd = std::min(end, (first + 1) << 16);
     return {static_cast<int>(first), static_cast<int>(last), static_cast<uint32_t>(firstEnd - begin),
-            static_cast<uint32_t>(last == first ? 0 : end - (last << 16))};
+            static_cast<uint32_t>(end - (last << 16))};
 }
 
 /// Sums of one destination pixel. A 32-bit `Sum` holds those of footprints up to 16 × 16 pixels.

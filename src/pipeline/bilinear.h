@@ -10,11 +10,11 @@ struct LinearTaps {
     int nearIndex, farIndex, fraction;
 };
 
-/// Left of the first pixel's centre both taps are the first pixel, right of the last one's the last.
+/// The last pixel whose centre is not beyond the position, and the next one. Before the first centre (by half a pixel
+/// at most) both are the first pixel, beyond the last centre both are the last.
 inline LinearTaps LinearTapsAt(int64_t position, int size) {
     const Place place(position);
-    const int64_t next = place.pixel < 0 ? 0 : place.pixel + 1;
-    return {ClampIndex(place.pixel, size), ClampIndex(next, size), place.fraction};
+    return {ClampIndex(place.pixel, size), ClampIndex(place.pixel + 1, size), place.fraction};
 }
 
 /// The mean of four words weighted by the fractions, truncated per channel.

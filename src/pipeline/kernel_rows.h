@@ -1,6 +1,5 @@
 // The rows of the kernel table, in one list: name, sampler, combine rule, and whether the row draws the whole
-// destination rectangle or the visible part of one. The enumeration, the names, the table and its tests are made from
-// it.
+// destination rectangle or the visible part of one. Enumeration, names, table and tests are made from it.
 #pragma once
 
 #include <array>

@@ -29,7 +29,7 @@ inline Steps CentredSteps(int64_t sourceSize, int64_t fullSize) {
     return {(step >> 1) - 32768, step};
 }
 
-/// The source pixel that a position lies on, and how far it is beyond it in 256ths.
+/// The whole pixels of a position, rounded down, and the 256ths beyond them.
 struct Place {
     int64_t pixel;
     int fraction;

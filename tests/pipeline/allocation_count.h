@@ -1,0 +1,8 @@
+// How many blocks this program has asked the heap for.
+#pragma once
+
+namespace lacquer {
+
+long AllocationCount();
+
+}  // namespace lacquer

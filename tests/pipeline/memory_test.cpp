@@ -1,0 +1,178 @@
+// What kernels touch: no byte outside the views, no destination that they only write, no heap.
+
+#include <gtest/gtest.h>
+
+#include "allocation_count.h"
+#include "pipeline/blit_dispatch.h"
+#include "row_check.h"
+
+namespace lacquer {
+namespace {
+
+Row RowAt(int index) { return static_cast<Row>(index); }
+
+/// Every width up to two vectors and more, and every alignment of both pixels, for all rows and depths. The images are
+/// exact blocks with guards between the rows.
+TEST(Memory, EveryWidthAndAlignmentStaysInsideTheRows) {
+    Random random = CaseRandom(0);
+    for (int index = 0; index < kRowCount; ++index) {
+        const RowTraits &traits = TraitsOf(RowAt(index));
+        for (const int depth : kDepths) {
+            for (int width = 1; width <= 20; ++width) {
+                for (int alignment = 0; alignment < 4; ++alignment) {
+                    const bool same = traits.sampler == SamplerKind::SameSize;
+                    const int sourceWidth = same ? width : Between(random, 1, 40),
+                              sourceHeight = same ? 3 : Between(random, 1, 9);
+                    TestImage source(sourceWidth, sourceHeight, depth, Between(random, 0, 3), alignment);
+                    source.Fill(random);
+                    TestImage dest(width, 3, 32, width % 3, (alignment + width) % 4);
+                    dest.Fill(random);
+                    RowArguments arguments;
+                    arguments.parameter = traits.combine == CombineKind::ConstAlpha ? 77 : source.At(0, 0);
+                    arguments.fullSize = {width + 3, 5};
+                    arguments.visibleOffset = {3, 2};
+                    ASSERT_TRUE(DrawsAsModel(TablesUnderTest()[1], RowAt(index), dest, source, arguments));
+                }
+            }
+        }
+    }
+}
+
+/// Draws on two destinations of different pixels; a kernel that only writes leaves both the same.
+template <class Draw>
+testing::AssertionResult OnlyWrites(int width, int height, const Draw &draw) {
+    TestImage first(width, height), second(width, height);
+    first.FillWith(0);
+    second.FillWith(0xFEEDF00D);
+    const SurfaceView firstView = first.View(), secondView = second.View();
+    draw(&firstView);
+    draw(&secondView);
+    if (first == second) return testing::AssertionSuccess();
+    return testing::AssertionFailure() << "the result depends on the destination";
+}
+
+TEST(Memory, CopiesNeverReadTheDestination) {
+    Random random = CaseRandom(1);
+    for (int index = 0; index < kRowCount; ++index) {
+        if (TraitsOf(RowAt(index)).combine != CombineKind::Copy) continue;
+        for (const int depth : kDepths) {
+            const TestImage source = RandomSource(random, 40, 30, depth, true);
+            const SurfaceView sourceView = source.View();
+            for (const SIZE size : {SIZE{40, 30}, SIZE{31, 17}, SIZE{50, 9}}) {
+                if (TraitsOf(RowAt(index)).sampler == SamplerKind::SameSize && size.cx != 40) continue;
+                EXPECT_TRUE(OnlyWrites(size.cx, size.cy, [&](const SurfaceView *dest) {
+                    CallRow(Kernels(), RowAt(index), dest, &sourceView, {.fullSize = size});
+                })) << TraitsOf(RowAt(index)).name;
+            }
+        }
+    }
+    const TestImage source = RandomSource(random, 20, 20, 32, true);
+    const SurfaceView sourceView = source.View();
+    const KernelTable &kernels = Kernels();
+    EXPECT_TRUE(OnlyWrites(20, 20, [&](const SurfaceView *dest) { kernels.fillCopy(dest, 0x01020304); }));
+    EXPECT_TRUE(OnlyWrites(20, 20, [&](const SurfaceView *dest) { kernels.mixColor(dest, 0x01020304, 255); }));
+    EXPECT_TRUE(OnlyWrites(20, 20, [&](const SurfaceView *dest) { kernels.forceOpaque(dest, &sourceView); }));
+    EXPECT_TRUE(OnlyWrites(9, 33, [&](const SurfaceView *dest) { kernels.stretchOpaque(dest, &sourceView); }));
+    EXPECT_TRUE(OnlyWrites(20, 20, [&](const SurfaceView *dest) { kernels.mixSame(dest, &sourceView, 255); }));
+    EXPECT_TRUE(OnlyWrites(9, 33, [&](const SurfaceView *dest) { kernels.mixStretch(dest, &sourceView, 255); }));
+}
+
+TEST(Memory, SingleSlotsLeaveTheBytesBetweenRowsAlone) {
+    Random random = CaseRandom(2);
+    const KernelTable &kernels = Kernels();
+    for (int width = 1; width <= 20; ++width) {
+        TestImage source(width, 4, 32, 1, width % 4), dest(width, 4, 32, 5, (width + 1) % 4);
+        source.Fill(random);
+        dest.Fill(random);
+        const SurfaceView destView = dest.View(), sourceView = source.View();
+        for (const FillKernel fill : {kernels.fillCopy, kernels.fillOver, kernels.fillBehind, kernels.fillModulate,
+                                      kernels.fillOr, kernels.fillGreyTint}) {
+            EXPECT_EQ(fill(&destView, 0x80706050), 1);
+        }
+        for (const ConvertKernel convert : {kernels.forceOpaque, kernels.stretchOpaque})
+            EXPECT_EQ(convert(&destView, &sourceView), 1);
+        for (const MixKernel mix : {kernels.blendSame, kernels.blendStretch, kernels.mixSame, kernels.mixStretch}) {
+            EXPECT_EQ(mix(&destView, &sourceView, 100), 1);
+        }
+        EXPECT_EQ(kernels.mixColor(&destView, 0x10101010, 100), 1);
+        EXPECT_TRUE(dest.GuardsAreIntact()) << width;
+    }
+}
+
+TEST(Memory, ShortAndMissingPalettes) {
+    // One colour in an exact block, and an index far beyond it: 0, in every mode and sampler.
+    TestImage source(1, 1, 8);
+    source.SetIndex(0, 0, 255);
+    source.SetPalette({0xFFFFFFFF});
+    SurfaceView sourceView = source.View();
+    for (int index = 0; index < kRowCount; ++index) {
+        TestImage dest(2, 2);
+        dest.FillWith(0x55443322);
+        const SurfaceView destView = dest.View({0, 0, 1, 1});
+        CallRow(Kernels(), RowAt(index), &destView, &sourceView, {.parameter = 200, .fullSize = {2, 2}});
+        const uint32_t wanted = ModelCombine(TraitsOf(RowAt(index)).combine, 0, 0x55443322, 200, Overflow::Carries);
+        EXPECT_EQ(dest.At(0, 0), wanted) << TraitsOf(RowAt(index)).name;
+        EXPECT_EQ(dest.At(1, 1), 0x55443322u);
+    }
+    TestImage dest(1, 1);
+    sourceView.palette = nullptr;
+    for (const DWORD count : {0u, 1u, 256u}) {
+        sourceView.paletteCount = count;
+        ConvertCopy(dest.View(), sourceView);
+        EXPECT_EQ(dest.At(0, 0), 0xFFFFFFFFu) << "grey of index 255";
+    }
+}
+
+TEST(Memory, OneSurfaceMayBeBothSourceAndDestination) {
+    Random random = CaseRandom(3);
+    for (int index = 0; index < kRowCount; ++index) {
+        TestImage image(40, 40);
+        image.Fill(random);
+        const SurfaceView destView = image.View({5, 5, 37, 35});
+        for (const RECT rect : {RECT{5, 5, 37, 35}, RECT{0, 0, 32, 30}, RECT{8, 10, 40, 40}, RECT{4, 5, 9, 31}}) {
+            const SurfaceView sourceView = image.View(rect);
+            EXPECT_EQ(CallRow(Kernels(), RowAt(index), &destView, &sourceView, {.parameter = 99, .fullSize = {32, 30}}),
+                      1);
+        }
+    }
+    // A one-line copy moves pixels as if there were a buffer between.
+    TestImage line(100, 1);
+    for (int x = 0; x < 100; ++x) line.Set(x, 0, static_cast<uint32_t>(x));
+    ConvertCopy(line.View({10, 0, 100, 1}), line.View({0, 0, 90, 1}));
+    for (int x = 10; x < 100; ++x) EXPECT_EQ(line.At(x, 0), static_cast<uint32_t>(x - 10));
+}
+
+TEST(Memory, NoDrawAsksForHeap) {
+    Random random = CaseRandom(4);
+    for (const int depth : kDepths) {
+        const TestImage source = RandomSource(random, 700, 300, depth, true);
+        TestImage dest(600, 50), same(700, 300);
+        dest.Fill(random);
+        same.Fill(random);
+        const SurfaceView destView = dest.View(), sameView = same.View(), sourceView = source.View();
+        for (int index = 0; index < kRowCount; ++index) {
+            const bool sameSize = TraitsOf(RowAt(index)).sampler == SamplerKind::SameSize;
+            const long before = AllocationCount();
+            CallRow(Kernels(), RowAt(index), sameSize ? &sameView : &destView, &sourceView,
+                    {.parameter = 99, .fullSize = {900, 90}});
+            EXPECT_EQ(AllocationCount(), before) << TraitsOf(RowAt(index)).name;
+        }
+    }
+    const TestImage source = RandomSource(random, 300, 300, 32, true);
+    TestImage dest(600, 50);
+    dest.Fill(random);
+    const SurfaceView destView = dest.View(), sourceView = source.View();
+    const long before = AllocationCount();
+    for (const DWORD mode : {0u, 1u, 3u, 4u, 5u, 6u}) FillView(&destView, 0x80402010, mode << 24);
+    for (const MixKernel mix : {Kernels().blendSame, Kernels().blendStretch, Kernels().mixSame, Kernels().mixStretch}) {
+        mix(&destView, &sourceView, 100);
+    }
+    BlitSubRect(&destView, &sourceView, {9000, 900}, {70, 70}, 0, 5, 255);
+    EXPECT_EQ(AllocationCount(), before);
+    // The counter does count.
+    operator delete(operator new(7));
+    EXPECT_GT(AllocationCount(), before);
+}
+
+}  // namespace
+}  // namespace lacquer
