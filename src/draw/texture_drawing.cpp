@@ -114,15 +114,16 @@ void DrawTiled(const TextureDraw &draw, DWORD scaleFlags, float scale) {
 }
 
 void DrawTopTiled(const TextureDraw &draw, const RECT &margins) {
-    RECT slice{}, visible{};
+    RECT slice{};
     if (!ResolveSlice(draw.texture.Surface(), draw.slice, &slice)) return;
     const RECT &dest = draw.dest;
     const RECT clipBox = draw.canvas.ClipBox();
-    if (!IntersectRect(&visible, &dest, &clipBox)) return;
     const int64_t width = WidthOf(slice);
     const int64_t bandBottom = static_cast<int64_t>(dest.top) + margins.top;
-    const int64_t firstVisible = (static_cast<int64_t>(visible.left) - dest.left) / width;
-    for (int64_t x = dest.left + firstVisible * width; x < visible.right; x += width) {
+    // A negative top margin carries the bottom band above the destination, so only columns are counted out here.
+    const int64_t firstVisible = std::max<int64_t>(0, static_cast<int64_t>(clipBox.left) - dest.left) / width;
+    const LONG end = std::min(dest.right, clipBox.right);
+    for (int64_t x = dest.left + firstVisible * width; x < end; x += width) {
         const int64_t right = std::min<int64_t>(x + width, dest.right), sourceRight = slice.left + (right - x);
         const int64_t topHeight = std::min<int64_t>(margins.top, HeightOf(dest));
         BlitPiece(draw, ClampedRect(x, dest.top, right, dest.top + topHeight),

@@ -1,0 +1,65 @@
+// One canvas as source and destination at once, directly and through handles that name its pixels: overlapping draws
+// have no particular result, but stay inside the destination rectangle.
+
+#include "painting.h"
+
+namespace lacquer {
+namespace {
+
+TEST(Aliasing, OverlappingDrawsStayInsideTheirDestination) {
+    Random random(1);
+    for (int round = 0; round < 600; ++round) {
+        const TestCanvas canvas(random.Of({CanvasKind::Memory, CanvasKind::System}), 40, 36, random.Word());
+        const Picture before = canvas.Pixels();
+        SetCanvasFilter(canvas, random.Of<DWORD>({0u, 0x01000000u, 0x06000000u}));
+        const HGBITMAP bitmap = GetBitmap(canvas);
+        const HGTEXTURE texture = GetTexture(canvas);
+        const RECT dest = random.Inside({0, 0, 40, 36});
+        RECT source = random.Inside({0, 0, 40, 36});
+        if (random.Coin()) {
+            source = {dest.left / 2, dest.top / 2, dest.left / 2 + dest.right - dest.left,
+                      dest.top / 2 + dest.bottom - dest.top};
+        }
+        const DWORD kernelMode = random.Of<DWORD>({0u, 1u, 4u, 5u});
+        const auto alpha = static_cast<BYTE>(random.Of({100, 255}));
+        const RECT margins{2, 2, 2, 2};
+        switch (round % 8) {
+            case 0: EXPECT_EQ(1, DrawBitmapRectEx(canvas, &dest, bitmap, &source, kernelMode, alpha)); break;
+            case 1: EXPECT_EQ(1, BlendCanvas(canvas, &dest, canvas, &source, alpha)); break;
+            case 2: EXPECT_EQ(1, MixCanvas(canvas, &dest, canvas, &source, alpha)); break;
+            case 3: EXPECT_EQ(1, DrawModulation(canvas, dest.left, dest.top, bitmap, &dest, 0xFF885522)); break;
+            case 4:
+                EXPECT_EQ(
+                    1, DrawTexture9Grid(canvas, &dest, texture, &source, &margins, kernelMode, 1, alpha, 0, 1.0f, 0));
+                break;
+            case 5: EXPECT_EQ(0, DrawTextureTile(canvas, &dest, texture, &source, kernelMode, alpha, 0, 1.0f)); break;
+            case 6:
+                EXPECT_EQ(0, DrawTextureTopTile(canvas, &dest, texture, &source, &margins, kernelMode, alpha));
+                break;
+            default: EXPECT_EQ(1, DrawTextureCenter(canvas, &dest, texture, &source, kernelMode, alpha)); break;
+        }
+        const Picture after = canvas.Pixels();
+        for (LONG y = 0; y < 36; ++y) {
+            for (LONG x = 0; x < 40; ++x) {
+                if (Contains(dest, x, y)) continue;
+                ASSERT_EQ(before.At(x, y), after.At(x, y)) << "round " << round;
+            }
+        }
+        ReleaseTexture(texture);
+        ReleaseBitmap(bitmap);
+    }
+}
+
+TEST(Aliasing, CanvasesOfOneDeviceContextDrawOnThemselves) {
+    const TestCanvas canvas(CanvasKind::FromDC, 40, 36, 1);
+    const RECT dest{2, 2, 22, 22}, source{10, 12, 30, 32}, outside{30, 30, 50, 50};
+    SelectClipWithHole(canvas.Context(), {0, 0, 40, 36}, {5, 5, 9, 9});
+    EXPECT_EQ(1, MixCanvas(canvas, &dest, canvas, &source, 100)) << "only one copying lock at a time: nothing is drawn";
+    EXPECT_EQ(1, MixCanvas(canvas, &dest, canvas, &outside, 100));
+    EXPECT_NE(0, BlendCanvas(canvas, &dest, canvas, &source, 100));
+    HDC dc = canvas.Context();
+    EXPECT_NE(0, GdiTransCanvas(dc, &dest, canvas, &source, 255));
+}
+
+}  // namespace
+}  // namespace lacquer

@@ -1,0 +1,298 @@
+// The centre-fit, tile, top-tile and plain layouts, compared with literal walks of their rules that draw every cell on
+// its own, visible or not.
+
+#include <cmath>
+#include <limits>
+
+#include "painting.h"
+
+namespace lacquer {
+namespace {
+
+constexpr float kInfinity = std::numeric_limits<float>::infinity(), kNaN = std::numeric_limits<float>::quiet_NaN();
+
+/// What one draw is made of, beside its canvas.
+struct Draw {
+    RECT dest;
+    const Sheet &sheet;
+    RECT slice;
+    DWORD kernelMode;
+    BYTE alpha;
+
+    void Piece(HGCANVAS canvas, const RECT &to, const RECT &from) const {
+        EXPECT_EQ(1, DrawBitmapRectEx(canvas, &to, sheet.bitmap, &from, kernelMode, alpha));
+    }
+};
+
+RECT Ordered(RECT slice) {
+    if (slice.left > slice.right) std::swap(slice.left, slice.right);
+    if (slice.top > slice.bottom) std::swap(slice.top, slice.bottom);
+    return slice;
+}
+
+LONG Truncated(float value) {
+    return value >= -2147483648.0f && value < 2147483648.0f ? static_cast<LONG>(value) : INT32_MIN;
+}
+
+void WalkTile(HGCANVAS canvas, const Draw &draw, DWORD scaleFlags, float scale) {
+    const RECT &dest = draw.dest;
+    RECT cell = Ordered(draw.slice), piece = cell;
+    if (scaleFlags & 0x10) {
+        cell.right = Truncated(static_cast<float>(cell.left) + scale * static_cast<float>(cell.right - cell.left));
+        cell.bottom = Truncated(static_cast<float>(cell.top) + scale * static_cast<float>(cell.bottom - cell.top));
+    }
+    if (cell.right <= cell.left || cell.bottom <= cell.top) return;
+    for (LONG y = dest.top; y < dest.bottom; y += cell.bottom - cell.top) {
+        for (LONG x = dest.left; x < dest.right; x += cell.right - cell.left) {
+            cell = {x, y, x + (cell.right - cell.left), y + (cell.bottom - cell.top)};
+            if (cell.right > dest.right) {
+                cell.right = dest.right;
+                piece.right = Truncated(static_cast<float>(piece.left) + static_cast<float>(dest.right - x) / scale);
+            }
+            if (cell.bottom > dest.bottom) {
+                cell.bottom = dest.bottom;
+                piece.bottom = Truncated(static_cast<float>(piece.top) + static_cast<float>(dest.bottom - y) / scale);
+            }
+            draw.Piece(canvas, cell, piece);
+        }
+    }
+}
+
+void WalkTopTile(HGCANVAS canvas, const Draw &draw, const RECT &margins) {
+    const RECT &dest = draw.dest, slice = Ordered(draw.slice);
+    const LONG width = slice.right - slice.left;
+    for (LONG x = dest.left; x < dest.right; x += width) {
+        RECT from{slice.left, slice.top, slice.right, slice.top + margins.top};
+        RECT to{x, dest.top, x + width, dest.top + margins.top};
+        if (to.right > dest.right) {
+            to.right = dest.right;
+            from.right = slice.left + (dest.right - x);
+        }
+        if (to.bottom > dest.bottom) {
+            to.bottom = dest.bottom;
+            from.bottom = slice.top + (dest.bottom - dest.top);
+        }
+        draw.Piece(canvas, to, from);
+        from = {slice.left, slice.bottom - margins.bottom, from.right, slice.bottom};
+        to = {x, dest.top + margins.top, to.right, dest.bottom};
+        draw.Piece(canvas, to, from);
+    }
+}
+
+RECT RandomSlice(Random &random, const RECT &sheet) {
+    RECT slice = random.Inside(sheet);
+    if (random.Between(0, 4) == 0) std::swap(slice.left, slice.right);
+    if (random.Between(0, 4) == 0) std::swap(slice.top, slice.bottom);
+    return slice;
+}
+
+template <class Case>
+void ForRandomDraws(uint32_t seed, int rounds, const Case &test) {
+    Random random(seed);
+    const Sheet sheets[] = {{23, 17, 32, seed, 0x01000000},
+                            {23, 17, 32, seed, 0x06000000},
+                            {23, 17, 24, seed, 0},
+                            {23, 17, 8, seed, 0x01000000}};
+    for (int round = 0; round < rounds; ++round) {
+        const Draw draw{random.Inside({-25, -25, 65, 60}), sheets[random.Word() % std::size(sheets)],
+                        RandomSlice(random, {0, 0, 23, 17}), random.Of<DWORD>({0u, 1u, 4u, 5u}),
+                        random.Of<BYTE>({255, 120})};
+        const Twins twins(random.Of({CanvasKind::Memory, CanvasKind::System, CanvasKind::FromDC}),
+                          random.Inside({0, 0, 40, 36}), random.Word());
+        test(random, draw, twins);
+        twins.ExpectSame();
+        ASSERT_FALSE(::testing::Test::HasFailure()) << "round " << round;
+    }
+}
+
+TEST(Tile, DrawsWhatALiteralWalkDraws) {
+    ForRandomDraws(1, 1500, [](Random &random, const Draw &draw, const Twins &twins) {
+        const DWORD flags = random.Of<DWORD>({0u, 0x10u, 0xFu, 0x1Fu});
+        const float scale =
+            random.Of({1.0f, 1.0f, 0.5f, 0.3f, 0.07f, 1.7f, 2.0f, 3.3f, 40.0f, -1.0f, 0.0f, kInfinity, kNaN});
+        EXPECT_EQ(0, DrawTextureTile(twins.drawn, &draw.dest, draw.sheet.texture, &draw.slice, draw.kernelMode,
+                                     draw.alpha, flags, scale));
+        WalkTile(twins.expected, draw, flags, scale);
+    });
+}
+
+TEST(Tile, KeepsTheWidthOfTheCutCellInLaterRows) {
+    const Sheet sheet(30, 10, 32, 4, 0);
+    const OwnedCanvas canvas(CreateCanvas(100, 20, {}));
+    const RECT dest{0, 0, 100, 20};
+    DrawTextureTile(canvas, &dest, sheet.texture, nullptr, 0, 255, 0, 1.0f);
+    const Picture source = PictureOf(Locked(sheet.bitmap)), result = PictureOf(Locked(canvas));
+    for (LONG x = 0; x < 100; ++x) {
+        ASSERT_EQ(source.At(x % 30, 3), result.At(x, 3)) << x;
+        ASSERT_EQ(source.At(x % 10, 3), result.At(x, 13)) << x;
+    }
+}
+
+TEST(Tile, CountsTheCellsOfHugeDestinations) {
+    // The first row is cut at 2^32 - 1 mod 16 = 15 columns; these divide the width, so that all later cells have them.
+    const Sheet sheet(16, 16, 32, 4, 0);
+    const TestCanvas canvas(CanvasKind::Memory, 70, 50, 1);
+    const RECT dest{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
+    DrawTextureTile(canvas, &dest, sheet.texture, nullptr, 0, 255, 0, 1.0f);
+    const Picture source = PictureOf(Locked(sheet.bitmap)), result = canvas.Pixels();
+    for (LONG y = 0; y < 50; ++y) {
+        for (LONG x = 0; x < 70; ++x) {
+            ASSERT_EQ(source.At((x - int64_t{INT32_MIN}) % 15, (y - int64_t{INT32_MIN}) % 16), result.At(x, y));
+        }
+    }
+}
+
+TEST(TopTile, DrawsWhatALiteralWalkDraws) {
+    ForRandomDraws(2, 1500, [](Random &random, const Draw &draw, const Twins &twins) {
+        const RECT margins{random.Between(-50, 50), random.Between(-9, 30), random.Between(-50, 50),
+                           random.Between(-9, 20)};
+        Draw any = draw;
+        if (random.Between(0, 9) == 0) std::swap(any.dest.top, any.dest.bottom);
+        EXPECT_EQ(0, DrawTextureTopTile(twins.drawn, &any.dest, any.sheet.texture, &any.slice, &margins, any.kernelMode,
+                                        any.alpha));
+        WalkTopTile(twins.expected, any, margins);
+    });
+}
+
+TEST(TopTile, KeepsTheTopBandAndStretchesTheBottomOne) {
+    const Sheet sheet(8, 6, 32, 4, 0);
+    const OwnedCanvas canvas(CreateCanvas(20, 30, {}));
+    const RECT dest{0, 0, 20, 30}, margins{0, 2, 0, 1};
+    DrawTextureTopTile(canvas, &dest, sheet.texture, nullptr, &margins, 0, 255);
+    const Picture source = PictureOf(Locked(sheet.bitmap)), result = PictureOf(Locked(canvas));
+    for (LONG y = 0; y < 30; ++y) {
+        for (LONG x = 0; x < 20; ++x) ASSERT_EQ(source.At(x % 8, y < 2 ? y : 5), result.At(x, y)) << x << ", " << y;
+    }
+    EXPECT_EQ(0, DrawTextureTopTile(canvas, &dest, sheet.texture, nullptr, nullptr, 0, 255));
+}
+
+/// The bounding box of what an opaque white slice leaves on a transparent canvas.
+RECT CentredBox(const RECT &dest, LONG sliceWidth, LONG sliceHeight) {
+    const OwnedTexture texture(CreateTexture(static_cast<DWORD>(sliceWidth), static_cast<DWORD>(sliceHeight)));
+    FillWith(Locked(texture), 0xFFFFFFFF);
+    const OwnedCanvas canvas(CreateCanvas(120, 120, {}));
+    EXPECT_EQ(1, DrawTextureCenter(canvas, &dest, texture, nullptr, 0, 255));
+    const Picture result = PictureOf(Locked(canvas));
+    RECT box{120, 120, 0, 0};
+    LONG count = 0;
+    for (LONG y = 0; y < 120; ++y) {
+        for (LONG x = 0; x < 120; ++x) {
+            if (result.At(x, y) == 0) continue;
+            ++count;
+            box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x + 1),
+                   std::max(box.bottom, y + 1)};
+        }
+    }
+    EXPECT_EQ(WidthOf(box) * HeightOf(box), count) << "a full rectangle";
+    return box;
+}
+
+TEST(CentreFit, KeepsTheAspectAndAtMostOneExtraPixel) {
+    const auto box = [](const RECT &dest, LONG width, LONG height) {
+        const RECT b = CentredBox(dest, width, height);
+        return std::vector<LONG>{b.left, b.top, b.right, b.bottom};
+    };
+    EXPECT_EQ((std::vector<LONG>{0, 25, 100, 75}), box({0, 0, 100, 100}, 100, 50));
+    EXPECT_EQ((std::vector<LONG>{0, 24, 100, 76}), box({0, 0, 100, 100}, 100, 51));
+    EXPECT_EQ((std::vector<LONG>{24, 0, 76, 100}), box({0, 0, 100, 100}, 51, 100));
+
+    Random random(3);
+    for (int round = 0; round < 300; ++round) {
+        const RECT dest = random.Inside({0, 0, 120, 120});
+        const LONG width = random.Between(1, 60), height = random.Between(1, 60);
+        const int64_t destWidth = WidthOf(dest), destHeight = HeightOf(dest);
+        const bool wide = width * destHeight >= height * destWidth;
+        // The side that is shrunk, in exact terms and as drawn.
+        const int64_t exact = wide ? height * destWidth / width : width * destHeight / height;
+        const int64_t whole = wide ? destHeight : destWidth;
+        if (exact == 0 && whole % 2 == 0) continue;
+        const RECT result = CentredBox(dest, width, height);
+        const int64_t drawn = wide ? HeightOf(result) : WidthOf(result);
+        EXPECT_EQ(wide ? destWidth : destHeight, wide ? WidthOf(result) : HeightOf(result));
+        EXPECT_EQ(exact + (whole - exact) % 2, drawn);
+        EXPECT_EQ(dest.left + dest.right, result.left + result.right);
+        EXPECT_EQ(dest.top + dest.bottom, result.top + result.bottom);
+        ASSERT_FALSE(HasFailure()) << round;
+    }
+}
+
+TEST(CentreFit, DrawsTheSliceThere) {
+    const Sheet sheet(23, 17, 32, 6, 0x01000000);
+    const RECT dest{-5, 3, 30, 33}, slice{20, 14, 3, 4}, ordered{3, 4, 20, 14}, fitted{-5, 8, 30, 28};
+    const Twins twins(CanvasKind::Memory, {1, 1, 28, 30}, 1);
+    EXPECT_EQ(1, DrawTextureCenter(twins.drawn, &dest, sheet.texture, &slice, 4, 200));
+    DrawBitmapRectEx(twins.expected, &fitted, sheet.bitmap, &ordered, 4, 200);
+    twins.ExpectSame();
+}
+
+TEST(TextureDrawing, DispatchesByTheModeRecord) {
+    Random random(5);
+    const Sheet sheet(23, 17, 32, 6, 0x01000000);
+    for (int round = 0; round < 400; ++round) {
+        const DWORD mode = random.Of<DWORD>({0u, 1u, 2u, 3u, 4u, 5u, 6u, 1000u}), flags = random.Word() & 0x1F;
+        const TextureMode record{
+            mode, flags, {random.Between(0, 9), random.Between(0, 9), random.Between(0, 9), random.Between(0, 9)}};
+        ASSERT_EQ(1, SetTextureMode(sheet.texture, &record));
+        const RECT slice = random.Inside({0, 0, 23, 17}), dest = random.Inside({-10, -10, 50, 46});
+        const bool sliced = round >= 50;
+        if (sliced) SetTextureSlice(sheet.texture, 1, &slice);
+        const RECT *used = sliced ? &slice : nullptr;
+        const auto alpha = static_cast<BYTE>(random.Of({255, 99}));
+        const DWORD kernel = random.Of<DWORD>({0u, 1u, 4u});
+        const float scale = random.Of({1.0f, 0.6f, 2.5f});
+        const int halfScale = random.Between(0, 1);
+        const Twins twins(CanvasKind::Memory, {1, 2, 38, 33}, random.Word());
+        const int result = DrawTextureEx(twins.drawn, &dest, sheet.texture, kernel, alpha, scale, halfScale);
+        int expected = 0;
+        switch (mode) {
+            case 1:
+            case 4:
+                expected = DrawTexture9Grid(twins.expected, &dest, sheet.texture, used, &record.margins, kernel,
+                                            mode == 4, alpha, flags, scale, halfScale);
+                break;
+            case 2: DrawTextureTile(twins.expected, &dest, sheet.texture, used, kernel, alpha, flags, scale); break;
+            case 3: expected = DrawTextureCenter(twins.expected, &dest, sheet.texture, used, kernel, alpha); break;
+            case 5:
+                DrawTextureTopTile(twins.expected, &dest, sheet.texture, used, &record.margins, kernel, alpha);
+                break;
+            default: expected = DrawBitmapRectEx(twins.expected, &dest, sheet.bitmap, used, kernel, alpha); break;
+        }
+        EXPECT_EQ(expected, result) << mode;
+        EXPECT_EQ(mode != 2 && mode != 5, result);
+        twins.ExpectSame();
+        ASSERT_FALSE(HasFailure()) << "round " << round << " mode " << mode;
+    }
+}
+
+TEST(TextureDrawing, DrawTextureIsAtFullStrengthAndUnscaled) {
+    const Sheet sheet(23, 17, 32, 6, 0x01000000);
+    const RECT dest{2, 3, 37, 33};
+    for (DWORD mode = 0; mode <= 5; ++mode) {
+        const TextureMode record{mode, 0x1F, {4, 5, 6, 3}};
+        SetTextureMode(sheet.texture, &record);
+        const Twins twins(CanvasKind::Memory, {0, 0, 40, 36}, 1);
+        EXPECT_EQ(mode != 2 && mode != 5, DrawTexture(twins.drawn, &dest, sheet.texture, 1));
+        DrawTextureEx(twins.expected, &dest, sheet.texture, 1, 255, 1.0f, 0);
+        twins.ExpectSame();
+    }
+}
+
+TEST(TextureDrawing, RefusesSlicesThatAreEmptyOrReachOutside) {
+    const Sheet sheet(23, 17, 32, 6, 0);
+    const RECT dest{0, 0, 20, 20}, margins{2, 2, 2, 2};
+    const Twins twins(CanvasKind::Memory, {0, 0, 40, 36}, 1);
+    for (const RECT &slice :
+         {RECT{-1, 0, 5, 5}, RECT{5, 5, -1, 0}, RECT{0, -1, 5, 5}, RECT{0, 0, 24, 5}, RECT{24, 5, 0, 0},
+          RECT{0, 0, 5, 18}, RECT{3, 3, 3, 9}, RECT{3, 9, 7, 9}, RECT{30, 30, 40, 40}}) {
+        SetTextureSlice(sheet.texture, 1, &slice);
+        for (DWORD mode = 0; mode <= 6; ++mode) {
+            const TextureMode record{mode, 0, margins};
+            SetTextureMode(sheet.texture, &record);
+            EXPECT_EQ(0, DrawTexture(twins.drawn, &dest, sheet.texture, 1)) << mode << " " << slice.left;
+        }
+    }
+    twins.ExpectSame();
+}
+
+}  // namespace
+}  // namespace lacquer

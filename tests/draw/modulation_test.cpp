@@ -1,0 +1,127 @@
+// DrawModulation: both rules over dense channel values, the drift by one, clipping, and masks of other depths.
+
+#include <algorithm>
+
+#include "painting.h"
+
+namespace lacquer {
+namespace {
+
+uint32_t Modulated(uint32_t d, uint32_t m, uint32_t c) {
+    const auto at = [](uint32_t word, int i) { return ChannelOf(word, i); };
+    if (c >> 24 == 255) {
+        const uint32_t a = (((at(m, 0) + at(m, 2) + 2 * at(m, 1)) >> 2) + 1) * 255 >> 8;
+        return WordOf([&](int i) {
+            if (i == 3) return (at(d, 3) * (256 - a) >> 8) + a;
+            return (at(d, i) * (255 - at(m, i)) >> 8) + (at(c, i) * at(m, i) >> 8);
+        });
+    }
+    const uint32_t keep = 256 - ((at(m, 3) + 1) * at(c, 3) >> 8);
+    return WordOf([&](int i) { return (at(d, i) * keep >> 8) + ((at(m, i) + 1) * at(c, i) >> 8); });
+}
+
+TEST(DrawModulation, FollowsBothRulesOverAllChannelValues) {
+    // Every pair of destination and mask bytes meets in every channel, the mask's channels unequal.
+    const OwnedCanvas canvas(CreateCanvas(256, 256, {}));
+    const OwnedBitmap mask(CreateMemBitmap(256, 256));
+    const SurfaceView pixels = Locked(canvas), coverage = Locked(mask);
+    for (const uint32_t bits : {0x00000000u, 0x00550FAAu, 0xFF00FF3Cu}) {
+        for (LONG y = 0; y < 256; ++y) {
+            for (LONG x = 0; x < 256; ++x) PutPixel(coverage, x, y, (static_cast<uint32_t>(y) * 0x01010101) ^ bits);
+        }
+        for (const uint32_t colour : {0xFF000000u, 0xFF0180FFu, 0xFFFFFFFEu, 0xFF407F01u, 0xFEFEFEFEu, 0xFE80017Fu,
+                                      0x80808080u, 0x7F204060u, 0x01010001u, 0x00000000u, 0x40FF80C0u}) {
+            Picture expected{256, 256, std::vector<uint32_t>(256 * 256)};
+            for (LONG y = 0; y < 256; ++y) {
+                for (LONG x = 0; x < 256; ++x) {
+                    const uint32_t d = static_cast<uint32_t>(x) * 0x01010101;
+                    PutPixel(pixels, x, y, d);
+                    expected.At(x, y) = Modulated(d, PixelAt(coverage, x, y), colour);
+                }
+            }
+            EXPECT_EQ(1, DrawModulation(canvas, 0, 0, mask, nullptr, colour));
+            ASSERT_TRUE(Same(expected, PictureOf(pixels))) << std::hex << colour << " mask " << bits;
+        }
+    }
+}
+
+TEST(DrawModulation, DriftsDownByOne) {
+    const OwnedCanvas canvas(CreateCanvas(1, 1, {}));
+    const OwnedBitmap mask(CreateMemBitmap(1, 1));
+    const auto drawn = [&](uint32_t before, uint32_t coverage, DWORD colour) {
+        PutPixel(Locked(canvas), 0, 0, before);
+        PutPixel(Locked(mask), 0, 0, coverage);
+        EXPECT_EQ(1, DrawModulation(canvas, 0, 0, mask, nullptr, colour));
+        return PixelAt(Locked(canvas), 0, 0);
+    };
+    EXPECT_EQ(0x807F0000, drawn(0x80800001, 0x00000000, 0xFF123456)) << "an empty mask";
+    EXPECT_EQ(0xFF7F00FE, drawn(0x40404040, 0x00FFFFFF, 0xFF8000FF)) << "a full mask";
+    EXPECT_EQ(drawn(0x40302010, 0x00123456, 0xFF8000FF), drawn(0x40302010, 0xFF123456, 0xFF8000FF));
+    EXPECT_NE(drawn(0x40302010, 0x00123456, 0xFE8000FE), drawn(0x40302010, 0xFF123456, 0xFE8000FE));
+}
+
+TEST(DrawModulation, ClipsAndMovesTheMaskWithTheClip) {
+    Random random(4);
+    for (int round = 0; round < 500; ++round) {
+        const TestCanvas canvas(random.Of({CanvasKind::Memory, CanvasKind::System, CanvasKind::FromDC}), 40, 36,
+                                random.Word());
+        const OwnedBitmap mask = NoiseBitmap(30, 24, 32, random.Word());
+        const RECT source = random.Inside({0, 0, 30, 24}), clip = random.Inside({0, 0, 40, 36});
+        const int x = random.Between(-25, 45), y = random.Between(-25, 40);
+        const DWORD colour = random.Coin() ? 0xFF884422 : 0x80402010;
+        Picture expected = canvas.Pixels();
+        DrawNearest(expected, clip, {x, y, x + source.right - source.left, y + source.bottom - source.top},
+                    PictureOf(Locked(mask)), source, [&](uint32_t m, uint32_t d) { return Modulated(d, m, colour); });
+        SetViewportOrg(canvas, 6, -9, nullptr);
+        const RECT logicalClip = Moved(clip, -6, 9);
+        SetCanvasClipRect(canvas, &logicalClip);
+        EXPECT_EQ(1, DrawModulation(canvas, x - 6, y + 9, mask, &source, colour));
+        ASSERT_TRUE(Same(expected, canvas.Pixels())) << "round " << round;
+    }
+}
+
+TEST(DrawModulation, NeedsTheVisiblePartOfTheMaskOnly) {
+    const OwnedBitmap mask = NoiseBitmap(10, 10, 32, 1);
+    const auto drawn = [&](int x, int y, const RECT *source) {
+        const TestCanvas canvas(CanvasKind::Memory, 20, 20, 1);
+        EXPECT_EQ(1, DrawModulation(canvas, x, y, mask, source, 0xFF884422));
+        return canvas.Pixels();
+    };
+    const RECT whole{0, 0, 10, 10}, wider{-50, -5, 10, 10}, outside{0, 0, 11, 10}, inverted{5, 5, 0, 0};
+    const Picture before = drawn(100, 0, nullptr);
+    EXPECT_TRUE(Same(TestCanvas(CanvasKind::Memory, 20, 20, 1).Pixels(), before));
+    EXPECT_TRUE(Same(drawn(0, 0, &whole), drawn(-50, -5, &wider))) << "its columns below 0 are not visible";
+    EXPECT_FALSE(Same(before, drawn(0, 0, &whole)));
+    EXPECT_TRUE(Same(before, drawn(0, 0, &outside)));
+    EXPECT_TRUE(Same(before, drawn(5, 5, &inverted)));
+    const RECT dest{0, 0, 10, 10};
+    EXPECT_EQ(0, DrawModulation({}, 0, 0, mask, nullptr, 0xFFFFFFFF));
+    EXPECT_EQ(0, DrawModulation(TestCanvas(CanvasKind::Memory, 4, 4, 1), 0, 0, {}, &dest, 0xFFFFFFFF));
+}
+
+TEST(DrawModulation, ReadsShallowMasksUpToTheLastWholeWordOfARow) {
+    Random random(5);
+    for (int round = 0; round < 300; ++round) {
+        const WORD bits = random.Of<WORD>({8, 24});
+        const LONG width = random.Between(1, 9), height = random.Between(1, 4);
+        const OwnedBitmap mask = NoiseBitmap(width, height, bits, random.Word());
+        const RECT source = random.Inside({0, 0, width, height});
+        const TestCanvas canvas(CanvasKind::Memory, 12, 6, random.Word());
+        Picture expected = canvas.Pixels();
+        const SurfaceView view = Locked(mask);
+        const LONG pixelBytes = bits / 8, words = (source.right - source.left) * pixelBytes / 4;
+        for (LONG y = source.top; y < source.bottom; ++y) {
+            for (LONG i = 0; i < std::min(words, source.right - source.left); ++i) {
+                const auto *bytes =
+                    static_cast<const BYTE *>(view.bits) + y * view.stride + source.left * pixelBytes + 4 * i;
+                uint32_t &d = expected.At(i, y - source.top);
+                d = Modulated(d, WordOf([&](int channel) { return bytes[channel]; }), 0x80604020);
+            }
+        }
+        EXPECT_EQ(1, DrawModulation(canvas, 0, 0, mask, &source, 0x80604020));
+        ASSERT_TRUE(Same(expected, canvas.Pixels())) << "round " << round;
+    }
+}
+
+}  // namespace
+}  // namespace lacquer

@@ -1,0 +1,103 @@
+// Canvases, sources and models of the tests of drawing.
+
+#include "painting.h"
+
+namespace lacquer {
+
+namespace {
+
+template <class Handle, class Lock>
+SurfaceView LockedBy(Lock lock, Handle handle) {
+    SurfaceView view{};
+    EXPECT_EQ(1, lock(handle, &view, nullptr));
+    return view;
+}
+
+void FillSource(const SurfaceView &view, uint32_t seed) {
+    FillWithNoise(view, seed);
+    if (view.bitsPerPixel == 8) FillPaletteWithNoise(view, seed + 1);
+}
+
+uint32_t Over(uint32_t s, uint32_t d) {
+    return WordOf([&](int i) { return ChannelOf(s, i) + (ChannelOf(d, i) * (256 - (s >> 24)) >> 8); });
+}
+
+}  // namespace
+
+::testing::AssertionResult Same(const Picture &expected, const Picture &actual) {
+    if (expected.width != actual.width || expected.height != actual.height) {
+        return ::testing::AssertionFailure() << "the sizes differ";
+    }
+    size_t first = 0, count = 0;
+    for (size_t i = 0; i < expected.pixels.size(); ++i) {
+        if (expected.pixels[i] != actual.pixels[i] && count++ == 0) first = i;
+    }
+    if (count == 0) return ::testing::AssertionSuccess();
+    const auto width = static_cast<size_t>(expected.width);
+    return ::testing::AssertionFailure() << count << " pixels differ, first at (" << first % width << ", "
+                                         << first / width << "): expected " << std::hex << expected.pixels[first]
+                                         << ", not " << actual.pixels[first];
+}
+
+SurfaceView Locked(HGBITMAP bitmap) { return LockedBy(LockBitmapBitsEx, bitmap); }
+SurfaceView Locked(HGTEXTURE texture) { return LockedBy(LockTextureBitsEx, texture); }
+SurfaceView Locked(HGCANVAS canvas) { return LockedBy(LockCanvasBitsEx, canvas); }
+
+Picture PictureOf(const SurfaceView &view) { return {view.width, view.height, ColoursOf(view)}; }
+
+TestCanvas::TestCanvas(CanvasKind kind, LONG width, LONG height, uint32_t seed) {
+    const auto w = static_cast<DWORD>(width), h = static_cast<DWORD>(height);
+    switch (kind) {
+        case CanvasKind::Memory: canvas_.emplace(CreateCanvas(w, h, {})); break;
+        case CanvasKind::System: canvas_.emplace(CreateSystemCanvas(w, h, {})); break;
+        case CanvasKind::FromDC:
+            dib_.emplace(width, height);
+            dc_.emplace(dib_->Handle());
+            canvas_.emplace(CreateCanvasFromDC(*dc_));
+            break;
+    }
+    FillWithNoise(View(), seed);
+}
+
+SurfaceView TestCanvas::View() const {
+    GdiFlush();
+    return dib_ ? dib_->View() : Locked(*canvas_);
+}
+
+OwnedBitmap NoiseBitmap(LONG width, LONG height, WORD bitsPerPixel, uint32_t seed, DWORD filter) {
+    OwnedBitmap bitmap(CreateMemBitmapEx(static_cast<DWORD>(width), static_cast<DWORD>(height), bitsPerPixel,
+                                         bitsPerPixel == 8 ? 200 : 0));
+    FillSource(Locked(bitmap), seed);
+    SetBitmapFilter(bitmap, filter);
+    return bitmap;
+}
+
+OwnedTexture NoiseTexture(LONG width, LONG height, WORD bitsPerPixel, uint32_t seed, DWORD filter) {
+    OwnedTexture texture(CreateTextureEx(static_cast<DWORD>(width), static_cast<DWORD>(height), bitsPerPixel,
+                                         bitsPerPixel == 8 ? 200 : 0));
+    FillSource(Locked(texture), seed);
+    SetTextureFilter(texture, filter);
+    return texture;
+}
+
+RECT Random::Inside(const RECT &bounds) {
+    const int left = Between(bounds.left, bounds.right - 1), top = Between(bounds.top, bounds.bottom - 1);
+    return {left, top, Between(left + 1, bounds.right), Between(top + 1, bounds.bottom)};
+}
+
+uint32_t Combined(DWORD modeWord, BYTE alpha, WORD sourceBits, uint32_t s, uint32_t d) {
+    const DWORD mode = modeWord >> 24;
+    if (mode == LACQUER_DRAW_BEHIND) {
+        return WordOf([&](int i) { return ChannelOf(d, i) + (ChannelOf(s, i) * (256 - (d >> 24)) >> 8); });
+    }
+    if (mode == LACQUER_DRAW_MODULATE) {
+        return WordOf([&](int i) { return (ChannelOf(s, i) + 1) * ChannelOf(d, i) >> 8; });
+    }
+    if (alpha == 0) return d;
+    if (alpha < 255) return Over(WordOf([&](int i) { return ChannelOf(s, i) * (alpha + 1u) >> 8; }), d);
+    if (mode == LACQUER_DRAW_OVER) return Over(s, d);
+    const uint32_t key = (modeWord & 0xFFFFFF) | (sourceBits == 24 ? 0xFF000000 : 0);
+    return mode == LACQUER_DRAW_COLOR_KEY && s == key ? d : s;
+}
+
+}  // namespace lacquer

@@ -1,0 +1,165 @@
+// What the tests of drawing share: canvases of every kind, sources full of noise, pictures that the library can't
+// reach, and a model of nearest draws, worked out one channel at a time.
+#pragma once
+
+#include <gtest/gtest.h>
+#include <lacquer/lacquer.h>
+
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include "support/memory_dc.h"
+#include "support/pixels.h"
+
+namespace lacquer {
+
+template <class Handle, void (*Delete)(Handle)>
+class Owned {
+public:
+    explicit Owned(Handle handle) : handle_(handle) {}
+    Owned(Owned &&other) noexcept : handle_(std::exchange(other.handle_, Handle{})) {}
+    ~Owned() { Delete(handle_); }
+    Owned &operator=(Owned &&) = delete;
+
+    operator Handle() const { return handle_; }
+
+private:
+    Handle handle_;
+};
+using OwnedBitmap = Owned<HGBITMAP, DeleteBitmap>;
+using OwnedTexture = Owned<HGTEXTURE, DeleteTexture>;
+using OwnedCanvas = Owned<HGCANVAS, DeleteCanvas>;
+
+constexpr uint32_t ChannelOf(uint32_t word, int channel) { return word >> 8 * channel & 255; }
+
+/// The word of whose channel i (blue, green, red, alpha) `value(i)` is, modulo 256.
+template <class Value>
+uint32_t WordOf(const Value &value) {
+    uint32_t word = 0;
+    for (int i = 0; i < 4; ++i) word |= (static_cast<uint32_t>(value(i)) & 255) << 8 * i;
+    return word;
+}
+
+constexpr int64_t WidthOf(const RECT &rect) { return int64_t{rect.right} - rect.left; }
+constexpr int64_t HeightOf(const RECT &rect) { return int64_t{rect.bottom} - rect.top; }
+constexpr bool Contains(const RECT &rect, int64_t x, int64_t y) {
+    return x >= rect.left && x < rect.right && y >= rect.top && y < rect.bottom;
+}
+inline RECT Moved(const RECT &rect, LONG dx, LONG dy) {
+    return {rect.left + dx, rect.top + dy, rect.right + dx, rect.bottom + dy};
+}
+
+/// Colour words of a rectangle of pixels.
+struct Picture {
+    LONG width = 0, height = 0;
+    std::vector<uint32_t> pixels;
+
+    uint32_t &At(int64_t x, int64_t y) { return pixels[static_cast<size_t>(y * width + x)]; }
+    uint32_t At(int64_t x, int64_t y) const { return pixels[static_cast<size_t>(y * width + x)]; }
+    RECT Bounds() const { return {0, 0, width, height}; }
+};
+
+/// Says where two pictures differ first, and how often.
+::testing::AssertionResult Same(const Picture &expected, const Picture &actual);
+
+/// The whole of an object, with its palette where it has one.
+SurfaceView Locked(HGBITMAP bitmap);
+SurfaceView Locked(HGTEXTURE texture);
+SurfaceView Locked(HGCANVAS canvas);
+Picture PictureOf(const SurfaceView &view);
+
+/// `FromDC` is made around a memory device context with a DIB section.
+enum class CanvasKind { Memory, System, FromDC };
+constexpr CanvasKind kCanvasKinds[] = {CanvasKind::Memory, CanvasKind::System, CanvasKind::FromDC};
+
+/// A canvas filled with premultiplied noise.
+class TestCanvas {
+public:
+    TestCanvas(CanvasKind kind, LONG width, LONG height, uint32_t seed);
+
+    operator HGCANVAS() const { return *canvas_; }
+
+    /// Every pixel, clip and origins apart.
+    SurfaceView View() const;
+    Picture Pixels() const { return PictureOf(View()); }
+
+    /// The caller's context of `FromDC`.
+    HDC Context() const { return *dc_; }
+
+private:
+    std::optional<Dib> dib_;
+    std::optional<MemoryDC> dc_;
+    std::optional<OwnedCanvas> canvas_;
+};
+
+/// Noise, with a palette of noise for 8 bits. Equal arguments give equal pixels.
+OwnedBitmap NoiseBitmap(LONG width, LONG height, WORD bitsPerPixel, uint32_t seed, DWORD filter = 0);
+OwnedTexture NoiseTexture(LONG width, LONG height, WORD bitsPerPixel, uint32_t seed, DWORD filter = 0);
+
+/// A texture, and a bitmap with the same pixels for drawing its pieces one by one.
+struct Sheet {
+    OwnedTexture texture;
+    OwnedBitmap bitmap;
+
+    Sheet(LONG width, LONG height, WORD bits, uint32_t seed, DWORD filter)
+        : texture(NoiseTexture(width, height, bits, seed, filter)),
+          bitmap(NoiseBitmap(width, height, bits, seed, filter)) {}
+};
+
+/// Two canvases with the same pixels and the same clip: one for the operation under test, one for what it must equal.
+struct Twins {
+    TestCanvas drawn, expected;
+
+    Twins(CanvasKind kind, const RECT &clip, uint32_t seed) : drawn(kind, 40, 36, seed), expected(kind, 40, 36, seed) {
+        SetCanvasClipRect(drawn, &clip);
+        SetCanvasClipRect(expected, &clip);
+    }
+    void ExpectSame() const { EXPECT_TRUE(Same(expected.Pixels(), drawn.Pixels())); }
+};
+
+/// Numbers that differ from test to test and are the same on every run.
+class Random {
+public:
+    explicit Random(uint32_t seed) : seed_(seed) {}
+
+    uint32_t Word() { return Noise(seed_, next_++); }
+    int Between(int low, int high) { return low + static_cast<int>(Word() % static_cast<uint32_t>(high - low + 1)); }
+    bool Coin() { return Word() % 2 != 0; }
+
+    template <class Value>
+    Value Of(std::initializer_list<Value> values) {
+        return values.begin()[Word() % values.size()];
+    }
+
+    /// A rectangle that is not empty, with its edges inside `bounds`.
+    RECT Inside(const RECT &bounds);
+
+private:
+    uint32_t seed_, next_ = 0;
+};
+
+/// What a draw of the source word s leaves of d. `alpha` is the constant alpha; the rules are those of draws, not
+/// fills.
+uint32_t Combined(DWORD modeWord, BYTE alpha, WORD sourceBits, uint32_t s, uint32_t d);
+
+/// Draws `from` of the source into `dest` by nearest samples (1:1 for equal sizes), inside `clip`:
+/// d := combine(s, d).
+template <class Combine>
+void DrawNearest(Picture &canvas, const RECT &clip, const RECT &dest, const Picture &source, const RECT &from,
+                 const Combine &combine) {
+    for (LONG y = 0; y < canvas.height; ++y) {
+        for (LONG x = 0; x < canvas.width; ++x) {
+            if (!Contains(dest, x, y) || !Contains(clip, x, y)) continue;
+            const int64_t stepX = (WidthOf(from) << 16) / WidthOf(dest),
+                          stepY = (HeightOf(from) << 16) / HeightOf(dest);
+            const int64_t sourceX = from.left + ((int64_t{x} - dest.left) * stepX >> 16);
+            const int64_t sourceY = from.top + ((int64_t{y} - dest.top) * stepY >> 16);
+            canvas.At(x, y) = combine(source.At(sourceX, sourceY), canvas.At(x, y));
+        }
+    }
+}
+
+}  // namespace lacquer

@@ -1,0 +1,109 @@
+// A real window's device context as the target. Needs a screen; cmake/run-under-xvfb provides one.
+
+#include "painting.h"
+
+namespace lacquer {
+namespace {
+
+/// A window without a frame on the screen, with its device context.
+class Window : public ::testing::Test {
+protected:
+    void SetUp() override {
+        window_ = CreateWindowExW(WS_EX_TOPMOST, L"STATIC", L"", WS_POPUP | WS_VISIBLE, 20, 30, 40, 36, nullptr,
+                                  nullptr, nullptr, nullptr);
+        dc_ = window_ ? GetDC(window_) : nullptr;
+        MSG message;
+        while (window_ && PeekMessageW(&message, window_, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+        // Without a screen windows can be made, but what is drawn on them is lost.
+        if (!dc_ || SetPixel(dc_, 1, 1, 0x00332211) == CLR_INVALID || GetPixel(dc_, 1, 1) != 0x00332211) {
+            GTEST_SKIP() << "there is no screen";
+        }
+    }
+    void TearDown() override {
+        if (dc_) ReleaseDC(window_, dc_);
+        if (window_) DestroyWindow(window_);
+    }
+
+    /// What the window shows; its alpha means nothing and is left out.
+    Picture Shown() const {
+        const Dib dib(40, 36);
+        const MemoryDC memory(dib.Handle());
+        EXPECT_NE(0, BitBlt(memory, 0, 0, 40, 36, dc_, 0, 0, SRCCOPY));
+        GdiFlush();
+        Picture picture = PictureOf(dib.View());
+        for (uint32_t &pixel : picture.pixels) pixel &= 0x00FFFFFF;
+        return picture;
+    }
+
+    void Show(const Picture &picture) const {
+        const Dib dib(40, 36);
+        for (LONG y = 0; y < 36; ++y) {
+            for (LONG x = 0; x < 40; ++x) PutPixel(dib.View(), x, y, picture.At(x, y));
+        }
+        EXPECT_NE(0, BitBlt(dc_, 0, 0, 40, 36, MemoryDC(dib.Handle()), 0, 0, SRCCOPY));
+    }
+
+    HWND window_ = nullptr;
+    HDC dc_ = nullptr;
+};
+
+Picture WithoutAlpha(Picture picture) {
+    for (uint32_t &pixel : picture.pixels) pixel &= 0x00FFFFFF;
+    return picture;
+}
+
+Picture Opaque(Picture picture) {
+    for (uint32_t &pixel : picture.pixels) pixel |= 0xFF000000;
+    return picture;
+}
+
+TEST_F(Window, TakesCanvasesThroughGdi) {
+    const TestCanvas source(CanvasKind::Memory, 20, 16, 3);
+    const RECT dest{5, 6, 25, 22}, whole{0, 0, 20, 16};
+    const Picture before = Opaque(TestCanvas(CanvasKind::Memory, 40, 36, 1).Pixels());
+    Show(before);
+    EXPECT_NE(0, GdiTransCanvas(dc_, &dest, source, &whole, 255));
+    Picture expected = before;
+    DrawNearest(expected, expected.Bounds(), dest, source.Pixels(), whole, [](uint32_t s, uint32_t) { return s; });
+    EXPECT_TRUE(Same(WithoutAlpha(expected), Shown()));
+
+    // A blend rounds in GDI's own way.
+    Show(before);
+    EXPECT_NE(0, GdiTransCanvas(dc_, &dest, source, &whole, 128));
+    const Picture shown = Shown();
+    for (LONG y = 0; y < 36; ++y) {
+        for (LONG x = 0; x < 40; ++x) {
+            for (int i = 0; i < 3; ++i) {
+                const int d = static_cast<int>(ChannelOf(before.At(x, y), i));
+                const int s =
+                    Contains(dest, x, y) ? static_cast<int>(ChannelOf(source.Pixels().At(x - 5, y - 6), i)) : d;
+                ASSERT_NEAR((128 * s + 127 * d) / 255, static_cast<int>(ChannelOf(shown.At(x, y), i)), 2)
+                    << x << ", " << y;
+            }
+        }
+    }
+}
+
+TEST_F(Window, IsACanvasForDrawsAndBlends) {
+    const OwnedCanvas canvas(CreateCanvasFromDC(dc_));
+    EXPECT_EQ(window_, GetCanvasWindow(canvas));
+    const TestCanvas plain(CanvasKind::Memory, 40, 36, 1), source(CanvasKind::Memory, 20, 16, 3);
+    const OwnedBitmap bitmap = NoiseBitmap(9, 8, 32, 5, 0x01000000);
+    const OwnedTexture texture = NoiseTexture(9, 8, 24, 6, 0);
+    Show(plain.Pixels());
+    const RECT fill{-4, 3, 12, 20}, stretched{10, 10, 33, 50}, grid{20, 2, 37, 15}, margins{2, 2, 2, 2};
+    for (const HGCANVAS target : {HGCANVAS(plain), HGCANVAS(canvas)}) {
+        EXPECT_EQ(1, FillSolidRect(target, 0x80FF8040, &fill));
+        EXPECT_EQ(1, DrawBitmap(target, &stretched, bitmap, 1));
+        EXPECT_EQ(1, DrawTexture9Grid(target, &grid, texture, nullptr, &margins, 1, 0, 255, 0, 1.0f, 0));
+    }
+    EXPECT_TRUE(Same(WithoutAlpha(plain.Pixels()), Shown()));
+
+    const RECT dest{5, 6, 25, 22}, whole{0, 0, 20, 16};
+    EXPECT_NE(0, BlendCanvas(canvas, &dest, source, &whole, 128));
+    EXPECT_EQ(1, BlendCanvas(plain, &dest, source, &whole, 255));
+    EXPECT_TRUE(Same(WithoutAlpha(plain.Pixels()), Shown())) << "GDI copies opaque sources whatever alpha";
+}
+
+}  // namespace
+}  // namespace lacquer
