@@ -17,6 +17,10 @@ namespace {
 
 constexpr DWORD kOverMode = 1;
 
+/// The coordinates that a region can hold: 27 bits and a sign.
+constexpr LONG kRegionLimit = 1 << 27;
+constexpr RECT kRegionRange{-kRegionLimit, -kRegionLimit, kRegionLimit - 1, kRegionLimit - 1};
+
 void ClearPixels(const SurfaceView &view) {
     for (LONG y = 0; y < view.height; ++y) std::memset(RowOf(view, y), 0, static_cast<size_t>(view.stride));
 }
@@ -75,7 +79,10 @@ HDC Canvas::GetDeviceContext() {
     }
     dc_ = dc;
     selected_ = surface_->Storage();
-    ApplyClip(clip_);
+    if (!ApplyClip(clip_)) {
+        DeleteDeviceContext();
+        return nullptr;
+    }
     SetViewportOrgEx(dc, viewportOrg_.x, viewportOrg_.y, nullptr);
     SetWindowOrgEx(dc, windowOrg_.x, windowOrg_.y, nullptr);
     return dc_;
@@ -138,27 +145,42 @@ RECT Canvas::ToDevice(const RECT &rect) const {
                  static_cast<int64_t>(viewportOrg_.y) - windowOrg_.y);
 }
 
-void Canvas::ApplyClip(const RECT &device) const {
-    HRGN region = CreateRectRgnIndirect(&device);
-    ExtSelectClipRgn(dc_, region, RGN_COPY);
+bool Canvas::ApplyClip(const RECT &device) const {
+    RECT bounded{};
+    IntersectRect(&bounded, &device, &kRegionRange);
+    HRGN region = CreateRectRgnIndirect(&bounded);
+    // To select null would remove the clip.
+    if (!region) return false;
+    const bool applied = ExtSelectClipRgn(dc_, region, RGN_COPY) != ERROR;
     DeleteObject(region);
+    return applied;
 }
 
-void Canvas::SetClip(const RECT &rect) {
+bool Canvas::SetClip(const RECT &rect) {
     RECT device = ToDevice(rect);
     // GDI would turn an inverted rectangle the right way round.
     if (IsRectEmpty(&device)) device = {};
-    if (dc_) ApplyClip(device);
-    if (!surface_) return;
-    const RECT whole{0, 0, surface_->GetWidth(), surface_->GetHeight()};
-    IntersectRect(&clip_, &device, &whole);
+    if (surface_) {
+        const RECT wanted = device, whole{0, 0, surface_->GetWidth(), surface_->GetHeight()};
+        IntersectRect(&device, &wanted, &whole);
+    }
+    if (dc_ && !ApplyClip(device)) return false;
+    if (surface_) clip_ = device;
+    return true;
 }
 
-void Canvas::IntersectClip(const RECT &rect) {
+bool Canvas::IntersectClip(const RECT &rect) {
     const RECT ordered = IsRectEmpty(&rect) ? RECT{} : rect;
-    if (dc_) IntersectClipRect(dc_, ordered.left, ordered.top, ordered.right, ordered.bottom);
+    if (dc_) {
+        // Far coordinates would overflow inside GDI; nothing beyond the clip box counts anyway.
+        const RECT box = ClipBox();
+        RECT inside{};
+        IntersectRect(&inside, &ordered, &box);
+        if (IntersectClipRect(dc_, inside.left, inside.top, inside.right, inside.bottom) == ERROR) return false;
+    }
     const RECT device = ToDevice(ordered), before = clip_;
     IntersectRect(&clip_, &device, &before);
+    return true;
 }
 
 RECT Canvas::ClipBox() const {

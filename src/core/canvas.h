@@ -5,13 +5,12 @@
 
 #include <atomic>
 #include <memory>
+#include <utility>
 
 #include "core/dc_lock.h"
 #include "core/pixel_surface.h"
 #include "core/reference.h"
 #include "platform/platform.h"
-
-struct velCanvas;
 
 namespace lacquer {
 
@@ -22,6 +21,9 @@ class Canvas;
 struct CanvasAnchor : Shared {
     std::atomic<Canvas *> canvas{nullptr};
 };
+
+/// The vector companion's canvas and what destroys it, so that nothing here has to know the companion.
+using OwnedCompanion = std::unique_ptr<velCanvas, int (*)(velCanvas *)>;
 
 /// Rectangles that enter are logical: device = logical + viewport origin - window origin. The clip is kept in device
 /// coordinates, inside the surface.
@@ -62,10 +64,11 @@ public:
     bool SetViewportOrg(int x, int y, POINT *previous);
     bool SetWindowOrg(int x, int y, POINT *previous);
 
-    /// Logical rectangles; empty and inverted ones make the clip empty. `ClipBox` is the bounding box of the device
-    /// context's clip where there is one.
-    void SetClip(const RECT &rect);
-    void IntersectClip(const RECT &rect);
+    /// Logical rectangles; empty and inverted ones make the clip empty. Result: false, with nothing changed, when the
+    /// device context does not take the clip. `ClipBox` is the bounding box of the device context's clip where there is
+    /// one.
+    bool SetClip(const RECT &rect);
+    bool IntersectClip(const RECT &rect);
     RECT ClipBox() const;
 
     HWND Window() const { return window_; }
@@ -82,8 +85,10 @@ public:
     DWORD BkColor() const { return bkColor_; }
     void SetBkColor(DWORD colour) { bkColor_ = colour; }
 
-    /// The vector companion's canvas over these pixels, null until there is one.
-    velCanvas *Companion() const { return companion_; }
+    /// The vector companion's canvas, null until there is one. Who draws with it sees to it that it has the present
+    /// pixels; here they move without telling it.
+    velCanvas *Companion() const { return companion_.get(); }
+    void SetCompanion(OwnedCompanion companion) { companion_ = std::move(companion); }
 
     /// Whether further handles may name this canvas: set when one is made, never reset.
     bool IsAliased() const { return aliased_; }
@@ -91,7 +96,7 @@ public:
 
 private:
     RECT ToDevice(const RECT &rect) const;
-    void ApplyClip(const RECT &device) const;
+    bool ApplyClip(const RECT &device) const;
     void DeleteDeviceContext();
 
     DcLock dcLock_;
@@ -108,7 +113,7 @@ private:
     std::unique_ptr<PixelSurface> surface_;
     DWORD bkColor_ = 0;
     RECT clip_{};
-    velCanvas *companion_ = nullptr;
+    OwnedCompanion companion_{nullptr, nullptr};
 };
 
 std::unique_ptr<Canvas> MakeCanvas(DWORD width, DWORD height, SurfaceKind kind);

@@ -11,9 +11,8 @@ namespace lacquer {
 inline LONG ClampToLong(int64_t value) { return static_cast<LONG>(std::clamp<int64_t>(value, INT32_MIN, INT32_MAX)); }
 
 /// Truncated towards zero; INT32_MIN for what does not fit and for not a number.
-inline LONG TruncateToLong(float value) {
-    constexpr float kLimit = 2147483648.0f;
-    return value >= -kLimit && value < kLimit ? static_cast<LONG>(value) : INT32_MIN;
+inline LONG TruncateToLong(double value) {
+    return value > -2147483649.0 && value < 2147483648.0 ? static_cast<LONG>(value) : INT32_MIN;
 }
 
 /// True differences; negative for an inverted rectangle.

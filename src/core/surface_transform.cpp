@@ -6,6 +6,7 @@
 
 #include "core/surface_copy.h"
 #include "core/surface_view.h"
+#include "platform/simd.h"
 
 namespace lacquer {
 
@@ -38,25 +39,103 @@ Walk WalkOf(const SurfaceView &source, DWORD code) {
     }
 }
 
-/// Destination rows are written in order, in tiles small enough for the source lines that a turned tile reads to stay
-/// cached.
+/// A rectangle of destination pixels; the ends are exclusive.
+struct Part {
+    LONG left, top, right, bottom;
+};
+
 template <size_t PixelBytes>
-void MovePixels(const SurfaceView &dest, const Walk &walk) {
-    constexpr LONG kTile = 32;
-    for (LONG top = 0; top < dest.height; top += kTile) {
-        const LONG bottom = std::min(top + kTile, dest.height);
-        for (LONG left = 0; left < dest.width; left += kTile) {
-            const LONG right = std::min(left + kTile, dest.width);
-            for (LONG y = top; y < bottom; ++y) {
-                std::byte *out = RowOf(dest, y) + left * static_cast<std::ptrdiff_t>(PixelBytes);
-                const std::byte *in = walk.start + y * walk.perRow + left * walk.perColumn;
-                for (LONG x = left; x < right; ++x, out += PixelBytes, in += walk.perColumn) {
-                    std::memcpy(out, in, PixelBytes);
-                }
-            }
+void MovePart(const SurfaceView &dest, const Walk &walk, const Part &part) {
+    for (LONG y = part.top; y < part.bottom; ++y) {
+        std::byte *out = RowOf(dest, y) + part.left * static_cast<std::ptrdiff_t>(PixelBytes);
+        const std::byte *in = walk.start + y * walk.perRow + part.left * walk.perColumn;
+        for (LONG x = part.left; x < part.right; ++x, out += PixelBytes, in += walk.perColumn) {
+            std::memcpy(out, in, PixelBytes);
         }
     }
 }
+
+/// Destination rows are written in order, in tiles small enough for the source lines that a turned tile reads to stay
+/// cached.
+template <class Move>
+void ForEachTile(const SurfaceView &dest, const Move &move) {
+    constexpr LONG kTile = 16;
+    for (LONG top = 0; top < dest.height; top += kTile) {
+        for (LONG left = 0; left < dest.width; left += kTile) {
+            move(Part{left, top, std::min(left + kTile, dest.width), std::min(top + kTile, dest.height)});
+        }
+    }
+}
+
+template <size_t PixelBytes>
+void MovePixels(const SurfaceView &dest, const Walk &walk) {
+    ForEachTile(dest, [&](const Part &part) { MovePart<PixelBytes>(dest, walk, part); });
+}
+
+#ifdef LACQUER_SSE2
+
+constexpr LONG kBlock = 4;
+constexpr std::ptrdiff_t kWord = 4;
+
+__m128i LoadWords(const std::byte *words) { return _mm_loadu_si128(reinterpret_cast<const __m128i *>(words)); }
+void StoreWords(std::byte *words, __m128i value) { _mm_storeu_si128(reinterpret_cast<__m128i *>(words), value); }
+
+/// Moves 4 × 4 words whose columns are the source's rows.
+void TurnBlock(const SurfaceView &dest, const Walk &walk, LONG left, LONG top) {
+    // Where the source runs backwards, four words in memory belong to four destination rows from the last to the first.
+    const bool backwards = walk.perRow < 0;
+    const std::byte *in = walk.start + (backwards ? top + kBlock - 1 : top) * walk.perRow + left * walk.perColumn;
+    const __m128i a = LoadWords(in), b = LoadWords(in + walk.perColumn);
+    const __m128i c = LoadWords(in + 2 * walk.perColumn), d = LoadWords(in + 3 * walk.perColumn);
+    const __m128i abLow = _mm_unpacklo_epi32(a, b), abHigh = _mm_unpackhi_epi32(a, b);
+    const __m128i cdLow = _mm_unpacklo_epi32(c, d), cdHigh = _mm_unpackhi_epi32(c, d);
+    const __m128i rows[kBlock] = {_mm_unpacklo_epi64(abLow, cdLow), _mm_unpackhi_epi64(abLow, cdLow),
+                                  _mm_unpacklo_epi64(abHigh, cdHigh), _mm_unpackhi_epi64(abHigh, cdHigh)};
+    std::byte *out = RowOf(dest, backwards ? top + kBlock - 1 : top) + left * kWord;
+    const std::ptrdiff_t step = backwards ? -std::ptrdiff_t{dest.stride} : dest.stride;
+    for (LONG i = 0; i < kBlock; ++i) StoreWords(out + i * step, rows[i]);
+}
+
+/// Quarter turns and transpositions of 32-bit pixels.
+void TurnWords(const SurfaceView &dest, const Walk &walk) {
+    ForEachTile(dest, [&](const Part &part) {
+        const LONG right = part.left + ((part.right - part.left) & ~(kBlock - 1));
+        const LONG bottom = part.top + ((part.bottom - part.top) & ~(kBlock - 1));
+        for (LONG y = part.top; y < bottom; y += kBlock) {
+            for (LONG x = part.left; x < right; x += kBlock) TurnBlock(dest, walk, x, y);
+        }
+        MovePart<kWord>(dest, walk, {right, part.top, part.right, bottom});
+        MovePart<kWord>(dest, walk, {part.left, bottom, part.right, part.bottom});
+    });
+}
+
+/// Mirrored rows of 32-bit pixels: the source runs backwards under the destination's columns.
+void MirrorWords(const SurfaceView &dest, const Walk &walk) {
+    const LONG right = dest.width & ~(kBlock - 1);
+    for (LONG y = 0; y < dest.height; ++y) {
+        std::byte *const out = RowOf(dest, y);
+        const std::byte *const in = walk.start + y * walk.perRow - (kBlock - 1) * kWord;
+        for (LONG x = 0; x < right; x += kBlock) {
+            const __m128i words = LoadWords(in - x * kWord);
+            StoreWords(out + x * kWord, _mm_shuffle_epi32(words, _MM_SHUFFLE(0, 1, 2, 3)));
+        }
+    }
+    MovePart<kWord>(dest, walk, {right, 0, dest.width, dest.height});
+}
+
+void MoveWords(const SurfaceView &dest, const Walk &walk) {
+    if (walk.perColumn == -kWord) {
+        MirrorWords(dest, walk);
+    } else {
+        TurnWords(dest, walk);
+    }
+}
+
+#else
+
+void MoveWords(const SurfaceView &dest, const Walk &walk) { MovePixels<4>(dest, walk); }
+
+#endif
 
 void TransformView(const SurfaceView &dest, const SurfaceView &source, DWORD code) {
     const Walk walk = WalkOf(source, code);
@@ -68,7 +147,7 @@ void TransformView(const SurfaceView &dest, const SurfaceView &source, DWORD cod
     switch (source.bitsPerPixel) {
         case 8: return MovePixels<1>(dest, walk);
         case 24: return MovePixels<3>(dest, walk);
-        case 32: return MovePixels<4>(dest, walk);
+        case 32: return MoveWords(dest, walk);
         default: return;
     }
 }

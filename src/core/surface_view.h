@@ -4,6 +4,7 @@
 #include <lacquer/lacquer.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <type_traits>
 
@@ -38,6 +39,11 @@ void CopyPalette(const SurfaceView &dest, const SurfaceView &source);
 /// The address of row `y` of a view.
 inline std::byte *RowOf(const SurfaceView &view, LONG y) {
     return static_cast<std::byte *>(view.bits) + static_cast<std::ptrdiff_t>(y) * view.stride;
+}
+
+/// The four-byte pixels that fit into a row, for what walks such pixels whatever the depth.
+inline LONG WordsPerRow(const SurfaceView &view) {
+    return static_cast<LONG>(static_cast<int64_t>(view.width) * (view.bitsPerPixel / 8) / 4);
 }
 
 }  // namespace lacquer

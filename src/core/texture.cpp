@@ -26,7 +26,7 @@ int Texture::SetCurrentSlice(int index) {
 }
 
 const RECT *Texture::CurrentSlice() const {
-    return currentSlice_ >= 0 && static_cast<DWORD>(currentSlice_) < sliceCount_ ? &slices_[currentSlice_] : nullptr;
+    return currentSlice_ >= 0 && static_cast<DWORD>(currentSlice_) < sliceCount_ ? &slices_[static_cast<DWORD>(currentSlice_)] : nullptr;
 }
 
 bool Texture::GetSize(SIZE *out) const {
@@ -51,6 +51,12 @@ std::unique_ptr<Texture> MakeTexture(DWORD width, DWORD height, DWORD bitsPerPix
 std::unique_ptr<Texture> MakeSharingTexture(const PixelSurface *surface, bool borrow) {
     std::unique_ptr<Texture> texture(new (std::nothrow) Texture);
     if (texture && !texture->Surface().ShareFrom(surface, borrow)) texture.reset();
+    return texture;
+}
+
+std::unique_ptr<Texture> MakeTextureOf(const SurfaceView &pixels) {
+    std::unique_ptr<Texture> texture(new (std::nothrow) Texture);
+    if (texture) texture->Surface().AttachPixels(pixels);
     return texture;
 }
 

@@ -47,4 +47,7 @@ std::unique_ptr<Texture> MakeTexture(DWORD width, DWORD height, DWORD bitsPerPix
 /// taken over. Result: null when the surface is null or has no pixels.
 std::unique_ptr<Texture> MakeSharingTexture(const PixelSurface *surface, bool borrow);
 
+/// A new texture that describes 32-bit pixels of someone else's, or null.
+std::unique_ptr<Texture> MakeTextureOf(const SurfaceView &pixels);
+
 }  // namespace lacquer

@@ -3,7 +3,7 @@
 #include "draw/blit.h"
 
 #include "core/geometry.h"
-#include "draw/locked.h"
+#include "core/locked.h"
 #include "pipeline/blit_dispatch.h"
 
 namespace lacquer {

@@ -6,8 +6,8 @@
 #include <cstring>
 
 #include "core/geometry.h"
+#include "core/locked.h"
 #include "core/surface_view.h"
-#include "draw/locked.h"
 #include "pipeline/blit_dispatch.h"
 #include "pipeline/kernel_table.h"
 

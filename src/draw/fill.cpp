@@ -2,7 +2,7 @@
 
 #include "draw/fill.h"
 
-#include "draw/locked.h"
+#include "core/locked.h"
 #include "pipeline/blit_dispatch.h"
 
 namespace lacquer {

@@ -6,8 +6,8 @@
 #include <algorithm>
 
 #include "core/geometry.h"
+#include "core/locked.h"
 #include "core/surface_view.h"
-#include "draw/locked.h"
 
 namespace lacquer {
 
@@ -41,11 +41,6 @@ struct TranslucentRule {
         }
     }
 };
-
-/// Four-byte pixels in a row, whatever the depth: no walk leaves the row.
-LONG WordsPerRow(const SurfaceView &view) {
-    return static_cast<LONG>(static_cast<int64_t>(view.width) * (view.bitsPerPixel / 8) / 4);
-}
 
 template <class Rule>
 void WalkPixels(const SurfaceView &dest, const SurfaceView &mask, const Rule &rule) {

@@ -5,7 +5,7 @@
 #include <cstring>
 
 #include "core/geometry.h"
-#include "draw/locked.h"
+#include "core/locked.h"
 
 namespace lacquer {
 

@@ -1,0 +1,104 @@
+// The Gaussian blur: rows into the scratch, columns back, twice. Both directions work on small pieces that are
+// converted to single precision once and then summed channel by channel, in loops that compilers turn into vector code.
+
+#include "filters/gaussian_blur.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "core/surface_view.h"
+#include "filters/single_precision.h"
+#include "pipeline/pixel.h"
+
+namespace lacquer {
+
+namespace {
+
+constexpr int kReach = 3, kTaps = 2 * kReach + 1, kPasses = 2;
+
+/// By tap, from the first pixel before to the last one after.
+constexpr float kWeights[kTaps] = {0.11535f, 0.14147f, 0.1599f, 0.16656f, 0.1599f, 0.14147f, 0.11535f};
+
+/// Pixels that are converted together; their floats stay in the first-level cache.
+constexpr LONG kPiece = 64;
+constexpr ptrdiff_t kPieceBytes = ptrdiff_t{kPiece} * kPixelBytes;
+
+void Widen(float *floats, const BYTE *bytes, ptrdiff_t count) {
+    for (ptrdiff_t i = 0; i < count; ++i) floats[i] = static_cast<float>(bytes[i]);
+}
+
+/// Each byte is the sum of its seven taps, in this order, truncated. The weights add up to less than 1, so no sum
+/// leaves the bytes' range.
+void SumTaps(BYTE *out, const float *const taps[kTaps], ptrdiff_t count) {
+    const float *a = taps[0], *b = taps[1], *c = taps[2], *d = taps[3], *e = taps[4], *f = taps[5], *g = taps[6];
+    for (ptrdiff_t i = 0; i < count; ++i) {
+        float sum = kWeights[0] * a[i];
+        sum = sum + kWeights[1] * b[i];
+        sum = sum + kWeights[2] * c[i];
+        sum = sum + kWeights[3] * d[i];
+        sum = sum + kWeights[4] * e[i];
+        sum = sum + kWeights[5] * f[i];
+        sum = sum + kWeights[6] * g[i];
+        out[i] = static_cast<BYTE>(static_cast<int>(sum));
+    }
+}
+
+/// Pixels `first` to `first + count` of a row, clamped into it, as floats.
+void WidenClamped(float *floats, const BYTE *row, LONG width, LONG first, LONG count) {
+    const LONG from = std::max(first, LONG{0}), to = std::min(first + count, width);
+    for (LONG x = first; x < from; ++x, floats += kPixelBytes) Widen(floats, row, kPixelBytes);
+    const ptrdiff_t inside = static_cast<ptrdiff_t>(to - from) * kPixelBytes;
+    Widen(floats, row + static_cast<ptrdiff_t>(from) * kPixelBytes, inside);
+    floats += inside;
+    const BYTE *last = row + static_cast<ptrdiff_t>(width - 1) * kPixelBytes;
+    for (LONG x = to; x < first + count; ++x, floats += kPixelBytes) Widen(floats, last, kPixelBytes);
+}
+
+void BlurRows(const SurfaceView &dest, const SurfaceView &source) {
+    float floats[kPieceBytes + ptrdiff_t{2} * kReach * kPixelBytes];
+    const float *taps[kTaps];
+    for (ptrdiff_t k = 0; k < kTaps; ++k) taps[k] = floats + k * kPixelBytes;
+    for (LONG y = 0; y < source.height; ++y) {
+        const auto *in = reinterpret_cast<const BYTE *>(RowOf(source, y));
+        auto *out = reinterpret_cast<BYTE *>(RowOf(dest, y));
+        for (LONG x = 0; x < source.width; x += kPiece) {
+            const LONG count = std::min(kPiece, source.width - x);
+            WidenClamped(floats, in, source.width, x - kReach, count + 2 * kReach);
+            SumTaps(out + static_cast<ptrdiff_t>(x) * kPixelBytes, taps, static_cast<ptrdiff_t>(count) * kPixelBytes);
+        }
+    }
+}
+
+/// Walks down strips of one piece's width with the last seven rows as floats.
+void BlurColumns(const SurfaceView &dest, const SurfaceView &source) {
+    float ring[kTaps][kPieceBytes];
+    const float *taps[kTaps];
+    const LONG lastRow = source.height - 1;
+    for (LONG x = 0; x < source.width; x += kPiece) {
+        const ptrdiff_t offset = static_cast<ptrdiff_t>(x) * kPixelBytes;
+        const ptrdiff_t count = static_cast<ptrdiff_t>(std::min(kPiece, source.width - x)) * kPixelBytes;
+        const auto widenRow = [&](LONG y) {
+            const LONG row = std::clamp(y, LONG{0}, lastRow);
+            Widen(ring[(y + kReach) % kTaps], reinterpret_cast<const BYTE *>(RowOf(source, row)) + offset, count);
+        };
+        for (LONG y = -kReach; y < kReach; ++y) widenRow(y);
+        for (LONG y = 0; y <= lastRow; ++y) {
+            widenRow(y + kReach);
+            for (int k = 0; k < kTaps; ++k) taps[k] = ring[(y + k) % kTaps];
+            SumTaps(reinterpret_cast<BYTE *>(RowOf(dest, y)) + offset, taps, count);
+        }
+    }
+}
+
+}  // namespace
+
+void GaussianBlur(const SurfaceView &target, const SurfaceView &scratch) {
+    if (target.bitsPerPixel != 32 || scratch.bitsPerPixel != 32) return;
+    if (target.width != scratch.width || target.height != scratch.height) return;
+    for (int pass = 0; pass < kPasses; ++pass) {
+        BlurRows(scratch, target);
+        BlurColumns(target, scratch);
+    }
+}
+
+}  // namespace lacquer

@@ -1,0 +1,71 @@
+// Applying a rule for one colour word to the pixels or to the palette of a view.
+#pragma once
+
+#include <lacquer/lacquer.h>
+
+#include <cstddef>
+#include <cstdint>
+
+#include "core/surface_view.h"
+#include "pipeline/grey_ramp.h"
+#include "pipeline/pixel.h"
+#include "platform/simd.h"
+
+namespace lacquer {
+
+/// The first `columns` four-byte pixels of each row, word by word, become rule(word). A rule that also takes four words
+/// in a vector must do the same to each; it gets most of the row.
+template <class Rule>
+void MapWords(const SurfaceView &view, LONG columns, const Rule &rule) {
+    const ptrdiff_t bytes = static_cast<ptrdiff_t>(columns) * kPixelBytes;
+    for (LONG y = 0; y < view.height; ++y) {
+        auto *row = reinterpret_cast<BYTE *>(RowOf(view, y));
+        ptrdiff_t i = 0;
+#ifdef LACQUER_SSE2
+        if constexpr (requires(__m128i words) { rule(words); }) {
+            for (; i + 16 <= bytes; i += 16) {
+                auto *words = reinterpret_cast<__m128i *>(row + i);
+                _mm_storeu_si128(words, rule(_mm_loadu_si128(words)));
+            }
+        }
+#endif
+        for (; i < bytes; i += kPixelBytes) StorePixel(row + i, rule(LoadPixel(row + i)));
+    }
+}
+
+/// The pixels of a 24-bit view become rule(0x00RRGGBB), whose upper byte is dropped.
+template <class Rule>
+void MapTriples(const SurfaceView &view, const Rule &rule) {
+    const ptrdiff_t bytes = static_cast<ptrdiff_t>(view.width) * 3;
+    for (LONG y = 0; y < view.height; ++y) {
+        auto *row = reinterpret_cast<BYTE *>(RowOf(view, y));
+        for (ptrdiff_t i = 0; i < bytes; i += 3) {
+            const uint32_t pixel =
+                static_cast<uint32_t>(row[i + 2]) << 16 | static_cast<uint32_t>(row[i + 1]) << 8 | row[i];
+            const uint32_t mapped = rule(pixel);
+            row[i] = static_cast<BYTE>(mapped & 0xFF);
+            row[i + 1] = static_cast<BYTE>(mapped >> 8 & 0xFF);
+            row[i + 2] = static_cast<BYTE>(mapped >> 16 & 0xFF);
+        }
+    }
+}
+
+/// The entries of a view's palette become rule(entry), but for the shared grey palette, which stays as it is.
+template <class Rule>
+void MapPalette(const SurfaceView &view, const Rule &rule) {
+    if (!view.palette || view.palette == GreyRamp()) return;
+    for (DWORD i = 0; i < view.paletteCount; ++i) view.palette[i] = rule(view.palette[i]);
+}
+
+/// One rule for the colours of an 8-, 24- or 32-bit view; nothing happens at other depths.
+template <class Rule>
+void MapColours(const SurfaceView &view, const Rule &rule) {
+    switch (view.bitsPerPixel) {
+        case 8: return MapPalette(view, rule);
+        case 24: return MapTriples(view, rule);
+        case 32: return MapWords(view, view.width, rule);
+        default: return;
+    }
+}
+
+}  // namespace lacquer

@@ -1,0 +1,56 @@
+// What filters must do, worked out step by step: every single-precision step is made in double precision and rounded,
+// which gives the same bits whatever a compiler fuses or keeps wider.
+#pragma once
+
+#include <lacquer/lacquer.h>
+
+#include <cstdint>
+
+#include "draw/painting.h"
+
+namespace lacquer {
+
+uint32_t ModelAhslOf(uint32_t argb);
+uint32_t ModelArgbOf(uint32_t ahsl);
+
+struct Deltas {
+    float h, s, l;
+};
+
+uint32_t ModelShifted(uint32_t ahsl, const Deltas &deltas);
+inline uint32_t ModelColorized(uint32_t argb, const Deltas &deltas) {
+    return ModelArgbOf(ModelShifted(ModelAhslOf(argb), deltas));
+}
+
+/// The whole of a source after the box blur, and after the two passes of the Gaussian blur.
+Picture ModelBoxBlur(const Picture &source);
+Picture ModelGaussianBlur(const Picture &source);
+
+/// Any words at all, premultiplied or not.
+Picture NoisePicture(LONG width, LONG height, uint32_t seed);
+
+/// Colour words go into a 32-bit view of the picture's size.
+void Put(const SurfaceView &view, const Picture &picture);
+
+/// All bytes of a view of a whole surface, gaps between the rows included.
+void FillBytes(const SurfaceView &view, BYTE value);
+bool HasOnlyBytes(const SurfaceView &view, BYTE value);
+
+/// `part` replaces what `whole` has from (left, top) on.
+void Paste(Picture &whole, LONG left, LONG top, const Picture &part);
+Picture Cut(const Picture &whole, const RECT &rect);
+
+/// Rectangles that lie in no surface of 1 to 1000 pixels a side.
+constexpr RECT kOutside[] = {{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX},
+                             {INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN},
+                             {INT32_MIN, 0, INT32_MIN, 1},
+                             {0, 0, INT32_MAX, INT32_MAX},
+                             {0, 0, 1, INT32_MAX},
+                             {0, 0, INT32_MIN, 1},
+                             {-1, 0, 1, 1},
+                             {0, -1, 1, 1},
+                             {INT32_MAX - 1, INT32_MAX - 1, INT32_MAX, INT32_MAX},
+                             {1, 0, 0, 1},
+                             {0, 0, 1001, 1}};
+
+}  // namespace lacquer

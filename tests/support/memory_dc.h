@@ -1,0 +1,46 @@
+// A memory device context with a bitmap of the test's own, as a caller of the library has one.
+#pragma once
+
+#include <lacquer/lacquer.h>
+#ifndef _WIN32
+#include <lacquer/headless_gdi.h>
+#endif
+
+namespace lacquer {
+
+/// A DIB section. Positive heights make it top-down, negative ones bottom-up.
+class Dib {
+public:
+    Dib(int width, int height, WORD bitsPerPixel = 32);
+    ~Dib();
+    Dib(const Dib &) = delete;
+    Dib &operator=(const Dib &) = delete;
+
+    HBITMAP Handle() const { return handle_; }
+
+    /// The pixels in memory order, whichever way the rows run.
+    SurfaceView View() const;
+
+private:
+    HBITMAP handle_ = nullptr;
+};
+
+/// A memory device context, with a bitmap selected that outlives it.
+class MemoryDC {
+public:
+    explicit MemoryDC(HBITMAP bitmap);
+    ~MemoryDC();
+    MemoryDC(const MemoryDC &) = delete;
+    MemoryDC &operator=(const MemoryDC &) = delete;
+
+    operator HDC() const { return dc_; }
+
+private:
+    HDC dc_ = nullptr;
+    HGDIOBJ previous_ = nullptr;
+};
+
+/// Makes the clip of a device context the rectangle without `hole`, in device coordinates.
+void SelectClipWithHole(HDC dc, const RECT &rect, const RECT &hole);
+
+}  // namespace lacquer
