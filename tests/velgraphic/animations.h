@@ -1,0 +1,24 @@
+// Small animations, written by hand.
+#pragma once
+
+#include <string>
+
+namespace lacquer {
+
+/// 60 frames of 100 x 80 pixels at 30 per second: a composition used twice, with groups, fills, strokes with dashes,
+/// gradients, a star, trimmed and repeated shapes, masks, mattes, parents and keyframes.
+std::string RichAnimation();
+
+/// An animation of 10 frames whose one layer has these shapes, 40 x 40 pixels.
+std::string AnimationOf(const std::string &shapes);
+
+/// The same with any layers and assets.
+std::string Composition(const std::string &layers, const std::string &assets = "");
+
+/// A group with a transformation that changes nothing.
+std::string Group(const std::string &items);
+
+/// A filled rectangle of 20 x 20 pixels around (20, 20).
+std::string RedSquare();
+
+}  // namespace lacquer

@@ -1,0 +1,159 @@
+// The state stack, and drawing by the state.
+
+#include "canvas.h"
+
+#include <new>
+
+#include "colour.h"
+
+using lacquer::vel::Clip;
+using lacquer::vel::Dashes;
+using lacquer::vel::Point;
+using lacquer::vel::PointsOf;
+using lacquer::vel::State;
+using lacquer::vel::Verb;
+
+namespace {
+
+/// By blend mode.
+constexpr cairo_operator_t kOperators[] = {
+    CAIRO_OPERATOR_OVER,       CAIRO_OPERATOR_SOURCE,      CAIRO_OPERATOR_CLEAR,      CAIRO_OPERATOR_DEST_OVER,
+    CAIRO_OPERATOR_IN,         CAIRO_OPERATOR_DEST_IN,     CAIRO_OPERATOR_OUT,        CAIRO_OPERATOR_DEST_OUT,
+    CAIRO_OPERATOR_ATOP,       CAIRO_OPERATOR_DEST_ATOP,   CAIRO_OPERATOR_XOR,        CAIRO_OPERATOR_ADD,
+    CAIRO_OPERATOR_MULTIPLY,   CAIRO_OPERATOR_SCREEN,      CAIRO_OPERATOR_OVERLAY,    CAIRO_OPERATOR_DARKEN,
+    CAIRO_OPERATOR_LIGHTEN,    CAIRO_OPERATOR_COLOR_DODGE, CAIRO_OPERATOR_COLOR_BURN, CAIRO_OPERATOR_HARD_LIGHT,
+    CAIRO_OPERATOR_SOFT_LIGHT, CAIRO_OPERATOR_DIFFERENCE,  CAIRO_OPERATOR_EXCLUSION};
+static_assert(sizeof kOperators / sizeof *kOperators == VEL_BLEND_EXCLUSION + 1);
+static_assert(VEL_CAP_BUTT == int{CAIRO_LINE_CAP_BUTT} && VEL_CAP_ROUND == int{CAIRO_LINE_CAP_ROUND} &&
+              VEL_CAP_SQUARE == int{CAIRO_LINE_CAP_SQUARE});
+static_assert(VEL_JOIN_MITER == int{CAIRO_LINE_JOIN_MITER} && VEL_JOIN_ROUND == int{CAIRO_LINE_JOIN_ROUND} &&
+              VEL_JOIN_BEVEL == int{CAIRO_LINE_JOIN_BEVEL});
+
+}  // namespace
+
+struct velCanvas::SavedState {
+    State state;
+    SavedState *below;
+};
+
+velCanvas::~velCanvas() {
+    while (Restore()) {
+    }
+}
+
+bool velCanvas::Save() {
+    SavedState *saved = new (std::nothrow) SavedState{state, saved_};
+    if (!saved) return false;
+    saved_ = saved;
+    return true;
+}
+
+bool velCanvas::Restore() {
+    if (!saved_) return false;
+    SavedState *saved = saved_;
+    saved_ = saved->below;
+    state = std::move(saved->state);
+    delete saved;
+    return true;
+}
+
+/// Calls `drawing` with a context that has clip, operator and smoothing set. True without a call when nothing can be
+/// seen.
+template <typename Drawing>
+bool velCanvas::Render(Drawing drawing) {
+    if (!target.Bitmap()) return false;
+    const Clip visible = target.Visible(state.clip);
+    if (visible.IsEmpty()) return true;
+    cairo_t *context = target.Begin(visible);
+    if (!context) return false;
+    cairo_set_operator(context, kOperators[state.blendMode]);
+    cairo_set_antialias(context, state.smooth ? CAIRO_ANTIALIAS_GRAY : CAIRO_ANTIALIAS_NONE);
+    drawing(context);
+    return target.End();
+}
+
+bool velCanvas::CanDraw(const Outline &outline) const {
+    return target.Bitmap() && outline.IsInRange(state.translation) &&
+           (!state.UsesGradient() || (state.gradient && state.gradient->IsInRange(state.translation)));
+}
+
+void velCanvas::SetSource(cairo_t *context) const {
+    if (state.UsesGradient()) {
+        cairo_pattern_t *pattern = state.gradient->Pattern(state.translation, state.Opacity());
+        cairo_set_source(context, pattern);
+        cairo_pattern_destroy(pattern);
+    } else {
+        const auto [red, green, blue, alpha] = lacquer::vel::ColourOf(state.colour, state.Opacity());
+        cairo_set_source_rgba(context, red, green, blue, alpha);
+    }
+}
+
+void velCanvas::Trace(cairo_t *context, const Outline &outline) const {
+    const Point *next = outline.Points().begin();
+    for (const Verb verb : outline.Verbs()) {
+        Point p[3];
+        for (int i = 0; i < PointsOf(verb); ++i) p[i] = *next++ + state.translation;
+        switch (verb) {
+            case Verb::kMove: cairo_move_to(context, p[0].x, p[0].y); break;
+            case Verb::kLine: cairo_line_to(context, p[0].x, p[0].y); break;
+            case Verb::kCurve: cairo_curve_to(context, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y); break;
+            case Verb::kClose: cairo_close_path(context); break;
+        }
+    }
+}
+
+bool velCanvas::Draw(const Outline &outline, DWORD fillType) {
+    return state.Strokes() ? Stroke(outline) : Fill(outline, fillType);
+}
+
+bool velCanvas::Fill(const Outline &outline, DWORD fillType) {
+    if (!CanDraw(outline)) return false;
+    return Render([&](cairo_t *context) {
+        SetSource(context);
+        Trace(context, outline);
+        cairo_set_fill_rule(context,
+                            fillType == VEL_FILL_EVEN_ODD ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
+        cairo_fill(context);
+    });
+}
+
+bool velCanvas::Stroke(const Outline &outline) {
+    if (!CanDraw(outline)) return false;
+    if (state.strokeWidth == 0) return true;
+    const double width = static_cast<double>(state.strokeWidth);
+    const Dashes dashes = Dashes::Of(state.dashStyle, width, state.dashes.Get());
+    if (dashes.count > 0 && dashes.AreTooMany(outline.LengthAtMost())) return false;
+    return Render([&](cairo_t *context) {
+        SetSource(context);
+        Trace(context, outline);
+        cairo_set_line_width(context, width);
+        cairo_set_line_cap(context, static_cast<cairo_line_cap_t>(state.cap));
+        cairo_set_line_join(context, static_cast<cairo_line_join_t>(state.join));
+        dashes.ApplyTo(context);
+        cairo_stroke(context);
+    });
+}
+
+bool velCanvas::Cover(DWORD colour) {
+    return Render([&](cairo_t *context) {
+        const auto [red, green, blue, alpha] = lacquer::vel::ColourOf(colour, state.Opacity());
+        cairo_set_source_rgba(context, red, green, blue, alpha);
+        cairo_paint(context);
+    });
+}
+
+bool velCanvas::DrawImage(cairo_surface_t *image, const Clip &place) {
+    return Render([&](cairo_t *context) {
+        const double width = place.right - place.left, height = place.bottom - place.top;
+        cairo_save(context);
+        cairo_rectangle(context, place.left, place.top, width, height);
+        cairo_clip(context);
+        cairo_translate(context, place.left, place.top);
+        cairo_scale(context, width / cairo_image_surface_get_width(image),
+                    height / cairo_image_surface_get_height(image));
+        cairo_set_source_surface(context, image, 0, 0);
+        cairo_pattern_set_extend(cairo_get_source(context), CAIRO_EXTEND_PAD);
+        cairo_paint_with_alpha(context, state.Opacity());
+        cairo_restore(context);
+    });
+}

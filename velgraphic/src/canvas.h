@@ -1,0 +1,58 @@
+// Canvases: a state with its stack, and the operations that put outlines and images on the bitmap by that state.
+#pragma once
+
+#include <velgraphic/velgraphic.h>
+
+#include "font_cache.h"
+#include "outline.h"
+#include "state.h"
+#include "target.h"
+
+struct velCanvas final {
+public:
+    using Outline = lacquer::vel::Outline;
+
+    lacquer::vel::State state;
+    lacquer::vel::Target target;
+    lacquer::vel::FontCache fonts;
+
+    velCanvas() = default;
+    ~velCanvas();
+    velCanvas(const velCanvas &) = delete;
+    velCanvas &operator=(const velCanvas &) = delete;
+
+    /// False when memory is short.
+    bool Save();
+    /// False when no state is saved.
+    bool Restore();
+
+    /// An empty outline for one draw; its memory is kept for the next.
+    Outline &Scratch() {
+        scratch_.Clear();
+        return scratch_;
+    }
+
+    // Outlines are in logical coordinates. All of these give false, and draw nothing, without a bitmap or a gradient
+    // that the style asks for, outside the limits, and when memory is short.
+
+    /// Fills or strokes as the style says.
+    bool Draw(const Outline &outline, DWORD fillType);
+    bool Fill(const Outline &outline, DWORD fillType);
+    bool Stroke(const Outline &outline);
+    /// Colours everything within the clip.
+    bool Cover(DWORD colour);
+    /// Puts an image, stretched, on the pixels `place`.
+    bool DrawImage(cairo_surface_t *image, const lacquer::vel::Clip &place);
+
+private:
+    struct SavedState;
+
+    template <typename Drawing>
+    bool Render(Drawing drawing);
+    void SetSource(cairo_t *context) const;
+    bool CanDraw(const Outline &outline) const;
+    void Trace(cairo_t *context, const Outline &outline) const;
+
+    SavedState *saved_ = nullptr;
+    Outline scratch_;
+};

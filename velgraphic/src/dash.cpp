@@ -1,0 +1,66 @@
+// Dash patterns and their limits.
+
+#include "dash.h"
+
+#include <algorithm>
+#include <new>
+#include <numeric>
+
+#include "geometry.h"
+
+namespace lacquer::vel {
+namespace {
+
+constexpr int kMaxDashes = 10'000;
+constexpr int kLongestStyle = 6;
+
+}  // namespace
+
+Reference<DashPattern> DashPattern::Create(const float *lengths, int count, float offset) {
+    if (!lengths || count < 1 || count > kMaxDashes || !AreFinite(offset)) return {};
+    auto pattern = Reference<DashPattern>::Adopt(new (std::nothrow) DashPattern);
+    if (!pattern || !pattern->lengths.Reserve(static_cast<size_t>(count))) return {};
+    bool isEmpty = true;
+    for (int i = 0; i < count; ++i) {
+        if (!(lengths[i] >= 0 && lengths[i] <= static_cast<float>(kMaxSize))) return {};
+        isEmpty = isEmpty && lengths[i] == 0;
+        pattern->lengths.Append(lengths[i]);
+    }
+    if (isEmpty) return {};
+    pattern->offset = offset;
+    return pattern;
+}
+
+Dashes Dashes::Of(DWORD style, double strokeWidth, const DashPattern *pattern) {
+    static constexpr double kDash[] = {3, 1}, kDot[] = {1, 1}, kDashDot[] = {3, 1, 1, 1},
+                            kDashDotDot[] = {3, 1, 1, 1, 1, 1};
+    switch (style) {
+        case VEL_DASH_DASH: return {kDash, 2, 0, strokeWidth};
+        case VEL_DASH_DOT: return {kDot, 2, 0, strokeWidth};
+        case VEL_DASH_DASH_DOT: return {kDashDot, 4, 0, strokeWidth};
+        case VEL_DASH_DASH_DOT_DOT: return {kDashDotDot, 6, 0, strokeWidth};
+        case VEL_DASH_PATTERN:
+            if (!pattern) return {};
+            return {pattern->lengths.begin(), static_cast<int>(pattern->lengths.Size()), pattern->offset, 1};
+        default: return {};
+    }
+}
+
+void Dashes::ApplyTo(cairo_t *context) const {
+    if (scale == 1) {
+        cairo_set_dash(context, lengths, count, offset);
+        return;
+    }
+    double scaled[kLongestStyle];
+    std::transform(lengths, lengths + count, scaled, [this](double length) { return scale * length; });
+    cairo_set_dash(context, scaled, count, scale * offset);
+}
+
+bool Dashes::AreTooMany(double length) const {
+    if (count == 0) return false;
+    const double total = scale * std::accumulate(lengths, lengths + count, 0.0);
+    // Half of the lengths are gaps.
+    return length * count > 2.0 * kMaxDashes * total;
+}
+
+}  // namespace lacquer::vel
