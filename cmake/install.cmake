@@ -1,4 +1,5 @@
-# Installing: the shared library with its headers, for find_package(lacquer) and pkg-config.
+# Installing: the shared libraries with their headers, for find_package(lacquer) and pkg-config. velgraphic/ adds its own
+# to the same package.
 include(CMakePackageConfigHelpers)
 
 install(TARGETS lacquer EXPORT lacquer-targets)

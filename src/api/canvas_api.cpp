@@ -150,16 +150,12 @@ int GetCanvasBkColor(HGCANVAS canvas, DWORD *out) {
 
 int SetCanvasClipRect(HGCANVAS canvas, const RECT *rect) {
     Canvas *found = Find(canvas);
-    if (!found || !rect) return 0;
-    found->SetClip(*rect);
-    return 1;
+    return found && rect && found->SetClip(*rect);
 }
 
 int IntersectCanvasClipRect(HGCANVAS canvas, const RECT *rect) {
     Canvas *found = Find(canvas);
-    if (!found || !rect) return 0;
-    found->IntersectClip(*rect);
-    return 1;
+    return found && rect && found->IntersectClip(*rect);
 }
 
 int GetCanvasClipRect(HGCANVAS canvas, RECT *out) {

@@ -4,6 +4,7 @@
 
 #include "api/objects.h"
 #include "draw/fill.h"
+#include "vector/gradient_fill.h"
 
 using namespace lacquer;
 
@@ -25,7 +26,6 @@ int FillPreMulColorRectEx(HGCANVAS canvas, DWORD colour, const RECT *rect, DWORD
 }
 
 int FillGradualRect(HGCANVAS canvas, DWORD from, DWORD to, const RECT *rect, int direction) {
-    constexpr int kVertical = 1, kHorizontal = 2;
     const DWORD first = Premultiplied(from);
     if (first == Premultiplied(to)) return FillPreMulColorRectEx(canvas, first, rect, kFillOver);
     Canvas *found = Find(canvas);
@@ -33,6 +33,10 @@ int FillGradualRect(HGCANVAS canvas, DWORD from, DWORD to, const RECT *rect, int
     const RECT clipBox = found->ClipBox();
     RECT visible{};
     if (!IntersectRect(&visible, rect, &clipBox)) return 1;
-    const bool gradient = direction == kVertical || direction == kHorizontal;
-    return gradient ? 0 : FillPreMulColorRectEx(canvas, first, rect, kFillOver);
+    const auto along = static_cast<GradientDirection>(direction);
+    if (along != GradientDirection::TopToBottom && along != GradientDirection::LeftToRight) {
+        return FillPreMulColorRectEx(canvas, first, rect, kFillOver);
+    }
+    FillWithGradient(*found, *rect, from, to, along);
+    return 1;
 }

@@ -39,6 +39,19 @@ HGTEXTURE GetTexture(HGCANVAS canvas) {
     return found ? Register(MakeSharingTexture(found->Surface(), true)) : HGTEXTURE{};
 }
 
+HGTEXTURE GetTextureFromVelCanvas(velCanvas *canvas) {
+    velBitmapData data{};
+    const bool locked = velCanvasLockBits(canvas, nullptr, &data) != 0;
+    velCanvasUnlockBits(canvas, nullptr);
+    if (!locked) return {};
+    SurfaceView pixels{};
+    pixels.width = data.width;
+    pixels.height = data.height;
+    pixels.stride = data.stride;
+    pixels.bits = data.bits;
+    return Register(MakeTextureOf(pixels));
+}
+
 HBITMAP GetTextureHandle(HGTEXTURE texture) {
     PixelSurface *surface = FindSurface(texture);
     return surface ? surface->GetHandle() : nullptr;

@@ -27,6 +27,7 @@
 #include <lacquer/win32_types.h>
 #endif
 #include <stdint.h>
+#include <velgraphic/velgraphic.h>
 
 #if defined(_WIN32)
 #define LACQUER_API
@@ -71,6 +72,15 @@ typedef struct SurfaceView {
     DWORD paletteCount; /* written by the ...Ex locks only */
     DWORD *palette;     /* written by the ...Ex locks only; paletteCount words 0xAARRGGBB, or null */
 } SurfaceView;
+
+/* A straight colour in 24 bits, and one as hue, saturation and lightness. Saturation and lightness are 0..255; hue is
+ * 0..255 for the whole circle: 0 red, 85 green, 170 blue. */
+typedef struct RGBRecord {
+    BYTE b, g, r;
+} RGBRecord;
+typedef struct HSLRecord {
+    BYTE l, s, h;
+} HSLRecord;
 
 /* The layouts of DrawTextureEx. */
 enum {
@@ -231,6 +241,10 @@ LACQUER_API void ReleaseTexture(HGTEXTURE texture);
  * Result: 0 on failure, and for a canvas made from a device context. */
 LACQUER_API HGTEXTURE GetTexture(HGCANVAS canvas);
 
+/* A texture that describes the pixels of a companion canvas's bitmap. It is valid as long as these pixels are. Result:
+ * 0 on failure, and for a null canvas or one without a bitmap. */
+LACQUER_API HGTEXTURE GetTextureFromVelCanvas(velCanvas *canvas);
+
 /* As GetBitmapHandle; null for pixels that the texture borrows from a canvas in process memory. */
 LACQUER_API HBITMAP GetTextureHandle(HGTEXTURE texture);
 
@@ -388,8 +402,10 @@ LACQUER_API int FillSolidRectEx(HGCANVAS canvas, DWORD colour, const RECT *rect,
 LACQUER_API int FillPreMulColorRectEx(HGCANVAS canvas, DWORD colour, const RECT *rect, DWORD modeWord);
 
 /* Fills with a gradient between two straight colours: `direction` 1 from top to bottom, 2 from left to right; any other
- * value, and two equal colours, fill with the first. Gradients of two colours need the vector companion, which this
- * version does not have: they are refused. */
+ * value, and two colours that are equal once premultiplied, fill with the first. The gradient is a vector drawing: it
+ * follows the canvas's blend mode and blend value, leaves the vector state as it was, and draws nothing, with the
+ * result 1, on a canvas made from a device context and for a rectangle that reaches beyond the limits of vector
+ * drawing. */
 LACQUER_API int FillGradualRect(HGCANVAS canvas, DWORD from, DWORD to, const RECT *rect, int direction);
 
 /* ---- Compositing canvases ------------------------------------------------------------------------------------------
@@ -422,6 +438,195 @@ LACQUER_API int CanvasScroll(HGCANVAS canvas, int dx, int dy);
  * translucent one, which must be premultiplied, the mask's bytes scale the colour's and the result is drawn over.
  * Result: 1, also when nothing is visible. */
 LACQUER_API int DrawModulation(HGCANVAS canvas, int x, int y, HGBITMAP mask, const RECT *source, DWORD colour);
+
+/* ---- Colour --------------------------------------------------------------------------------------------------------
+ */
+
+/* Convert between straight colours 0xAARRGGBB and 0xAAHHSSLL, or between the records; `out` and `in` may be the same
+ * memory. A grey has saturation 0 and hue 170. Both directions round, so that a round trip may be off by a little.
+ * Result: the word; the record that was written, null when a pointer is null. */
+LACQUER_API DWORD ARGBtoAHSL(DWORD argb);
+LACQUER_API DWORD AHSLtoARGB(DWORD ahsl);
+LACQUER_API HSLRecord *RGBtoHSL(HSLRecord *out, const RGBRecord *in);
+LACQUER_API RGBRecord *HSLtoRGB(RGBRecord *out, const HSLRecord *in);
+
+/* Shift the hue by `dh`, 1 being half the circle, the saturation by `ds` and the lightness by `dl`, -1 to 1: fractions
+ * of the way to the least or the greatest value. Larger deltas wrap around. The saturation ends above 0, so even a grey
+ * takes on a trace of colour; with all three deltas below 0.000001 the colour stays exactly as it is. Alpha stays.
+ * Result: as for the conversions. */
+LACQUER_API DWORD ARGBColorize(DWORD argb, float dh, float ds, float dl);
+LACQUER_API DWORD AHSLColorize(DWORD ahsl, float dh, float ds, float dl);
+LACQUER_API RGBRecord *RGBColorize(RGBRecord *out, const RGBRecord *in, float dh, float ds, float dl);
+LACQUER_API HSLRecord *HSLColorize(HSLRecord *out, const HSLRecord *in, float dh, float ds, float dl);
+
+/* Colorizes every pixel, or, with 8 bits per pixel, every palette entry of a texture; the shared grey palette and other
+ * depths stay as they are. The channels count as straight. Result: 1 on any handle when all three deltas are below
+ * 0.000001. */
+LACQUER_API int ColorizeTexture(HGTEXTURE texture, float dh, float ds, float dl);
+
+/* ---- Filters -------------------------------------------------------------------------------------------------------
+ */
+
+/* Blur a source into a destination: each channel becomes the mean, rounded down, of 3 x 3 pixels, edge pixels standing
+ * for those outside. The ...Ex forms take rectangles (null: everything); the common part of the two is written. Both
+ * need 32 bits per pixel, and must be different objects. Result: 1 also when nothing can be done, by a rectangle that is
+ * not inside or by the depth. */
+LACQUER_API int BlurBitmap(HGBITMAP dest, HGBITMAP source);
+LACQUER_API int BlurBitmapEx(HGBITMAP dest, const RECT *destRect, HGBITMAP source, const RECT *sourceRect);
+LACQUER_API int BlurTexture(HGTEXTURE dest, HGTEXTURE source);
+LACQUER_API int BlurTextureEx(HGTEXTURE dest, const RECT *destRect, HGTEXTURE source, const RECT *sourceRect);
+
+/* Blur a target in place, more strongly: seven bell-shaped weights in each direction, applied twice. `scratch` must be
+ * another object; it, or its rectangle, has the size of the target, or of the target's rectangle (null: everything), and
+ * its pixels are lost. Both need 32 bits per pixel. Channels are rounded down, so white ends at 254. Result: 1 also when
+ * nothing can be done, by a rectangle that is not inside, by sizes that differ or by the depth. */
+LACQUER_API int GaussianBlurBitmap(HGBITMAP target, HGBITMAP scratch);
+LACQUER_API int GaussianBlurTexture(HGTEXTURE target, HGTEXTURE scratch);
+LACQUER_API int GaussianBlurCanvas(HGCANVAS target, const RECT *targetRect, HGCANVAS scratch, const RECT *scratchRect);
+
+/* The filters below work in place on all pixels (rectangle forms: null is everything) and leave depths that they do not
+ * name as they are. With 8 bits per pixel it is the palette that changes, unless it is the shared grey one. Result: 0
+ * also when the object has no pixels (but see the inversion), fewer than 8 bits per pixel, or the rectangle is not
+ * inside. */
+
+/* Greys: blue, green and red become (B + 2 G + R) / 4, rounded down; alpha stays. 8, 24 and 32 bits. */
+LACQUER_API int GrayBitmap(HGBITMAP bitmap);
+LACQUER_API int GrayTexture(HGTEXTURE texture);
+
+/* Premultiplies straight pixels: colour channels become c * (A + 1) / 256, rounded down. 8 and 32 bits. */
+LACQUER_API int NormalizeBitmap(HGBITMAP bitmap);
+LACQUER_API int NormalizeTexture(HGTEXTURE texture);
+
+/* Inverts premultiplied colour: colour channels become A - c, modulo 256. At other depths than 32 bits the rows are
+ * walked as four-byte pixels all the same, up to the last whole one. Result: 1 also without pixels. */
+LACQUER_API int InvertBitmap(HGBITMAP bitmap);
+LACQUER_API int InvertTexture(HGTEXTURE texture);
+
+/* Replaces one exact colour by another: the whole word, alpha included, or with 24 bits the low three bytes of both. 8,
+ * 24 and 32 bits. */
+LACQUER_API int TranslateTexture(HGTEXTURE texture, DWORD find, DWORD put);
+
+/* Move channels: code 6 makes alpha the largest of blue, green and red, code 1 makes these three alpha; other codes do
+ * nothing. 32 bits. */
+LACQUER_API int ShuffleBitmap(HGBITMAP bitmap, DWORD code);
+LACQUER_API int ShuffleTexture(HGTEXTURE texture, DWORD code);
+LACQUER_API int ShuffleBitmapEx(HGBITMAP bitmap, const RECT *rect, DWORD code);
+LACQUER_API int ShuffleTextureEx(HGTEXTURE texture, const RECT *rect, DWORD code);
+
+/* Replace the pixels, inside a rectangle with LightTextureEx (null: everything), by a soft white halo in the shape of
+ * their alpha. Need 32 bits per pixel, and for the time of the call a handle slot and memory of the same size. Result: 1
+ * also when nothing can be done. */
+LACQUER_API int LightBitmap(HGBITMAP bitmap);
+LACQUER_API int LightTexture(HGTEXTURE texture);
+LACQUER_API int LightTextureEx(HGTEXTURE texture, const RECT *rect);
+
+/* ---- Regions -------------------------------------------------------------------------------------------------------
+ */
+
+/* A new GDI region of the pixels of a rectangle (null: the whole texture) whose word, by the palette with 8 bits per
+ * pixel, is not 0, relative to the rectangle's top-left corner. All pixels count when the draw mode is
+ * LACQUER_DRAW_COPY, and with 24 bits per pixel. The caller deletes it with DeleteObject. Result: null on failure, for a
+ * rectangle that is inverted or not inside, for an empty one unless the draw mode is LACQUER_DRAW_COPY, and for other
+ * depths. */
+LACQUER_API HRGN CreateTextureRgn(HGTEXTURE texture, const RECT *rect);
+
+/* ---- Vector drawing ------------------------------------------------------------------------------------------------
+ * Anti-aliased shapes, paths, gradients, text and animations, drawn by the companion library velGraphic into a canvas's
+ * own pixels. <velgraphic/velgraphic.h> has the values of styles, modes, caps, joins and dashes, the limits of numbers,
+ * and how each function draws: DrawLine is velCanvasDrawLine, PathArcTo is velPathArcTo, and so on.
+ *
+ * Colours are straight 0xAARRGGBB; angles are degrees, clockwise on screen from the positive x axis. Coordinates are
+ * logical and may have fractions; drawing stays inside the canvas's clip. The vector state (style, colour, blend,
+ * stroke, dash, gradient and font) belongs to the canvas and lasts until it is changed.
+ *
+ * Results are the companion's: 1 for done, 0 for refused. A wrong handle, and a canvas made from a device context, are
+ * refused; the three functions that read the state then give its initial value, but GetBlendMode 0xFFFFFFFF. */
+
+/* A dot as wide as the stroke; a stroked line; shapes in the present draw style. */
+LACQUER_API int DrawPoint(HGCANVAS canvas, float x, float y);
+LACQUER_API int DrawLine(HGCANVAS canvas, float x0, float y0, float x1, float y1);
+LACQUER_API int DrawRectangle(HGCANVAS canvas, float x, float y, float width, float height);
+LACQUER_API int DrawRoundRect(HGCANVAS canvas, float x, float y, float width, float height, float radiusX,
+                              float radiusY);
+LACQUER_API int DrawCircle(HGCANVAS canvas, float centreX, float centreY, float radius);
+
+/* Part of the ellipse in a rectangle: an open arc, or with `useCentre` a pie. */
+LACQUER_API int DrawArc(HGCANVAS canvas, float x, float y, float width, float height, float startAngle,
+                        float sweepAngle, int useCentre);
+
+LACQUER_API int DrawEllipse(HGCANVAS canvas, float centreX, float centreY, float radiusX, float radiusY);
+
+/* A closed polygon of `count` points, at least 1. */
+LACQUER_API int DrawPolygon(HGCANVAS canvas, int count, const POINT *points);
+
+/* Colours everything inside the clip, by the blend mode and value. */
+LACQUER_API int DrawColor(HGCANVAS canvas, DWORD colour);
+
+/* The cubic curve from (x0, y0) to (x3, y3) with two control points. */
+LACQUER_API int DrawBezier(HGCANVAS canvas, float x0, float y0, float x1, float y1, float x2, float y2, float x3,
+                           float y3);
+
+LACQUER_API int DrawPath(HGCANVAS canvas, velPath *path);
+
+/* One frame of an animation, stretched to a rectangle. */
+LACQUER_API int DrawLottie(HGCANVAS canvas, velLottie *lottie, float frame, float x, float y, float width,
+                           float height);
+
+/* Glyphs by the font's own indices, each with the origin of its baseline. */
+LACQUER_API int DrawPosTextByGlyphs(HGCANVAS canvas, const WORD *glyphs, int count, const velPointF *positions);
+
+/* Put the vector state on the canvas's stack, and go back to the state last saved (0 when there is none). */
+LACQUER_API int Save(HGCANVAS canvas);
+LACQUER_API int Restore(HGCANVAS canvas);
+
+LACQUER_API int SetDrawStyle(HGCANVAS canvas, DWORD style);
+LACQUER_API int SetColor(HGCANVAS canvas, DWORD colour);
+LACQUER_API int SetSmooth(HGCANVAS canvas, int on);
+LACQUER_API int SetBlendMode(HGCANVAS canvas, DWORD mode);
+LACQUER_API DWORD GetBlendMode(HGCANVAS canvas);
+
+/* The opacity of everything drawn, 0 to 255. */
+LACQUER_API int SetBlendValue(HGCANVAS canvas, DWORD value);
+LACQUER_API DWORD GetBlendValue(HGCANVAS canvas);
+
+LACQUER_API int SetStrokeCap(HGCANVAS canvas, DWORD cap);
+LACQUER_API int SetStrokeJoin(HGCANVAS canvas, DWORD join);
+
+/* The gradient of the gradient styles, in logical coordinates. It may be destroyed right afterwards. */
+LACQUER_API int SetGradient(HGCANVAS canvas, velGradient *gradient);
+
+LACQUER_API int SetStrokeWidth(HGCANVAS canvas, float width);
+LACQUER_API float GetStrokeWidth(HGCANVAS canvas);
+LACQUER_API int SetDashStyle(HGCANVAS canvas, DWORD style);
+LACQUER_API int SetDashPattern(HGCANVAS canvas, const float *lengths, int count, float offset);
+LACQUER_API int SetFontFaceName(HGCANVAS canvas, const WCHAR *name);
+LACQUER_API int SetFontStyle(HGCANVAS canvas, DWORD bits);
+LACQUER_API int SetTextSize(HGCANVAS canvas, float pixels);
+
+/* Paths and gradients belong to the caller, who destroys them. */
+LACQUER_API velPath *PathCreate(void);
+LACQUER_API int PathDestroy(velPath *path);
+LACQUER_API int PathBegin(velPath *path);
+LACQUER_API int PathClose(velPath *path);
+LACQUER_API int PathSetFillType(velPath *path, DWORD type);
+LACQUER_API int PathMoveTo(velPath *path, float x, float y);
+LACQUER_API int PathLineTo(velPath *path, float x, float y);
+LACQUER_API int PathArcTo(velPath *path, float x, float y, float width, float height, float startAngle,
+                          float sweepAngle, int forceMoveTo);
+LACQUER_API int PathOvalCurveTo(velPath *path, float radiusX, float radiusY, float xAxisRotation, int largeArc,
+                                int clockwise, float x, float y);
+LACQUER_API int PathBezierCurveTo(velPath *path, float x1, float y1, float x2, float y2, float x3, float y3);
+LACQUER_API int PathQuadraticCurveTo(velPath *path, float x1, float y1, float x2, float y2);
+LACQUER_API int PathAddArc(velPath *path, float x, float y, float width, float height, float startAngle,
+                           float sweepAngle);
+LACQUER_API int PathAddRectangle(velPath *path, float x, float y, float width, float height);
+LACQUER_API int PathAddCircle(velPath *path, float centreX, float centreY, float radius);
+LACQUER_API int PathAddEllipse(velPath *path, float centreX, float centreY, float radiusX, float radiusY);
+LACQUER_API int PathGetBounds(velPath *path, velRectF *out);
+LACQUER_API velGradient *GradientCreateLinear(float x0, float y0, float x1, float y1);
+LACQUER_API velGradient *GradientCreateRadial(float centreX, float centreY, float radius);
+LACQUER_API int GradientAddColorStop(velGradient *gradient, float offset, DWORD colour);
+LACQUER_API int GradientDestroy(velGradient *gradient);
 
 #ifdef __cplusplus
 } /* extern "C" */

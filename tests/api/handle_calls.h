@@ -1,0 +1,29 @@
+// All exported functions that take handles, in a table.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <ostream>
+#include <vector>
+
+namespace lacquer {
+
+/// One exported function, called with handles.
+struct HandleCall {
+    using Values = std::array<uintptr_t, 2>;
+
+    const char *name;
+    const char *handles;  ///< a letter for each handle argument, as HandleWorld::Valid takes it
+    uint64_t (*call)(const Values &handles);
+    uint64_t refused = 0;
+
+    /// Whether a call with live handles did its work; null: whether its result is not `refused`. Deletes what was made.
+    bool (*worked)(uint64_t result, const Values &handles) = nullptr;
+
+    friend void PrintTo(const HandleCall &call, std::ostream *out) { *out << call.name; }
+};
+
+/// One row for each exported function with a handle argument.
+const std::vector<HandleCall> &HandleCalls();
+
+}  // namespace lacquer

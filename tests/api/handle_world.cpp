@@ -1,0 +1,174 @@
+// The objects behind the tests of wrong handles.
+
+#include "handle_world.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace lacquer {
+
+OutRecords out;
+
+void OutRecords::Reset() { std::memset(static_cast<void *>(this), 0xA5, sizeof *this); }
+
+bool OutRecords::IsUntouched() const {
+    const auto *bytes = reinterpret_cast<const unsigned char *>(this);
+    return std::all_of(bytes, bytes + sizeof *this, [](unsigned char value) { return value == 0xA5; });
+}
+
+namespace {
+
+constexpr int kEntryType = 9;
+constexpr DWORD kBlendMode = 12, kBlendValue = 99;
+constexpr float kStrokeWidth = 3.0f;
+
+HWND FakeWindow() { return reinterpret_cast<HWND>(static_cast<uintptr_t>(0x4321)); }
+
+/// `type`: 0 canvas, 1 bitmap, 2 texture.
+uintptr_t CreateAny(size_t type) {
+    if (type == 0) return CreateCanvas(1, 1, HGCANVAS{}).value;
+    return type == 1 ? CreateMemBitmap(1, 1).value : CreateTexture(1, 1).value;
+}
+
+void DeleteAny(uintptr_t handle) {
+    DeleteCanvas({handle});
+    DeleteBitmap({handle});
+    DeleteTexture({handle});
+}
+
+}  // namespace
+
+HandleWorld::HandleWorld() {
+    const RECT slices[] = {{0, 0, 2, 2}, {1, 1, 4, 3}};
+    const TextureMode mode{0, 0x1F, {1, 1, 1, 1}};
+    for (const HGTEXTURE texture : {HGTEXTURE(textures_[0]), HGTEXTURE(textures_[1])}) {
+        SetTextureSlice(texture, 2, slices);
+        SetTextureMode(texture, &mode);
+        SetTextureFilter(texture, 0x01000000);
+    }
+    for (const HGCANVAS canvas : {HGCANVAS(canvases_[0]), HGCANVAS(canvases_[1])}) {
+        SetCanvasFilter(canvas, 0x01000000);
+        SetCanvasWindow(canvas, FakeWindow());
+        SetCanvasBkColor(canvas, 0x123456, nullptr);
+        SetBlendMode(canvas, kBlendMode);
+        SetBlendValue(canvas, kBlendValue);
+        SetStrokeWidth(canvas, kStrokeWidth);
+        Save(canvas);
+    }
+    SetCanvasParent(canvases_[0], canvases_[1]);
+    canvasAlias_ = GetCanvasParent(canvases_[0]);
+    bitmapAlias_ = GetBitmap(canvases_[0]);
+    entry_ = e_NewHandleEntry(nullptr, kEntryType, &entry_);
+    for (size_t i = 0; i < kTypes; ++i) {
+        reused_[i] = CreateAny(i);
+        DeleteAny(reused_[i]);
+        replacements_[i] = CreateAny(i);
+    }
+    for (size_t i = 0; i < kTypes; ++i) freed_[i] = CreateAny(i);
+    for (const uintptr_t handle : freed_) DeleteAny(handle);
+}
+
+HandleWorld::~HandleWorld() {
+    ReleaseCanvas(canvasAlias_);
+    ReleaseBitmap(bitmapAlias_);
+    e_DelHandleEntry(nullptr, entry_);
+    for (const uintptr_t handle : replacements_) DeleteAny(handle);
+}
+
+uintptr_t HandleWorld::Valid(char letter, size_t argument) const {
+    switch (letter) {
+        case 'c': return HGCANVAS(canvases_[argument]).value;
+        case 'b': return HGBITMAP(bitmaps_[argument]).value;
+        case 't': return HGTEXTURE(textures_[argument]).value;
+        case 'p': return canvasAlias_.value;
+        case 'a': return bitmapAlias_.value;
+        default: return entry_;
+    }
+}
+
+std::vector<uintptr_t> HandleWorld::Wrong(char letter, size_t argument) const {
+    const uintptr_t valid = Valid(letter, argument), type = valid >> 16 & 0xFF;
+    std::vector<uintptr_t> wrong{0,
+                                 type << 16,
+                                 type << 16 | 0x01000000,
+                                 valid & 0xFF00FFFF,
+                                 valid ^ 0x01000000,
+                                 valid ^ 0x80000000,
+                                 valid | 0x8000,
+                                 valid | 0xFFFF,
+                                 (valid & 0xFFFF0000) | 0x7FFF,
+                                 (valid & 0xFF00FFFF) | 0x00040000,
+                                 (valid & 0xFF00FFFF) | 0x00FF0000,
+                                 0xFFFFFFFF,
+                                 (valid & 0xFFFF) | 0x02000000};
+    for (const uintptr_t handle : freed_) wrong.push_back(handle);
+    for (const uintptr_t handle : reused_) wrong.push_back(handle);
+    for (const char other : {'c', 'b', 't'}) {
+        const uintptr_t handle = Valid(other, 0);
+        if (letter != 'e' && (handle >> 16 & 0xFF) != type) wrong.push_back(handle);
+    }
+    const size_t count = wrong.size();
+    for (size_t i = 0; i < count; ++i) wrong.push_back(wrong[i] | kUpperGarbage);
+    return wrong;
+}
+
+std::vector<uint32_t> HandleWorld::Snapshot() const {
+    std::vector<uint32_t> state;
+    const auto add = [&](uint32_t word) { state.push_back(word); };
+    const auto addRect = [&](const RECT &rect) {
+        for (const LONG side : {rect.left, rect.top, rect.right, rect.bottom}) add(static_cast<uint32_t>(side));
+    };
+    const auto addPixels = [&](const SurfaceView &view) {
+        const std::vector<uint32_t> pixels = PixelsOf(view);
+        state.insert(state.end(), pixels.begin(), pixels.end());
+    };
+    DWORD word = 0;
+    for (const OwnedBitmap &bitmap : bitmaps_) {
+        addPixels(ViewOf(bitmap));
+        add(static_cast<uint32_t>(GetBitmapFilter(bitmap, &word)));
+        add(word);
+    }
+    for (const OwnedTexture &texture : textures_) {
+        TextureMode mode{};
+        RECT slice{};
+        addPixels(ViewOf(texture));
+        GetTextureFilter(texture, &word);
+        add(word);
+        GetTextureMode(texture, &mode);
+        add(mode.mode);
+        add(mode.scaleFlags);
+        addRect(mode.margins);
+        GetTextureCurSlice(texture, &slice);
+        addRect(slice);
+        add(GetTextureSliceCount(texture));
+    }
+    for (const OwnedCanvas &canvas : canvases_) {
+        POINT origin{};
+        RECT clip{};
+        addPixels(ViewOf(canvas));
+        GetCanvasFilter(canvas, &word);
+        add(word);
+        GetCanvasBkColor(canvas, &word);
+        add(word);
+        GetViewportOrg(canvas, &origin);
+        add(static_cast<uint32_t>(origin.x));
+        GetWindowOrg(canvas, &origin);
+        add(static_cast<uint32_t>(origin.x));
+        GetCanvasClipRect(canvas, &clip);
+        addRect(clip);
+        add(GetCanvasWindow(canvas) == FakeWindow());
+        add(GetBlendMode(canvas));
+        add(GetBlendValue(canvas));
+        add(static_cast<uint32_t>(GetStrokeWidth(canvas)));
+        const HGCANVAS parent = GetCanvasParent(canvas);
+        add(parent ? 1 : 0);
+        ReleaseCanvas(parent);
+    }
+    const HGBITMAP next = CreateMemBitmap(1, 1);
+    DeleteBitmap(next);
+    add(static_cast<uint32_t>(next.value & 0xFFFF));
+    add(GetStretchKernelMode());
+    return state;
+}
+
+}  // namespace lacquer

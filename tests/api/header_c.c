@@ -1,0 +1,41 @@
+/* The public header alone in C11: layouts, and calls of a few functions. */
+#include <lacquer/lacquer.h>
+
+#include <stddef.h>
+
+_Static_assert(sizeof(HGBITMAP) == sizeof(void *), "a handle travels like a pointer");
+_Static_assert(sizeof(HGTEXTURE) == sizeof(void *), "a handle travels like a pointer");
+_Static_assert(sizeof(HGCANVAS) == sizeof(void *), "a handle travels like a pointer");
+_Static_assert(sizeof(DWORD) == 4 && sizeof(LONG) == 4 && sizeof(WORD) == 2 && sizeof(BYTE) == 1, "Win32 sizes");
+_Static_assert(sizeof(WCHAR) == 2 && sizeof(BOOL) == 4, "Win32 sizes");
+_Static_assert(sizeof(RECT) == 16 && sizeof(POINT) == 8 && sizeof(SIZE) == 8, "Win32 sizes");
+_Static_assert(sizeof(BITMAP) == 32 && offsetof(BITMAP, bmBits) == 24, "the Win32 layout");
+_Static_assert(sizeof(SurfaceView) == 48, "the layout of SurfaceView");
+_Static_assert(offsetof(SurfaceView, width) == 4 && offsetof(SurfaceView, height) == 8, "the layout of SurfaceView");
+_Static_assert(offsetof(SurfaceView, stride) == 12 && offsetof(SurfaceView, planes) == 16, "the layout of SurfaceView");
+_Static_assert(offsetof(SurfaceView, bitsPerPixel) == 18 && offsetof(SurfaceView, bits) == 24,
+               "the layout of SurfaceView");
+_Static_assert(offsetof(SurfaceView, paletteCount) == 32 && offsetof(SurfaceView, palette) == 40,
+               "the layout of SurfaceView");
+_Static_assert(sizeof(TextureMode) == 24 && offsetof(TextureMode, margins) == 8, "the layout of TextureMode");
+
+uint32_t DrawFromC(void);
+
+/* Draws a bitmap's one pixel on a canvas; result: the canvas's pixel, 0 when a call fails. */
+uint32_t DrawFromC(void) {
+    const HGCANVAS none = {0};
+    const RECT rect = {0, 0, 1, 1};
+    const HGCANVAS canvas = CreateCanvas(1, 1, none);
+    const HGBITMAP bitmap = CreateMemBitmap(1, 1);
+    SurfaceView view;
+    uint32_t pixel = 0;
+    if (LockBitmapBits(bitmap, &view, NULL)) {
+        *(uint32_t *)view.bits = 0xFF336699u;
+        if (DrawBitmap(canvas, &rect, bitmap, LACQUER_NEAREST) && LockCanvasBits(canvas, &view, &rect)) {
+            pixel = *(const uint32_t *)view.bits;
+        }
+    }
+    DeleteBitmap(bitmap);
+    DeleteCanvas(canvas);
+    return pixel;
+}
