@@ -1,5 +1,4 @@
-// The base tier's parts, by the names of the row list. A faster tier's kit derives from this one and replaces some of
-// them.
+// The base tier's parts, by the names of the row list.
 #pragma once
 
 #include "pipeline/area.h"
@@ -11,8 +10,6 @@
 
 namespace lacquer {
 
-/// `Weights`: the form of the bicubic sampler's weights, WeightsQ8 or WeightsQ14.
-template <class Weights>
 struct BaseKit {
     template <class Source>
     using SameSize = lacquer::SameSize<Source>;
@@ -21,9 +18,9 @@ struct BaseKit {
     template <class Source>
     using Bilinear = Stretched<BilinearFetch<Source>>;
     template <class Source>
-    using Bicubic = Stretched<BicubicFetch<Source, Weights>>;
+    using Bicubic = Stretched<BicubicFetch<Source, WeightsQ8>>;
     template <class Source>
-    using Area = AreaOr<AreaFetch<Source>, BicubicFetch<Source, Weights>>;
+    using Area = AreaOr<AreaFetch<Source>, BicubicFetch<Source, WeightsQ8>>;
 
     using Copy = CopyCombine;
     using Over = PerPixel<OverRule>;

@@ -58,7 +58,31 @@ private:
     uint32_t key_;
 };
 
-/// A rule applied to one pixel after the other.
+/// Colours: d := (d × (256 − a) >> 8) + (s × (a + 1) >> 8); dA := (dA × (256 − a) >> 8) + a. No channel exceeds 255.
+class CrossFadeRule {
+public:
+    explicit CrossFadeRule(uint32_t alpha) : alpha_(alpha) {}
+    uint32_t Apply(uint32_t s, uint32_t d) const {
+        return Scale(d, 256 - alpha_) + (Scale(s & ~kOpaque, alpha_ + 1) | alpha_ << 24);
+    }
+
+private:
+    uint32_t alpha_;
+};
+
+/// Each channel: d := (s × (w + 1) + d × (255 − w)) >> 8
+class MixRule {
+public:
+    explicit MixRule(uint32_t weight) : take_(weight + 1), keep_(255 - weight) {}
+    uint32_t Apply(uint32_t s, uint32_t d) const {
+        return JoinUpper(BlueRed(s) * take_ + BlueRed(d) * keep_, GreenAlpha(s) * take_ + GreenAlpha(d) * keep_);
+    }
+
+private:
+    uint32_t take_, keep_;
+};
+
+/// A rule applied to one pixel after the other. The loops are compiled once for each rule, not once for each row.
 template <class Rule>
 class PerPixel : public Rule {
 public:
@@ -66,12 +90,7 @@ public:
     using Rule::Rule;
 
     /// Combines `count` source words with as many destination words. `source` may be `dest` itself.
-    void Run(BYTE *dest, const BYTE *source, ptrdiff_t count) const {
-        const Rule rule = *this;
-        for (ptrdiff_t i = 0; i < count * kPixelBytes; i += kPixelBytes) {
-            StorePixel(dest + i, rule.Apply(LoadPixel(source + i), LoadPixel(dest + i)));
-        }
-    }
+    void Run(BYTE *dest, const BYTE *source, ptrdiff_t count) const;
 };
 
 /// d := s. The fetch writes into the destination itself; only a 32-bit row of the same size is copied from elsewhere.
@@ -79,5 +98,13 @@ struct CopyCombine : PlainRule {
     static constexpr bool kCopies = true;
     using PlainRule::PlainRule;
 };
+
+extern template class PerPixel<OverRule>;
+extern template class PerPixel<ConstAlphaRule>;
+extern template class PerPixel<BehindRule>;
+extern template class PerPixel<ModulateRule>;
+extern template class PerPixel<ColorKeyRule>;
+extern template class PerPixel<CrossFadeRule>;
+extern template class PerPixel<MixRule>;
 
 }  // namespace lacquer

@@ -2,35 +2,27 @@
 
 #include "pipeline/fill.h"
 
-#include "pipeline/draw_area.h"
+#include "pipeline/pixel_runs.h"
 
 namespace lacquer {
 namespace {
 
-/// Calls apply(pixel) for each pixel of a 32-bit view, through runs that join rows where nothing lies between them.
-template <class Apply>
-int ForEachPixel(const SurfaceView &dest, const Apply &apply) {
-    if (dest.bitsPerPixel != 32 || dest.width < 1 || dest.height < 1) return 1;
-    const bool joined = IsContiguous(dest);
-    const ptrdiff_t width = dest.width, run = joined ? width * dest.height : width;
-    const int64_t runs = joined ? 1 : dest.height;
-    for (int64_t y = 0; y < runs; ++y) {
-        BYTE *const row = RowOf(dest, y);
-        for (ptrdiff_t x = 0; x < run; ++x) apply(row + x * kPixelBytes);
-    }
-    return 1;
-}
-
 /// d := formula(d)
 template <class Formula>
 int ChangePixels(const SurfaceView &dest, const Formula &formula) {
-    return ForEachPixel(dest, [formula](BYTE *pixel) { StorePixel(pixel, formula(LoadPixel(pixel))); });
+    return ForEachRun(dest, [formula](BYTE *pixels, ptrdiff_t count) {
+        for (ptrdiff_t i = 0; i < count; ++i) {
+            StorePixel(pixels + i * kPixelBytes, formula(LoadPixel(pixels + i * kPixelBytes)));
+        }
+    });
 }
 
 }  // namespace
 
 int FillCopy(const SurfaceView *dest, DWORD colour) {
-    return ForEachPixel(*dest, [c = uint32_t{colour}](BYTE *pixel) { StorePixel(pixel, c); });
+    return ForEachRun(*dest, [c = uint32_t{colour}](BYTE *pixels, ptrdiff_t count) {
+        for (ptrdiff_t i = 0; i < count; ++i) StorePixel(pixels + i * kPixelBytes, c);
+    });
 }
 
 int FillOver(const SurfaceView *dest, DWORD colour) {

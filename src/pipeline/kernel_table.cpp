@@ -1,41 +1,22 @@
-// Building the table from the row list and a tier's kit, and the table of this process.
+// Building the table: the base tier from the row list, the faster tiers over it; and the table of this process.
 
 #include "pipeline/kernel_table.h"
 
-#include <type_traits>
-
 #include "pipeline/base_kit.h"
 #include "pipeline/fill.h"
+#include "pipeline/make_row.h"
 #include "pipeline/mix.h"
-#include "pipeline/row_kernel.h"
+#include "pipeline/tiers.h"
 
 namespace lacquer {
 namespace {
 
-int DrawNothing(const SurfaceView * /*dest*/, const SurfaceView * /*source*/, uint64_t /*third*/, uint64_t /*fourth*/,
-                uint64_t /*fifth*/) {
-    return 1;
-}
-
-/// An opaque source drawn over a destination is a copy, so both have one kernel.
-template <class Kit, class Source, class CombineRule>
-using CombineFor = std::conditional_t<Source::kIsOpaque && std::is_same_v<CombineRule, typename Kit::Over>,
-                                      typename Kit::Copy, CombineRule>;
-
-template <class Kit, template <class> class Sampling, class CombineRule, Extent extent>
-constexpr KernelRow MakeRow() {
-    return {{DrawByRow<Sampling<IndexedPixels>, CombineFor<Kit, IndexedPixels, CombineRule>, extent>,
-             DrawByRow<Sampling<PackedPixels>, CombineFor<Kit, PackedPixels, CombineRule>, extent>,
-             DrawByRow<Sampling<WordPixels>, CombineFor<Kit, WordPixels, CombineRule>, extent>, DrawNothing}};
-}
-
-template <class Kit>
-KernelTable MakeTable() {
+KernelTable MakeBaseTable() {
     return {
         .rows =
             {
 #define LACQUER_MAKE_ROW(name, sampler, combine, extent) \
-    MakeRow<Kit, Kit::template sampler, typename Kit::combine, Extent::extent>(),
+    MakeRow<BaseKit, BaseKit::sampler, BaseKit::combine, Extent::extent>(),
                 LACQUER_KERNEL_ROWS(LACQUER_MAKE_ROW)
 #undef LACQUER_MAKE_ROW
             },
@@ -60,7 +41,16 @@ const KernelTable processTable = BuildKernelTable(CachedCpuFeatures());
 }  // namespace
 
 KernelTable BuildKernelTable(const CpuFeatures &features) {
-    return features.mmx ? MakeTable<BaseKit<WeightsQ14>>() : MakeTable<BaseKit<WeightsQ8>>();
+    KernelTable table = MakeBaseTable();
+    if (features.mmx) ApplyMmxTier(table);
+    if (features.sse) ApplySseTier(table);
+    if (features.sse2) ApplySse2Tier(table, features.mmx);
+    return table;
+}
+
+int DrawNothing(const SurfaceView * /*dest*/, const SurfaceView * /*source*/, uint64_t /*third*/, uint64_t /*fourth*/,
+                uint64_t /*fifth*/) {
+    return 1;
 }
 
 const KernelTable &Kernels() { return processTable; }

@@ -8,8 +8,18 @@
 
 namespace lacquer {
 
+/// Fetches one pixel after the other.
+struct FetchEach {
+    /// Writes the words of `count` source pixels from column `first` on. The row has `width` pixels.
+    template <class Reader>
+    static void Fetch(BYTE *out, const Reader &read, const BYTE *row, ptrdiff_t first, ptrdiff_t count,
+                      ptrdiff_t /*width*/) {
+        for (ptrdiff_t i = 0; i < count; ++i) StorePixel(out + i * kPixelBytes, read(row, first + i));
+    }
+};
+
 /// Draws the common top-left part of both views. 32-bit sources are not fetched: their rows are the words already.
-template <class Source>
+template <class Source, class Fetcher = FetchEach>
 struct SameSize {
     using Pixels = Source;
 
@@ -33,6 +43,8 @@ private:
     static void DrawWords(BYTE *dest, const BYTE *source, ptrdiff_t count, const Combine &combine) {
         if constexpr (Combine::kCopies) {
             std::memmove(dest, source, static_cast<size_t>(count) * kPixelBytes);
+        } else if constexpr (requires { combine.RunInline(dest, source, count); }) {
+            combine.RunInline(dest, source, count);
         } else {
             combine.Run(dest, source, count);
         }
@@ -41,7 +53,7 @@ private:
     template <class Reader, class Combine>
     static void DrawRow(BYTE *dest, const BYTE *source, ptrdiff_t width, const Reader &read, const Combine &combine) {
         const auto expand = [&](BYTE *out, ptrdiff_t first, ptrdiff_t count) {
-            for (ptrdiff_t i = 0; i < count; ++i) StorePixel(out + i * kPixelBytes, read(source, first + i));
+            Fetcher::Fetch(out, read, source, first, count, width);
         };
         if constexpr (Combine::kCopies) {
             expand(dest, 0, width);

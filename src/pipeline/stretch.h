@@ -4,6 +4,7 @@
 
 #include <algorithm>
 
+#include "pipeline/combine_ref.h"
 #include "pipeline/draw_area.h"
 #include "pipeline/source_pixels.h"
 
@@ -44,27 +45,34 @@ inline int ClampIndex(int64_t index, int size) {
 
 /// Draws with a fetch that works on the columns of one block and one row at a time:
 ///   Fetch(source, fullSize), SetColumns(first, count), SetRow(row), Read(out, count)
-/// where columns and rows count from the full rectangle's top-left pixel.
+/// where columns and rows count from the full rectangle's top-left pixel. What Read wrote stays as it is until the next
+/// Read, so that a fetch may use it again.
 template <class Fetch>
 struct Stretched {
     using Pixels = typename Fetch::Pixels;
 
     template <class Combine>
     static void Draw(const SurfaceView &dest, const SurfaceView &source, const DrawArea &area, const Combine &combine) {
+        if constexpr (Combine::kCopies) {
+            DrawRuns(dest, source, area, {});
+        } else {
+            DrawRuns(dest, source, area, CombineRef(combine));
+        }
+    }
+
+private:
+    /// Without a combine rule the fetch writes into the destination itself.
+    static void DrawRuns(const SurfaceView &dest, const SurfaceView &source, const DrawArea &area, CombineRef combine) {
         Fetch fetch(source, area.fullSize);
+        BYTE run[kBlockColumns * kPixelBytes];
         for (int64_t x = 0; x < dest.width; x += kBlockColumns) {
             const int count = static_cast<int>(std::min<int64_t>(kBlockColumns, dest.width - x));
             fetch.SetColumns(area.visibleOffset.x + x, count);
             for (int64_t y = 0; y < dest.height; ++y) {
                 fetch.SetRow(area.visibleOffset.y + y);
                 BYTE *const out = RowOf(dest, y) + x * kPixelBytes;
-                if constexpr (Combine::kCopies) {
-                    fetch.Read(out, count);
-                } else {
-                    BYTE run[kBlockColumns * kPixelBytes];
-                    fetch.Read(run, count);
-                    combine.Run(out, run, count);
-                }
+                fetch.Read(combine ? run : out, count);
+                if (combine) combine.Run(out, run, count);
             }
         }
     }

@@ -14,6 +14,7 @@ constexpr BYTE kAlphas[] = {0, 1, 100, 254, 255};
 constexpr DWORD kKeyColour = 0x00336699;
 
 WeightForm ProcessForm() { return CachedCpuFeatures().mmx ? WeightForm::Q14 : WeightForm::Q8; }
+Overflow ProcessOverflow() { return CachedCpuFeatures().mmx ? Overflow::Saturates : Overflow::Carries; }
 
 /// A source in which about a third of the pixels are the key of its depth.
 TestImage KeyedSource(Random &random, int width, int height, int depth) {
@@ -89,7 +90,7 @@ void ExpectSelection(const Selection &wanted, bool stretch, bool clipped) {
         for (int x = 0; x < dest.width(); ++x) {
             const uint32_t s = ModelSample(stretch ? wanted.stretched : SamplerKind::SameSize, source, full,
                                            int64_t{offset.x} + x, int64_t{offset.y} + y, ProcessForm());
-            ASSERT_EQ(dest.At(x, y), ModelCombine(combine, s, before.At(x, y), parameter, Overflow::Carries))
+            ASSERT_EQ(dest.At(x, y), ModelCombine(combine, s, before.At(x, y), parameter, ProcessOverflow()))
                 << (stretch ? "stretched" : "same size") << (clipped ? ", clipped" : "") << " (" << x << ", " << y
                 << ")";
         }

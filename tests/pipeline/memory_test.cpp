@@ -31,7 +31,7 @@ TEST(Memory, EveryWidthAndAlignmentStaysInsideTheRows) {
                     arguments.parameter = traits.combine == CombineKind::ConstAlpha ? 77 : source.At(0, 0);
                     arguments.fullSize = {width + 3, 5};
                     arguments.visibleOffset = {3, 2};
-                    ASSERT_TRUE(DrawsAsModel(TablesUnderTest()[1], RowAt(index), dest, source, arguments));
+                    ASSERT_TRUE(DrawsAsModel(TablesUnderTest().back(), RowAt(index), dest, source, arguments));
                 }
             }
         }

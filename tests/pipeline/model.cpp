@@ -61,14 +61,14 @@ uint32_t ModelBicubic(const TestImage &source, SIZE full, int64_t x, int64_t y, 
     return WordOf([&](int channel) -> int64_t {
         if (opaque && channel == 3) return 255;
         int64_t sum = 0;
-        for (int column = 0; column < 4; ++column) {
-            int64_t columnSum = 0;
-            for (int row = 0; row < 4; ++row) {
-                columnSum += ChannelOf(source.At(h.tap[column], v.tap[row]), channel) * v.weight[row];
+        for (int row = 0; row < 4; ++row) {
+            int64_t rowSum = 0;
+            for (int column = 0; column < 4; ++column) {
+                rowSum += ChannelOf(source.At(h.tap[column], v.tap[row]), channel) * h.weight[column];
             }
-            // The finer weights round each column's sum to 1/64 before it is weighted.
-            if (form == WeightForm::Q14) columnSum = FloorDivide(columnSum + 128, 256);
-            sum += columnSum * h.weight[column];
+            // The finer weights round each row's sum to 1/64 before it is weighted.
+            if (form == WeightForm::Q14) rowSum = FloorDivide(rowSum + 128, 256);
+            sum += rowSum * v.weight[row];
         }
         const int64_t value = form == WeightForm::Q8 ? FloorDivide(sum, 65536) : FloorDivide(sum + (1 << 19), 1 << 20);
         return Clamp(value, 0, 255);

@@ -6,11 +6,13 @@
 
 namespace lacquer {
 
-const std::array<TableUnderTest, 2> &TablesUnderTest() {
-    static const std::array<TableUnderTest, 2> tables = {
-        TableUnderTest{"base", BuildKernelTable({}), WeightForm::Q8},
-        TableUnderTest{"this processor", BuildKernelTable(CachedCpuFeatures()),
-                       CachedCpuFeatures().mmx ? WeightForm::Q14 : WeightForm::Q8}};
+const std::array<TableUnderTest, 4> &TablesUnderTest() {
+    static const std::array<TableUnderTest, 4> tables = {
+        TableUnderTest{"base", BuildKernelTable({}), WeightForm::Q8, nullptr},
+        TableUnderTest{"MMX", BuildKernelTable({.mmx = true}), WeightForm::Q14, &tables[0]},
+        TableUnderTest{"SSE", BuildKernelTable({.mmx = true, .sse = true}), WeightForm::Q14, &tables[1]},
+        TableUnderTest{"SSE2", BuildKernelTable({.mmx = true, .sse = true, .sse2 = true}), WeightForm::Q14,
+                       &tables[2]}};
     return tables;
 }
 

@@ -13,10 +13,21 @@ struct TableUnderTest {
     const char *name;
     KernelTable table;
     WeightForm form;
+    const TableUnderTest *below;  ///< the tier under it; null for the base tier
+
+    /// Whether the tier has a kernel of its own for `member(table)`; what it takes from below is tested there.
+    template <class Member>
+    bool Replaces(const Member &member) const {
+        return !below || member(table) != member(below->table);
+    }
+    bool Replaces(Row row, int bitsPerPixel) const {
+        const std::size_t slot = static_cast<std::size_t>(DepthSlot(bitsPerPixel));
+        return Replaces([=](const KernelTable &of) { return of[row].slots[slot]; });
+    }
 };
 
-/// One table for each weight form: that of a processor without features, and that of this one.
-const std::array<TableUnderTest, 2> &TablesUnderTest();
+/// The tables of processors with no features, MMX, SSE on top, and SSE2 on top.
+const std::array<TableUnderTest, 4> &TablesUnderTest();
 
 /// A kernel that a faster tier replaces saturates where the base kernel carries. (A bicubic kernel counts as replaced
 /// when its weights have another form; that matters only to pixels that are not premultiplied.)

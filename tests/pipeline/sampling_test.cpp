@@ -76,6 +76,7 @@ TEST_P(Sampling, MatchesTheModelForRandomGeometry) {
                                        RandomOffset(random, arguments.fullSize.cy, shown.cy)};
         }
         for (const TableUnderTest &table : TablesUnderTest()) {
+            if (!table.Replaces(row, depth)) continue;
             dest.Fill(random);
             ASSERT_TRUE(DrawsAsModel(table, row, dest, source, arguments))
                 << "replay with --gtest_random_seed=" << CaseNumber(number);
@@ -143,7 +144,8 @@ TEST(Bicubic, WeightFormFollowsTheProcessor) {
     for (unsigned bits = 0; bits < 8; ++bits) {
         const bool mmx = (bits & 1) != 0;
         const CpuFeatures features = {.detected = true, .mmx = mmx, .sse = (bits & 2) != 0, .sse2 = (bits & 4) != 0};
-        const TableUnderTest table = {"mixed", BuildKernelTable(features), mmx ? WeightForm::Q14 : WeightForm::Q8};
+        const TableUnderTest table = {"mixed", BuildKernelTable(features), mmx ? WeightForm::Q14 : WeightForm::Q8,
+                                      nullptr};
         for (const Row row : {Row::BicubicCopyRow, Row::AreaCopyRow}) {
             EXPECT_TRUE(DrawsAsModel(table, row, dest, source, {})) << "features " << bits;
         }

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <cstring>
+#include <tuple>
+#include <vector>
 
 #include "pipeline/grey_ramp.h"
 #include "pipeline/kernel_table.h"
@@ -28,6 +30,60 @@ TEST(KernelTable, IsCompleteForEveryProcessor) {
         const KernelTable again = BuildKernelTable(FeaturesOf(bits));
         EXPECT_EQ(std::memcmp(&table, &again, sizeof table), 0);
     }
+}
+
+/// The entries in which two tables differ: rows × slots, then the single slots in their order.
+std::vector<int> Differences(const KernelTable &a, const KernelTable &b) {
+    std::vector<int> result;
+    for (int row = 0; row < kRowCount; ++row) {
+        for (std::size_t slot = 0; slot < 4; ++slot) {
+            if (a[static_cast<Row>(row)].slots[slot] != b[static_cast<Row>(row)].slots[slot]) {
+                result.push_back(row * 4 + static_cast<int>(slot));
+            }
+        }
+    }
+    const auto singles = [](const KernelTable &table) {
+        return std::tuple(table.fillCopy, table.fillOver, table.fillBehind, table.fillModulate, table.fillOr,
+                          table.fillGreyTint, table.forceOpaque, table.blendSame, table.stretchOpaque,
+                          table.blendStretch, table.mixSame, table.mixStretch, table.mixColor);
+    };
+    int index = kRowCount * 4;
+    const auto compare = [&](const auto &...first) {
+        std::apply([&](const auto &...second) { ((first != second ? result.push_back(index) : void(), ++index), ...); },
+                   singles(b));
+    };
+    std::apply(compare, singles(a));
+    return result;
+}
+
+std::vector<int> Entries(const std::vector<int> &rows, const std::vector<int> &singles) {
+    std::vector<int> result;
+    for (const int row : rows) {
+        for (int slot = 0; slot < 3; ++slot) result.push_back(row * 4 + slot);
+    }
+    for (const int single : singles) result.push_back(kRowCount * 4 + single);
+    return result;
+}
+
+TEST(KernelTable, EachTierReplacesItsEntriesAndNoOthers) {
+    std::vector<int> allRows(kRowCount);
+    for (int row = 0; row < kRowCount; ++row) allRows[static_cast<std::size_t>(row)] = row;
+    const KernelTable base = BuildKernelTable({});
+    const KernelTable mmx = BuildKernelTable({.mmx = true}), sse = BuildKernelTable({.sse = true});
+    const KernelTable sse2 = BuildKernelTable({.sse2 = true});
+    // The averages of the MMX tier are the base tier's; only what they do in enlarging draws is new.
+    EXPECT_EQ(Differences(base, mmx), Entries(allRows, {0, 1, 2, 3, 4, 10, 11, 12}));
+    std::vector<int> sseEntries = Entries({}, {0, 4, 7, 9});
+    sseEntries.insert(sseEntries.begin(), 2);
+    EXPECT_EQ(Differences(base, sse), sseEntries);
+    std::vector<int> sse2Entries = Entries({22, 29}, {});
+    sse2Entries.insert(sse2Entries.begin(), 2);
+    EXPECT_EQ(Differences(base, sse2), sse2Entries);
+    // On top of each other: an area row of a processor without SSE2 stays as it is.
+    const KernelTable mmxSse = BuildKernelTable({.mmx = true, .sse = true});
+    const KernelTable all = BuildKernelTable({.mmx = true, .sse = true, .sse2 = true});
+    EXPECT_EQ(Differences(mmx, mmxSse), (std::vector<int>{2, 128, 135, 137}));
+    EXPECT_EQ(Differences(mmxSse, all), Entries({22, 29}, {}));
 }
 
 TEST(KernelTable, ThisProcessHasTheTableOfItsProcessor) {
