@@ -18,16 +18,16 @@ constexpr DWORD kSwappingCodes = 0xCA;  // bit set of the codes that exchange wi
 /// Where the destination's pixel (0, 0) comes from, and how far, in bytes, the source moves per destination column and
 /// row.
 struct Walk {
-    const std::byte *start;
+    const BYTE *start;
     std::ptrdiff_t perColumn, perRow;
 };
 
 Walk WalkOf(const SurfaceView &source, DWORD code) {
     const std::ptrdiff_t pixel = source.bitsPerPixel / 8, stride = source.stride;
-    const std::byte *topLeft = RowOf(source, 0);
-    const std::byte *topRight = topLeft + (source.width - 1) * pixel;
-    const std::byte *bottomLeft = RowOf(source, source.height - 1);
-    const std::byte *bottomRight = bottomLeft + (source.width - 1) * pixel;
+    const BYTE *topLeft = RowOf(source, 0);
+    const BYTE *topRight = topLeft + (source.width - 1) * pixel;
+    const BYTE *bottomLeft = RowOf(source, source.height - 1);
+    const BYTE *bottomRight = bottomLeft + (source.width - 1) * pixel;
     switch (code) {
         case 1: return {bottomLeft, -stride, pixel};
         case 2: return {bottomRight, -pixel, -stride};
@@ -47,8 +47,8 @@ struct Part {
 template <size_t PixelBytes>
 void MovePart(const SurfaceView &dest, const Walk &walk, const Part &part) {
     for (LONG y = part.top; y < part.bottom; ++y) {
-        std::byte *out = RowOf(dest, y) + part.left * static_cast<std::ptrdiff_t>(PixelBytes);
-        const std::byte *in = walk.start + y * walk.perRow + part.left * walk.perColumn;
+        BYTE *out = RowOf(dest, y) + part.left * static_cast<std::ptrdiff_t>(PixelBytes);
+        const BYTE *in = walk.start + y * walk.perRow + part.left * walk.perColumn;
         for (LONG x = part.left; x < part.right; ++x, out += PixelBytes, in += walk.perColumn) {
             std::memcpy(out, in, PixelBytes);
         }
@@ -77,21 +77,21 @@ void MovePixels(const SurfaceView &dest, const Walk &walk) {
 constexpr LONG kBlock = 4;
 constexpr std::ptrdiff_t kWord = 4;
 
-__m128i LoadWords(const std::byte *words) { return _mm_loadu_si128(reinterpret_cast<const __m128i *>(words)); }
-void StoreWords(std::byte *words, __m128i value) { _mm_storeu_si128(reinterpret_cast<__m128i *>(words), value); }
+__m128i LoadWords(const BYTE *words) { return _mm_loadu_si128(reinterpret_cast<const __m128i *>(words)); }
+void StoreWords(BYTE *words, __m128i value) { _mm_storeu_si128(reinterpret_cast<__m128i *>(words), value); }
 
 /// Moves 4 × 4 words whose columns are the source's rows.
 void TurnBlock(const SurfaceView &dest, const Walk &walk, LONG left, LONG top) {
     // Where the source runs backwards, four words in memory belong to four destination rows from the last to the first.
     const bool backwards = walk.perRow < 0;
-    const std::byte *in = walk.start + (backwards ? top + kBlock - 1 : top) * walk.perRow + left * walk.perColumn;
+    const BYTE *in = walk.start + (backwards ? top + kBlock - 1 : top) * walk.perRow + left * walk.perColumn;
     const __m128i a = LoadWords(in), b = LoadWords(in + walk.perColumn);
     const __m128i c = LoadWords(in + 2 * walk.perColumn), d = LoadWords(in + 3 * walk.perColumn);
     const __m128i abLow = _mm_unpacklo_epi32(a, b), abHigh = _mm_unpackhi_epi32(a, b);
     const __m128i cdLow = _mm_unpacklo_epi32(c, d), cdHigh = _mm_unpackhi_epi32(c, d);
     const __m128i rows[kBlock] = {_mm_unpacklo_epi64(abLow, cdLow), _mm_unpackhi_epi64(abLow, cdLow),
                                   _mm_unpacklo_epi64(abHigh, cdHigh), _mm_unpackhi_epi64(abHigh, cdHigh)};
-    std::byte *out = RowOf(dest, backwards ? top + kBlock - 1 : top) + left * kWord;
+    BYTE *out = RowOf(dest, backwards ? top + kBlock - 1 : top) + left * kWord;
     const std::ptrdiff_t step = backwards ? -std::ptrdiff_t{dest.stride} : dest.stride;
     for (LONG i = 0; i < kBlock; ++i) StoreWords(out + i * step, rows[i]);
 }
@@ -113,8 +113,8 @@ void TurnWords(const SurfaceView &dest, const Walk &walk) {
 void MirrorWords(const SurfaceView &dest, const Walk &walk) {
     const LONG right = dest.width & ~(kBlock - 1);
     for (LONG y = 0; y < dest.height; ++y) {
-        std::byte *const out = RowOf(dest, y);
-        const std::byte *const in = walk.start + y * walk.perRow - (kBlock - 1) * kWord;
+        BYTE *const out = RowOf(dest, y);
+        const BYTE *const in = walk.start + y * walk.perRow - (kBlock - 1) * kWord;
         for (LONG x = 0; x < right; x += kBlock) {
             const __m128i words = LoadWords(in - x * kWord);
             StoreWords(out + x * kWord, _mm_shuffle_epi32(words, _MM_SHUFFLE(0, 1, 2, 3)));

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <type_traits>
 
+#include "pipeline/view_rows.h"
 #include "platform/platform.h"
 
 namespace lacquer {
@@ -35,11 +36,6 @@ inline void WriteBitmapPart(SurfaceView *out, const SurfaceView &view) {
 
 /// Copies the source's palette entries to a destination with as many; the shared grey palette stays as it is.
 void CopyPalette(const SurfaceView &dest, const SurfaceView &source);
-
-/// The address of row `y` of a view.
-inline std::byte *RowOf(const SurfaceView &view, LONG y) {
-    return static_cast<std::byte *>(view.bits) + static_cast<std::ptrdiff_t>(y) * view.stride;
-}
 
 /// The four-byte pixels that fit into a row, for what walks such pixels whatever the depth.
 inline LONG WordsPerRow(const SurfaceView &view) {

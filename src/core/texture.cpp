@@ -26,7 +26,9 @@ int Texture::SetCurrentSlice(int index) {
 }
 
 const RECT *Texture::CurrentSlice() const {
-    return currentSlice_ >= 0 && static_cast<DWORD>(currentSlice_) < sliceCount_ ? &slices_[static_cast<DWORD>(currentSlice_)] : nullptr;
+    return currentSlice_ >= 0 && static_cast<DWORD>(currentSlice_) < sliceCount_
+               ? &slices_[static_cast<DWORD>(currentSlice_)]
+               : nullptr;
 }
 
 bool Texture::GetSize(SIZE *out) const {

@@ -47,8 +47,8 @@ void WalkPixels(const SurfaceView &dest, const SurfaceView &mask, const Rule &ru
     const LONG columns = std::min({dest.width, WordsPerRow(dest), WordsPerRow(mask)});
     const LONG rows = std::min(dest.height, mask.height);
     for (LONG y = 0; y < rows; ++y) {
-        auto *d = reinterpret_cast<BYTE *>(RowOf(dest, y));
-        const auto *m = reinterpret_cast<const BYTE *>(RowOf(mask, y));
+        auto *d = RowOf(dest, y);
+        const auto *m = RowOf(mask, y);
         for (LONG x = 0; x < columns; ++x) rule(d + x * kChannels, m + x * kChannels);
     }
 }

@@ -126,11 +126,11 @@ void BoxBlur(const SurfaceView &dest, const SurfaceView &source) {
     const LONG columns = std::min(dest.width, source.width), rows = std::min(dest.height, source.height);
     const LONG inside = std::min(columns, source.width - 1);
     for (LONG y = 0; y < rows; ++y) {
-        auto *out = reinterpret_cast<BYTE *>(RowOf(dest, y));
+        auto *out = RowOf(dest, y);
         Neighbours neighbours;
         for (int i = 0; i < kTaps; ++i) {
             const LONG row = std::clamp(y + i - 1, LONG{0}, source.height - 1);
-            neighbours.rows[i] = reinterpret_cast<const BYTE *>(RowOf(source, row));
+            neighbours.rows[i] = RowOf(source, row);
         }
         BlurPixel(out, neighbours, source.width, 0);
         const LONG done = BlurInside(out, neighbours, inside) ? inside : 1;

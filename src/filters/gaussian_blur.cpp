@@ -59,8 +59,8 @@ void BlurRows(const SurfaceView &dest, const SurfaceView &source) {
     const float *taps[kTaps];
     for (ptrdiff_t k = 0; k < kTaps; ++k) taps[k] = floats + k * kPixelBytes;
     for (LONG y = 0; y < source.height; ++y) {
-        const auto *in = reinterpret_cast<const BYTE *>(RowOf(source, y));
-        auto *out = reinterpret_cast<BYTE *>(RowOf(dest, y));
+        const auto *in = RowOf(source, y);
+        auto *out = RowOf(dest, y);
         for (LONG x = 0; x < source.width; x += kPiece) {
             const LONG count = std::min(kPiece, source.width - x);
             WidenClamped(floats, in, source.width, x - kReach, count + 2 * kReach);
@@ -79,13 +79,13 @@ void BlurColumns(const SurfaceView &dest, const SurfaceView &source) {
         const ptrdiff_t count = static_cast<ptrdiff_t>(std::min(kPiece, source.width - x)) * kPixelBytes;
         const auto widenRow = [&](LONG y) {
             const LONG row = std::clamp(y, LONG{0}, lastRow);
-            Widen(ring[(y + kReach) % kTaps], reinterpret_cast<const BYTE *>(RowOf(source, row)) + offset, count);
+            Widen(ring[(y + kReach) % kTaps], RowOf(source, row) + offset, count);
         };
         for (LONG y = -kReach; y < kReach; ++y) widenRow(y);
         for (LONG y = 0; y <= lastRow; ++y) {
             widenRow(y + kReach);
             for (int k = 0; k < kTaps; ++k) taps[k] = ring[(y + k) % kTaps];
-            SumTaps(reinterpret_cast<BYTE *>(RowOf(dest, y)) + offset, taps, count);
+            SumTaps(RowOf(dest, y) + offset, taps, count);
         }
     }
 }

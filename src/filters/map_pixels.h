@@ -19,7 +19,7 @@ template <class Rule>
 void MapWords(const SurfaceView &view, LONG columns, const Rule &rule) {
     const ptrdiff_t bytes = static_cast<ptrdiff_t>(columns) * kPixelBytes;
     for (LONG y = 0; y < view.height; ++y) {
-        auto *row = reinterpret_cast<BYTE *>(RowOf(view, y));
+        auto *row = RowOf(view, y);
         ptrdiff_t i = 0;
 #ifdef LACQUER_SSE2
         if constexpr (requires(__m128i words) { rule(words); }) {
@@ -38,7 +38,7 @@ template <class Rule>
 void MapTriples(const SurfaceView &view, const Rule &rule) {
     const ptrdiff_t bytes = static_cast<ptrdiff_t>(view.width) * 3;
     for (LONG y = 0; y < view.height; ++y) {
-        auto *row = reinterpret_cast<BYTE *>(RowOf(view, y));
+        auto *row = RowOf(view, y);
         for (ptrdiff_t i = 0; i < bytes; i += 3) {
             const uint32_t pixel =
                 static_cast<uint32_t>(row[i + 2]) << 16 | static_cast<uint32_t>(row[i + 1]) << 8 | row[i];

@@ -98,7 +98,7 @@ template <class Test>
 HRGN CollectRuns(const SurfaceView &view, const Test &isVisible) {
     RegionBuilder builder;
     for (LONG y = 0; y < view.height; ++y) {
-        const auto *row = reinterpret_cast<const BYTE *>(RowOf(view, y));
+        const auto *row = RowOf(view, y);
         for (LONG x = 0; x < view.width;) {
             if (!isVisible(row, x)) {
                 ++x;

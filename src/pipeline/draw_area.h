@@ -2,6 +2,7 @@
 #pragma once
 
 #include "pipeline/pixel.h"
+#include "pipeline/view_rows.h"
 
 namespace lacquer {
 
@@ -12,11 +13,6 @@ struct DrawArea {
 
 /// A draw of which everything is visible.
 inline DrawArea WholeArea(const SurfaceView &dest) { return {{dest.width, dest.height}, {0, 0}}; }
-
-/// The first byte of row `row` of a view.
-inline BYTE *RowOf(const SurfaceView &view, int64_t row) {
-    return static_cast<BYTE *>(view.bits) + static_cast<ptrdiff_t>(row) * view.stride;
-}
 
 /// Whether the rows of a 32-bit view follow each other without a gap.
 inline bool IsContiguous(const SurfaceView &view) { return view.stride == int64_t{view.width} * kPixelBytes; }
