@@ -1,9 +1,13 @@
-// The gallery's pictures: that they are painted whole, and that none depends on what was painted before it.
+// The gallery's pictures: that they are painted whole, that none depends on what was painted before it, and that their
+// pixels stay what they are.
 #include "gallery/gallery.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <fstream>
+#include <map>
 #include <set>
 
 #include "example_skin.h"
@@ -37,6 +41,37 @@ TEST(Gallery, TheTransparentWindowIsPremultiplied) {
     EXPECT_EQ(pixels.front(), 0u);
     for (const DWORD word : pixels)
         for (int shift = 0; shift < 24; shift += 8) ASSERT_LE(word >> shift & 255, word >> 24);
+}
+
+/// FNV-1a over the words' bytes, blue first, as 16 hexadecimal digits.
+std::string DigestOf(const std::vector<DWORD> &pixels) {
+    std::uint64_t hash = 0xCBF29CE484222325;
+    for (const DWORD word : pixels)
+        for (int shift = 0; shift < 32; shift += 8) hash = (hash ^ (word >> shift & 255)) * 0x100000001B3;
+    std::string digits;
+    for (int shift = 60; shift >= 0; shift -= 4) digits += "0123456789ABCDEF"[hash >> shift & 15];
+    return digits;
+}
+
+// With LACQUER_WRITE_DIGESTS set the file is written instead: look at the pictures before you commit it.
+TEST(Gallery, PixelsAreThoseOfTheDigests) {
+    // Blurs and colour shifts count in floating point; only sums of whole numbers are pinned to the bit.
+    const std::set<std::string_view> inexact{"filters", "hues", "glow"};
+    const Skin skin = LoadSkin();
+    std::map<std::string, std::string> painted;
+    for (const Picture &picture : Pictures())
+        if (!inexact.contains(picture.name))
+            painted[std::string(picture.name)] = DigestOf(PixelsOf(picture.paint(skin)));
+    if (std::getenv("LACQUER_WRITE_DIGESTS") != nullptr) {
+        std::ofstream file(GALLERY_DIGESTS);
+        for (const auto &[name, digest] : painted) file << name << ' ' << digest << '\n';
+        ASSERT_TRUE(file.flush());
+        return;
+    }
+    std::map<std::string, std::string> expected;
+    std::ifstream file(GALLERY_DIGESTS);
+    for (std::string name, digest; file >> name >> digest;) expected[name] = digest;
+    EXPECT_EQ(painted, expected);
 }
 
 }  // namespace

@@ -1,70 +1,171 @@
-// The window example's scene under the mouse.
-#include "window/scene.h"
+// The composed window under the mouse, and what it says has to be painted again.
+#include "common/scene.h"
 
 #include <gtest/gtest.h>
+
+#include <cstring>
+#include <random>
 
 #include "example_skin.h"
 
 namespace lacquer::examples {
 namespace {
 
+using Kind = Scene::Kind;
+
+constexpr Scene::Target kCoatButton{Kind::kButton, Scene::kCoat};
+constexpr Scene::Target kFinishButton{Kind::kButton, Scene::kFinish};
+
 class SceneTest : public testing::Test {
 protected:
-    SceneTest() { Paint(); }
-
-    std::vector<DWORD> Paint() {
-        scene.Paint(canvas, {640, 400});
+    /// The whole scene, painted afresh.
+    std::vector<DWORD> Paint(const Scene &painted) const {
+        const Canvas canvas = MakeCanvas(painted.size().cx, painted.size().cy);
+        painted.Paint(canvas);
         return PixelsOf(canvas);
     }
+    std::vector<DWORD> Paint() const { return Paint(scene); }
 
-    bool Click(POINT position) {
-        scene.MoveTo(position);
+    void Click(Scene::Target target) {
+        scene.MoveTo(scene.MiddleOf(target));
         scene.Press();
-        return scene.Release();
+        scene.Release();
     }
+    void Leave() { scene.MoveTo({-1, -1}); }
 
     const Skin skin = LoadSkin();
-    Scene scene{skin};
-    const Canvas canvas = MakeCanvas(640, 400);
+    Scene scene{skin, {600, 420}};
 };
 
-TEST_F(SceneTest, HoverShowsAndGoesAway) {
-    const std::vector<DWORD> calm = Paint();
-    EXPECT_FALSE(scene.MoveTo({0, 0}));
-    EXPECT_TRUE(scene.MoveTo(scene.addButton()));
-    EXPECT_FALSE(scene.MoveTo(scene.addButton()));
-    EXPECT_NE(Paint(), calm);
-    EXPECT_TRUE(scene.MoveTo({-1, -1}));
-    EXPECT_EQ(Paint(), calm);
+// Painting what is invalid onto the picture of before gives the picture of now, whatever happens.
+TEST_F(SceneTest, PaintingTheInvalidPartsIsEnough) {
+    std::mt19937 random(7);
+    const auto pick = [&](int count) {
+        return static_cast<int>(std::uniform_int_distribution<>(0, count - 1)(random));
+    };
+    const SIZE size = scene.size();
+    const Canvas canvas = MakeCanvas(size.cx, size.cy);
+    scene.Paint(canvas);
+    scene.TakeInvalid();
+    constexpr std::pair<Kind, int> kinds[] = {{Kind::kButton, 4}, {Kind::kCaptionButton, 2}, {Kind::kBox, 2},
+                                              {Kind::kRow, 18},   {Kind::kThumb, 1},         {Kind::kEntry, 3}};
+    int painted = 0;
+    for (int i = 0; i < 600; ++i) {
+        const auto &[kind, count] = kinds[pick(6)];
+        switch (pick(5)) {
+            case 0: scene.MoveTo({pick(size.cx), pick(size.cy)}); break;
+            case 1: scene.MoveTo(scene.MiddleOf({kind, pick(count)})); break;
+            case 2: scene.Press(); break;
+            case 3: scene.Release(); break;
+            default: scene.Scroll(pick(9) - 4);
+        }
+        for (const RECT &rect : scene.TakeInvalid()) {
+            const ClipTo clip(canvas, rect);
+            scene.Paint(canvas);
+            ++painted;
+        }
+        ASSERT_EQ(PixelsOf(canvas), Paint()) << "after step " << i;
+    }
+    EXPECT_GT(painted, 300);
+}
+
+TEST_F(SceneTest, HoveringInvalidatesTheButtonOnly) {
+    scene.TakeInvalid();
+    scene.MoveTo({200, 100});
+    EXPECT_TRUE(scene.TakeInvalid().empty());
+    scene.MoveTo(scene.MiddleOf(kCoatButton));
+    const std::vector<RECT> invalid = scene.TakeInvalid();
+    ASSERT_EQ(invalid.size(), 1u);
+    const RECT place = scene.PlaceOf(kCoatButton);
+    EXPECT_EQ(std::memcmp(&invalid[0], &place, sizeof place), 0);
 }
 
 TEST_F(SceneTest, AReleaseElsewhereUsesNothing) {
     const std::vector<DWORD> calm = Paint();
-    scene.MoveTo(scene.addButton());
-    EXPECT_TRUE(scene.Press());
-    scene.MoveTo({0, 0});
-    EXPECT_TRUE(scene.Release());
-    EXPECT_EQ(Paint(), calm);
-}
-
-TEST_F(SceneTest, CheckBoxesToggle) {
-    const std::vector<DWORD> calm = Paint();
-    EXPECT_TRUE(Click(scene.firstCheckBox()));
-    scene.MoveTo({0, 0});
+    scene.MoveTo(scene.MiddleOf(kCoatButton));
+    scene.Press();
     EXPECT_NE(Paint(), calm);
-    Click(scene.firstCheckBox());
-    scene.MoveTo({0, 0});
+    Leave();
+    scene.Release();
     EXPECT_EQ(Paint(), calm);
 }
 
 TEST_F(SceneTest, CoatsEndWhenTheButtonIsUsedUp) {
-    EXPECT_TRUE(Click(scene.addButton()));
-    EXPECT_TRUE(Click(scene.addButton()));
-    EXPECT_TRUE(Click(scene.addButton()));
-    EXPECT_FALSE(Click(scene.addButton()));
-    EXPECT_FALSE(scene.isClosed());
-    EXPECT_TRUE(Click({scene.addButton().x + 122, scene.addButton().y}));
-    EXPECT_TRUE(scene.isClosed());
+    for (int i = 0; i < 3; ++i) Click(kCoatButton);
+    const std::vector<DWORD> full = Paint();
+    Click(kCoatButton);
+    EXPECT_EQ(Paint(), full);
+    Click({Kind::kButton, Scene::kWipe});
+    EXPECT_NE(Paint(), full);
+}
+
+// Scrolled step by step and at once, the rows are the same.
+TEST_F(SceneTest, ScrollingByAnyWayShowsTheSameRows) {
+    Scene other(skin, scene.size());
+    for (const int rows : {1, 1, 2, -3, 5, -1}) scene.Scroll(rows);
+    other.Scroll(5);
+    EXPECT_EQ(Paint(), Paint(other));
+    scene.Scroll(1000);
+    const POINT grip = other.MiddleOf({Kind::kThumb});
+    other.MoveTo(grip);
+    other.Press();
+    other.MoveTo({grip.x, grip.y + 1000});
+    other.MoveTo({-1, -1});
+    other.MoveTo({grip.x, grip.y + 1000});
+    other.Release();
+    other.MoveTo({-1, -1});
+    EXPECT_EQ(Paint(), Paint(other));
+    EXPECT_EQ(scene.PlaceOf({Kind::kRow, 17}).bottom, scene.Rows().bottom);
+}
+
+TEST_F(SceneTest, TheMenuHidesWhatIsBelow) {
+    Click(kFinishButton);
+    scene.MoveTo({-1, -1});
+    const std::vector<DWORD> open = Paint();
+    scene.MoveTo(scene.MiddleOf(kCoatButton));
+    scene.Scroll(2);
+    EXPECT_EQ(Paint(), open);
+    Click({Kind::kEntry, 0});
+    Leave();
+    const std::vector<DWORD> matt = Paint();
+    Click(kFinishButton);
+    Click(kCoatButton);  // closes the menu only
+    Leave();
+    EXPECT_EQ(Paint(), matt);
+}
+
+TEST_F(SceneTest, EveryAreaIsWhereTheSystemExpectsIt) {
+    using Area = Scene::Area;
+    const SIZE size = scene.size();
+    EXPECT_EQ(scene.AreaAt({0, 0}), Area::kTopLeft);
+    EXPECT_EQ(scene.AreaAt({size.cx - 1, 0}), Area::kTopRight);
+    EXPECT_EQ(scene.AreaAt({0, size.cy - 1}), Area::kBottomLeft);
+    EXPECT_EQ(scene.AreaAt({size.cx - 1, size.cy - 1}), Area::kBottomRight);
+    EXPECT_EQ(scene.AreaAt({300, 0}), Area::kTop);
+    EXPECT_EQ(scene.AreaAt({300, size.cy - 1}), Area::kBottom);
+    EXPECT_EQ(scene.AreaAt({0, 200}), Area::kLeft);
+    EXPECT_EQ(scene.AreaAt({size.cx - 1, 200}), Area::kRight);
+    EXPECT_EQ(scene.AreaAt({200, 16}), Area::kTitle);
+    EXPECT_EQ(scene.AreaAt({200, 200}), Area::kClient);
+    EXPECT_EQ(scene.AreaAt(scene.MiddleOf({Kind::kCaptionButton, 1})), Area::kClient);
+}
+
+TEST_F(SceneTest, WishesAreToldOnce) {
+    Click({Kind::kCaptionButton, static_cast<int>(CaptionButton::kClose)});
+    EXPECT_EQ(scene.TakeWish(), Scene::Wish::kClose);
+    EXPECT_EQ(scene.TakeWish(), Scene::Wish::kNothing);
+    Click({Kind::kButton, Scene::kAbout});
+    EXPECT_EQ(scene.TakeWish(), Scene::Wish::kAbout);
+}
+
+TEST_F(SceneTest, ItResizesButNotBelowTheLeastSize) {
+    scene.Scroll(1000);
+    scene.Resize({900, 700});
+    EXPECT_EQ(Paint().size(), 900u * 700u);
+    EXPECT_EQ(scene.PlaceOf({Kind::kRow, 17}).bottom, scene.Rows().top + 18 * 24);
+    scene.Resize({1, 1});
+    EXPECT_EQ(scene.size().cx, Scene::kLeastSize.cx);
+    EXPECT_EQ(scene.size().cy, Scene::kLeastSize.cy);
 }
 
 }  // namespace

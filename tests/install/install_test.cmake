@@ -12,10 +12,13 @@ file(RENAME ${WORK}/staged ${WORK}/prefix)
 
 set(options -G Ninja -S ${CONSUMER} -DCMAKE_BUILD_TYPE=Release "-DCMAKE_C_FLAGS=${FLAGS}")
 if(TOOLCHAIN)
-  # The cross toolchain looks for packages below its root only.
-  list(APPEND options --toolchain ${TOOLCHAIN} -DCMAKE_FIND_ROOT_PATH_MODE_PACKAGE=BOTH)
+  # The cross toolchain looks for packages below its own roots only.
+  list(APPEND options --toolchain ${TOOLCHAIN})
+  set(place -Dlacquer_DIR=${WORK}/prefix/lib/cmake/lacquer)
+else()
+  set(place -DCMAKE_PREFIX_PATH=${WORK}/prefix)
 endif()
-run(${CMAKE_COMMAND} ${options} -B ${WORK}/consumer/package -DCMAKE_PREFIX_PATH=${WORK}/prefix)
+run(${CMAKE_COMMAND} ${options} -B ${WORK}/consumer/package ${place})
 run(${CMAKE_COMMAND} --build ${WORK}/consumer/package)
 if(NOT TOOLCHAIN)
   file(GLOB_RECURSE packages ${WORK}/prefix/lacquer.pc)

@@ -182,17 +182,18 @@ TEST_P(Channels, FillBehindModulateOrAndCopyForEveryColourChannel) {
     for (int channel = 0; channel < kValues; channel += kSlice) {
         const uint32_t colour = Lanes(channel, static_cast<uint32_t>(channel ^ 0x96));
         const auto fills = [&](FillKernel KernelTable::*kernel, const auto &wanted) {
-            if (!Table().Replaces([=](const KernelTable &of) { return of.*kernel; })) return testing::AssertionSuccess();
+            if (!Table().Replaces([=](const KernelTable &of) { return of.*kernel; }))
+                return testing::AssertionSuccess();
             return Matches(
                 dest_, before, [&](const SurfaceView *view) { return (table.*kernel)(view, colour); },
                 [&](int x, int y) { return wanted(before(x, y)); });
         };
-        ASSERT_TRUE(fills(&KernelTable::fillBehind, [&](uint32_t d) {
-            return ModelCombine(CombineKind::Behind, colour, d, 0, overflow);
-        })) << std::hex << "behind 0x" << colour;
-        ASSERT_TRUE(fills(&KernelTable::fillModulate, [&](uint32_t d) {
-            return ModelCombine(CombineKind::Modulate, colour, d, 0, overflow);
-        })) << std::hex << "modulate 0x" << colour;
+        ASSERT_TRUE(fills(&KernelTable::fillBehind,
+                          [&](uint32_t d) { return ModelCombine(CombineKind::Behind, colour, d, 0, overflow); }))
+            << std::hex << "behind 0x" << colour;
+        ASSERT_TRUE(fills(&KernelTable::fillModulate,
+                          [&](uint32_t d) { return ModelCombine(CombineKind::Modulate, colour, d, 0, overflow); }))
+            << std::hex << "modulate 0x" << colour;
         if (channel % 16 != 0) continue;
         ASSERT_TRUE(fills(&KernelTable::fillOr, [&](uint32_t d) { return d | colour; }));
         ASSERT_TRUE(fills(&KernelTable::fillCopy, [&](uint32_t) { return colour; }));
@@ -228,7 +229,9 @@ TEST_P(Channels, CrossFadesForEveryAlphaAndPairOfChannels) {
             if (!Table().Replaces([=](const KernelTable &of) { return of.*kernel; })) continue;
             ASSERT_TRUE(Matches(
                 dest_, AnyAlpha,
-                [&](const SurfaceView *view) { return (Table().table.*kernel)(view, &sourceView, static_cast<BYTE>(alpha)); },
+                [&](const SurfaceView *view) {
+                    return (Table().table.*kernel)(view, &sourceView, static_cast<BYTE>(alpha));
+                },
                 [&](int x, int y) {
                     const uint32_t s = source.At(x, y), d = AnyAlpha(x, y);
                     return WordOf([&](int i) {
@@ -249,7 +252,9 @@ TEST_P(Channels, MixesForEveryWeightAndPairOfChannels) {
             if (!Table().Replaces([=](const KernelTable &of) { return of.*kernel; })) continue;
             ASSERT_TRUE(Matches(
                 dest_, AnyAlpha,
-                [&](const SurfaceView *view) { return (Table().table.*kernel)(view, &sourceView, static_cast<BYTE>(weight)); },
+                [&](const SurfaceView *view) {
+                    return (Table().table.*kernel)(view, &sourceView, static_cast<BYTE>(weight));
+                },
                 [&](int x, int y) {
                     const uint32_t s = source.At(x, y), d = AnyAlpha(x, y);
                     if (weight == 0) return d;
