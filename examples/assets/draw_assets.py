@@ -112,16 +112,131 @@ def button(x, y):
 
 
 def frame(x, y):
-    """A window frame, 88 x 96: soft shadow of 14 pixels all around, title bar of 30 and borders of 5 inside it."""
-    body = round_rect(x, y, 14, 12, 74, 82, 8)
-    pixel = over(BLACK, 0.55 * soft(round_rect(x, y, 15, 17, 73, 83, 8), 12), CLEAR)
-    pixel = over(rgb(0x23262E), cover(body), pixel)
-    bar = blend(rgb(0x5B6478), rgb(0x363C4A), min(max((y - 13) / 29, 0), 1))
+    """A window frame, 64 x 64: a title bar of 32 pixels and borders of 6."""
+    body = round_rect(x, y, 0, 0, 64, 64, 8)
+    pixel = over(rgb(0x23262E), cover(body), CLEAR)
+    bar = blend(rgb(0x5B6478), rgb(0x363C4A), min(max((y - 1) / 31, 0), 1))
     pixel = over(bar, cover(body + 1), pixel)
-    pixel = over(WHITE, 0.30 * cover(abs(body + 1.5) - 0.5) * (y < 20), pixel)
-    client = round_rect(x, y, 19, 42, 69, 77, 2)
+    pixel = over(WHITE, 0.30 * cover(abs(body + 1.5) - 0.5) * (y < 10), pixel)
+    client = round_rect(x, y, 6, 32, 58, 58, 2)
     pixel = over(rgb(0x1C1F26), cover(client - 1), pixel)
     return over(rgb(0xF1EEE8), cover(client), pixel)
+
+
+def shadow(x, y):
+    """The shadow of a rectangle, 64 x 64; what casts it lies 20 pixels inside."""
+    return over(BLACK, 0.50 * soft(round_rect(x, y, 21, 25, 43, 47, 8), 16), CLEAR)
+
+
+def popup(x, y):
+    """A menu that lies above a window, 32 x 32."""
+    body = round_rect(x, y, 0, 0, 32, 32, 5)
+    pixel = over(rgb(0x4A4F5C), cover(body), CLEAR)
+    return over(blend(rgb(0xFFFFFF), rgb(0xE9EAEE), y / 32), cover(body + 1), pixel)
+
+
+def field(x, y):
+    """A sunken field, 32 x 32, plain in the middle."""
+    body = round_rect(x, y, 0, 0, 32, 32, 4)
+    pixel = over(rgb(0x8E8B84), cover(body), CLEAR)
+    pixel = over(rgb(0xFBFAF7), cover(body + 1), pixel)
+    inside = max(0.0, 1 - max(y - 1, 0) / 4) if body < -1 else 0.0
+    return over(BLACK, 0.16 * inside * cover(body + 1), pixel)
+
+
+def caption(x, y):
+    """Buttons of a title bar, 28 x 20 each: minimise above close; normal, hot and pressed from left to right."""
+    state, x, glyph, y = int(x // 28), x % 28, int(y // 20), y % 20
+    body = round_rect(x, y, 1, 1, 27, 19, 4)
+    if state == 0:
+        pixel = over(WHITE, 0.07 * cover(body), CLEAR)
+    else:
+        bright, dark = ((rgb(0x8C98B4), rgb(0x626D88)), (rgb(0xF26A5A), rgb(0xB4232A)))[glyph]
+        face = blend(bright, dark, y / 20) if state == 1 else blend(dark, bright, 0.25 * y / 20)
+        pixel = over(BLACK, 0.5 * cover(body), CLEAR)
+        pixel = over(face, cover(body + 1), pixel)
+    if glyph == 0:
+        sign = segment(x, y, 10, 13, 18, 13, 1.1)
+    else:
+        sign = min(segment(x, y, 10.5, 6.5, 17.5, 13.5, 1.1), segment(x, y, 10.5, 13.5, 17.5, 6.5, 1.1))
+    return over(rgb(0xF4F6FA), (0.75 if state == 0 else 1) * cover(sign), pixel)
+
+
+def progress(x, y):
+    """A progress bar, 24 x 18 each: the track, and what fills it."""
+    part, x = int(x // 24), x % 24
+    body = round_rect(x, y, 0, 0, 24, 18, 6)
+    if part == 0:
+        pixel = over(rgb(0x8E8B84), cover(body), CLEAR)
+        pixel = over(blend(rgb(0xC4C0B8), rgb(0xE6E3DC), y / 18), cover(body + 1), pixel)
+        return pixel
+    pixel = over(rgb(0x5E0C14), cover(body), CLEAR)
+    pixel = over(blend(rgb(0xE2584C), rgb(0xA81E24), y / 18), cover(body + 1), pixel)
+    return over(WHITE, 0.30 * cover(round_rect(x, y, 2, 2, 22, 8, 3)), pixel)
+
+
+def stripes(x, y):
+    """Slanted stripes, 16 x 14; left meets right."""
+    phase = (x + y) % 16
+    return over(WHITE, 0.22 * (cover(4 - phase) * cover(phase - 12)), CLEAR)
+
+
+def scroll(x, y):
+    """A scroll bar, 14 x 24 each: the track, and the thumb normal, hot and pressed."""
+    part, x = int(x // 14), x % 14
+    if part == 0:
+        body = round_rect(x, y, 1, 0, 13, 24, 5)
+        return over(BLACK, 0.13 * cover(body), CLEAR)
+    bright, dark = ((0x9AA1B2, 0x737B8E), (0xC4636A, 0xA0343C), (0x9C2A32, 0x7E1A22))[part - 1]
+    body = round_rect(x, y, 2, 1, 12, 23, 4.5)
+    pixel = over(blend(rgb(dark), BLACK, 0.3), cover(body), CLEAR)
+    return over(blend(rgb(bright), rgb(dark), (x - 2) / 10), cover(body + 1), pixel)
+
+
+def waves(x, y):
+    """Water, 48 x 40, to be drawn as a top-tile: left meets right in the waves of the top 24 rows, the rest is a
+    gradient."""
+    turn = 2 * math.pi / 48
+    pixel = CLEAR
+    for depth, (crest, height, phase, colour) in enumerate(
+        ((7.0, 3.0, 0.0, 0x7FB8D8), (11.5, 3.0, 2.4, 0x4C8CBC), (16.0, 2.5, 4.2, 0x2F659C))
+    ):
+        edge = crest + height * math.sin(x * turn * (1 + depth % 2) + phase) - y
+        pixel = over(blend(rgb(colour), WHITE, 0.6 * cover(abs(edge + 1) - 0.8)), cover(edge), pixel)
+    return over(blend(rgb(0x2F659C), rgb(0x0E2748), (y - 22) / 18), cover(22.5 - y) if y < 24 else 1.0, pixel)
+
+
+def card(x, y):
+    """A plate with riveted corners, 72 x 72: the corners are 24 pixels, made for a screen of twice the pixels."""
+    body = round_rect(x, y, 0, 0, 72, 72, 10)
+    pixel = over(rgb(0x3A0A10), cover(body), CLEAR)
+    pixel = over(blend(rgb(0xC2353A), rgb(0x7C1219), y / 72), cover(body + 2), pixel)
+    pixel = over(rgb(0xE9C27A), cover(abs(body + 6) - 1), pixel)
+    cx, cy = (12 if x < 36 else 60), (12 if y < 36 else 60)
+    pixel = over(rgb(0x3A0A10), 0.6 * cover(circle(x, y, cx, cy + 1, 9)), pixel)
+    brass = blend(rgb(0xFFF0C0), rgb(0xA8752C), min(math.hypot(x - cx + 3, y - cy + 3) / 11, 1))
+    pixel = over(brass, cover(circle(x, y, cx, cy, 8)), pixel)
+    return over(rgb(0x6A4718), 0.8 * cover(segment(x, y, cx - 3.5, cy + 3.5, cx + 3.5, cy - 3.5, 0.9)), pixel)
+
+
+def splash(x, y):
+    """A board from which lacquer drips, 264 x 168: every pixel is opaque or clear, so that it can shape a window."""
+    drips = ((30, 128), (62, 108), (86, 142), (124, 112), (150, 156), (188, 118), (214, 136), (240, 108))
+    body = round_rect(x, y, 8, 12, 256, 92, 30)
+    for cx, bottom in drips:
+        body = min(body, segment(x, y, cx, 60, cx, bottom, 8) - 0.0006 * max(y - 60, 0) ** 1.9)
+    neck = min(abs(x - cx) for cx, _ in drips)
+    if 60 < y < 104 and 20 < x < 250:
+        body = min(body, (y - 104) + neck * 1.1 + 2)
+    if body >= 0:
+        return CLEAR
+    pixel = over(rgb(0x4E0A12), 1.0, CLEAR)
+    face = blend(rgb(0xE8503F), rgb(0x8E141C), min(max((y - 12) / 130, 0), 1))
+    pixel = over(face, cover(body + 2), pixel)
+    gloss = round_rect(x, y, 18, 17, 246, 46, 15)
+    pixel = over(WHITE, (0.34 - 0.008 * (y - 17)) * cover(gloss), pixel)
+    shine = min(segment(x, y, cx - 3, min(bottom - 8, 100), cx - 3, bottom - 2, 1.6) for cx, bottom in drips)
+    return over(WHITE, 0.5 * cover(shine), pixel)
 
 
 def check(x, y):
@@ -276,6 +391,56 @@ def vignette_file():
     return png_writer.encode(64, 64, png_writer.GREY, rows_of(64, 64, light, 1))
 
 
+def arc(x, y, cx, cy, radius, start, sweep):
+    """The distance to an arc; angles in degrees, clockwise on screen."""
+    angle = (math.degrees(math.atan2(y - cy, x - cx)) - start) % 360
+    if angle <= sweep:
+        return abs(math.hypot(x - cx, y - cy) - radius)
+    ends = (math.radians(start), math.radians(start + sweep))
+    return min(math.hypot(x - cx - radius * math.cos(a), y - cy - radius * math.sin(a)) for a in ends)
+
+
+# The letters of a word as strokes: lines (x0, y0, x1, y1) and arcs (cx, cy, radius, start, sweep). The unit is the
+# height of a capital, the baseline is at 1.
+BOWL = (0.34, 0.66, 0.34, 0, 360)
+STROKES = {
+    "L": ((0, 0, 0, 1), (0, 1, 0.5, 1)),
+    "a": (BOWL, (0.68, 0.32, 0.68, 1)),
+    "c": ((0.34, 0.66, 0.34, 48, 264),),
+    "q": (BOWL, (0.68, 0.32, 0.68, 1.34)),
+    "u": ((0, 0.32, 0, 0.71), (0.29, 0.71, 0.29, 0, 180), (0.58, 0.32, 0.58, 1)),
+    "e": ((0.34, 0.66, 0.34, 50, 310), (0, 0.66, 0.68, 0.66)),
+    "r": ((0, 0.32, 0, 1), (0.30, 0.62, 0.30, 180, 105)),
+}
+ADVANCES = {"L": 0.74, "a": 0.96, "c": 0.82, "q": 0.98, "u": 0.88, "e": 0.94, "r": 0.5}
+LETTERING_SIZES = (9, 12, 16, 24, 40)  # the heights of capitals, pixels
+
+
+def lettering_file():
+    """A word as coverages for sub-pixel text, at five sizes one below the other: red, green and blue are how much of
+    the left, middle and right third of a pixel's surroundings is ink; alpha is the largest of the three."""
+    width, rows = 232, []
+    for size in LETTERING_SIZES:
+        half = max(0.055 * size, 0.5)
+
+        def distance(x, y):
+            x, y, best = (x - 3) / size, (y - 2) / size, 9.0
+            for letter in "Lacquer":
+                if -0.3 < x < 1.1:
+                    for stroke in STROKES[letter]:
+                        best = min(best, arc(x, y, *stroke) if len(stroke) == 5 else segment(x, y, *stroke, 0))
+                x -= ADVANCES[letter]
+            return best * size - half
+
+        for y in range(size * 3 // 2 + 2):
+            row = bytearray()
+            for x in range(width):
+                red, green, blue = (byte(cover(distance(x + 0.5 + third / 3, y + 0.5))) for third in (-1, 0, 1))
+                row += bytes((red, green, blue, max(red, green, blue)))
+            rows.append(bytes(row))
+    return png_writer.encode(width, len(rows), png_writer.RGBA, rows)
+
+
 def font_file():
     """The characters of glyphs.txt, 13 to a row in cells of 6 x 9, one bit per pixel: 0 is clear, 1 is ink."""
     lines = (HERE / "glyphs.txt").read_text().split("\n")
@@ -290,14 +455,25 @@ def font_file():
 
 PIECES = {
     "button.png": lambda: rgba_file(104, 176, button),
+    "caption.png": lambda: rgba_file(84, 40, caption),
+    "card.png": lambda: rgba_file(72, 72, card),
     "check.png": lambda: rgba_file(72, 24, check),
+    "field.png": lambda: rgba_file(32, 32, field),
     "font.png": font_file,
-    "frame.png": lambda: rgba_file(88, 96, frame),
+    "frame.png": lambda: rgba_file(64, 64, frame),
     "icon.png": lambda: rgba_file(64, 64, icon),
     "knob.png": knob_file,
     "ladybird.png": lambda: rgba_file(64, 64, ladybird),
+    "lettering.png": lettering_file,
     "photo.png": lambda: rgb_file(192, 120, photo),
+    "popup.png": lambda: rgba_file(32, 32, popup),
+    "progress.png": lambda: rgba_file(48, 18, progress),
+    "scroll.png": lambda: rgba_file(56, 24, scroll),
+    "shadow.png": lambda: rgba_file(64, 64, shadow),
+    "splash.png": lambda: rgba_file(264, 168, splash),
+    "stripes.png": lambda: rgba_file(16, 14, stripes),
     "vignette.png": vignette_file,
+    "waves.png": lambda: rgba_file(48, 40, waves),
     "wood.png": lambda: rgb_file(64, 64, wood),
 }
 

@@ -45,6 +45,7 @@ private:
     Handle handle_{};
 };
 
+using Bitmap = Owner<HGBITMAP, DeleteBitmap>;
 using Texture = Owner<HGTEXTURE, DeleteTexture>;
 using Canvas = Owner<HGCANVAS, DeleteCanvas>;
 
@@ -75,6 +76,7 @@ private:
     SurfaceView view_{};
 };
 
+using BitmapPixels = PixelLock<HGBITMAP, LockBitmapBits, UnlockBitmapBits>;
 using TexturePixels = PixelLock<HGTEXTURE, LockTextureBitsEx, UnlockTextureBits>;
 using CanvasPixels = PixelLock<HGCANVAS, LockCanvasBits, UnlockCanvasBits>;
 

@@ -1,4 +1,4 @@
-// Words, palettes, and textures from images.
+// Words, palettes, and objects from images.
 #include "common/image.h"
 
 #include <algorithm>
@@ -13,6 +13,12 @@ std::uint32_t MapColourChannels(std::uint32_t word, Convert convert) {
     std::uint32_t result = word & 0xFF000000;
     for (int shift = 0; shift < 24; shift += 8) result |= convert(word >> shift & 255) << shift;
     return result;
+}
+
+void CopyRows(const auto &pixels, const Image &image) {
+    for (int y = 0; y < image.height; ++y)
+        std::memcpy(pixels.row(y), image.pixels.data() + static_cast<std::size_t>(y) * image.rowBytes(),
+                    image.rowBytes());
 }
 
 }  // namespace
@@ -83,12 +89,18 @@ Texture MakeTexture(const Image &image) {
                                     static_cast<DWORD>(image.bitsPerPixel), static_cast<DWORD>(image.palette.size())),
                     "CreateTextureEx");
     const TexturePixels pixels(texture.get());
-    for (int y = 0; y < image.height; ++y)
-        std::memcpy(pixels.row(y), image.pixels.data() + static_cast<std::size_t>(y) * image.rowBytes(),
-                    image.rowBytes());
+    CopyRows(pixels, image);
     // Without entries of its own the texture uses the shared palette of greys, which must not be written.
     if (!image.palette.empty()) std::copy(image.palette.begin(), image.palette.end(), pixels.palette());
     return texture;
+}
+
+Bitmap MakeBitmap(const Image &image) {
+    if (image.bitsPerPixel != 32) throw std::runtime_error("a bitmap needs an image with alpha");
+    Bitmap bitmap(CreateMemBitmap(static_cast<DWORD>(image.width), static_cast<DWORD>(image.height)),
+                  "CreateMemBitmap");
+    CopyRows(BitmapPixels(bitmap.get()), image);
+    return bitmap;
 }
 
 }  // namespace lacquer::examples

@@ -1,4 +1,4 @@
-// An image in plain memory, as a file loader leaves it, and the way from there to a texture.
+// An image in plain memory, as a file loader leaves it, and the way from there to a texture or a bitmap.
 #pragma once
 
 #include <cstddef>
@@ -49,5 +49,8 @@ Image WithPalette(const Image &image);
 
 /// A texture of the image's depth with its pixels and palette. Throws std::runtime_error on failure.
 Texture MakeTexture(const Image &image);
+
+/// A bitmap with an image's 32-bit pixels. Throws std::runtime_error on failure, and for another depth.
+Bitmap MakeBitmap(const Image &image);
 
 }  // namespace lacquer::examples

@@ -1,4 +1,4 @@
-// Painting helpers. A plain colour is a texture of one pixel, stretched; a gradient is a column of pixels.
+// Painting helpers.
 #include "common/painting.h"
 
 #include <algorithm>
@@ -12,6 +12,11 @@ Canvas MakeCanvas(int width, int height) {
 
 void SetDrawMode(const Texture &texture, DWORD mode, DWORD key) {
     Check(SetTextureFilter(texture.get(), mode << 24 | key), "SetTextureFilter");
+}
+
+void SetLayout(const Texture &texture, DWORD layout, const RECT &margins, DWORD scaleFlags) {
+    const TextureMode mode{layout, scaleFlags, margins};
+    Check(SetTextureMode(texture.get(), &mode), "SetTextureMode");
 }
 
 void SetSlices(const Texture &texture, std::span<const RECT> slices) {
@@ -37,8 +42,13 @@ SIZE SizeOf(const Texture &texture) {
     return size;
 }
 
-void DrawInto(const Canvas &canvas, const RECT &dest, const Texture &texture, DWORD kernelMode, BYTE alpha) {
-    Check(DrawTextureEx(canvas.get(), &dest, texture.get(), kernelMode, alpha, 1.0f, 0), "DrawTextureEx");
+void DrawInto(const Canvas &canvas, const RECT &dest, const Texture &texture, DWORD kernelMode, BYTE alpha,
+              float scale) {
+    const int result = DrawTextureEx(canvas.get(), &dest, texture.get(), kernelMode, alpha, scale, 0);
+    TextureMode mode{};
+    Check(GetTextureMode(texture.get(), &mode), "GetTextureMode");
+    // Tiles give 0 even when they are drawn.
+    if (mode.mode != LACQUER_LAYOUT_TILE && mode.mode != LACQUER_LAYOUT_TOP_TILE) Check(result, "DrawTextureEx");
 }
 
 void DrawAt(const Canvas &canvas, int x, int y, const Texture &texture, BYTE alpha) {
@@ -52,28 +62,21 @@ void DrawSlice(const Canvas &canvas, const RECT &dest, const Texture &texture, i
 }
 
 void FillBox(const Canvas &canvas, const RECT &rect, std::uint32_t colour) {
-    const Texture pixel(CreateTexture(1, 1), "CreateTexture");
-    TexturePixels(pixel.get()).words(0)[0] = PremultipliedWord(colour);
-    SetDrawMode(pixel, LACQUER_DRAW_OVER);
-    DrawInto(canvas, rect, pixel, LACQUER_NEAREST);
+    Check(FillSolidRect(canvas.get(), colour, &rect), "FillSolidRect");
 }
 
 void FillGradient(const Canvas &canvas, const RECT &rect, std::uint32_t top, std::uint32_t bottom) {
     const int height = rect.bottom - rect.top;
-    const Texture column(CreateTexture(1, static_cast<DWORD>(height)), "CreateTexture");
-    {
-        const TexturePixels pixels(column.get());
-        for (int y = 0; y < height; ++y) {
-            std::uint32_t word = 0;
-            for (int shift = 0; shift < 32; shift += 8) {
-                const int from = static_cast<int>(top >> shift & 255);
-                const int to = static_cast<int>(bottom >> shift & 255);
-                word |= static_cast<std::uint32_t>(from + (to - from) * y / std::max(height - 1, 1)) << shift;
-            }
-            pixels.words(y)[0] = PremultipliedWord(word);
+    for (int y = 0; y < height; ++y) {
+        std::uint32_t colour = 0;
+        for (int shift = 0; shift < 32; shift += 8) {
+            const int from = static_cast<int>(top >> shift & 255);
+            const int to = static_cast<int>(bottom >> shift & 255);
+            colour |= static_cast<std::uint32_t>(from + (to - from) * y / std::max(height - 1, 1)) << shift;
         }
+        const RECT row{rect.left, rect.top + y, rect.right, rect.top + y + 1};
+        Check(FillSolidRectEx(canvas.get(), colour, &row, LACQUER_DRAW_COPY), "FillSolidRectEx");
     }
-    DrawInto(canvas, rect, column, LACQUER_NEAREST);
 }
 
 void FillChecker(const Canvas &canvas, const RECT &rect, int square) {
@@ -100,5 +103,12 @@ void DrawLayer(const Canvas &canvas, int x, int y, const Canvas &layer, BYTE alp
     SetDrawMode(texture, LACQUER_DRAW_OVER);
     DrawAt(canvas, x, y, texture, alpha);
 }
+
+ClipTo::ClipTo(const Canvas &canvas, const RECT &rect) : canvas_(canvas.get()) {
+    Check(GetCanvasClipRect(canvas_, &previous_), "GetCanvasClipRect");
+    Check(IntersectCanvasClipRect(canvas_, &rect), "IntersectCanvasClipRect");
+}
+
+ClipTo::~ClipTo() { SetCanvasClipRect(canvas_, &previous_); }
 
 }  // namespace lacquer::examples

@@ -1,4 +1,4 @@
-// Small painting helpers over the drawing calls: boxes, gradients, checkerboards, and draws at a place.
+// Small painting helpers over the drawing calls: boxes, gradients, checkerboards, layouts, and draws at a place.
 #pragma once
 
 #include <span>
@@ -16,11 +16,14 @@ Canvas MakeCanvas(int width, int height);
 /// The draw mode (LACQUER_DRAW_...) of a texture, with the key colour 0xRRGGBB of the colour key.
 void SetDrawMode(const Texture &texture, DWORD mode, DWORD key = 0);
 
+/// How a texture is laid out (LACQUER_LAYOUT_...) when it is drawn, with the margins and scale flags of the layout.
+void SetLayout(const Texture &texture, DWORD layout, const RECT &margins = {}, DWORD scaleFlags = 0);
+
 /// Names parts of a texture: its slices, numbered from 0.
 void SetSlices(const Texture &texture, std::span<const RECT> slices);
 
 /// A texture of the same depth, palette and draw mode with the pixels of a part of `texture`, or of all of it when
-/// `part` is null. The copy has no slices.
+/// `part` is null. The copy has no slices and no layout.
 Texture CopyOf(const Texture &texture, const RECT *part = nullptr);
 
 /// The size of the current slice, or of the whole texture.
@@ -29,10 +32,12 @@ SIZE SizeOf(const Texture &texture);
 /// Draws a texture, or its current slice, at its own size with its left top corner at (x, y).
 void DrawAt(const Canvas &canvas, int x, int y, const Texture &texture, BYTE alpha = 255);
 
-/// Draws a texture, or its current slice, into a rectangle.
-void DrawInto(const Canvas &canvas, const RECT &dest, const Texture &texture, DWORD kernelMode, BYTE alpha = 255);
+/// Draws a texture, or its current slice, into a rectangle, in its layout. `scale`: of the margins or the tile that
+/// the scale flags name.
+void DrawInto(const Canvas &canvas, const RECT &dest, const Texture &texture, DWORD kernelMode = LACQUER_BILINEAR,
+              BYTE alpha = 255, float scale = 1.0f);
 
-/// Draws a slice of a texture into a rectangle.
+/// Draws a slice of a texture into a rectangle, in the texture's layout.
 void DrawSlice(const Canvas &canvas, const RECT &dest, const Texture &texture, int slice,
                DWORD kernelMode = LACQUER_BILINEAR);
 
@@ -50,5 +55,18 @@ void OutlineBox(const Canvas &canvas, const RECT &rect, std::uint32_t colour);
 
 /// Lays all pixels of one canvas over another, with its left top corner at (x, y).
 void DrawLayer(const Canvas &canvas, int x, int y, const Canvas &layer, BYTE alpha = 255);
+
+/// Narrows a canvas's clip to a rectangle for the length of a scope. The canvas keeps its origins meanwhile.
+class ClipTo {
+public:
+    ClipTo(const Canvas &canvas, const RECT &rect);
+    ClipTo(const ClipTo &) = delete;
+    ClipTo &operator=(const ClipTo &) = delete;
+    ~ClipTo();
+
+private:
+    HGCANVAS canvas_;
+    RECT previous_{};
+};
 
 }  // namespace lacquer::examples

@@ -1,79 +1,117 @@
 // Loading a skin, and the parts of a window.
 #include "common/skin.h"
 
-#include <array>
+#include <algorithm>
+#include <vector>
 
 namespace lacquer::examples {
 
 namespace {
 
-constexpr int kButtonWidth = 104;
-constexpr int kButtonHeight = 44;
 constexpr int kCheckSize = 24;
 
-/// The nine parts of a rectangle between and outside of the frame's margins, row by row.
-std::array<RECT, 9> NineParts(const RECT &rect) {
-    const std::array<LONG, 4> xs{rect.left, rect.left + kFrameMargins.left, rect.right - kFrameMargins.right,
-                                 rect.right};
-    const std::array<LONG, 4> ys{rect.top, rect.top + kFrameMargins.top, rect.bottom - kFrameMargins.bottom,
-                                 rect.bottom};
-    std::array<RECT, 9> parts{};
-    for (std::size_t i = 0; i < parts.size(); ++i) parts[i] = {xs[i % 3], ys[i / 3], xs[i % 3 + 1], ys[i / 3 + 1]};
-    return parts;
+/// Slices of equal size, row by row.
+std::vector<RECT> Grid(int columns, int rows, SIZE cell) {
+    std::vector<RECT> cells;
+    for (int y = 0; y < rows; ++y)
+        for (int x = 0; x < columns; ++x) cells.push_back(Box(x * cell.cx, y * cell.cy, cell.cx, cell.cy));
+    return cells;
 }
 
 }  // namespace
 
-Skin::Skin(const Reader &read) : font(read("font", Alpha::kPremultiplied)) {
-    const auto load = [&](const char *name) { return MakeTexture(read(name, Alpha::kPremultiplied)); };
-    photo = load("photo");
-    wood = load("wood");
-    vignette = load("vignette");
-    icon = load("icon");
-    knob = load("knob");
-    button = load("button");
-    check = load("check");
-    frame = load("frame");
+Skin::Skin(const Reader &read)
+    : lettering(MakeBitmap(read("lettering", Alpha::kAsStored))), font(read("font", Alpha::kPremultiplied)) {
+    struct Piece {
+        Texture &texture;
+        const char *name;
+        DWORD mode, layout;
+        RECT margins;
+    };
+    const Piece pieces[] = {
+        {photo, "photo", LACQUER_DRAW_COPY, LACQUER_LAYOUT_STRETCH, {}},
+        {vignette, "vignette", LACQUER_DRAW_COPY, LACQUER_LAYOUT_STRETCH, {}},
+        {wood, "wood", LACQUER_DRAW_COPY, LACQUER_LAYOUT_TILE, {}},
+        {icon, "icon", LACQUER_DRAW_OVER, LACQUER_LAYOUT_STRETCH, {}},
+        {knob, "knob", LACQUER_DRAW_OVER, LACQUER_LAYOUT_STRETCH, {}},
+        {splash, "splash", LACQUER_DRAW_OVER, LACQUER_LAYOUT_STRETCH, {}},
+        {check, "check", LACQUER_DRAW_OVER, LACQUER_LAYOUT_STRETCH, {}},
+        {caption, "caption", LACQUER_DRAW_OVER, LACQUER_LAYOUT_STRETCH, {}},
+        {stripes, "stripes", LACQUER_DRAW_OVER, LACQUER_LAYOUT_TILE, {}},
+        {waves, "waves", LACQUER_DRAW_OVER, LACQUER_LAYOUT_TOP_TILE, {0, 24, 0, 16}},
+        {card, "card", LACQUER_DRAW_OVER, LACQUER_LAYOUT_NINE_GRID, {24, 24, 24, 24}},
+        {frame, "frame", LACQUER_DRAW_OVER, LACQUER_LAYOUT_NINE_GRID, {10, 36, 10, 10}},
+        {popup, "popup", LACQUER_DRAW_OVER, LACQUER_LAYOUT_NINE_GRID, {7, 7, 7, 7}},
+        {shadow, "shadow", LACQUER_DRAW_OVER, LACQUER_LAYOUT_NINE_GRID, {30, 32, 30, 28}},
+        {field, "field", LACQUER_DRAW_OVER, LACQUER_LAYOUT_HOLLOW_NINE_GRID, {6, 8, 6, 6}},
+        {button, "button", LACQUER_DRAW_OVER, LACQUER_LAYOUT_NINE_GRID, {18, 18, 18, 18}},
+        {progress, "progress", LACQUER_DRAW_OVER, LACQUER_LAYOUT_NINE_GRID, {8, 8, 8, 8}},
+        {scroll, "scroll", LACQUER_DRAW_OVER, LACQUER_LAYOUT_NINE_GRID, {6, 8, 6, 8}},
+    };
+    for (const Piece &piece : pieces) {
+        piece.texture = MakeTexture(read(piece.name, Alpha::kPremultiplied));
+        SetDrawMode(piece.texture, piece.mode);
+        SetLayout(piece.texture, piece.layout, piece.margins);
+    }
     // The sprite's own pixels are opaque and the others clear: premultiplied, these would lose the key colour.
     const Image ladybird = read("ladybird", Alpha::kAsStored);
     ladybird32 = MakeTexture(ladybird);
     ladybird24 = MakeTexture(WithoutAlpha(ladybird));
     ladybird8 = MakeTexture(WithPalette(ladybird));
-
-    for (const Texture *texture : {&icon, &knob, &button, &check, &frame}) SetDrawMode(*texture, LACQUER_DRAW_OVER);
     for (const Texture *texture : {&ladybird32, &ladybird24, &ladybird8})
         SetDrawMode(*texture, LACQUER_DRAW_COLOR_KEY, kKeyColour);
-    std::array<RECT, 4> buttons{};
-    for (int i = 0; i < 4; ++i)
-        buttons[static_cast<std::size_t>(i)] = Box(0, i * kButtonHeight, kButtonWidth, kButtonHeight);
-    SetSlices(button, buttons);
-    std::array<RECT, 3> boxes{};
-    for (int i = 0; i < 3; ++i) boxes[static_cast<std::size_t>(i)] = Box(i * kCheckSize, 0, kCheckSize, kCheckSize);
-    SetSlices(check, boxes);
-    const SIZE size = SizeOf(frame);
-    SetSlices(frame, NineParts(Box(0, 0, size.cx, size.cy)));
+
+    SetSlices(button, Grid(1, 4, kButtonSize));
+    SetSlices(caption, Grid(3, 2, kCaptionButtonSize));
+    SetSlices(check, Grid(3, 1, {kCheckSize, kCheckSize}));
+    SetSlices(progress, Grid(2, 1, {24, 18}));
+    SetSlices(scroll, Grid(4, 1, {14, 24}));
+}
+
+RECT ShadowOf(const RECT &caster) { return {caster.left - 20, caster.top - 20, caster.right + 20, caster.bottom + 20}; }
+
+void DrawShadow(const Canvas &canvas, const Skin &skin, const RECT &caster) {
+    DrawInto(canvas, ShadowOf(caster), skin.shadow);
 }
 
 void DrawFrame(const Canvas &canvas, const Skin &skin, const RECT &outer, std::string_view title) {
-    const std::array<RECT, 9> parts = NineParts(outer);
-    for (std::size_t i = 0; i < parts.size(); ++i) DrawSlice(canvas, parts[i], skin.frame, static_cast<int>(i));
-    skin.font.DrawCentred(canvas, (outer.left + outer.right) / 2, outer.top + 24, title, 0xFFF4F6FA);
+    DrawInto(canvas, outer, skin.frame);
+    skin.font.DrawCentred(canvas, (outer.left + outer.right) / 2, outer.top + 13, title, 0xFFF4F6FA);
 }
 
-void DrawButton(const Canvas &canvas, const Skin &skin, int x, int y, ButtonState state, std::string_view caption) {
-    DrawSlice(canvas, Box(x, y, kButtonWidth, kButtonHeight), skin.button, static_cast<int>(state));
-    const int textTop = y + (state == ButtonState::kPressed ? 18 : 17);
+void DrawButton(const Canvas &canvas, const Skin &skin, const RECT &rect, ButtonState state, std::string_view caption) {
+    DrawSlice(canvas, rect, skin.button, static_cast<int>(state));
+    const int centre = (rect.left + rect.right) / 2;
+    const int textTop = (rect.top + rect.bottom) / 2 - (state == ButtonState::kPressed ? 4 : 5);
     if (state == ButtonState::kDisabled) {
-        skin.font.DrawCentred(canvas, x + kButtonWidth / 2, textTop, caption, 0xFF6F6866);
+        skin.font.DrawCentred(canvas, centre, textTop, caption, 0xFF6F6866);
         return;
     }
-    skin.font.DrawCentred(canvas, x + kButtonWidth / 2, textTop + 1, caption, 0x80400008);
-    skin.font.DrawCentred(canvas, x + kButtonWidth / 2, textTop, caption, 0xFFFFFFFF);
+    skin.font.DrawCentred(canvas, centre, textTop + 1, caption, 0x80400008);
+    skin.font.DrawCentred(canvas, centre, textTop, caption, 0xFFFFFFFF);
+}
+
+void DrawCaptionButton(const Canvas &canvas, const Skin &skin, int x, int y, CaptionButton button, ButtonState state) {
+    DrawSlice(canvas, Box(x, y, kCaptionButtonSize.cx, kCaptionButtonSize.cy), skin.caption,
+              static_cast<int>(button) * 3 + static_cast<int>(state));
 }
 
 void DrawCheckBox(const Canvas &canvas, const Skin &skin, int x, int y, CheckState state, std::string_view caption) {
     DrawSlice(canvas, Box(x, y, kCheckSize, kCheckSize), skin.check, static_cast<int>(state));
     skin.font.Draw(canvas, x + kCheckSize + 4, y + 9, caption, 0xFF333845);
+}
+
+void DrawProgress(const Canvas &canvas, const Skin &skin, const RECT &rect, int done, int all) {
+    DrawSlice(canvas, rect, skin.progress, 0);
+    if (done == 0) return;
+    const RECT filled{rect.left, rect.top, rect.left + (rect.right - rect.left) * done / all, rect.bottom};
+    DrawSlice(canvas, filled, skin.progress, 1);
+    DrawInto(canvas, {filled.left + 2, filled.top + 2, filled.right - 2, filled.bottom - 2}, skin.stripes);
+}
+
+void DrawScrollBar(const Canvas &canvas, const Skin &skin, const RECT &track, const RECT &thumb, ButtonState state) {
+    DrawSlice(canvas, track, skin.scroll, 0);
+    DrawSlice(canvas, thumb, skin.scroll, 1 + static_cast<int>(state));
 }
 
 }  // namespace lacquer::examples

@@ -1,5 +1,5 @@
-// A skin: the pieces of examples/assets as textures, with their draw modes and slices, and the parts of a window drawn
-// from them.
+// A skin: the pieces of examples/assets as textures, with their draw modes, slices and layouts, and the parts of a
+// window drawn from them.
 #pragma once
 
 #include <functional>
@@ -16,31 +16,57 @@ struct Skin {
     /// can't.
     using Reader = std::function<Image(const std::string &name, Alpha alpha)>;
 
-    /// Throws what `read` throws, and std::runtime_error when a texture can't be made.
+    /// Throws what `read` throws, and std::runtime_error when an object can't be made.
     explicit Skin(const Reader &read);
 
-    Texture photo, wood, vignette;  // drawn as copies
-    Texture icon, knob;             // drawn over
-    Texture button, check, frame;   // drawn over; a slice for each state, and for each of the frame's nine parts
+    Texture photo, vignette;                           // drawn as copies
+    Texture wood;                                      // the same, as a tile
+    Texture icon, knob, card, splash;                  // drawn over
+    Texture stripes;                                   // drawn over, as a tile
+    Texture waves;                                     // drawn over, as a top-tile
+    Texture button, caption, check, progress, scroll;  // drawn over; a slice for each state
+    Texture frame, popup, shadow, field;               // drawn over, as nine-grids
     // One sprite at each depth, drawn with a colour key.
     Texture ladybird32, ladybird24, ladybird8;
+    Bitmap lettering;  // a mask to draw colours through
     Font font;
 };
 
-// What the frame's picture holds around its client area, in pixels: shadow, border and title bar together.
-inline constexpr RECT kFrameMargins{20, 44, 20, 20};
+// What the frame holds around a window's client area, pixels.
+inline constexpr RECT kFrameMargins{6, 32, 6, 6};
 
-/// Draws a window frame into a rectangle: corners at their size, edges and the centre stretched.
+/// Where the shadow of a rectangle is, which reaches beyond it.
+RECT ShadowOf(const RECT &caster);
+
+/// Draws the shadow of a rectangle.
+void DrawShadow(const Canvas &canvas, const Skin &skin, const RECT &caster);
+
+/// Draws a window frame with its title into a rectangle.
 void DrawFrame(const Canvas &canvas, const Skin &skin, const RECT &outer, std::string_view title);
 
 enum class ButtonState { kNormal, kHot, kPressed, kDisabled };
 
-/// Draws a button of 104 x 44 pixels, its shadow included, with its left top corner at (x, y).
-void DrawButton(const Canvas &canvas, const Skin &skin, int x, int y, ButtonState state, std::string_view caption);
+inline constexpr SIZE kButtonSize{104, 44};
+
+/// Draws a button into a rectangle, its shadow of 6 pixels around included.
+void DrawButton(const Canvas &canvas, const Skin &skin, const RECT &rect, ButtonState state, std::string_view caption);
+
+enum class CaptionButton { kMinimise, kClose };
+
+inline constexpr SIZE kCaptionButtonSize{28, 20};
+
+/// Draws a button of a title bar with its left top corner at (x, y). Such buttons are never disabled.
+void DrawCaptionButton(const Canvas &canvas, const Skin &skin, int x, int y, CaptionButton button, ButtonState state);
 
 enum class CheckState { kOff, kOn, kPartly };
 
 /// Draws a check box of 24 x 24 pixels with its caption to the right.
 void DrawCheckBox(const Canvas &canvas, const Skin &skin, int x, int y, CheckState state, std::string_view caption);
+
+/// Draws a progress bar of which a share of `done` / `all` is filled.
+void DrawProgress(const Canvas &canvas, const Skin &skin, const RECT &rect, int done, int all);
+
+/// Draws a scroll bar of 14 pixels with its thumb.
+void DrawScrollBar(const Canvas &canvas, const Skin &skin, const RECT &track, const RECT &thumb, ButtonState state);
 
 }  // namespace lacquer::examples

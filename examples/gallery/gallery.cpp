@@ -6,10 +6,15 @@ namespace lacquer::examples {
 namespace {
 
 constexpr Picture kPictures[] = {
-    {"sources", PngKind::kOpaque, PaintSources},   {"modes", PngKind::kOpaque, PaintModes},
-    {"alpha", PngKind::kOpaque, PaintAlpha},       {"slices", PngKind::kOpaque, PaintSlices},
-    {"origins", PngKind::kOpaque, PaintOrigins},   {"transforms", PngKind::kOpaque, PaintTransforms},
-    {"samplers", PngKind::kOpaque, PaintSamplers}, {"window", PngKind::kStraight, PaintWindow},
+    {"sources", PngKind::kOpaque, PaintSources},     {"modes", PngKind::kOpaque, PaintModes},
+    {"alpha", PngKind::kOpaque, PaintAlpha},         {"slices", PngKind::kOpaque, PaintSlices},
+    {"origins", PngKind::kOpaque, PaintOrigins},     {"transforms", PngKind::kOpaque, PaintTransforms},
+    {"samplers", PngKind::kOpaque, PaintSamplers},   {"layouts", PngKind::kOpaque, PaintLayouts},
+    {"tiles", PngKind::kOpaque, PaintTiles},         {"scales", PngKind::kOpaque, PaintScales},
+    {"fills", PngKind::kOpaque, PaintFills},         {"mixes", PngKind::kOpaque, PaintMixes},
+    {"lettering", PngKind::kOpaque, PaintLettering}, {"filters", PngKind::kOpaque, PaintFilters},
+    {"hues", PngKind::kOpaque, PaintHues},           {"glow", PngKind::kOpaque, PaintGlow},
+    {"regions", PngKind::kOpaque, PaintRegions},     {"window", PngKind::kStraight, PaintWindow},
     {"desktop", PngKind::kOpaque, PaintDesktop},
 };
 
@@ -24,16 +29,30 @@ Canvas MakePage(const Skin &skin, int width, int height, std::string_view title,
     return canvas;
 }
 
-void DrawSpecimen(const Canvas &canvas, const RECT &rect, const Texture &piece, BYTE alpha) {
+void DrawSpecimen(const Canvas &canvas, const RECT &rect, const std::function<void(const Canvas &layer)> &draw) {
     const int width = rect.right - rect.left;
     const int height = rect.bottom - rect.top;
     const Canvas layer = MakeCanvas(width, height);
     FillGradient(layer, Box(0, 0, width / 3, height), 0xFF6FA8DC, 0xFF2E5F96);
     FillGradient(layer, Box(width / 3, 0, width / 3, height), 0x80FFD060, 0x80E09020);
-    const SIZE size = SizeOf(piece);
-    DrawAt(layer, (width - size.cx) / 2, (height - size.cy) / 2, piece, alpha);
+    draw(layer);
     FillChecker(canvas, rect, 6);
     DrawLayer(canvas, rect.left, rect.top, layer);
+}
+
+void DrawSpecimen(const Canvas &canvas, const RECT &rect, const Texture &piece, BYTE alpha) {
+    DrawSpecimen(canvas, rect, [&](const Canvas &layer) {
+        const SIZE size = SizeOf(piece);
+        DrawAt(layer, (rect.right - rect.left - size.cx) / 2, (rect.bottom - rect.top - size.cy) / 2, piece, alpha);
+    });
+}
+
+Texture Straightened(const Texture &texture, const RECT *part) {
+    Texture result = CopyOf(texture, part);
+    const TexturePixels pixels(result.get());
+    for (int y = 0; y < pixels.height(); ++y)
+        for (int x = 0; x < pixels.width(); ++x) pixels.words(y)[x] = StraightWord(pixels.words(y)[x]);
+    return result;
 }
 
 std::span<const Picture> Pictures() { return kPictures; }

@@ -1,6 +1,7 @@
 // The gallery: pictures that show what Lacquer draws, each painted by a function of its own from one skin.
 #pragma once
 
+#include <functional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -16,10 +17,15 @@ inline constexpr std::uint32_t kFaintInk = 0xFF9AA3B5;
 /// A canvas with the gallery's background, a title and a line of explanation.
 Canvas MakePage(const Skin &skin, int width, int height, std::string_view title, std::string_view explanation);
 
-/// Draws a piece in the middle of a layer that is opaque on the left, half covered in the middle and clear on the
-/// right, and the layer over a checkerboard into a rectangle of the canvas. So a draw shows on all three kinds of
-/// ground.
+/// Lets `draw` draw on a layer of the rectangle's size that is opaque on the left, half covered in the middle and clear
+/// on the right, and lays it over a checkerboard. So a draw shows on all three kinds of ground.
+void DrawSpecimen(const Canvas &canvas, const RECT &rect, const std::function<void(const Canvas &layer)> &draw);
+
+/// The same with a piece in the middle of the layer.
 void DrawSpecimen(const Canvas &canvas, const RECT &rect, const Texture &piece, BYTE alpha = 255);
+
+/// A copy of a 32-bit texture, or of a part of it, with straight pixels.
+Texture Straightened(const Texture &texture, const RECT *part = nullptr);
 
 struct Picture {
     std::string_view name;  // of the file, without its ending
@@ -37,6 +43,16 @@ Canvas PaintSlices(const Skin &skin);
 Canvas PaintOrigins(const Skin &skin);
 Canvas PaintTransforms(const Skin &skin);
 Canvas PaintSamplers(const Skin &skin);
+Canvas PaintLayouts(const Skin &skin);
+Canvas PaintTiles(const Skin &skin);
+Canvas PaintScales(const Skin &skin);
+Canvas PaintFills(const Skin &skin);
+Canvas PaintMixes(const Skin &skin);
+Canvas PaintLettering(const Skin &skin);
+Canvas PaintFilters(const Skin &skin);
+Canvas PaintHues(const Skin &skin);
+Canvas PaintGlow(const Skin &skin);
+Canvas PaintRegions(const Skin &skin);
 Canvas PaintWindow(const Skin &skin);
 Canvas PaintDesktop(const Skin &skin);
 

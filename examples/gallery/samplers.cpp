@@ -23,10 +23,10 @@ Texture MakeRings(int size) {
     return MakeTexture(image);
 }
 
-/// A part of the window picture, full of small text, as an opaque texture of 32 bits per pixel.
+/// A part of the window picture, with small text, as an opaque texture of 32 bits per pixel.
 Texture MakeFinePrint(const Skin &skin) {
     const Texture window(CanvasToTexture(PaintWindow(skin).release()), "CanvasToTexture");
-    const RECT inside = Box(20, 44, 412, 267);
+    const RECT inside = Box(206, 158, 414, 267);
     return CopyOf(window, &inside);
 }
 

@@ -1,5 +1,5 @@
-// slices.png: one sheet holds all states of a button, another one all parts of a frame; slices name the parts, and a
-// draw takes the current one. The sheets are on the left with their slices outlined, what is made of them on the right.
+// slices.png: one sheet holds all states of a control; slices name the parts, and a draw takes the current one. The
+// sheets are on the left with their slices outlined, what is made of them on the right.
 #include <array>
 
 #include "gallery/gallery.h"
@@ -8,36 +8,58 @@ namespace lacquer::examples {
 
 namespace {
 
-void DrawSheet(const Canvas &canvas, const Skin &skin, int x, int y, const Texture &sheet) {
+/// Draws a sheet `scale` times its size, with its slices outlined and numbered.
+void DrawSheet(const Canvas &canvas, const Skin &skin, int x, int y, const Texture &sheet, int scale) {
     const Texture whole = CopyOf(sheet);
     const SIZE size = SizeOf(whole);
-    FillChecker(canvas, Box(x, y, size.cx, size.cy), 8);
-    DrawAt(canvas, x, y, whole);
+    const RECT place = Box(x, y, size.cx * scale, size.cy * scale);
+    FillChecker(canvas, place, 8);
+    DrawInto(canvas, place, whole, LACQUER_NEAREST);
     const int count = static_cast<int>(GetTextureSliceCount(sheet.get()));
     for (int i = 0; i < count; ++i) {
         SetTextureCurSlice(sheet.get(), i);
         RECT slice{};
         Check(GetTextureCurSlice(sheet.get(), &slice), "GetTextureCurSlice");
-        OutlineBox(canvas, {slice.left + x, slice.top + y, slice.right + x, slice.bottom + y}, 0xC000A0FF);
-        skin.font.Draw(canvas, x + slice.left + 3, y + slice.top + 3, std::to_string(i), 0xFF0048A0);
+        OutlineBox(canvas,
+                   {slice.left * scale + x, slice.top * scale + y, slice.right * scale + x, slice.bottom * scale + y},
+                   0xC000A0FF);
+        skin.font.Draw(canvas, x + slice.left * scale + 3, y + slice.top * scale + 3, std::to_string(i), 0xFF0048A0);
     }
 }
 
 }  // namespace
 
 Canvas PaintSlices(const Skin &skin) {
-    Canvas canvas = MakePage(skin, 700, 400, "Slices", "Parts of a sheet, drawn at their own size or stretched");
-    DrawSheet(canvas, skin, 20, 76, skin.button);
-    DrawSheet(canvas, skin, 28, 276, skin.frame);
+    constexpr std::array<ButtonState, 4> states{ButtonState::kNormal, ButtonState::kHot, ButtonState::kPressed,
+                                                ButtonState::kDisabled};
+    constexpr std::array<std::string_view, 4> names{"Normal", "Hot", "Pressed", "Disabled"};
 
-    DrawButton(canvas, skin, 160, 72, ButtonState::kNormal, "Normal");
-    DrawButton(canvas, skin, 292, 72, ButtonState::kHot, "Hot");
-    DrawButton(canvas, skin, 424, 72, ButtonState::kPressed, "Pressed");
-    DrawButton(canvas, skin, 556, 72, ButtonState::kDisabled, "Disabled");
-    DrawFrame(canvas, skin, Box(146, 124, 160, 260), "Tall");
-    DrawFrame(canvas, skin, Box(296, 124, 386, 130), "Wide");
-    DrawFrame(canvas, skin, Box(296, 242, 230, 142), "Middling");
-    DrawFrame(canvas, skin, Box(524, 242, 158, 142), "Small");
+    Canvas canvas = MakePage(skin, 724, 424, "Slices", "All states of a control are parts of one sheet");
+    DrawSheet(canvas, skin, 20, 72, skin.button, 1);
+    DrawSheet(canvas, skin, 20, 264, skin.caption, 2);
+    DrawSheet(canvas, skin, 20, 360, skin.check, 2);
+    DrawSheet(canvas, skin, 200, 264, skin.progress, 2);
+    DrawSheet(canvas, skin, 200, 312, skin.scroll, 2);
+
+    const RECT panel{334, 72, 704, 408};
+    FillBox(canvas, panel, 0xFFF1EEE8);
+    FillBox(canvas, {panel.left, 264, panel.right, 316}, 0xFF454C5C);
+    for (int i = 0; i < 4; ++i) {
+        const auto index = static_cast<std::size_t>(i);
+        const int width = 80 + i * 60;
+        DrawButton(canvas, skin, Box(340, 76 + i * 46, width, kButtonSize.cy), states[index], names[index]);
+        DrawButton(canvas, skin, Box(354 + width, 76 + i * 46, 340 - width, kButtonSize.cy), states[index], "");
+    }
+    for (int i = 0; i < 3; ++i) {
+        const auto state = states[static_cast<std::size_t>(i)];
+        DrawCaptionButton(canvas, skin, 356 + i * 100, 280, CaptionButton::kMinimise, state);
+        DrawCaptionButton(canvas, skin, 390 + i * 100, 280, CaptionButton::kClose, state);
+        DrawScrollBar(canvas, skin, Box(616 + i * 26, 324, 14, 76), Box(616 + i * 26, 334 + i * 10, 14, 40), state);
+        DrawProgress(canvas, skin, Box(346, 330 + i * 24, 120 + i * 60, 18), i + 1, 4);
+    }
+    DrawCheckBox(canvas, skin, 484, 324, CheckState::kOff, "Off");
+    DrawCheckBox(canvas, skin, 546, 324, CheckState::kOn, "On");
+    DrawCheckBox(canvas, skin, 546, 350, CheckState::kPartly, "Partly");
     return canvas;
 }
 

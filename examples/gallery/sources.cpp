@@ -23,17 +23,26 @@ Canvas PaintSources(const Skin &skin) {
         std::string_view name;
         int left, top;
     };
-    const std::array<Piece, 9> pieces{{{skin.button, "button", 20, 88},
-                                       {skin.photo, "photo", 156, 88},
-                                       {skin.frame, "frame", 380, 88},
-                                       {skin.check, "check", 500, 88},
-                                       {skin.wood, "wood", 156, 256},
-                                       {skin.vignette, "vignette", 258, 256},
-                                       {skin.knob, "knob", 360, 256},
-                                       {skin.icon, "icon", 462, 256},
-                                       {skin.ladybird32, "ladybird", 500, 162}}};
+    const std::array<Piece, 18> pieces{{{skin.button, "button", 20, 88},
+                                        {skin.photo, "photo", 148, 88},
+                                        {skin.splash, "splash", 364, 88},
+                                        {skin.card, "card", 652, 88},
+                                        {skin.knob, "knob", 652, 200},
+                                        {skin.icon, "icon", 148, 248},
+                                        {skin.ladybird32, "ladybird", 240, 248},
+                                        {skin.wood, "wood", 332, 302},
+                                        {skin.vignette, "vignette", 424, 302},
+                                        {skin.shadow, "shadow", 516, 302},
+                                        {skin.frame, "frame", 608, 302},
+                                        {skin.waves, "waves", 148, 352},
+                                        {skin.check, "check", 240, 352},
+                                        {skin.caption, "caption", 20, 304},
+                                        {skin.progress, "progress", 332, 412},
+                                        {skin.scroll, "scroll", 424, 412},
+                                        {skin.field, "field", 516, 412},
+                                        {skin.popup, "popup", 20, 384}}};
 
-    Canvas canvas = MakePage(skin, 604, 356, "Sources",
+    Canvas canvas = MakePage(skin, 776, 486, "Sources",
                              "Palette, grey, colour and four-channel files became textures of 8, 24 and 32 bits");
     for (const Piece &piece : pieces) {
         const Texture whole = CopyOf(piece.texture);

@@ -1,68 +1,65 @@
 // window.png: a window that paints itself, frame, shadow and all, on a transparent canvas. Its file keeps the alpha, so
-// that it can be laid over anything. desktop.png does so: two windows over a picture, the one behind at half strength.
+// that it can be laid over anything. desktop.png does so: windows in several states over a picture, one of them at half
+// strength, and a splash.
+#include "common/scene.h"
+#include "common/splash.h"
 #include "gallery/gallery.h"
 
 namespace lacquer::examples {
 
 namespace {
 
-/// A rectangle with wood from edge to edge: tiles of it, cut off by the clip, darkened towards the corners.
-void FillWood(const Canvas &canvas, const Skin &skin, const RECT &rect) {
-    Check(IntersectCanvasClipRect(canvas.get(), &rect), "IntersectCanvasClipRect");
-    const SIZE tile = SizeOf(skin.wood);
-    for (LONG y = rect.top; y < rect.bottom; y += tile.cy)
-        for (LONG x = rect.left; x < rect.right; x += tile.cx) DrawAt(canvas, x, y, skin.wood);
-    const Texture shade = CopyOf(skin.vignette);
-    SetDrawMode(shade, LACQUER_DRAW_MODULATE);
-    DrawInto(canvas, rect, shade, LACQUER_BILINEAR);
-    const RECT everything = Box(0, 0, 32767, 32767);
-    Check(SetCanvasClipRect(canvas.get(), &everything), "SetCanvasClipRect");
+using Kind = Scene::Kind;
+
+void Click(Scene &scene, Scene::Target target) {
+    scene.MoveTo(scene.MiddleOf(target));
+    scene.Press();
+    scene.Release();
 }
 
-void DrawPanel(const Canvas &canvas, const Skin &skin, const RECT &rect, std::string_view caption) {
-    FillBox(canvas, rect, 0x18000000);
-    OutlineBox(canvas, rect, 0x30000000);
-    skin.font.Draw(canvas, rect.left + 8, rect.top + 7, caption, 0xFF8A2028);
+/// The scene on a shadow, which needs 20 pixels around.
+Canvas PaintWithShadow(const Skin &skin, const Scene &scene) {
+    const SIZE size = scene.size();
+    const Canvas window = MakeCanvas(size.cx, size.cy);
+    scene.Paint(window);
+    Canvas canvas = MakeCanvas(size.cx + 40, size.cy + 40);
+    DrawShadow(canvas, skin, Box(20, 20, size.cx, size.cy));
+    DrawLayer(canvas, 20, 20, window);
+    return canvas;
 }
 
 }  // namespace
 
 Canvas PaintWindow(const Skin &skin) {
-    Canvas canvas = MakeCanvas(452, 332);
-    DrawFrame(canvas, skin, Box(0, 0, 452, 332), "Lacquer");
-    const RECT icon = Box(22, 17, 20, 20);
-    DrawInto(canvas, icon, skin.icon, LACQUER_BILINEAR);
-
-    DrawInto(canvas, Box(32, 54, 208, 130), skin.photo, LACQUER_BICUBIC);
-    OutlineBox(canvas, Box(31, 53, 210, 132), 0xA0000000);
-    const RECT caption = Box(32, 160, 208, 24);
-    FillBox(canvas, caption, 0x90101420);
-    skin.font.Draw(canvas, 42, 169, "Evening by the lake", 0xFFFFF0D8);
-
-    DrawPanel(canvas, skin, Box(252, 53, 168, 131), "Finish");
-    DrawCheckBox(canvas, skin, 260, 76, CheckState::kOn, "Glossy");
-    DrawCheckBox(canvas, skin, 260, 102, CheckState::kOff, "Brushed");
-    DrawCheckBox(canvas, skin, 260, 128, CheckState::kPartly, "Three coats (of 7)");
-    DrawInto(canvas, Box(374, 58, 40, 40), skin.ladybird32, LACQUER_NEAREST);
-
-    FillWood(canvas, skin, Box(32, 196, 388, 62));
-    OutlineBox(canvas, Box(31, 195, 390, 64), 0xA0000000);
-    for (int i = 0; i < 4; ++i) DrawAt(canvas, 62 + i * 90, 195, skin.knob);
-
-    DrawButton(canvas, skin, 26, 264, ButtonState::kDisabled, "Undo");
-    DrawButton(canvas, skin, 212, 264, ButtonState::kHot, "Apply");
-    DrawButton(canvas, skin, 322, 264, ButtonState::kNormal, "Close");
-    return canvas;
+    Scene scene(skin, {600, 420});
+    scene.Scroll(3);
+    Click(scene, {Kind::kRow, 9});
+    Click(scene, {Kind::kButton, Scene::kCoat});
+    Click(scene, {Kind::kBox, Scene::kVisitor});
+    Click(scene, {Kind::kButton, Scene::kFinish});
+    scene.MoveTo(scene.MiddleOf({Kind::kEntry, 1}));
+    return PaintWithShadow(skin, scene);
 }
 
 Canvas PaintDesktop(const Skin &skin) {
-    Canvas canvas = MakeCanvas(800, 500);
-    DrawInto(canvas, Box(0, 0, 800, 500), skin.photo, LACQUER_BICUBIC);
-    const Canvas window = PaintWindow(skin);
-    DrawLayer(canvas, 36, 30, window, 150);
-    DrawLayer(canvas, 300, 130, window);
-    DrawAt(canvas, 30, 410, skin.icon);
-    skin.font.DrawCentred(canvas, 62, 480, "Drop", 0xFFFFFFFF);
+    Canvas canvas = MakeCanvas(1080, 680);
+    DrawInto(canvas, Box(0, 0, 1080, 680), skin.photo, LACQUER_BICUBIC);
+
+    Scene bare(skin, Scene::kLeastSize);
+    Click(bare, {Kind::kButton, Scene::kWipe});
+    bare.MoveTo({-1, -1});
+    DrawLayer(canvas, 20, 20, PaintWithShadow(skin, bare), 170);
+
+    Scene coated(skin, {640, 440});
+    coated.Scroll(100);
+    Click(coated, {Kind::kRow, 12});
+    for (int i = 0; i < 3; ++i) Click(coated, {Kind::kButton, Scene::kCoat});
+    coated.MoveTo(coated.MiddleOf({Kind::kCaptionButton, 1}));
+    DrawLayer(canvas, 390, 150, PaintWithShadow(skin, coated));
+
+    DrawLayer(canvas, 40, 440, MakeSplash(skin));
+    DrawAt(canvas, 984, 590, skin.icon);
+    skin.font.DrawCentred(canvas, 1016, 658, "Drop", 0xFFFFFFFF);
     return canvas;
 }
 

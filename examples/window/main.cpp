@@ -42,8 +42,8 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int show) {
         SetProcessDPIAware();
         const ComLibrary com;
         const Skin skin([](const std::string &name, Alpha alpha) { return ReadPngResource("piece_" + name, alpha); });
-        Scene scene(skin);
-        SkinnedWindow window(scene, {640, 400});
+        Scene scene(skin, {600, 420});
+        SkinnedWindow window(skin, scene);
         if (!checking) return RunMessages(window, show);
         return SelfCheck(window, scene, __argc > 2 ? __argv[2] : "") ? 0 : 1;
     } catch (const std::exception &error) {

@@ -1,99 +1,21 @@
-// Reading a window back, and the steps of the check.
+// The steps of the check. What a step paints shows by poison: the window's canvas is filled with one colour before, and
+// what has lost it afterwards has been painted.
 #include "window/self_check.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdio>
-#include <fstream>
-#include <vector>
+#include <functional>
+#include <thread>
+
+#include "window/screen.h"
 
 namespace lacquer::examples {
 
 namespace {
 
-struct Pixels {
-    LONG width = 0;
-    LONG height = 0;
-    std::vector<DWORD> words;  // 0x00RRGGBB
-
-    bool operator==(const Pixels &) const = default;
-};
-
-constexpr DWORD kColours = 0xFFFFFF;
-
-BITMAPINFOHEADER DescribePixels(const Pixels &pixels) {
-    BITMAPINFOHEADER header{};
-    header.biSize = sizeof header;
-    header.biWidth = pixels.width;
-    header.biHeight = -pixels.height;
-    header.biPlanes = 1;
-    header.biBitCount = 32;
-    header.biCompression = BI_RGB;
-    return header;
-}
-
-/// The client area as the screen shows it.
-Pixels ReadScreen(HWND window) {
-    RECT client{};
-    GetClientRect(window, &client);
-    POINT corner{};
-    ClientToScreen(window, &corner);
-    Pixels result{.width = client.right, .height = client.bottom, .words = {}};
-    BITMAPINFO info{};
-    info.bmiHeader = DescribePixels(result);
-    void *bits = nullptr;
-    const HDC screen = GetDC(nullptr);
-    const HDC memory = CreateCompatibleDC(screen);
-    const HBITMAP section = CreateDIBSection(screen, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
-    bool read = false;
-    if (section != nullptr) {
-        const HGDIOBJ previous = SelectObject(memory, section);
-        read = BitBlt(memory, 0, 0, result.width, result.height, screen, corner.x, corner.y, SRCCOPY) != 0;
-        GdiFlush();
-        SelectObject(memory, previous);
-        const auto *words = static_cast<const DWORD *>(bits);
-        for (LONG i = 0; read && i < result.width * result.height; ++i) result.words.push_back(words[i] & kColours);
-        DeleteObject(section);
-    }
-    DeleteDC(memory);
-    ReleaseDC(nullptr, screen);
-    if (!read) throw std::runtime_error("the screen can't be read");
-    return result;
-}
-
-Pixels ReadCanvas(const Canvas &canvas) {
-    const CanvasPixels pixels(canvas.get());
-    Pixels result{.width = pixels.width(), .height = pixels.height(), .words = {}};
-    for (int y = 0; y < pixels.height(); ++y)
-        for (int x = 0; x < pixels.width(); ++x) result.words.push_back(pixels.words(y)[x] & kColours);
-    return result;
-}
-
-void WriteBmp(const std::string &path, const Pixels &pixels) {
-    const BITMAPINFOHEADER header = DescribePixels(pixels);
-    BITMAPFILEHEADER file{};
-    file.bfType = 0x4D42;  // "BM"
-    file.bfOffBits = sizeof file + sizeof header;
-    const auto byteCount = static_cast<DWORD>(pixels.words.size() * sizeof(DWORD));
-    file.bfSize = file.bfOffBits + byteCount;
-    std::ofstream out(path, std::ios::binary);
-    out.write(reinterpret_cast<const char *>(&file), sizeof file);
-    out.write(reinterpret_cast<const char *>(&header), sizeof header);
-    out.write(reinterpret_cast<const char *>(pixels.words.data()), static_cast<std::streamsize>(byteCount));
-    if (!out.flush()) throw std::runtime_error("writing " + path + " failed");
-}
-
-std::size_t CountColours(const Pixels &pixels) {
-    std::vector<DWORD> colours = pixels.words;
-    std::sort(colours.begin(), colours.end());
-    return static_cast<std::size_t>(std::unique(colours.begin(), colours.end()) - colours.begin());
-}
-
-std::size_t CountDifferences(const Pixels &a, const Pixels &b) {
-    if (a.width != b.width || a.height != b.height) return std::max(a.words.size(), b.words.size());
-    std::size_t count = 0;
-    for (std::size_t i = 0; i < a.words.size(); ++i) count += a.words[i] != b.words[i];
-    return count;
-}
+constexpr DWORD kPoison = 0xFF01FE02;
+constexpr DWORD kPatience = 10000;  // milliseconds; the system may bring a painted window to the screen later
 
 /// Handles what the system has sent, for a while.
 void Pump(DWORD milliseconds) {
@@ -105,76 +27,213 @@ void Pump(DWORD milliseconds) {
     } while (GetTickCount() - start < milliseconds);
 }
 
-/// Handles messages until the window has been painted more than `paints` times and the screen shows the canvas, for ten
-/// seconds at most: the system may bring a painted window to the screen a little later. Returns what the screen shows
-/// in the end.
-Pixels AwaitScreen(const SkinnedWindow &window, int paints) {
-    const DWORD start = GetTickCount();
-    Pixels shown;
-    do {
-        Pump(50);
-        if (!window.failure().empty()) throw std::runtime_error(window.failure());
-        if (window.handle() == nullptr) throw std::runtime_error("the window was closed");
-        if (window.paintCount() <= paints) continue;
-        shown = ReadScreen(window.handle());
-        if (shown == ReadCanvas(window.canvas())) break;
-    } while (GetTickCount() - start < 10000);
-    if (window.paintCount() <= paints) throw std::runtime_error("the window was not painted");
-    return shown;
-}
+class Checker {
+public:
+    Checker(SkinnedWindow &window, const Scene &scene) : window_(window), scene_(scene) {}
+
+    bool passed() const { return passed_; }
+    const Pixels &shown() const { return shown_; }
+
+    /// Waits until the screen shows the scene, and tells whether it does and whether that differs from the step before.
+    void Step(const char *name, bool changes) {
+        const Pixels before = shown_;
+        const std::size_t differences = AwaitScreen();
+        const bool changed = before.words != shown_.words;
+        // A picture of one surface and a few shadows has thousands of colours; a blank or half-painted window has not.
+        const std::size_t colours = CountColours(shown_);
+        Report(differences == 0 && colours >= 2000 && changed == changes,
+               "%s: %ld x %ld, %zu of %zu pixels differ, %zu colours, %s", name, shown_.width, shown_.height,
+               differences, shown_.words.size(), colours, changed ? "changed" : "unchanged");
+    }
+
+    /// Lets `act` change the picture, and tells whether that painted something, and nothing outside of `limits`.
+    void PartialStep(const char *name, const RECT &limits, const std::function<void()> &act) {
+        Poison();
+        act();
+        Step(name, true);
+        std::size_t inside = 0;
+        std::size_t outside = 0;
+        {
+            const CanvasPixels pixels(window_.canvas().get());
+            for (LONG y = 0; y < pixels.height(); ++y) {
+                for (LONG x = 0; x < pixels.width(); ++x) {
+                    if (pixels.words(y)[x] == kPoison) continue;
+                    const bool isIn = x >= limits.left && x < limits.right && y >= limits.top && y < limits.bottom;
+                    ++(isIn ? inside : outside);
+                }
+            }
+        }
+        Report(inside > 0 && outside == 0, "  painted: %zu of %zu pixels, %zu elsewhere", inside, shown_.words.size(),
+               outside);
+        InvalidateRect(window_.handle(), nullptr, FALSE);
+        AwaitScreen();
+    }
+
+    template <typename... Arguments>
+    void Report(bool good, const char *format, Arguments... arguments) {
+        std::printf(format, arguments...);
+        std::printf(": %s\n", good ? "good" : "BAD");
+        std::fflush(stdout);
+        passed_ = passed_ && good;
+    }
+
+private:
+    void Poison() {
+        const CanvasPixels pixels(window_.canvas().get());
+        for (int y = 0; y < pixels.height(); ++y) std::fill_n(pixels.words(y), pixels.width(), kPoison);
+    }
+
+    /// The scene, painted afresh and whole, and the splash if there is one.
+    Pixels Expected() const {
+        const Canvas canvas = MakeCanvas(scene_.size().cx, scene_.size().cy);
+        scene_.Paint(canvas);
+        Pixels expected = ReadCanvas(canvas);
+        if (const SplashWindow *splash = window_.splash(); splash != nullptr && splash->handle() != nullptr) {
+            POINT corner{};
+            MapWindowPoints(splash->handle(), window_.handle(), &corner, 1);
+            Overlay(expected, ReadCanvas(splash->canvas()), corner);
+        }
+        return expected;
+    }
+
+    /// Handles messages until the screen shows what it should, or patience ends. Returns the number of differences.
+    std::size_t AwaitScreen() {
+        const DWORD start = GetTickCount();
+        std::size_t differences = 0;
+        do {
+            Pump(50);
+            if (!window_.failure().empty()) throw std::runtime_error(window_.failure());
+            if (window_.handle() == nullptr) throw std::runtime_error("the window was closed");
+            shown_ = ReadScreen(window_.handle());
+            differences = CountDifferences(shown_, Expected());
+        } while (differences > 0 && GetTickCount() - start < kPatience);
+        return differences;
+    }
+
+    SkinnedWindow &window_;
+    const Scene &scene_;
+    Pixels shown_;
+    bool passed_ = true;
+};
 
 void MoveMouse(HWND window, POINT position) {
     SendMessageW(window, WM_MOUSEMOVE, 0, MAKELPARAM(position.x, position.y));
 }
 
+void Click(HWND window, POINT position) {
+    MoveMouse(window, position);
+    SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(position.x, position.y));
+    SendMessageW(window, WM_LBUTTONUP, 0, MAKELPARAM(position.x, position.y));
+}
+
+/// Drags with the system's own mouse. Moving and sizing a window run a loop of the system's, so the mouse needs a
+/// thread of its own.
+void Drag(HWND window, POINT from, SIZE way) {
+    ClientToScreen(window, &from);
+    std::atomic<bool> isDone = false;
+    std::thread hand([&] {
+        SetCursorPos(from.x, from.y);
+        Sleep(100);
+        mouse_event(MOUSEEVENTF_LEFTDOWN, 0, 0, 0, 0);
+        for (int i = 1; i <= 4; ++i) {
+            Sleep(100);
+            SetCursorPos(from.x + way.cx * i / 4, from.y + way.cy * i / 4);
+        }
+        Sleep(100);
+        mouse_event(MOUSEEVENTF_LEFTUP, 0, 0, 0, 0);
+        Sleep(100);
+        isDone = true;
+    });
+    while (!isDone) Pump(20);
+    hand.join();
+    Pump(100);
+}
+
+RECT PlaceOnScreen(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return place;
+}
+
 }  // namespace
 
 bool SelfCheck(SkinnedWindow &window, const Scene &scene, const std::string &screenshot) {
-    // A picture of one surface and a few shadows has thousands of colours; a blank or half-painted window has not.
-    constexpr std::size_t fewestColours = 2000;
-    bool passed = true;
-    Pixels before;
-    int paints = 0;
-    const auto step = [&](const char *name, bool changes) {
-        const Pixels shown = AwaitScreen(window, paints);
-        const std::size_t differences = CountDifferences(shown, ReadCanvas(window.canvas()));
-        const std::size_t colours = CountColours(shown);
-        const bool changed = !(shown == before);
-        const bool good = differences == 0 && colours >= fewestColours && changed == changes;
-        std::printf("%s: %ld x %ld, %zu of %zu pixels differ, %zu colours, %s: %s\n", name, shown.width, shown.height,
-                    differences, shown.words.size(), colours, changed ? "changed" : "unchanged", good ? "good" : "BAD");
-        passed = passed && good;
-        before = shown;
-        paints = window.paintCount();
-    };
-
+    using Kind = Scene::Kind;
+    Checker check(window, scene);
     const HWND handle = window.handle();
+    const POINT nowhere{-1, -1};
     ShowWindow(handle, SW_SHOWNOACTIVATE);
-    step("shown", true);
+    check.Step("shown", true);
 
     InvalidateRect(handle, nullptr, FALSE);
-    step("painted again", false);
+    check.Step("painted again", false);
 
-    MoveMouse(handle, scene.firstCheckBox());
-    SendMessageW(handle, WM_LBUTTONDOWN, MK_LBUTTON, 0);
-    SendMessageW(handle, WM_LBUTTONUP, 0, 0);
-    MoveMouse(handle, {0, 0});
-    step("box unchecked", true);
+    const Scene::Target coat{Kind::kButton, Scene::kCoat};
+    check.PartialStep("hover", scene.PlaceOf(coat), [&] { MoveMouse(handle, scene.MiddleOf(coat)); });
+    check.PartialStep("hover ends", scene.PlaceOf(coat), [&] { SendMessageW(handle, WM_MOUSELEAVE, 0, 0); });
 
-    SetWindowPos(handle, nullptr, 0, 0, 760, 560, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-    step("resized", true);
+    RECT list = scene.Rows();
+    list.right += 16;  // with the scroll bar
+    check.PartialStep("list scrolled by the wheel", list,
+                      [&] { SendMessageW(handle, WM_MOUSEWHEEL, static_cast<WPARAM>(-WHEEL_DELTA) << 16, 0); });
+    check.PartialStep("list scrolled by its thumb", list, [&] {
+        const POINT grip = scene.MiddleOf({Kind::kThumb});
+        MoveMouse(handle, grip);
+        SendMessageW(handle, WM_LBUTTONDOWN, MK_LBUTTON, 0);
+        MoveMouse(handle, {grip.x, grip.y + 43});
+        SendMessageW(handle, WM_LBUTTONUP, 0, 0);
+        MoveMouse(handle, nowhere);
+    });
+    check.PartialStep("row hovered", list, [&] { MoveMouse(handle, scene.MiddleOf({Kind::kRow, 8})); });
 
-    MoveMouse(handle, scene.addButton());
-    SendMessageW(handle, WM_LBUTTONDOWN, MK_LBUTTON, 0);
-    SendMessageW(handle, WM_LBUTTONUP, 0, 0);
-    MoveMouse(handle, {0, 0});
-    step("coat added", true);
+    Click(handle, scene.MiddleOf({Kind::kRow, 8}));
+    MoveMouse(handle, nowhere);
+    check.Step("colour chosen", true);
 
-    if (!screenshot.empty()) WriteBmp(screenshot, before);
+    Click(handle, scene.MiddleOf({Kind::kButton, Scene::kFinish}));
+    check.Step("menu opened", true);
+    const Scene::Target satin{Kind::kEntry, 1};
+    check.PartialStep("entry hovered", scene.PlaceOf(satin), [&] { MoveMouse(handle, scene.MiddleOf(satin)); });
+    Click(handle, scene.MiddleOf(satin));
+    MoveMouse(handle, nowhere);
+    check.Step("entry chosen", true);
+
+    const RECT before = PlaceOnScreen(handle);
+    Drag(handle, {160, 16}, {-64, 48});
+    const RECT moved = PlaceOnScreen(handle);
+    check.Report(moved.left == before.left - 64 && moved.top == before.top + 48 &&
+                     moved.right - moved.left == before.right - before.left,
+                 "dragged by its title from %ld, %ld to %ld, %ld", before.left, before.top, moved.left, moved.top);
+    SendMessageW(handle, WM_MOUSELEAVE, 0, 0);
+    check.Step("moved", false);
+
+    Drag(handle, {scene.size().cx - 3, scene.size().cy - 3}, {120, 80});
+    const RECT sized = PlaceOnScreen(handle);
+    check.Report(sized.right == moved.right + 120 && sized.bottom == moved.bottom + 80 && sized.left == moved.left,
+                 "dragged by its corner to %ld x %ld", sized.right - sized.left, sized.bottom - sized.top);
+    SendMessageW(handle, WM_MOUSELEAVE, 0, 0);
+    check.Step("resized", true);
+
+    Click(handle, scene.MiddleOf(coat));
+    SendMessageW(handle, WM_MOUSELEAVE, 0, 0);
+    check.Step("coat added", true);
+
+    Click(handle, scene.MiddleOf({Kind::kButton, Scene::kAbout}));
+    SendMessageW(handle, WM_MOUSELEAVE, 0, 0);
+    check.Step("splash shown", true);
+    if (window.splash() == nullptr || window.splash()->handle() == nullptr) throw std::runtime_error("no splash");
+    const HWND splash = window.splash()->handle();
+    const RECT place = PlaceOnScreen(splash);
+    const bool isShaped = WindowFromPoint({place.left + 1, place.bottom - 1}) == handle &&
+                          WindowFromPoint({(place.left + place.right) / 2, place.top + 50}) == splash;
+    check.Report(isShaped, "the mouse reaches the splash where it shows, and the window elsewhere");
+    if (!screenshot.empty()) WriteBmp(screenshot, check.shown());
+    SendMessageW(splash, WM_LBUTTONUP, 0, 0);
+    check.Step("splash closed", true);
+
     SendMessageW(handle, WM_KEYDOWN, VK_ESCAPE, 0);
-    const bool closed = window.handle() == nullptr;
-    std::printf("closed by the Escape key: %s\n", closed ? "good" : "BAD");
-    return passed && closed;
+    check.Report(window.handle() == nullptr, "closed by the Escape key");
+    return check.passed();
 }
 
 }  // namespace lacquer::examples

@@ -1,5 +1,5 @@
-// A run of the window without a user: it is shown, used and resized, and after each step its pixels are read back from
-// the screen and compared with those of the canvas.
+// A run of the window without a user: it is shown, used, moved and resized, and after each step the screen is compared
+// with a picture of the whole scene, painted afresh.
 #pragma once
 
 #include "window/skinned_window.h"
@@ -7,8 +7,8 @@
 namespace lacquer::examples {
 
 /// Writes a line for each step to standard output, and the last picture read back to `screenshot` (a BMP file) unless
-/// that is empty. Returns true when every step showed the canvas's pixels and changed what it should. Throws
-/// std::runtime_error when the check can't be done.
+/// that is empty. Returns true when every step showed what it should, and painted no more. Throws std::runtime_error
+/// when the check can't be done.
 bool SelfCheck(SkinnedWindow &window, const Scene &scene, const std::string &screenshot);
 
 }  // namespace lacquer::examples

@@ -3,33 +3,43 @@
 
 #include <windowsx.h>
 
+#include "window/window_class.h"
+
 namespace lacquer::examples {
 
 namespace {
 
 constexpr wchar_t kClassName[] = L"LacquerExampleWindow";
-constexpr DWORD kStyle = WS_OVERLAPPEDWINDOW;
+// A frame that the system can size, though it never shows: WM_NCCALCSIZE gives its place to the client area.
+constexpr DWORD kStyle = WS_POPUP | WS_THICKFRAME | WS_SYSMENU | WS_MINIMIZEBOX;
 
-void RegisterWindowClass(WNDPROC procedure) {
-    WNDCLASSEXW description{};
-    description.cbSize = sizeof description;
-    description.lpfnWndProc = procedure;
-    description.hInstance = GetModuleHandleW(nullptr);
-    description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-    description.lpszClassName = kClassName;
-    if (RegisterClassExW(&description) == 0 && GetLastError() != ERROR_CLASS_ALREADY_EXISTS)
-        throw std::runtime_error("RegisterClassExW failed");
+LRESULT HitCode(Scene::Area area) {
+    switch (area) {
+        case Scene::Area::kClient: return HTCLIENT;
+        case Scene::Area::kTitle: return HTCAPTION;
+        case Scene::Area::kLeft: return HTLEFT;
+        case Scene::Area::kTop: return HTTOP;
+        case Scene::Area::kRight: return HTRIGHT;
+        case Scene::Area::kBottom: return HTBOTTOM;
+        case Scene::Area::kTopLeft: return HTTOPLEFT;
+        case Scene::Area::kTopRight: return HTTOPRIGHT;
+        case Scene::Area::kBottomLeft: return HTBOTTOMLEFT;
+        case Scene::Area::kBottomRight: return HTBOTTOMRIGHT;
+    }
+    return HTCLIENT;
 }
 
 }  // namespace
 
-SkinnedWindow::SkinnedWindow(Scene &scene, SIZE client) : scene_(scene) {
-    RegisterWindowClass(Procedure);
-    RECT outer{0, 0, client.cx, client.cy};
-    AdjustWindowRectEx(&outer, kStyle, FALSE, 0);
-    CreateWindowExW(0, kClassName, L"Lacquer", kStyle, CW_USEDEFAULT, CW_USEDEFAULT, outer.right - outer.left,
-                    outer.bottom - outer.top, nullptr, nullptr, GetModuleHandleW(nullptr), this);
-    if (window_ == nullptr) throw std::runtime_error("CreateWindowExW failed");
+SkinnedWindow::SkinnedWindow(const Skin &skin, Scene &scene) : skin_(skin), scene_(scene) {
+    RegisterWindowClass(kClassName, Procedure);
+    const SIZE size = scene.size();
+    const POINT corner{(GetSystemMetrics(SM_CXSCREEN) - size.cx) / 2, (GetSystemMetrics(SM_CYSCREEN) - size.cy) / 3};
+    CreateWindowExW(WS_EX_APPWINDOW, kClassName, L"Coats of lacquer", kStyle, corner.x, corner.y, size.cx, size.cy,
+                    nullptr, nullptr, GetModuleHandleW(nullptr), this);
+    if (window_ != nullptr && failure_.empty()) return;
+    if (window_ != nullptr) DestroyWindow(window_);
+    throw std::runtime_error("CreateWindowExW failed: " + failure_);
 }
 
 SkinnedWindow::~SkinnedWindow() {
@@ -56,23 +66,40 @@ LRESULT CALLBACK SkinnedWindow::Procedure(HWND window, UINT message, WPARAM wide
 }
 
 LRESULT SkinnedWindow::Handle(UINT message, WPARAM wide, LPARAM lengthy) {
+    const POINT position{GET_X_LPARAM(lengthy), GET_Y_LPARAM(lengthy)};
     switch (message) {
+        case WM_NCCALCSIZE: return 0;  // the client area is the whole window
+        case WM_NCPAINT: return 0;
+        case WM_NCACTIVATE: return TRUE;
+        case WM_NCHITTEST: return HitTest(position);
+        case WM_GETMINMAXINFO:
+            reinterpret_cast<MINMAXINFO *>(lengthy)->ptMinTrackSize = {Scene::kLeastSize.cx, Scene::kLeastSize.cy};
+            return 0;
+        case WM_SIZE:
+            if (wide != SIZE_MINIMIZED) Resize({position.x, position.y});
+            return 0;
         case WM_ERASEBKGND: return 1;  // every pixel is painted
-        case WM_SIZE: InvalidateRect(window_, nullptr, FALSE); return 0;
         case WM_PAINT: Paint(); return 0;
-        case WM_MOUSEMOVE: MouseMoved({GET_X_LPARAM(lengthy), GET_Y_LPARAM(lengthy)}); return 0;
+        case WM_MOUSEMOVE: MouseMoved(position); return 0;
         case WM_MOUSELEAVE:
             isTracking_ = false;
-            RepaintIf(scene_.MoveTo({-1, -1}));
+            scene_.MoveTo({-1, -1});
+            Update();
             return 0;
         case WM_LBUTTONDOWN:
+            splash_.reset();
             SetCapture(window_);
-            RepaintIf(scene_.Press());
+            scene_.Press();
+            Update();
             return 0;
         case WM_LBUTTONUP:
             ReleaseCapture();
-            RepaintIf(scene_.Release());
-            if (scene_.isClosed()) DestroyWindow(window_);
+            scene_.Release();
+            Update();
+            return 0;
+        case WM_MOUSEWHEEL:
+            scene_.Scroll(-GET_WHEEL_DELTA_WPARAM(wide) * 2 / WHEEL_DELTA);
+            Update();
             return 0;
         case WM_KEYDOWN:
             if (wide == VK_ESCAPE) DestroyWindow(window_);
@@ -87,24 +114,32 @@ LRESULT SkinnedWindow::Handle(UINT message, WPARAM wide, LPARAM lengthy) {
     }
 }
 
+LRESULT SkinnedWindow::HitTest(POINT screenPosition) const {
+    ScreenToClient(window_, &screenPosition);
+    return HitCode(scene_.AreaAt(screenPosition));
+}
+
+void SkinnedWindow::Resize(SIZE size) {
+    if (canvas_.get() && size.cx == scene_.size().cx && size.cy == scene_.size().cy) return;
+    scene_.Resize(size);
+    canvas_ = MakeCanvas(scene_.size().cx, scene_.size().cy);
+    // The frame's own corners shape the window.
+    scene_.Paint(canvas_);
+    const Texture texture(GetTexture(canvas_.get()), "GetTexture");
+    SetDrawMode(texture, LACQUER_DRAW_OVER);
+    ShapeWindow(window_, texture);
+    Update();
+}
+
 void SkinnedWindow::Paint() {
-    RECT client{};
-    GetClientRect(window_, &client);
-    if (client.right > 0 && client.bottom > 0) {
-        if (client.right != canvasSize_.cx || client.bottom != canvasSize_.cy) {
-            canvas_ = MakeCanvas(client.right, client.bottom);
-            canvasSize_ = {client.right, client.bottom};
-        }
-        scene_.Paint(canvas_, canvasSize_);
+    const PaintSession session(window_);
+    const RECT &part = session.part();
+    if (part.right > part.left && part.bottom > part.top) {
+        Check(SetCanvasClipRect(canvas_.get(), &part), "SetCanvasClipRect");
+        scene_.Paint(canvas_);
+        session.Show(canvas_);
     }
-    PAINTSTRUCT paint{};
-    const HDC screen = BeginPaint(window_, &paint);
-    const RECT &part = paint.rcPaint;
-    const BOOL shown =
-        part.right <= part.left || BitBlt(screen, part.left, part.top, part.right - part.left, part.bottom - part.top,
-                                          GetCanvasHandle(canvas_.get()), part.left, part.top, SRCCOPY);
-    EndPaint(window_, &paint);
-    if (!shown) throw std::runtime_error("BitBlt failed");
+    lastPaint_ = part;
     ++paintCount_;
 }
 
@@ -116,11 +151,19 @@ void SkinnedWindow::MouseMoved(POINT position) {
         track.hwndTrack = window_;
         isTracking_ = TrackMouseEvent(&track) != 0;
     }
-    RepaintIf(scene_.MoveTo(position));
+    scene_.MoveTo(position);
+    Update();
 }
 
-void SkinnedWindow::RepaintIf(bool changed) {
-    if (changed) InvalidateRect(window_, nullptr, FALSE);
+/// Hands the scene's changes and wishes on to the system.
+void SkinnedWindow::Update() {
+    for (const RECT &rect : scene_.TakeInvalid()) InvalidateRect(window_, &rect, FALSE);
+    switch (scene_.TakeWish()) {
+        case Scene::Wish::kMinimise: ShowWindow(window_, SW_MINIMIZE); break;
+        case Scene::Wish::kAbout: splash_ = std::make_unique<SplashWindow>(skin_, window_); break;
+        case Scene::Wish::kClose: DestroyWindow(window_); break;
+        default: break;
+    }
 }
 
 }  // namespace lacquer::examples
