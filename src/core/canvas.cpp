@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "core/geometry.h"
-#include "core/registration.h"
+#include "core/handle_table.h"
 #include "core/surface_view.h"
 #include "pipeline/blit_dispatch.h"
 
@@ -32,7 +32,7 @@ POINT Exchanged(POINT &stored, int x, int y) { return std::exchange(stored, POIN
 Canvas::~Canvas() {
     if (anchor_) anchor_->canvas.store(nullptr, std::memory_order_release);
     if (!foreignDC_) DeleteDeviceContext();
-    if (surface_ && surface_->IsAliased()) ProcessHandleTable().Revoke(surface_.get());
+    if (aliased_) ProcessHandleTable().Revoke(this);
 }
 
 bool Canvas::CreateSurface(DWORD width, DWORD height, SurfaceKind kind) {
@@ -146,6 +146,7 @@ RECT Canvas::ToDevice(const RECT &rect) const {
 }
 
 bool Canvas::ApplyClip(const RECT &device) const {
+    // This makes an inverted rectangle empty, too; GDI would turn it the right way round.
     RECT bounded{};
     IntersectRect(&bounded, &device, &kRegionRange);
     HRGN region = CreateRectRgnIndirect(&bounded);
@@ -158,8 +159,6 @@ bool Canvas::ApplyClip(const RECT &device) const {
 
 bool Canvas::SetClip(const RECT &rect) {
     RECT device = ToDevice(rect);
-    // GDI would turn an inverted rectangle the right way round.
-    if (IsRectEmpty(&device)) device = {};
     if (surface_) {
         const RECT wanted = device, whole{0, 0, surface_->GetWidth(), surface_->GetHeight()};
         IntersectRect(&device, &wanted, &whole);

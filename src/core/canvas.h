@@ -90,8 +90,7 @@ public:
     velCanvas *Companion() const { return companion_.get(); }
     void SetCompanion(OwnedCompanion companion) { companion_ = std::move(companion); }
 
-    /// Whether further handles may name this canvas: set when one is made, never reset.
-    bool IsAliased() const { return aliased_; }
+    /// Says that further handles name this canvas; they become invalid with it.
     void MarkAliased() { aliased_ = true; }
 
 private:

@@ -5,6 +5,7 @@
 #include <new>
 
 #include "core/dib_storage.h"
+#include "core/handle_table.h"
 #include "core/memory_storage.h"
 #include "core/surface_view.h"
 #include "pipeline/blit_dispatch.h"
@@ -25,6 +26,10 @@ StorageRef MakeStorage(SurfaceKind kind) {
 }
 
 }  // namespace
+
+PixelSurface::~PixelSurface() {
+    if (aliased_) ProcessHandleTable().Revoke(this);
+}
 
 bool PixelSurface::Create(int width, int height, int bitsPerPixel, uint16_t paletteCount, SurfaceKind kind) {
     Destroy();

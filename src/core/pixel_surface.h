@@ -18,7 +18,7 @@ public:
     static constexpr int kLargestSide = 32767;
 
     PixelSurface() = default;
-    ~PixelSurface() { Destroy(); }
+    ~PixelSurface();
     PixelSurface(const PixelSurface &) = delete;
     PixelSurface &operator=(const PixelSurface &) = delete;
 
@@ -58,8 +58,7 @@ public:
     /// The storage, so that a device context can keep the bitmap that it has selected.
     const StorageRef &Storage() const { return storage_; }
 
-    /// Whether further handles may name this surface: set when one is made, never reset.
-    bool IsAliased() const { return aliased_; }
+    /// Says that further handles name this surface; they become invalid with it.
     void MarkAliased() { aliased_ = true; }
 
     /// Whether a canvas owns this object, so that deleting it through a handle may only empty it.

@@ -1,5 +1,5 @@
-// The area sampler of the SSE2 tier: where every destination pixel covers whole source pixels, their bytes are summed in
-// 16-bit lanes.
+// The area sampler of the SSE2 tier: where every destination pixel covers whole source pixels, their bytes are summed
+// in 16-bit lanes.
 #pragma once
 
 #include "pipeline/area.h"
@@ -118,8 +118,8 @@ private:
             if constexpr (Source::kBitsPerPixel == 32) {
                 for (; x + kVectorPixels <= columnsPerPixel_; x += kVectorPixels) {
                     const __m128i words = LoadFour(pixels + x * kPixelBytes);
-                    sums = _mm_add_epi16(
-                        sums, _mm_add_epi16(_mm_unpacklo_epi8(words, zero), _mm_unpackhi_epi8(words, zero)));
+                    sums = _mm_add_epi16(sums,
+                                         _mm_add_epi16(_mm_unpacklo_epi8(words, zero), _mm_unpackhi_epi8(words, zero)));
                 }
             }
             for (; x < columnsPerPixel_; ++x) {

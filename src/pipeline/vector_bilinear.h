@@ -1,11 +1,11 @@
-// The bilinear sampler of the faster tiers. MixFour's mean is, with the top pixels P and Q (near and far), E = Q − P, and
-// dP, dE the differences from the row above to the row below,
+// The bilinear sampler of the faster tiers. MixFour's mean is, with the top pixels P and Q (near and far), E = Q − P,
+// and dP, dE the differences from the row above to the row below,
 //
 //   256 P + fx E + fy dP + (fx fy >> 8) dE,
 //
 // where everything but fy belongs to one source row. So a draw that uses each source row several times prepares the row
-// once for a block's columns, and two prepared rows give a destination row. Lanes may wrap on the way: the mean itself is
-// below 2^16. Other draws weight the four pixels directly.
+// once for a block's columns, and two prepared rows give a destination row. Lanes may wrap on the way: the mean itself
+// is below 2^16. Other draws weight the four pixels directly.
 #pragma once
 
 #include "pipeline/bilinear.h"
@@ -102,17 +102,6 @@ private:
         }
     }
 
-    /// Calls each(taps, i) for every second column; taps(pixels, j) gives the pixels of columns i and i + 1.
-    template <class Each>
-    void ForEachPair(ptrdiff_t columns, const Each &each) const {
-        const auto anywhere = [this](const BYTE *pixels, ptrdiff_t i) { return Taps(pixels, i); };
-        const auto inside = [this](const BYTE *pixels, ptrdiff_t i) { return TapsInside(pixels, i); };
-        ptrdiff_t i = 0;
-        for (; i < std::min(beginInside_, columns); i += 2) each(anywhere, i);
-        for (; i + 2 <= std::min(endInside_, columns); i += 2) each(inside, i);
-        for (; i < columns; i += 2) each(anywhere, i);
-    }
-
     /// The two rows that a destination row needs are neighbours, so they have a line each.
     const Line &Prepared(int row) {
         Line &line = lines_[row & 1];
@@ -121,16 +110,19 @@ private:
         const BYTE *const pixels = RowOf(source_, row);
         Pair *pair = line.pairs;
         const Fractions *fractions = fractions_;
-        ForEachPair(columns_, [&](const auto &taps, ptrdiff_t i) {
-            const __m128i zero = _mm_setzero_si128();
-            const __m128i words = _mm_unpacklo_epi32(taps(pixels, i), taps(pixels, i + 1));
+        const auto prepare = [&](__m128i first, __m128i second) {
+            const __m128i zero = _mm_setzero_si128(), words = _mm_unpacklo_epi32(first, second);
             pair->nearPixels = _mm_unpacklo_epi8(words, zero);
             pair->steps = _mm_sub_epi16(_mm_unpackhi_epi8(words, zero), pair->nearPixels);
             pair->blends =
                 _mm_add_epi16(_mm_slli_epi16(pair->nearPixels, 8), _mm_mullo_epi16(pair->steps, fractions->fx));
             ++pair;
             ++fractions;
-        });
+        };
+        ptrdiff_t i = 0;
+        for (; i < beginInside_; i += 2) prepare(Taps(pixels, i), Taps(pixels, i + 1));
+        for (; i + 2 <= endInside_; i += 2) prepare(TapsInside(pixels, i), TapsInside(pixels, i + 1));
+        for (; i < columns_; i += 2) prepare(Taps(pixels, i), Taps(pixels, i + 1));
         return line;
     }
 
@@ -140,8 +132,7 @@ private:
         const Fractions *fractions = fractions_;
         const auto mean = [fy](const Pair &above, const Pair &below, __m128i upperFx) {
             const __m128i down = _mm_mullo_epi16(_mm_sub_epi16(below.nearPixels, above.nearPixels), fy);
-            const __m128i both =
-                _mm_mullo_epi16(_mm_sub_epi16(below.steps, above.steps), _mm_mulhi_epu16(upperFx, fy));
+            const __m128i both = _mm_mullo_epi16(_mm_sub_epi16(below.steps, above.steps), _mm_mulhi_epu16(upperFx, fy));
             return _mm_srli_epi16(_mm_add_epi16(_mm_add_epi16(above.blends, down), both), 8);
         };
         const auto four = [&] {
@@ -175,15 +166,21 @@ private:
                                                 _mm_mullo_epi16(_mm_unpackhi_epi8(below, zero), w11));
             return _mm_srli_epi16(_mm_add_epi16(upper, lower), 8);
         };
-        ForEachPair(count, [&](const auto &taps, ptrdiff_t i) {
+        const auto pair = [&](const auto &taps, ptrdiff_t i) {
             const __m128i words = mean(taps, i);
-            const __m128i packed = _mm_packus_epi16(words, words);
-            if (count - i >= 2) {
-                _mm_storel_epi64(reinterpret_cast<__m128i *>(out + i * kPixelBytes), packed);
-            } else {
-                StoreSome(out + i * kPixelBytes, packed, 1);
-            }
-        });
+            StoreSome(out + i * kPixelBytes, _mm_packus_epi16(words, words),
+                      static_cast<int>(std::min<ptrdiff_t>(2, count - i)));
+        };
+        const auto anywhere = [this](const BYTE *pixels, ptrdiff_t i) { return Taps(pixels, i); };
+        const auto inside = [this](const BYTE *pixels, ptrdiff_t i) { return TapsInside(pixels, i); };
+        const ptrdiff_t begin = std::min<ptrdiff_t>(beginInside_, count), end = std::min<ptrdiff_t>(endInside_, count);
+        ptrdiff_t i = 0;
+        for (; i < begin; i += 2) pair(anywhere, i);
+        for (; i + kVectorPixels <= end; i += kVectorPixels) {
+            const __m128i first = mean(inside, i);
+            StoreFour(out + i * kPixelBytes, _mm_packus_epi16(first, mean(inside, i + 2)));
+        }
+        for (; i < count; i += 2) pair(anywhere, i);
     }
 
     const SurfaceView &source_;

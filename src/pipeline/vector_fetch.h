@@ -28,8 +28,8 @@ struct FetchFour {
         } else {
             for (; i + kVectorPixels <= count; i += kVectorPixels) {
                 const ptrdiff_t x = first + i;
-                StoreFour(out + i * kPixelBytes, FourWords(read(row, x), read(row, x + 1), read(row, x + 2),
-                                                           read(row, x + 3)));
+                StoreFour(out + i * kPixelBytes,
+                          FourWords(read(row, x), read(row, x + 1), read(row, x + 2), read(row, x + 3)));
             }
         }
 #endif

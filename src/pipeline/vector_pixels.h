@@ -1,5 +1,5 @@
-// Arithmetic on four pixel words at a time. A register holds four words; a lane is 16 bits of it: blue and green, or red
-// and alpha, of one word.
+// Arithmetic on four pixel words at a time. A register holds four words; a lane is 16 bits of it: blue and green, or
+// red and alpha, of one word.
 #pragma once
 
 #include "pipeline/pixel.h"

@@ -89,6 +89,19 @@ TEST_P(AliasTest, BecomeAliasesOfTheBitmapThatTheCanvasBecomes) {
     DeleteBitmap(bitmap);
 }
 
+TEST_P(AliasTest, TheCanvassFilterWordPrevailsOverTheAliass) {
+    const HGCANVAS canvas = Create();
+    SetCanvasFilter(canvas, 0x01000011);
+    const HGBITMAP alias = GetBitmap(canvas);
+    SetBitmapFilter(alias, 0x02000022);
+    DWORD filter = 0;
+    EXPECT_EQ(1, GetCanvasFilter(canvas, &filter));
+    EXPECT_EQ(0x01000011u, filter);
+    const OwnedBitmap bitmap(CanvasToBitmap(canvas));
+    EXPECT_EQ(1, GetBitmapFilter(bitmap, &filter));
+    EXPECT_EQ(0x01000011u, filter);
+}
+
 TEST_P(AliasTest, AreRefusedOnceTheirPixelsAreATexture) {
     const HGCANVAS canvas = Create();
     const HGBITMAP alias = GetBitmap(canvas);
