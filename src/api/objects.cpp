@@ -7,17 +7,13 @@ namespace lacquer {
 void Destroy(PixelSurface *bitmap) {
     if (bitmap->BelongsToCanvas()) {
         bitmap->Destroy();
-        return;
+    } else {
+        delete bitmap;
     }
-    if (bitmap->IsAliased()) ProcessHandleTable().Revoke(bitmap);
-    delete bitmap;
 }
 
 void Destroy(Texture *texture) { delete texture; }
 
-void Destroy(Canvas *canvas) {
-    if (canvas->IsAliased()) ProcessHandleTable().Revoke(canvas);
-    delete canvas;
-}
+void Destroy(Canvas *canvas) { delete canvas; }
 
 }  // namespace lacquer

@@ -128,6 +128,43 @@ TEST_F(VelLottieTest, DrawsAtAnySizeInBoundedMemory) {
     }
 }
 
+TEST_F(VelLottieTest, FarReachingShapesAreDrawnSmallerAndEnlarged) {
+    // What reaches tens of thousands of pixels beyond the frame would take for ever at full size.
+    const auto line = [](const std::string &width, const std::string &scale) {
+        return AnimationOf(
+            R"({"ty":"gr","it":[{"ty":"sh","ks":{"a":0,"k":{"i":[[0,0],[0,0],[0,0]],"o":[[0,0],[0,0],[0,0]],)"
+            R"("v":[[-9,-7],[8,-3],[1,6]],"c":true}}},{"ty":"st","c":{"a":0,"k":[0,0,1,1]},"o":{"a":0,"k":100},"w":{"a":0,"k":)" +
+            width + R"(},"lc":2,"lj":2},{"ty":"tr","p":{"a":0,"k":[20,20]},"a":{"a":0,"k":[0,0]},"s":{"a":0,"k":[)" +
+            scale + "," + scale + R"(]},"r":{"a":0,"k":0},"o":{"a":0,"k":100}}]})");
+    };
+    const auto started = std::chrono::steady_clock::now();
+    for (const char *width : {"40", "4000", "16000", "32000", "60000", "900000"}) {
+        for (const char *scale : {"100", "10000", "900000"}) {
+            velLottie *lottie = Load(line(width, scale));
+            Painting painting;
+            if (lottie) {
+                EXPECT_EQ(1, velLottieDraw(painting, lottie, 0, 0, 0, 32, 32));
+                EXPECT_EQ(1, velLottieDraw(painting, lottie, 0, -900, -900, 3000, 1500));
+            }
+            velLottieDestroy(lottie);
+        }
+    }
+    EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(20));
+    velLottie *wide = Load(line("40", "10000"));
+    Painting covered;
+    EXPECT_EQ(1, velLottieDraw(covered, wide, 0, 0, 0, 32, 32));
+    EXPECT_EQ(32.0 * 32, covered.Area());
+    velLottieDestroy(wide);
+    // An ordinary one keeps its full size.
+    velLottie *lottie = Load(line("4", "100"));
+    Painting painting(400, 400);
+    EXPECT_EQ(1, velLottieDraw(painting, lottie, 0, 0, 0, 400, 400));
+    int partly = 0;
+    for (const uint32_t pixel : painting.Pixels()) partly += pixel != 0 && pixel >> 24 != 255;
+    EXPECT_LT(partly, 1600) << "edges are not sharp";
+    velLottieDestroy(lottie);
+}
+
 TEST_F(VelLottieTest, ReadsFiles) {
     const char *const path = "velgraphic_\xC3\xA4nimation.json";
     EXPECT_EQ(nullptr, velLottieCreateFromFile(path));

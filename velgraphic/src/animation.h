@@ -11,7 +11,7 @@ namespace lacquer::vel {
 
 class Animation {
 public:
-    /// From Lottie JSON that AnimationIsSafe has accepted. Null when it is no animation.
+    /// From Lottie JSON that ReachOfAnimation does not refuse. Null when it is no animation.
     static std::unique_ptr<Animation> Create(const char *json, size_t length);
     ~Animation();
     Animation(const Animation &) = delete;

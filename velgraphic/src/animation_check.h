@@ -5,9 +5,9 @@
 
 namespace lacquer::vel {
 
-/// Whether the bytes are a Lottie animation that can be rendered in reasonable time and memory, without other files.
-/// Refuses what is malformed, bitmap images, compositions that contain themselves, and amounts beyond reason of layers,
-/// repeated shapes, points and dashes.
-bool AnimationIsSafe(std::string_view json);
+/// How far from its origin anything of a Lottie animation reaches, at most, in the animation's own pixels. Negative
+/// when it is refused: malformed, with bitmap images, with a composition that contains itself, or with amounts of
+/// layers, repeated shapes, points or dashes beyond reason.
+double ReachOfAnimation(std::string_view json);
 
 }  // namespace lacquer::vel

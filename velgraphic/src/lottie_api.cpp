@@ -20,14 +20,16 @@ using lacquer::vel::Point;
 
 struct velLottie final {
     std::unique_ptr<Animation> animation;
+    double reach = 0;
 };
 
 namespace {
 
 constexpr size_t kMaxJson = size_t{1} << 26;
 
-/// The largest side that a frame is rendered with; a larger target gets it enlarged.
-constexpr int kMaxFrameSide = 4096;
+/// The largest side that a frame is rendered with, and the farthest that it may reach beyond its sides, because the
+/// renderer counts in 16 bits. Where the target asks for more the frame is enlarged.
+constexpr double kMaxFrameSide = 4096, kMaxFrameReach = 15000;
 
 struct CloseFile {
     void operator()(std::FILE *file) const { std::fclose(file); }
@@ -48,13 +50,18 @@ bool ReadFile(const char *utf8Path, Buffer<char> &content) {
 }  // namespace
 
 velLottie *velLottieCreateFromData(const char *json, size_t length) {
-    if (!json || length > kMaxJson || !lacquer::vel::AnimationIsSafe({json, length})) return nullptr;
+    if (!json || length > kMaxJson) return nullptr;
+    const double reach = lacquer::vel::ReachOfAnimation({json, length});
+    if (reach < 0) return nullptr;
     std::unique_ptr<velLottie> lottie(new (std::nothrow) velLottie);
     if (!lottie) return nullptr;
+    lottie->reach = reach;
     lottie->animation = Animation::Create(json, length);
     if (!lottie->animation) return nullptr;
     const velLottieInfo info = lottie->animation->Info();
     if (info.width <= 0 || info.height <= 0 || !(info.frameCount >= 1)) return nullptr;
+    // A frame of one pixel has to be possible.
+    if (reach > kMaxFrameReach * std::min(info.width, info.height)) return nullptr;
     return lottie.release();
 }
 
@@ -83,13 +90,18 @@ int velLottieDraw(velCanvas *canvas, velLottie *lottie, float frame, float x, fl
     const Clip place = PixelRect(low, high);
     if (place.Intersected(canvas->target.Visible(canvas->state.clip)).IsEmpty()) return 1;
 
-    const int columns = std::min(place.right - place.left, kMaxFrameSide);
-    const int rows = std::min(place.bottom - place.top, kMaxFrameSide);
+    const velLottieInfo info = lottie->animation->Info();
+    const double placeWidth = place.right - place.left, placeHeight = place.bottom - place.top;
+    const double reach = lottie->reach * std::max(placeWidth / info.width, placeHeight / info.height);
+    const double reduction = std::min(1.0, kMaxFrameReach / reach);
+    const auto side = [&](double size) {
+        return std::max(1, static_cast<int>(std::min(size * reduction, kMaxFrameSide)));
+    };
+    const int columns = side(placeWidth), rows = side(placeHeight);
     cairo_surface_t *image = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, columns, rows);
     bool isDone = cairo_surface_status(image) == CAIRO_STATUS_SUCCESS;
     if (isDone) {
-        const float last = lottie->animation->Info().frameCount - 1;
-        lottie->animation->Render(static_cast<size_t>(std::clamp(frame, 0.0f, last)),
+        lottie->animation->Render(static_cast<size_t>(std::clamp(frame, 0.0f, info.frameCount - 1)),
                                   reinterpret_cast<uint32_t *>(cairo_image_surface_get_data(image)), columns, rows,
                                   cairo_image_surface_get_stride(image));
         cairo_surface_mark_dirty(image);
