@@ -73,6 +73,59 @@ TEST_F(NullPointerTest, IsRefusedWhereARecordIsRequired) {
     EXPECT_EQ(before, PixelsIn(canvas_));
 }
 
+TEST_F(NullPointerTest, IsRefusedByVectorDrawing) {
+    const std::vector<uint32_t> before = PixelsIn(canvas_);
+    const WORD glyph = 1;
+    const velPointF position{};
+    EXPECT_EQ(0, DrawPolygon(canvas_, 3, nullptr));
+    EXPECT_EQ(0, DrawPath(canvas_, nullptr));
+    EXPECT_EQ(0, DrawLottie(canvas_, nullptr, 0, 0, 0, 2, 2));
+    EXPECT_EQ(0, DrawPosTextByGlyphs(canvas_, nullptr, 1, &position));
+    EXPECT_EQ(0, DrawPosTextByGlyphs(canvas_, &glyph, 1, nullptr));
+    EXPECT_EQ(0, SetGradient(canvas_, nullptr));
+    EXPECT_EQ(0, SetDashPattern(canvas_, nullptr, 2, 0));
+    EXPECT_EQ(0, SetFontFaceName(canvas_, nullptr));
+    EXPECT_FALSE(GetTextureFromVelCanvas(nullptr));
+
+    velPath *path = PathCreate();
+    EXPECT_EQ(0, PathGetBounds(path, nullptr));
+    EXPECT_EQ(1, PathDestroy(path));
+    velRectF bounds{};
+    EXPECT_EQ(0, PathGetBounds(nullptr, &bounds));
+    EXPECT_EQ(0, PathDestroy(nullptr));
+    EXPECT_EQ(0, PathBegin(nullptr));
+    EXPECT_EQ(0, PathClose(nullptr));
+    EXPECT_EQ(0, PathSetFillType(nullptr, 0));
+    EXPECT_EQ(0, PathMoveTo(nullptr, 1, 1));
+    EXPECT_EQ(0, PathLineTo(nullptr, 1, 1));
+    EXPECT_EQ(0, PathArcTo(nullptr, 0, 0, 1, 1, 0, 90, 0));
+    EXPECT_EQ(0, PathOvalCurveTo(nullptr, 1, 1, 0, 0, 0, 2, 2));
+    EXPECT_EQ(0, PathBezierCurveTo(nullptr, 1, 1, 2, 2, 3, 3));
+    EXPECT_EQ(0, PathQuadraticCurveTo(nullptr, 1, 1, 2, 2));
+    EXPECT_EQ(0, PathAddArc(nullptr, 0, 0, 1, 1, 0, 90));
+    EXPECT_EQ(0, PathAddRectangle(nullptr, 0, 0, 1, 1));
+    EXPECT_EQ(0, PathAddCircle(nullptr, 1, 1, 1));
+    EXPECT_EQ(0, PathAddEllipse(nullptr, 1, 1, 2, 1));
+    EXPECT_EQ(0, GradientAddColorStop(nullptr, 0, 0));
+    EXPECT_EQ(0, GradientDestroy(nullptr));
+    EXPECT_EQ(before, PixelsIn(canvas_));
+}
+
+TEST_F(NullPointerTest, GivesNullForColourRecords) {
+    RGBRecord rgb{1, 2, 3};
+    HSLRecord hsl{1, 2, 3};
+    EXPECT_EQ(nullptr, RGBtoHSL(nullptr, &rgb));
+    EXPECT_EQ(nullptr, RGBtoHSL(&hsl, nullptr));
+    EXPECT_EQ(nullptr, HSLtoRGB(nullptr, &hsl));
+    EXPECT_EQ(nullptr, HSLtoRGB(&rgb, nullptr));
+    EXPECT_EQ(nullptr, RGBColorize(nullptr, &rgb, 1, 1, 1));
+    EXPECT_EQ(nullptr, RGBColorize(&rgb, nullptr, 1, 1, 1));
+    EXPECT_EQ(nullptr, HSLColorize(nullptr, &hsl, 1, 1, 1));
+    EXPECT_EQ(nullptr, HSLColorize(&hsl, nullptr, 1, 1, 1));
+    EXPECT_EQ(1, rgb.b);
+    EXPECT_EQ(1, hsl.l);
+}
+
 TEST_F(NullPointerTest, MeansEverythingOrNothingWantedElsewhere) {
     SurfaceView view{};
     EXPECT_EQ(1, LockBitmapBits(bitmap_, &view, nullptr));
