@@ -469,17 +469,17 @@ LACQUER_API int ColorizeTexture(HGTEXTURE texture, float dh, float ds, float dl)
 
 /* Blur a source into a destination: each channel becomes the mean, rounded down, of 3 x 3 pixels, edge pixels standing
  * for those outside. The ...Ex forms take rectangles (null: everything); the common part of the two is written. Both
- * need 32 bits per pixel, and must be different objects. Result: 1 also when nothing can be done, by a rectangle that is
- * not inside or by the depth. */
+ * need 32 bits per pixel, and must be different objects. Result: 1 also when nothing can be done, by a rectangle that
+ * is not inside or by the depth. */
 LACQUER_API int BlurBitmap(HGBITMAP dest, HGBITMAP source);
 LACQUER_API int BlurBitmapEx(HGBITMAP dest, const RECT *destRect, HGBITMAP source, const RECT *sourceRect);
 LACQUER_API int BlurTexture(HGTEXTURE dest, HGTEXTURE source);
 LACQUER_API int BlurTextureEx(HGTEXTURE dest, const RECT *destRect, HGTEXTURE source, const RECT *sourceRect);
 
 /* Blur a target in place, more strongly: seven bell-shaped weights in each direction, applied twice. `scratch` must be
- * another object; it, or its rectangle, has the size of the target, or of the target's rectangle (null: everything), and
- * its pixels are lost. Both need 32 bits per pixel. Channels are rounded down, so white ends at 254. Result: 1 also when
- * nothing can be done, by a rectangle that is not inside, by sizes that differ or by the depth. */
+ * another object; it, or its rectangle, has the size of the target, or of the target's rectangle (null: everything),
+ * and its pixels are lost. Both need 32 bits per pixel. Channels are rounded down, so white ends at 254. Result: 1 also
+ * when nothing can be done, by a rectangle that is not inside, by sizes that differ or by the depth. */
 LACQUER_API int GaussianBlurBitmap(HGBITMAP target, HGBITMAP scratch);
 LACQUER_API int GaussianBlurTexture(HGTEXTURE target, HGTEXTURE scratch);
 LACQUER_API int GaussianBlurCanvas(HGCANVAS target, const RECT *targetRect, HGCANVAS scratch, const RECT *scratchRect);
@@ -514,8 +514,8 @@ LACQUER_API int ShuffleBitmapEx(HGBITMAP bitmap, const RECT *rect, DWORD code);
 LACQUER_API int ShuffleTextureEx(HGTEXTURE texture, const RECT *rect, DWORD code);
 
 /* Replace the pixels, inside a rectangle with LightTextureEx (null: everything), by a soft white halo in the shape of
- * their alpha. Need 32 bits per pixel, and for the time of the call a handle slot and memory of the same size. Result: 1
- * also when nothing can be done. */
+ * their alpha. Need 32 bits per pixel, and for the time of the call a handle slot and memory of the same size. Result:
+ * 1 also when nothing can be done. */
 LACQUER_API int LightBitmap(HGBITMAP bitmap);
 LACQUER_API int LightTexture(HGTEXTURE texture);
 LACQUER_API int LightTextureEx(HGTEXTURE texture, const RECT *rect);
@@ -525,8 +525,8 @@ LACQUER_API int LightTextureEx(HGTEXTURE texture, const RECT *rect);
 
 /* A new GDI region of the pixels of a rectangle (null: the whole texture) whose word, by the palette with 8 bits per
  * pixel, is not 0, relative to the rectangle's top-left corner. All pixels count when the draw mode is
- * LACQUER_DRAW_COPY, and with 24 bits per pixel. The caller deletes it with DeleteObject. Result: null on failure, for a
- * rectangle that is inverted or not inside, for an empty one unless the draw mode is LACQUER_DRAW_COPY, and for other
+ * LACQUER_DRAW_COPY, and with 24 bits per pixel. The caller deletes it with DeleteObject. Result: null on failure, for
+ * a rectangle that is inverted or not inside, for an empty one unless the draw mode is LACQUER_DRAW_COPY, and for other
  * depths. */
 LACQUER_API HRGN CreateTextureRgn(HGTEXTURE texture, const RECT *rect);
 
