@@ -38,7 +38,7 @@ DWORD ReleaseCanvas(HGCANVAS canvas) {
     const auto handle = static_cast<DWORD>(canvas.value);
     const DWORD type = handle & 0xFF0000;
     if (type != static_cast<DWORD>(HandleType::Canvas) << 16) return type;
-    return Find(canvas) && ProcessHandleTable().Delete(handle);
+    return Find(canvas) && ProcessHandleTable().DelHandleEntry(handle);
 }
 
 int LockCanvasBits(HGCANVAS canvas, SurfaceView *out, const RECT *rect) {
@@ -118,7 +118,7 @@ HGCANVAS GetCanvasParent(HGCANVAS canvas) {
     Canvas *parent = found ? found->Parent() : nullptr;
     if (!parent) return {};
     parent->MarkAliased();
-    return {ProcessHandleTable().New(static_cast<int>(HandleType::Canvas), parent)};
+    return {ProcessHandleTable().NewHandleEntry(static_cast<int>(HandleType::Canvas), parent)};
 }
 
 int GetCanvasFilter(HGCANVAS canvas, DWORD *out) {
@@ -170,5 +170,5 @@ HGBITMAP GetBitmap(HGCANVAS canvas) {
     PixelSurface *surface = found ? found->Surface() : nullptr;
     if (!surface) return {};
     surface->MarkAliased();
-    return {ProcessHandleTable().New(static_cast<int>(HandleType::Bitmap), surface)};
+    return {ProcessHandleTable().NewHandleEntry(static_cast<int>(HandleType::Bitmap), surface)};
 }

@@ -5,7 +5,7 @@
 #include "core/handle_table.h"
 
 DWORD e_NewHandleEntry(HandleTable *, int type, void *object) {
-    return lacquer::ProcessHandleTable().New(type, object);
+    return lacquer::ProcessHandleTable().NewHandleEntry(type, object);
 }
 
-int e_DelHandleEntry(HandleTable *, DWORD handle) { return lacquer::ProcessHandleTable().Delete(handle); }
+int e_DelHandleEntry(HandleTable *, DWORD handle) { return lacquer::ProcessHandleTable().DelHandleEntry(handle); }

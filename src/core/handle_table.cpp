@@ -44,7 +44,7 @@ HandleTable::~HandleTable() {
     count_ = 0;
 }
 
-uint32_t HandleTable::New(int type, void *object) {
+uint32_t HandleTable::NewHandleEntry(int type, void *object) {
     if (!slots_) return 0;
     const Locked locked(lock_);
     const uint32_t index = FindFreeSlot();
@@ -80,7 +80,7 @@ void HandleTable::Free(uint32_t index) {
     if (index < lowestFree_) lowestFree_ = index;
 }
 
-bool HandleTable::Delete(uint32_t handle) {
+bool HandleTable::DelHandleEntry(uint32_t handle) {
     if (!slots_) return false;
     const Locked locked(lock_);
     if (!CurrentSlot(handle)) return false;
@@ -89,7 +89,7 @@ bool HandleTable::Delete(uint32_t handle) {
     return true;
 }
 
-void *HandleTable::Lookup(uint32_t handle) {
+void *HandleTable::LookupHandleEntry(uint32_t handle) {
     if (!slots_) return nullptr;
     const Locked locked(lock_);
     const lacquer::HandleSlot *slot = CurrentSlot(handle);

@@ -34,13 +34,13 @@ struct HandleTable {
 
     /// Takes the slot freed last if it is still free, else the free slot of the lowest index. Only the low 8 bits of
     /// `type` are stored. Result: the handle, 0 when no slot is free.
-    uint32_t New(int type, void *object);
+    uint32_t NewHandleEntry(int type, void *object);
 
     /// Frees the slot of a current handle. Result: false when the handle is not current.
-    bool Delete(uint32_t handle);
+    bool DelHandleEntry(uint32_t handle);
 
     /// Result: the object of a current handle, else null. The table does not keep the object alive.
-    void *Lookup(uint32_t handle);
+    void *LookupHandleEntry(uint32_t handle);
 
     /// Frees every slot that names `object`, which is about to be destroyed.
     void Revoke(const void *object);

@@ -13,7 +13,7 @@ namespace lacquer {
 template <class Object>
 uint32_t RegisterObject(HandleType type, std::unique_ptr<Object> object) {
     if (!object) return 0;
-    const uint32_t handle = ProcessHandleTable().New(static_cast<int>(type), object.get());
+    const uint32_t handle = ProcessHandleTable().NewHandleEntry(static_cast<int>(type), object.get());
     if (handle != 0) object.release();
     return handle;
 }
@@ -23,10 +23,10 @@ template <class Object>
 Object *FindObject(HandleType type, uintptr_t handle) {
     const auto value = static_cast<uint32_t>(handle);
     if ((value & 0xFF0000) != static_cast<uint32_t>(type) << 16) return nullptr;
-    return static_cast<Object *>(ProcessHandleTable().Lookup(value));
+    return static_cast<Object *>(ProcessHandleTable().LookupHandleEntry(value));
 }
 
 /// Frees the slot of a handle that FindObject has just accepted.
-inline void UnregisterHandle(uintptr_t handle) { ProcessHandleTable().Delete(static_cast<uint32_t>(handle)); }
+inline void UnregisterHandle(uintptr_t handle) { ProcessHandleTable().DelHandleEntry(static_cast<uint32_t>(handle)); }
 
 }  // namespace lacquer

@@ -20,7 +20,7 @@ struct Margins {
 };
 
 constexpr size_t kCentre = 4;
-using NineCells = std::array<RECT, 9>;
+using NineCellSplit = std::array<RECT, 9>;
 
 LONG Halved(LONG value) { return MulDiv(value, 1, 2); }
 RECT Halved(const RECT &rect) { return {Halved(rect.left), Halved(rect.top), Halved(rect.right), Halved(rect.bottom)}; }
@@ -54,7 +54,7 @@ void ScaleMargins(Margins &margins, const NineGridStyle &style, const RECT &dest
 
 /// Row by row from the top-left cell. Neighbours share their coordinates; corners are clamped into the rectangle, while
 /// edges and the centre come out empty or inverted where margins overlap.
-NineCells SplitIntoNine(const RECT &rect, const Margins &margins) {
+NineCellSplit SplitByMargins(const RECT &rect, const Margins &margins) {
     const LONG innerLeft = ClampToLong(rect.left + margins.left), innerTop = ClampToLong(rect.top + margins.top);
     const LONG innerRight = ClampToLong(rect.right - margins.right),
                innerBottom = ClampToLong(rect.bottom - margins.bottom);
@@ -110,8 +110,8 @@ int DrawNineGrid(const TextureDraw &draw, const NineGridStyle &style) {
     Margins destMargins = CutMargins(halfMargins, WidthOf(draw.dest), HeightOf(draw.dest), halfSlice);
     ScaleMargins(destMargins, style, draw.dest, halfSlice);
 
-    const NineCells destCells = SplitIntoNine(draw.dest, destMargins);
-    const NineCells sourceCells = SplitIntoNine(slice, sourceMargins);
+    const NineCellSplit destCells = SplitByMargins(draw.dest, destMargins);
+    const NineCellSplit sourceCells = SplitByMargins(slice, sourceMargins);
     const DWORD filter = surface.GetFilter();
     for (size_t i = 0; i < destCells.size(); ++i) {
         if (style.hollowCentre && i == kCentre) {

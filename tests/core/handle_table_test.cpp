@@ -22,23 +22,23 @@ uint32_t GenerationOf(uint32_t handle) { return handle >> 24; }
 
 TEST(HandleTableTest, FirstHandlesNameTypeGenerationAndIndex) {
     HandleTable bitmaps, canvases;
-    EXPECT_EQ(0x01020001u, bitmaps.New(kBitmap, &objects[0]));
-    EXPECT_EQ(0x01030002u, bitmaps.New(kTexture, &objects[1]));
-    EXPECT_EQ(0x01010001u, canvases.New(kCanvas, &objects[2]));
-    EXPECT_EQ(&objects[0], bitmaps.Lookup(0x01020001));
-    EXPECT_EQ(&objects[1], bitmaps.Lookup(0x01030002));
-    EXPECT_EQ(&objects[2], canvases.Lookup(0x01010001));
+    EXPECT_EQ(0x01020001u, bitmaps.NewHandleEntry(kBitmap, &objects[0]));
+    EXPECT_EQ(0x01030002u, bitmaps.NewHandleEntry(kTexture, &objects[1]));
+    EXPECT_EQ(0x01010001u, canvases.NewHandleEntry(kCanvas, &objects[2]));
+    EXPECT_EQ(&objects[0], bitmaps.LookupHandleEntry(0x01020001));
+    EXPECT_EQ(&objects[1], bitmaps.LookupHandleEntry(0x01030002));
+    EXPECT_EQ(&objects[2], canvases.LookupHandleEntry(0x01010001));
 }
 
 TEST(HandleTableTest, OnlyTheLowByteOfTheTypeCounts) {
     HandleTable table;
-    EXPECT_EQ(0x01FF0001u, table.New(-1, &objects[0]));
-    EXPECT_EQ(0x01020002u, table.New(0x7F02, &objects[0]));
+    EXPECT_EQ(0x01FF0001u, table.NewHandleEntry(-1, &objects[0]));
+    EXPECT_EQ(0x01020002u, table.NewHandleEntry(0x7F02, &objects[0]));
 }
 
 TEST(HandleTableTest, RefusesWhatIsNotCurrent) {
     HandleTable table;
-    const uint32_t handle = table.New(kBitmap, &objects[0]);
+    const uint32_t handle = table.NewHandleEntry(kBitmap, &objects[0]);
     const std::array<uint32_t, 12> wrong{
         0,
         0x00020001,  // another generation
@@ -54,94 +54,96 @@ TEST(HandleTableTest, RefusesWhatIsNotCurrent) {
         0xFFFFFFFF,
     };
     for (const uint32_t other : wrong) {
-        EXPECT_EQ(nullptr, table.Lookup(other)) << std::hex << other;
-        EXPECT_FALSE(table.Delete(other)) << std::hex << other;
+        EXPECT_EQ(nullptr, table.LookupHandleEntry(other)) << std::hex << other;
+        EXPECT_FALSE(table.DelHandleEntry(other)) << std::hex << other;
     }
-    EXPECT_EQ(&objects[0], table.Lookup(handle));
-    EXPECT_TRUE(table.Delete(handle));
-    EXPECT_EQ(nullptr, table.Lookup(handle));
-    EXPECT_FALSE(table.Delete(handle));
-    EXPECT_FALSE(table.Delete(0x02000001)) << "the free slot's own tag";
+    EXPECT_EQ(&objects[0], table.LookupHandleEntry(handle));
+    EXPECT_TRUE(table.DelHandleEntry(handle));
+    EXPECT_EQ(nullptr, table.LookupHandleEntry(handle));
+    EXPECT_FALSE(table.DelHandleEntry(handle));
+    EXPECT_FALSE(table.DelHandleEntry(0x02000001)) << "the free slot's own tag";
 }
 
 TEST(HandleTableTest, TypeZeroIsNeverCurrent) {
     HandleTable table;
-    const uint32_t handle = table.New(0x100, &objects[0]);
+    const uint32_t handle = table.NewHandleEntry(0x100, &objects[0]);
     EXPECT_EQ(0x01000001u, handle);
-    EXPECT_EQ(nullptr, table.Lookup(handle));
-    EXPECT_FALSE(table.Delete(handle));
-    EXPECT_EQ(2u, IndexOf(table.New(kBitmap, &objects[1]))) << "the slot is held all the same";
+    EXPECT_EQ(nullptr, table.LookupHandleEntry(handle));
+    EXPECT_FALSE(table.DelHandleEntry(handle));
+    EXPECT_EQ(2u, IndexOf(table.NewHandleEntry(kBitmap, &objects[1]))) << "the slot is held all the same";
 }
 
 TEST(HandleTableTest, ASlotWithoutAnObjectIsHandedOutAgain) {
     HandleTable table;
-    const uint32_t empty = table.New(kBitmap, nullptr);
+    const uint32_t empty = table.NewHandleEntry(kBitmap, nullptr);
     EXPECT_EQ(1u, IndexOf(empty));
-    EXPECT_EQ(nullptr, table.Lookup(empty));
-    EXPECT_EQ(0x01010001u, table.New(kCanvas, &objects[0]));
-    EXPECT_EQ(nullptr, table.Lookup(empty));
-    EXPECT_FALSE(table.Delete(empty));
+    EXPECT_EQ(nullptr, table.LookupHandleEntry(empty));
+    EXPECT_EQ(0x01010001u, table.NewHandleEntry(kCanvas, &objects[0]));
+    EXPECT_EQ(nullptr, table.LookupHandleEntry(empty));
+    EXPECT_FALSE(table.DelHandleEntry(empty));
 }
 
 TEST(HandleTableTest, ReusesTheSlotFreedLastThenTheLowestFreeOne) {
     HandleTable table;
     std::vector<uint32_t> handles;
-    for (int i = 0; i < 6; ++i) handles.push_back(table.New(kBitmap, &objects[0]));
+    for (int i = 0; i < 6; ++i) handles.push_back(table.NewHandleEntry(kBitmap, &objects[0]));
     EXPECT_EQ(6u, IndexOf(handles.back()));
-    for (const size_t i : {1, 4, 2}) EXPECT_TRUE(table.Delete(handles[i]));
-    EXPECT_EQ(0x02030003u, table.New(kTexture, &objects[1]));
-    EXPECT_EQ(0x02030002u, table.New(kTexture, &objects[1]));
-    EXPECT_EQ(0x02030005u, table.New(kTexture, &objects[1]));
-    EXPECT_EQ(0x01030007u, table.New(kTexture, &objects[1]));
-    for (const size_t i : {1, 4, 2}) EXPECT_EQ(nullptr, table.Lookup(handles[i]));
+    for (const size_t i : {1, 4, 2}) EXPECT_TRUE(table.DelHandleEntry(handles[i]));
+    EXPECT_EQ(0x02030003u, table.NewHandleEntry(kTexture, &objects[1]));
+    EXPECT_EQ(0x02030002u, table.NewHandleEntry(kTexture, &objects[1]));
+    EXPECT_EQ(0x02030005u, table.NewHandleEntry(kTexture, &objects[1]));
+    EXPECT_EQ(0x01030007u, table.NewHandleEntry(kTexture, &objects[1]));
+    for (const size_t i : {1, 4, 2}) EXPECT_EQ(nullptr, table.LookupHandleEntry(handles[i]));
 }
 
 TEST(HandleTableTest, GenerationsWrapAfter256Frees) {
     HandleTable table;
-    const uint32_t first = table.New(kBitmap, &objects[0]);
-    EXPECT_TRUE(table.Delete(first));
+    const uint32_t first = table.NewHandleEntry(kBitmap, &objects[0]);
+    EXPECT_TRUE(table.DelHandleEntry(first));
     std::set<uint32_t> generations{GenerationOf(first)};
     for (int i = 1; i < 256; ++i) {
-        const uint32_t handle = table.New(kBitmap, &objects[0]);
+        const uint32_t handle = table.NewHandleEntry(kBitmap, &objects[0]);
         EXPECT_EQ(1u, IndexOf(handle));
-        EXPECT_EQ(nullptr, table.Lookup(first));
+        EXPECT_EQ(nullptr, table.LookupHandleEntry(first));
         EXPECT_TRUE(generations.insert(GenerationOf(handle)).second) << GenerationOf(handle);
-        EXPECT_TRUE(table.Delete(handle));
+        EXPECT_TRUE(table.DelHandleEntry(handle));
     }
     EXPECT_TRUE(generations.contains(0)) << "generation 0 is not skipped";
-    EXPECT_EQ(first, table.New(kBitmap, &objects[0]));
+    EXPECT_EQ(first, table.NewHandleEntry(kBitmap, &objects[0]));
 }
 
 TEST(HandleTableTest, HoldsEveryUsableSlotAndNoMore) {
     HandleTable table;
     std::vector<uint32_t> handles;
-    while (const uint32_t handle = table.New(kBitmap, &objects[0])) {
+    while (const uint32_t handle = table.NewHandleEntry(kBitmap, &objects[0])) {
         ASSERT_LT(handles.size(), kUsableSlots);
         handles.push_back(handle);
     }
     ASSERT_EQ(kUsableSlots, handles.size());
-    EXPECT_EQ(0u, table.New(kTexture, &objects[1]));
-    EXPECT_EQ(&objects[0], table.Lookup(0x01020000 | kUsableSlots));
+    EXPECT_EQ(0u, table.NewHandleEntry(kTexture, &objects[1]));
+    EXPECT_EQ(&objects[0], table.LookupHandleEntry(0x01020000 | kUsableSlots));
 
-    EXPECT_TRUE(table.Delete(handles[20000]));
-    EXPECT_EQ(0x02030000u | (20000 + 1), table.New(kTexture, &objects[1]));
-    EXPECT_EQ(0u, table.New(kTexture, &objects[1]));
+    EXPECT_TRUE(table.DelHandleEntry(handles[20000]));
+    EXPECT_EQ(0x02030000u | (20000 + 1), table.NewHandleEntry(kTexture, &objects[1]));
+    EXPECT_EQ(0u, table.NewHandleEntry(kTexture, &objects[1]));
 
     // The next free slot may lie below or above the hint.
-    for (const size_t i : {30000, 7, 15000}) EXPECT_TRUE(table.Delete(handles[i]));
-    for (const uint32_t index : {15001u, 8u, 30001u, 0u}) EXPECT_EQ(index, IndexOf(table.New(kCanvas, &objects[2])));
+    for (const size_t i : {30000, 7, 15000}) EXPECT_TRUE(table.DelHandleEntry(handles[i]));
+    for (const uint32_t index : {15001u, 8u, 30001u, 0u})
+        EXPECT_EQ(index, IndexOf(table.NewHandleEntry(kCanvas, &objects[2])));
 }
 
 TEST(HandleTableTest, RevokeFreesEveryHandleOfOneObject) {
     HandleTable table;
-    const uint32_t other = table.New(kBitmap, &objects[1]), first = table.New(kBitmap, &objects[0]),
-                   alias = table.New(kCanvas, &objects[0]);
+    const uint32_t other = table.NewHandleEntry(kBitmap, &objects[1]),
+                   first = table.NewHandleEntry(kBitmap, &objects[0]),
+                   alias = table.NewHandleEntry(kCanvas, &objects[0]);
     table.Revoke(&objects[0]);
-    EXPECT_EQ(nullptr, table.Lookup(first));
-    EXPECT_EQ(nullptr, table.Lookup(alias));
-    EXPECT_EQ(&objects[1], table.Lookup(other));
-    EXPECT_EQ(0x02020002u, table.New(kBitmap, &objects[2]));
-    EXPECT_EQ(0x02020003u, table.New(kBitmap, &objects[2]));
+    EXPECT_EQ(nullptr, table.LookupHandleEntry(first));
+    EXPECT_EQ(nullptr, table.LookupHandleEntry(alias));
+    EXPECT_EQ(&objects[1], table.LookupHandleEntry(other));
+    EXPECT_EQ(0x02020002u, table.NewHandleEntry(kBitmap, &objects[2]));
+    EXPECT_EQ(0x02020003u, table.NewHandleEntry(kBitmap, &objects[2]));
 }
 
 TEST(HandleTableTest, NoHandleIsHandedOutTwiceToThreads) {
@@ -156,20 +158,20 @@ TEST(HandleTableTest, NoHandleIsHandedOutTwiceToThreads) {
             for (int round = 0; round < kRounds; ++round) {
                 const size_t i = static_cast<size_t>(round * 5) % kHeld;
                 if (handles[i] != 0) {
-                    fault += table.Lookup(handles[i]) != &mine[i];
-                    fault += !table.Delete(handles[i]);
+                    fault += table.LookupHandleEntry(handles[i]) != &mine[i];
+                    fault += !table.DelHandleEntry(handles[i]);
                 }
-                handles[i] = table.New(1 + round % 3, &mine[i]);
-                fault += table.Lookup(handles[i]) != &mine[i];
+                handles[i] = table.NewHandleEntry(1 + round % 3, &mine[i]);
+                fault += table.LookupHandleEntry(handles[i]) != &mine[i];
                 if (round % 1000 == 0) table.Revoke(&fault);
             }
-            for (const uint32_t handle : handles) fault += !table.Delete(handle);
+            for (const uint32_t handle : handles) fault += !table.DelHandleEntry(handle);
         });
     }
     for (std::thread &thread : threads) thread.join();
     EXPECT_EQ((std::array<int, kThreads>{}), faults);
     size_t free = 0;
-    while (table.New(kBitmap, &objects[0]) != 0) ++free;
+    while (table.NewHandleEntry(kBitmap, &objects[0]) != 0) ++free;
     EXPECT_EQ(kUsableSlots, free);
 }
 
