@@ -203,7 +203,7 @@ TEST(VelTextTest, RunsBeyondReasonAreRefused) {
     EXPECT_EQ(1, velCanvasDrawPosTextByGlyphs(painting, glyphs, 0, kRuns[0].positions));
     EXPECT_EQ(1, velCanvasDrawPosTextByGlyphs(painting, glyphs + 1, 1, kRuns[1].positions));
     EXPECT_TRUE(painting.IsEmpty());
-    SetFont(painting, 32767, 15);
+    SetFont(painting, 32767, VEL_FONT_BOLD | VEL_FONT_UNDERLINE | VEL_FONT_STRIKE_OUT);
     EXPECT_EQ(1, DrawText(painting, "MMM", -5000, 12000));
     EXPECT_FALSE(painting.IsEmpty());
     painting.Fill(0);
