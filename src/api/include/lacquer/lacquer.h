@@ -144,8 +144,7 @@ enum {
 extern "C" {
 #endif
 
-/* ---- Handle table --------------------------------------------------------------------------------------------------
- */
+/* ---- Handle table ------------------------------------------------------------------------------------------- */
 
 /* There is one table, inside the library, with 32767 usable slots; both functions work on it whatever `table` says, and
  * callers pass null. */
@@ -158,8 +157,7 @@ LACQUER_API DWORD e_NewHandleEntry(HandleTable *table, int type, void *object);
 /* Frees the slot of a current handle without touching the object. Result: 1, or 0 when the handle is not current. */
 LACQUER_API int e_DelHandleEntry(HandleTable *table, DWORD handle);
 
-/* ---- Bitmaps -------------------------------------------------------------------------------------------------------
- */
+/* ---- Bitmaps ------------------------------------------------------------------------------------------------ */
 
 /* A new 32-bit bitmap in a DIB section, zero-filled. Width and height 1..32767 pixels. Result: its handle, 0 on
  * failure. */
@@ -224,8 +222,7 @@ LACQUER_API HGBITMAP FlipBitmap(HGBITMAP bitmap, DWORD code);
  * context change nothing; when no slot is free the canvas is gone. */
 LACQUER_API HGBITMAP CanvasToBitmap(HGCANVAS canvas);
 
-/* ---- Textures ------------------------------------------------------------------------------------------------------
- */
+/* ---- Textures ----------------------------------------------------------------------------------------------- */
 
 /* New textures in process memory, as CreateMemBitmap and CreateMemBitmapEx. They have no slices and the draw mode
  * record 0. */
@@ -289,8 +286,7 @@ LACQUER_API HGTEXTURE TransformTexture(HGTEXTURE texture, DWORD code);
 LACQUER_API HGTEXTURE RotateTexture(HGTEXTURE texture, int code);
 LACQUER_API HGTEXTURE FlipTexture(HGTEXTURE texture, DWORD code);
 
-/* ---- Canvases ------------------------------------------------------------------------------------------------------
- */
+/* ---- Canvases ----------------------------------------------------------------------------------------------- */
 
 /* A new canvas, transparent black, in process memory (CreateCanvas) or in a DIB section with its device context
  * (CreateSystemCanvas). Width and height 1..32767 pixels. `template_`: a canvas whose filter word is taken over, or 0.
@@ -360,7 +356,7 @@ LACQUER_API HGBITMAP GetBitmap(HGCANVAS canvas);
 /* Gives a handle from GetBitmap back; the pixels stay. */
 LACQUER_API void ReleaseBitmap(HGBITMAP bitmap);
 
-/* ---- Stretching ------------------------------------------------------------------------------------------------- */
+/* ---- Stretching --------------------------------------------------------------------------------------------- */
 
 /* The process-wide setting of the bicubic weights: 1, at load, is the cubic B-spline (soft); any other value the cubic
  * convolution with a = -1 (sharp). It does not choose a sampler: the kernel mode of a draw does. Set it while no draw
@@ -368,8 +364,7 @@ LACQUER_API void ReleaseBitmap(HGBITMAP bitmap);
 LACQUER_API int SetStretchKernelMode(DWORD mode);
 LACQUER_API DWORD GetStretchKernelMode(void);
 
-/* ---- Drawing bitmaps and textures ----------------------------------------------------------------------------------
- */
+/* ---- Drawing bitmaps and textures --------------------------------------------------------------------------- */
 
 /* Draw a whole bitmap (DrawBitmapRectEx: its rectangle `source`, null for all) into the rectangle `dest` of a canvas,
  * inside the canvas's clip. The draw mode is the top byte of the bitmap's filter word; `kernelMode` picks the sampler
@@ -389,8 +384,7 @@ LACQUER_API int DrawTexture(HGCANVAS canvas, const RECT *dest, HGTEXTURE texture
 LACQUER_API int DrawTextureEx(HGCANVAS canvas, const RECT *dest, HGTEXTURE texture, DWORD kernelMode, BYTE alpha,
                               float scale, int halfScale);
 
-/* ---- Fills ---------------------------------------------------------------------------------------------------------
- */
+/* ---- Fills -------------------------------------------------------------------------------------------------- */
 
 /* Fill the visible part of a rectangle. The colour of FillSolidRect (drawn over) and FillSolidRectEx is straight and is
  * premultiplied first, c * (A + 1) / 256 per channel; that of FillPreMulColorRectEx is premultiplied already. The top
@@ -408,8 +402,7 @@ LACQUER_API int FillPreMulColorRectEx(HGCANVAS canvas, DWORD colour, const RECT 
  * drawing. */
 LACQUER_API int FillGradualRect(HGCANVAS canvas, DWORD from, DWORD to, const RECT *rect, int direction);
 
-/* ---- Compositing canvases ------------------------------------------------------------------------------------------
- */
+/* ---- Compositing canvases ----------------------------------------------------------------------------------- */
 
 /* Mix every channel, alpha included, of a rectangle (null: the whole canvas; the clip plays no part) with a rectangle
  * of another canvas, sampled nearest where sizes differ: d * (255 - value) / 256 + s * (value + 1) / 256, truncated
@@ -439,8 +432,7 @@ LACQUER_API int CanvasScroll(HGCANVAS canvas, int dx, int dy);
  * Result: 1, also when nothing is visible. */
 LACQUER_API int DrawModulation(HGCANVAS canvas, int x, int y, HGBITMAP mask, const RECT *source, DWORD colour);
 
-/* ---- Colour --------------------------------------------------------------------------------------------------------
- */
+/* ---- Colour ------------------------------------------------------------------------------------------------- */
 
 /* Convert between straight colours 0xAARRGGBB and 0xAAHHSSLL, or between the records; `out` and `in` may be the same
  * memory. A grey has saturation 0 and hue 170. Both directions round, so that a round trip may be off by a little.
@@ -464,8 +456,7 @@ LACQUER_API HSLRecord *HSLColorize(HSLRecord *out, const HSLRecord *in, float dh
  * 0.000001. */
 LACQUER_API int ColorizeTexture(HGTEXTURE texture, float dh, float ds, float dl);
 
-/* ---- Filters -------------------------------------------------------------------------------------------------------
- */
+/* ---- Filters ------------------------------------------------------------------------------------------------ */
 
 /* Blur a source into a destination: each channel becomes the mean, rounded down, of 3 x 3 pixels, edge pixels standing
  * for those outside. The ...Ex forms take rectangles (null: everything); the common part of the two is written. Both
@@ -520,8 +511,7 @@ LACQUER_API int LightBitmap(HGBITMAP bitmap);
 LACQUER_API int LightTexture(HGTEXTURE texture);
 LACQUER_API int LightTextureEx(HGTEXTURE texture, const RECT *rect);
 
-/* ---- Regions -------------------------------------------------------------------------------------------------------
- */
+/* ---- Regions ------------------------------------------------------------------------------------------------ */
 
 /* A new GDI region of the pixels of a rectangle (null: the whole texture) whose word, by the palette with 8 bits per
  * pixel, is not 0, relative to the rectangle's top-left corner. All pixels count when the draw mode is
@@ -631,8 +621,7 @@ LACQUER_API int GradientDestroy(velGradient *gradient);
 #ifdef __cplusplus
 } /* extern "C" */
 
-/* ---- Texture layouts -----------------------------------------------------------------------------------------------
- */
+/* ---- Texture layouts ---------------------------------------------------------------------------------------- */
 
 /* The layouts that DrawTextureEx chooses among, with a slice of the caller's: null is the whole texture, and exchanged
  * edges are put right. A slice that is empty or not inside the texture draws nothing and gives 0. They have C++
