@@ -42,12 +42,7 @@ bool Texture::GetSize(SIZE *out) const {
 }
 
 std::unique_ptr<Texture> MakeTexture(DWORD width, DWORD height, DWORD bitsPerPixel, DWORD paletteCount) {
-    std::unique_ptr<Texture> texture(new (std::nothrow) Texture);
-    const bool made = texture && texture->Surface().Create(static_cast<int>(width), static_cast<int>(height),
-                                                           static_cast<int>(bitsPerPixel & 0xFFFF),
-                                                           static_cast<uint16_t>(paletteCount), SurfaceKind::Memory);
-    if (!made) texture.reset();
-    return texture;
+    return MakeSharingTexture(MakeSurface(width, height, bitsPerPixel, paletteCount, SurfaceKind::Memory).get(), false);
 }
 
 std::unique_ptr<Texture> MakeSharingTexture(const PixelSurface *surface, bool borrow) {
