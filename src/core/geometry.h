@@ -20,6 +20,7 @@ inline int64_t WidthOf(const RECT &rect) { return static_cast<int64_t>(rect.righ
 inline int64_t HeightOf(const RECT &rect) { return static_cast<int64_t>(rect.bottom) - rect.top; }
 
 inline RECT Moved(const RECT &rect, int64_t dx, int64_t dy) {
+    if (dx == 0 && dy == 0) return rect;
     return {ClampToLong(rect.left + dx), ClampToLong(rect.top + dy), ClampToLong(rect.right + dx),
             ClampToLong(rect.bottom + dy)};
 }

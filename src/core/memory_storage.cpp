@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <new>
 
 #include "core/surface_view.h"
 #include "pipeline/grey_ramp.h"
@@ -32,7 +31,7 @@ bool MemoryStorage::Create(SurfaceView *view, uint16_t paletteCount) {
     }
     // At most 16 + 15 + 13 bits: no overflow in 64.
     const uint64_t size = static_cast<uint64_t>(Stride()) * height_ + paletteCount_ * sizeof(DWORD);
-    block_.reset(new (std::nothrow) std::byte[std::max<uint64_t>(size, 1)]);
+    block_ = AllocatePixels(std::max<uint64_t>(size, 1));
     if (!block_) {
         Release();
         return false;

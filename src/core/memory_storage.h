@@ -1,10 +1,8 @@
 // Pixels in process memory.
 #pragma once
 
-#include <cstddef>
-#include <memory>
-
 #include "core/surface_storage.h"
+#include "platform/pixel_block.h"
 
 namespace lacquer {
 
@@ -25,7 +23,7 @@ private:
     LONG Stride() const;
 
     uint16_t width_ = 0, height_ = 0, bitsPerPixel_ = 0, paletteCount_ = 0;
-    std::unique_ptr<std::byte[]> block_;
+    PixelBlock block_;
 };
 
 }  // namespace lacquer

@@ -3,33 +3,42 @@
 
 #include <lacquer/lacquer.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
 #include "core/surface_view.h"
 #include "pipeline/grey_ramp.h"
+#include "pipeline/lookahead.h"
 #include "pipeline/pixel.h"
-#include "platform/simd.h"
+#include "pipeline/vector_pixels.h"
 
 namespace lacquer {
+
+/// `count` words become rule(word).
+template <class Rule>
+void MapRun(BYTE *words, ptrdiff_t count, const Rule &rule) {
+    ptrdiff_t i = 0;
+    const ptrdiff_t bytes = count * kPixelBytes;
+#ifdef LACQUER_SSE2
+    if constexpr (requires(__m128i four) { rule(four); }) {
+        constexpr ptrdiff_t kStep = kVectorPixels * kPixelBytes;
+        for (; i + kStep <= bytes; i += kStep) StoreFour(words + i, rule(LoadFour(words + i)));
+    }
+#endif
+    for (; i < bytes; i += kPixelBytes) StorePixel(words + i, rule(LoadPixel(words + i)));
+}
 
 /// The first `columns` four-byte pixels of each row, word by word, become rule(word). A rule that also takes four words
 /// in a vector must do the same to each; it gets most of the row.
 template <class Rule>
 void MapWords(const SurfaceView &view, LONG columns, const Rule &rule) {
-    const ptrdiff_t bytes = static_cast<ptrdiff_t>(columns) * kPixelBytes;
+    Lookahead ahead(view);
     for (LONG y = 0; y < view.height; ++y) {
-        auto *row = RowOf(view, y);
-        ptrdiff_t i = 0;
-#ifdef LACQUER_SSE2
-        if constexpr (requires(__m128i words) { rule(words); }) {
-            for (; i + 16 <= bytes; i += 16) {
-                auto *words = reinterpret_cast<__m128i *>(row + i);
-                _mm_storeu_si128(words, rule(_mm_loadu_si128(words)));
-            }
+        for (LONG x = 0; x < columns; x += Lookahead::kPiecePixels) {
+            ahead.Advance();
+            MapRun(RowOf(view, y) + x * kPixelBytes, std::min<LONG>(Lookahead::kPiecePixels, columns - x), rule);
         }
-#endif
-        for (; i < bytes; i += kPixelBytes) StorePixel(row + i, rule(LoadPixel(row + i)));
     }
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "pipeline/draw_area.h"
+#include "pipeline/lookahead.h"
 
 namespace lacquer {
 
@@ -14,6 +15,21 @@ int ForEachRun(const SurfaceView &dest, const Apply &apply) {
     const ptrdiff_t width = dest.width, run = joined ? width * dest.height : width;
     const int64_t runs = joined ? 1 : dest.height;
     for (int64_t y = 0; y < runs; ++y) apply(RowOf(dest, y), run);
+    return 1;
+}
+
+/// The same for kernels that read the pixels: the runs of a large view are pieces, brought into the cache beforehand.
+template <class Apply>
+int ForEachRunRead(const SurfaceView &dest, const Apply &apply) {
+    if (dest.bitsPerPixel != 32 || !Lookahead::Pays(dest)) return ForEachRun(dest, apply);
+    Lookahead ahead(dest);
+    for (int64_t y = 0; y < dest.height; ++y) {
+        BYTE *const row = RowOf(dest, y);
+        for (ptrdiff_t x = 0; x < dest.width; x += Lookahead::kPiecePixels) {
+            ahead.Advance();
+            apply(row + x * kPixelBytes, std::min<ptrdiff_t>(Lookahead::kPiecePixels, dest.width - x));
+        }
+    }
     return 1;
 }
 

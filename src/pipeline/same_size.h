@@ -4,6 +4,7 @@
 #include <algorithm>
 
 #include "pipeline/draw_area.h"
+#include "pipeline/lookahead.h"
 #include "pipeline/source_pixels.h"
 
 namespace lacquer {
@@ -26,44 +27,73 @@ struct SameSize {
     template <class Combine>
     static void Draw(const SurfaceView &dest, const SurfaceView &source, const DrawArea & /*area*/,
                      const Combine &combine) {
-        const ptrdiff_t width = std::min(dest.width, source.width), height = std::min(dest.height, source.height);
         if constexpr (Source::kBitsPerPixel == 32) {
-            const bool joined = dest.width == source.width && IsContiguous(dest) && IsContiguous(source);
-            const ptrdiff_t run = joined ? width * height : width, runs = joined ? 1 : height;
-            for (ptrdiff_t y = 0; y < runs; ++y) DrawWords(RowOf(dest, y), RowOf(source, y), run, combine);
+            DrawWords(dest, source, combine);
         } else {
-            const Source pixels(source);
-            const auto read = pixels.GetReader();
-            for (ptrdiff_t y = 0; y < height; ++y) DrawRow(RowOf(dest, y), RowOf(source, y), width, read, combine);
+            DrawFetched(dest, source, combine);
         }
     }
 
 private:
+    static ptrdiff_t Width(const SurfaceView &dest, const SurfaceView &source) {
+        return std::min(dest.width, source.width);
+    }
+    static ptrdiff_t Height(const SurfaceView &dest, const SurfaceView &source) {
+        return std::min(dest.height, source.height);
+    }
+
     template <class Combine>
-    static void DrawWords(BYTE *dest, const BYTE *source, ptrdiff_t count, const Combine &combine) {
-        if constexpr (Combine::kCopies) {
-            std::memmove(dest, source, static_cast<size_t>(count) * kPixelBytes);
-        } else if constexpr (requires { combine.RunInline(dest, source, count); }) {
-            combine.RunInline(dest, source, count);
-        } else {
-            combine.Run(dest, source, count);
+    static void DrawWords(const SurfaceView &dest, const SurfaceView &source, const Combine &combine) {
+        const ptrdiff_t width = Width(dest, source), height = Height(dest, source);
+        if constexpr (!Combine::kCopies) {
+            const auto drawPiece = [&](BYTE *out, const BYTE *in, ptrdiff_t first, ptrdiff_t count) {
+                combine.Run(out + first * kPixelBytes, in + first * kPixelBytes, count);
+            };
+            if (Lookahead::Pays(dest)) return DrawPieces(dest, source, drawPiece);
+        }
+        const bool joined = dest.width == source.width && IsContiguous(dest) && IsContiguous(source);
+        const ptrdiff_t run = joined ? width * height : width, runs = joined ? 1 : height;
+        for (ptrdiff_t y = 0; y < runs; ++y) {
+            BYTE *const out = RowOf(dest, y);
+            const BYTE *const in = RowOf(source, y);
+            if constexpr (Combine::kCopies) {
+                std::memmove(out, in, static_cast<size_t>(run) * kPixelBytes);
+            } else if constexpr (requires { combine.RunInline(out, in, run); }) {
+                combine.RunInline(out, in, run);
+            } else {
+                combine.Run(out, in, run);
+            }
         }
     }
 
-    template <class Reader, class Combine>
-    static void DrawRow(BYTE *dest, const BYTE *source, ptrdiff_t width, const Reader &read, const Combine &combine) {
-        const auto expand = [&](BYTE *out, ptrdiff_t first, ptrdiff_t count) {
-            Fetcher::Fetch(out, read, source, first, count, width);
-        };
+    template <class Combine>
+    static void DrawFetched(const SurfaceView &dest, const SurfaceView &source, const Combine &combine) {
+        const ptrdiff_t width = Width(dest, source);
+        const Source pixels(source);
+        const auto read = pixels.GetReader();
         if constexpr (Combine::kCopies) {
-            expand(dest, 0, width);
+            for (ptrdiff_t y = 0; y < Height(dest, source); ++y) {
+                Fetcher::Fetch(RowOf(dest, y), read, RowOf(source, y), 0, width, width);
+            }
         } else {
-            constexpr ptrdiff_t kRun = 256;
-            BYTE run[kRun * kPixelBytes];
-            for (ptrdiff_t x = 0; x < width; x += kRun) {
-                const ptrdiff_t count = std::min(kRun, width - x);
-                expand(run, x, count);
-                combine.Run(dest + x * kPixelBytes, run, count);
+            DrawPieces(dest, source, [&](BYTE *out, const BYTE *in, ptrdiff_t first, ptrdiff_t count) {
+                BYTE fetched[Lookahead::kPiecePixels * kPixelBytes];
+                Fetcher::Fetch(fetched, read, in, first, count, width);
+                combine.Run(out + first * kPixelBytes, fetched, count);
+            });
+        }
+    }
+
+    /// Calls drawPiece(dest row, source row, first column, columns) for pieces of at most Lookahead::kPiecePixels.
+    template <class DrawPiece>
+    static void DrawPieces(const SurfaceView &dest, const SurfaceView &source, const DrawPiece &drawPiece) {
+        const ptrdiff_t width = Width(dest, source), height = Height(dest, source);
+        Lookahead destAhead(dest), sourceAhead(source);
+        for (ptrdiff_t y = 0; y < height; ++y) {
+            for (ptrdiff_t x = 0; x < width; x += Lookahead::kPiecePixels) {
+                destAhead.Advance();
+                sourceAhead.Advance();
+                drawPiece(RowOf(dest, y), RowOf(source, y), x, std::min(Lookahead::kPiecePixels, width - x));
             }
         }
     }

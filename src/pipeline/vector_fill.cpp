@@ -15,7 +15,7 @@ constexpr ptrdiff_t kStringRun = 192;
 /// d := formula(c, d), where formula takes words and vectors of words.
 template <class Formula>
 int ChangePixels(const SurfaceView &dest, uint32_t colour, const Formula &formula) {
-    return ForEachRun(dest, [=](BYTE *pixels, ptrdiff_t count) {
+    return ForEachRunRead(dest, [=](BYTE *pixels, ptrdiff_t count) {
         const ptrdiff_t bytes = count * kPixelBytes;
         ptrdiff_t i = 0;
 #ifdef LACQUER_SSE2

@@ -1,4 +1,6 @@
 // The Win32 kernel's part: critical sections, global memory, MulDiv, clock and version.
+#include <sched.h>
+
 #include <chrono>
 #include <cstdint>
 #include <cstdlib>
@@ -6,19 +8,13 @@
 
 #include "platform/headless/system.h"
 
-void InitializeCriticalSection(CRITICAL_SECTION *section) {
-    pthread_mutexattr_t attributes;
-    pthread_mutexattr_init(&attributes);
-    pthread_mutexattr_settype(&attributes, PTHREAD_MUTEX_RECURSIVE);
-    pthread_mutex_init(&section->mutex, &attributes);
-    pthread_mutexattr_destroy(&attributes);
+void WaitForCriticalSection(CRITICAL_SECTION *section, pthread_t caller) {
+    pthread_t nobody = 0;
+    while (!section->owner.compare_exchange_weak(nobody, caller, std::memory_order_acquire)) {
+        nobody = 0;
+        sched_yield();
+    }
 }
-
-void EnterCriticalSection(CRITICAL_SECTION *section) { pthread_mutex_lock(&section->mutex); }
-
-void LeaveCriticalSection(CRITICAL_SECTION *section) { pthread_mutex_unlock(&section->mutex); }
-
-void DeleteCriticalSection(CRITICAL_SECTION *section) { pthread_mutex_destroy(&section->mutex); }
 
 int MulDiv(int number, int numerator, int denominator) {
     if (denominator == 0) return -1;

@@ -5,20 +5,49 @@
 #include <lacquer/headless_gdi.h>
 #include <pthread.h>
 
+#include <algorithm>
+#include <atomic>
 #include <cstddef>
+#include <cstdint>
 
 using HGLOBAL = void *;
 
 // ---- Critical sections: a thread may enter one again ----------------------------------------------------------------
 
+/// For sections of some nanoseconds: who waits does not sleep. One atomic exchange enters, a store leaves.
 struct CRITICAL_SECTION {
-    pthread_mutex_t mutex;
+    std::atomic<pthread_t> owner;  ///< 0 while nobody is inside
+    uint32_t reentries;            ///< how often the owner entered again
 };
 
-void InitializeCriticalSection(CRITICAL_SECTION *section);
-void EnterCriticalSection(CRITICAL_SECTION *section);
-void LeaveCriticalSection(CRITICAL_SECTION *section);
-void DeleteCriticalSection(CRITICAL_SECTION *section);
+inline void InitializeCriticalSection(CRITICAL_SECTION *section) {
+    section->owner.store(0, std::memory_order_relaxed);
+    section->reentries = 0;
+}
+
+/// Waits until the owner, who isn't the calling thread, has left, and makes the caller the owner.
+void WaitForCriticalSection(CRITICAL_SECTION *section, pthread_t caller);
+
+inline void EnterCriticalSection(CRITICAL_SECTION *section) {
+    const pthread_t caller = pthread_self();
+    pthread_t owner = 0;
+    if (section->owner.compare_exchange_strong(owner, caller, std::memory_order_acquire)) return;
+    if (owner == caller) {
+        ++section->reentries;
+    } else {
+        WaitForCriticalSection(section, caller);
+    }
+}
+
+inline void LeaveCriticalSection(CRITICAL_SECTION *section) {
+    if (section->reentries > 0) {
+        --section->reentries;
+    } else {
+        section->owner.store(0, std::memory_order_release);
+    }
+}
+
+inline void DeleteCriticalSection(CRITICAL_SECTION *) {}
 
 // ---- Global memory --------------------------------------------------------------------------------------------------
 
@@ -44,23 +73,37 @@ HGLOBAL GlobalFree(HGLOBAL block);
 /// The block's size in bytes, 0 for null.
 size_t GlobalSize(HGLOBAL block);
 
-// ---- Rectangles: a null pointer gives 0 where a function tests for one
-// --------------------------------------------------
+// ---- Rectangles: a null pointer gives 0 where a function tests for one. Those on every draw's road are inline. -------
 
 BOOL SetRect(RECT *rect, int left, int top, int right, int bottom);
 BOOL SetRectEmpty(RECT *rect);
 BOOL CopyRect(RECT *dest, const RECT *source);
-BOOL EqualRect(const RECT *first, const RECT *second);
+
+inline BOOL EqualRect(const RECT *first, const RECT *second) {
+    if (first == nullptr || second == nullptr) return FALSE;
+    return first->left == second->left && first->top == second->top && first->right == second->right &&
+           first->bottom == second->bottom;
+}
 
 /// True when the right or bottom edge is not beyond the left or top one, and for null.
-BOOL IsRectEmpty(const RECT *rect);
+inline BOOL IsRectEmpty(const RECT *rect) {
+    return rect == nullptr || rect->left >= rect->right || rect->top >= rect->bottom;
+}
 
 /// Both wrap around at the ends of the range.
 BOOL OffsetRect(RECT *rect, int x, int y);
 BOOL InflateRect(RECT *rect, int x, int y);
 
 /// The common part; (0, 0, 0, 0) and result 0 when there is none.
-BOOL IntersectRect(RECT *dest, const RECT *first, const RECT *second);
+inline BOOL IntersectRect(RECT *dest, const RECT *first, const RECT *second) {
+    if (dest == nullptr || first == nullptr || second == nullptr) return FALSE;
+    const RECT common{std::max(first->left, second->left), std::max(first->top, second->top),
+                      std::min(first->right, second->right), std::min(first->bottom, second->bottom)};
+    // When one of the two is empty, so is the common part.
+    const bool isEmpty = IsRectEmpty(&common) != FALSE;
+    *dest = isEmpty ? RECT{} : common;
+    return !isEmpty;
+}
 
 /// The box around both, an empty one left out; (0, 0, 0, 0) and result 0 when both are empty.
 BOOL UnionRect(RECT *dest, const RECT *first, const RECT *second);

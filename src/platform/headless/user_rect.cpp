@@ -1,4 +1,4 @@
-// The rectangle helpers of USER.
+// The rectangle helpers of USER that are not inline.
 #include <algorithm>
 #include <cstdint>
 
@@ -28,14 +28,6 @@ BOOL CopyRect(RECT *dest, const RECT *source) {
     return TRUE;
 }
 
-BOOL EqualRect(const RECT *first, const RECT *second) {
-    if (first == nullptr || second == nullptr) return FALSE;
-    return first->left == second->left && first->top == second->top && first->right == second->right &&
-           first->bottom == second->bottom;
-}
-
-BOOL IsRectEmpty(const RECT *rect) { return rect == nullptr || rect->left >= rect->right || rect->top >= rect->bottom; }
-
 BOOL OffsetRect(RECT *rect, int x, int y) {
     if (rect == nullptr) return FALSE;
     *rect = RECT{WrappedSum(rect->left, x), WrappedSum(rect->top, y), WrappedSum(rect->right, x),
@@ -48,16 +40,6 @@ BOOL InflateRect(RECT *rect, int x, int y) {
     *rect = RECT{WrappedDifference(rect->left, x), WrappedDifference(rect->top, y), WrappedSum(rect->right, x),
                  WrappedSum(rect->bottom, y)};
     return TRUE;
-}
-
-BOOL IntersectRect(RECT *dest, const RECT *first, const RECT *second) {
-    if (dest == nullptr || first == nullptr || second == nullptr) return FALSE;
-    const RECT common{std::max(first->left, second->left), std::max(first->top, second->top),
-                      std::min(first->right, second->right), std::min(first->bottom, second->bottom)};
-    // When one of the two is empty, so is the common part.
-    const bool isEmpty = IsRectEmpty(&common) != FALSE;
-    *dest = isEmpty ? RECT{} : common;
-    return !isEmpty;
 }
 
 BOOL UnionRect(RECT *dest, const RECT *first, const RECT *second) {
