@@ -38,6 +38,35 @@ TEST(Memory, EveryWidthAndAlignmentStaysInsideTheRows) {
     }
 }
 
+/// Images that are drawn in pieces, with the caches filled beforehand; neither side is a multiple of a piece.
+TEST(Memory, LargeImagesAreDrawnAsSmallOnes) {
+    Random random = CaseRandom(2);
+    constexpr int kWidth = 523, kHeight = 257;
+    for (int index = 0; index < kRowCount; ++index) {
+        const RowTraits &traits = TraitsOf(RowAt(index));
+        if (traits.sampler != SamplerKind::SameSize) continue;
+        for (const int depth : kDepths) {
+            const TestImage source = RandomSource(random, kWidth, kHeight, depth, true);
+            TestImage dest(kWidth, kHeight, 32, 8);
+            dest.Fill(random);
+            const DWORD parameter = traits.combine == CombineKind::ConstAlpha ? 77 : source.At(0, 0);
+            ASSERT_TRUE(DrawsAsModel(TablesUnderTest().back(), RowAt(index), dest, source, {.parameter = parameter}));
+        }
+    }
+    TestImage whole(kWidth, kHeight, 32, 8);
+    whole.Fill(random);
+    const TestImage byRow = whole.Copy();
+    for (const FillKernel fill : {Kernels().fillOver, Kernels().fillModulate, Kernels().fillBehind}) {
+        const SurfaceView view = whole.View();
+        fill(&view, 0x80402010);
+        for (int y = 0; y < kHeight; ++y) {
+            const SurfaceView row = byRow.View({0, y, kWidth, y + 1});
+            fill(&row, 0x80402010);
+        }
+        ASSERT_EQ(whole, byRow);
+    }
+}
+
 /// Draws on two destinations of different pixels; a kernel that only writes leaves both the same.
 template <class Draw>
 testing::AssertionResult OnlyWrites(int width, int height, const Draw &draw) {

@@ -1,0 +1,44 @@
+// Memory for pixels, of small blocks and of large ones, of which a freed one is kept for the next.
+
+#include "platform/pixel_block.h"
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <cstring>
+#include <thread>
+#include <vector>
+
+namespace lacquer {
+namespace {
+
+constexpr std::size_t kMegabyte = std::size_t{1} << 20;
+
+/// Takes blocks that are smaller, larger and much larger than those freed before, and holds two at a time.
+void TakeAndFill(uint8_t mark) {
+    constexpr std::size_t kSizes[] = {
+        1, 4096, 3 * kMegabyte, 3 * kMegabyte, 3 * kMegabyte - 100000, 4 * kMegabyte, 70 * kMegabyte, 2 * kMegabyte};
+    PixelBlock held;
+    for (int round = 0; round < 3; ++round) {
+        for (const std::size_t size : kSizes) {
+            PixelBlock block = AllocatePixels(size);
+            ASSERT_TRUE(block);
+            // Both ends: nobody else may have them while this thread does.
+            for (const std::size_t at : {std::size_t{0}, size - 1}) block[at] = std::byte{mark};
+            std::this_thread::yield();
+            for (const std::size_t at : {std::size_t{0}, size - 1}) ASSERT_EQ(block[at], std::byte{mark}) << size;
+            held = std::move(block);
+        }
+    }
+}
+
+TEST(PixelBlock, HasOneOwnerAndItsWholeSize) {
+    std::vector<std::thread> threads;
+    for (uint8_t mark = 1; mark <= 3; ++mark) threads.emplace_back(TakeAndFill, mark);
+    for (std::thread &thread : threads) thread.join();
+}
+
+TEST(PixelBlock, IsNullWithoutMemory) { EXPECT_FALSE(AllocatePixels(std::size_t{1} << 62)); }
+
+}  // namespace
+}  // namespace lacquer
