@@ -3,30 +3,25 @@
 #include "core/dib_storage.h"
 
 #include "core/dib_section_cache.h"
-#include "core/surface_view.h"
 
 namespace lacquer {
 
 bool DibStorage::Create(SurfaceView *view, uint16_t) {
     Release();
-    bitmap_ = ProcessDibSectionCache().Acquire(view->width, view->height, GetTickCount(), &description_);
+    BITMAP description{};
+    bitmap_ = ProcessDibSectionCache().Acquire(view->width, view->height, GetTickCount(), &description);
     if (!bitmap_) return false;
-    *view = ViewOf(description_);
+    *view = whole_ = ViewOf(description);
     return true;
 }
 
 void DibStorage::Release() {
     if (bitmap_) ProcessDibSectionCache().Release(bitmap_, GetTickCount());
     bitmap_ = nullptr;
-    description_ = {};
+    whole_ = {};
 }
 
-bool DibStorage::Lock(SurfaceView *out, const RECT *rect) {
-    if (IsEmpty()) return false;
-    // What GDI still holds back must be in the pixels before anyone reads them.
-    GdiFlush();
-    *out = ViewOf(description_);
-    return NarrowView(*out, rect);
-}
+/// What GDI still holds back must be in the pixels before anyone reads them.
+void DibStorage::PrepareLock() { GdiFlush(); }
 
 }  // namespace lacquer

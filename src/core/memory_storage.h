@@ -11,18 +11,8 @@ class MemoryStorage final : public SurfaceStorage {
 public:
     bool Create(SurfaceView *view, uint16_t paletteCount) override;
     void Release() override;
-    bool IsEmpty() const override { return !block_; }
-    int GetWidth() const override { return width_; }
-    int GetHeight() const override { return height_; }
-    int GetBitsPixel() const override { return bitsPerPixel_; }
-    int GetPaletteCount() const override { return paletteCount_; }
-    bool Lock(SurfaceView *out, const RECT *rect) override;
-    bool LockEx(SurfaceView *out, const RECT *rect) override;
 
 private:
-    LONG Stride() const;
-
-    uint16_t width_ = 0, height_ = 0, bitsPerPixel_ = 0, paletteCount_ = 0;
     PixelBlock block_;
 };
 

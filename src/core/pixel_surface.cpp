@@ -74,26 +74,15 @@ void PixelSurface::AttachPixels(const SurfaceView &description) {
     view_.bits = description.bits;
 }
 
-int PixelSurface::GetWidth() const { return storage_ ? storage_->GetWidth() : view_.width; }
-int PixelSurface::GetHeight() const { return storage_ ? storage_->GetHeight() : view_.height; }
 int PixelSurface::GetBitsPixel() const { return storage_ ? storage_->GetBitsPixel() : view_.bitsPerPixel; }
 int PixelSurface::GetPaletteCount() const {
     return storage_ ? storage_->GetPaletteCount() : static_cast<int>(view_.paletteCount);
 }
 
-bool PixelSurface::Lock(SurfaceView *out, const RECT *rect) {
-    if (storage_) return storage_->Lock(out, rect);
+bool PixelSurface::LockForeign(SurfaceView *out, const RECT *rect) const {
     if (!view_.bits) return false;
     *out = view_;
     return NarrowView(*out, rect);
-}
-
-bool PixelSurface::LockEx(SurfaceView *out, const RECT *rect) {
-    return storage_ ? storage_->LockEx(out, rect) : Lock(out, rect);
-}
-
-void PixelSurface::Unlock() {
-    if (storage_) storage_->Unlock();
 }
 
 HBITMAP PixelSurface::GetHandle() {
@@ -112,8 +101,6 @@ HBITMAP PixelSurface::ConvertToSystem() {
     if (!dib || !dib->Create(&made, 0) || !dib->LockEx(&target, nullptr)) return nullptr;
     if (!storage_->LockEx(&source, nullptr)) return nullptr;
     ConvertCopy(target, source);
-    storage_->Unlock();
-    dib->Unlock();
     storage_ = std::move(dib);
     kind_ = SurfaceKind::System;
     view_ = made;

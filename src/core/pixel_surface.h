@@ -36,8 +36,8 @@ public:
     /// Describes 32-bit pixels that belong to someone else and outlive this surface's use.
     void AttachPixels(const SurfaceView &description);
 
-    int GetWidth() const;
-    int GetHeight() const;
+    int GetWidth() const { return storage_ ? storage_->GetWidth() : view_.width; }
+    int GetHeight() const { return storage_ ? storage_->GetHeight() : view_.height; }
     int GetBitsPixel() const;
     int GetPaletteCount() const;
     SurfaceKind GetKind() const { return kind_; }
@@ -46,9 +46,15 @@ public:
 
     /// Describe a rectangle, or everything when null. Result: false when empty, below 8 bits per pixel, or unless the
     /// rectangle is inside and not empty.
-    bool Lock(SurfaceView *out, const RECT *rect = nullptr);
-    bool LockEx(SurfaceView *out, const RECT *rect = nullptr);
-    void Unlock();
+    bool Lock(SurfaceView *out, const RECT *rect = nullptr) {
+        return storage_ ? storage_->Lock(out, rect) : LockForeign(out, rect);
+    }
+    bool LockEx(SurfaceView *out, const RECT *rect = nullptr) {
+        return storage_ ? storage_->LockEx(out, rect) : LockForeign(out, rect);
+    }
+
+    /// Ends a lock, which holds nothing at present.
+    void Unlock() {}
 
     /// The GDI bitmap of the pixels. A memory surface that owns its storage moves into a DIB section, for good, at 32
     /// bits per pixel. Result: null when it can't (borrowed, foreign or empty; a depth that can't be converted; no
@@ -66,6 +72,7 @@ public:
     void SetBelongsToCanvas(bool belongs) { belongsToCanvas_ = belongs; }
 
 private:
+    bool LockForeign(SurfaceView *out, const RECT *rect) const;
     HBITMAP ConvertToSystem();
 
     DWORD filter_ = 0;

@@ -7,6 +7,7 @@
 #include <cstdint>
 
 #include "core/reference.h"
+#include "core/surface_view.h"
 
 namespace lacquer {
 
@@ -18,19 +19,37 @@ public:
     /// Releases what is held, then makes pixels for the view's width, height and bits per pixel and completes the view.
     virtual bool Create(SurfaceView *view, uint16_t paletteCount) = 0;
     virtual void Release() = 0;
-    virtual bool IsEmpty() const = 0;
-    virtual int GetWidth() const = 0;
-    virtual int GetHeight() const = 0;
-    virtual int GetBitsPixel() const = 0;
-    virtual int GetPaletteCount() const = 0;
+
+    bool IsEmpty() const { return !whole_.bits; }
+    int GetWidth() const { return whole_.width; }
+    int GetHeight() const { return whole_.height; }
+    int GetBitsPixel() const { return whole_.bitsPerPixel; }
+
+    /// The entries of a palette of its own.
+    int GetPaletteCount() const { return paletteCount_; }
 
     /// Describes a rectangle (null: everything) in the fields up to `bits`; the palette fields become 0. Result: false
     /// when empty, below 8 bits per pixel, or unless the rectangle is inside and not empty.
-    virtual bool Lock(SurfaceView *out, const RECT *rect) = 0;
+    bool Lock(SurfaceView *out, const RECT *rect) {
+        if (!LockEx(out, rect)) return false;
+        out->paletteCount = 0;
+        out->palette = nullptr;
+        return true;
+    }
 
     /// `Lock`, then the palette.
-    virtual bool LockEx(SurfaceView *out, const RECT *rect) = 0;
-    virtual void Unlock() {}
+    bool LockEx(SurfaceView *out, const RECT *rect) {
+        if (IsEmpty() || whole_.bitsPerPixel < 8) return false;
+        PrepareLock();
+        *out = whole_;
+        return NarrowView(*out, rect);
+    }
+
+protected:
+    virtual void PrepareLock() {}
+
+    SurfaceView whole_{};
+    uint16_t paletteCount_ = 0;
 };
 
 using StorageRef = Ref<SurfaceStorage>;

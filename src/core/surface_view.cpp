@@ -1,4 +1,4 @@
-// SurfaceView records: from a BITMAP, and narrowed to a rectangle; palettes.
+// SurfaceView records from a BITMAP; palettes.
 
 #include "core/surface_view.h"
 
@@ -18,18 +18,6 @@ SurfaceView ViewOf(const BITMAP &description) {
     view.bitsPerPixel = description.bmBitsPixel;
     view.bits = description.bmBits;
     return view;
-}
-
-bool NarrowView(SurfaceView &view, const RECT *rect) {
-    if (!rect) return true;
-    if (rect->left < 0 || rect->top < 0 || rect->right > view.width || rect->bottom > view.height ||
-        IsRectEmpty(rect)) {
-        return false;
-    }
-    view.bits = RowOf(view, rect->top) + static_cast<std::ptrdiff_t>(view.bitsPerPixel / 8) * rect->left;
-    view.width = rect->right - rect->left;
-    view.height = rect->bottom - rect->top;
-    return true;
 }
 
 void CopyPalette(const SurfaceView &dest, const SurfaceView &source) {

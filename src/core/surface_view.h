@@ -27,7 +27,17 @@ SurfaceView ViewOf(const BITMAP &description);
 
 /// Narrows the view of a whole surface to `rect`; null keeps the whole. Result: false, with the view unchanged, unless
 /// the rectangle is inside and not empty.
-bool NarrowView(SurfaceView &view, const RECT *rect);
+inline bool NarrowView(SurfaceView &view, const RECT *rect) {
+    if (!rect) return true;
+    if (rect->left < 0 || rect->top < 0 || rect->right > view.width || rect->bottom > view.height ||
+        IsRectEmpty(rect)) {
+        return false;
+    }
+    view.bits = RowOf(view, rect->top) + static_cast<std::ptrdiff_t>(view.bitsPerPixel / 8) * rect->left;
+    view.width = rect->right - rect->left;
+    view.height = rect->bottom - rect->top;
+    return true;
+}
 
 /// Writes the fields up to `bits` only: the record may be a caller's BITMAP.
 inline void WriteBitmapPart(SurfaceView *out, const SurfaceView &view) {

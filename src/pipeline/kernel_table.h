@@ -87,7 +87,18 @@ struct RowArguments {
 };
 
 /// Calls the kernel of `row` for the source's depth, with its words in their order. Result: the kernel's.
-int CallRow(const KernelTable &table, Row row, const SurfaceView *dest, const SurfaceView *source,
-            const RowArguments &arguments);
+inline int CallRow(const KernelTable &table, Row row, const SurfaceView *dest, const SurfaceView *source,
+                   const RowArguments &arguments) {
+    const RowTraits &traits = TraitsOf(row);
+    const KernelRow &kernels = table[row];
+    const RowKernel kernel = kernels.slots[DepthSlot(source->bitsPerPixel)];
+    uint64_t first = reinterpret_cast<uintptr_t>(&kernels), second = arguments.kernelMode;
+    if (traits.extent == Extent::Part) {
+        first = PackPair(arguments.fullSize.cx, arguments.fullSize.cy);
+        second = PackPair(arguments.visibleOffset.x, arguments.visibleOffset.y);
+    }
+    if (traits.HasParameter()) return kernel(dest, source, arguments.parameter, first, second);
+    return kernel(dest, source, first, second, 0);
+}
 
 }  // namespace lacquer

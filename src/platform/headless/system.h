@@ -73,8 +73,7 @@ HGLOBAL GlobalFree(HGLOBAL block);
 /// The block's size in bytes, 0 for null.
 size_t GlobalSize(HGLOBAL block);
 
-// ---- Rectangles: a null pointer gives 0 where a function tests for one. Those on every draw's road are inline.
-// -------
+// ---- Rectangles: a null pointer gives 0 where a function tests for one; those on every draw's road are inline ------
 
 BOOL SetRect(RECT *rect, int left, int top, int right, int bottom);
 BOOL SetRectEmpty(RECT *rect);
