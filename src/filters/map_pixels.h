@@ -21,16 +21,22 @@ void MapRun(BYTE *words, ptrdiff_t count, const Rule &rule) {
     ptrdiff_t i = 0;
     const ptrdiff_t bytes = count * kPixelBytes;
 #ifdef LACQUER_SSE2
-    if constexpr (requires(__m128i four) { rule(four); }) {
-        constexpr ptrdiff_t kStep = kVectorPixels * kPixelBytes;
+    constexpr ptrdiff_t kStep = kVectorPixels * kPixelBytes;
+    if constexpr (requires(EightWords eight) { rule(eight); }) {
+        for (; i + 2 * kStep <= bytes; i += 2 * kStep) {
+            const EightWords eight = rule(EightWords{LoadFour(words + i), LoadFour(words + i + kStep)});
+            StoreFour(words + i, eight.first);
+            StoreFour(words + i + kStep, eight.second);
+        }
+    } else if constexpr (requires(__m128i four) { rule(four); }) {
         for (; i + kStep <= bytes; i += kStep) StoreFour(words + i, rule(LoadFour(words + i)));
     }
 #endif
     for (; i < bytes; i += kPixelBytes) StorePixel(words + i, rule(LoadPixel(words + i)));
 }
 
-/// The first `columns` four-byte pixels of each row, word by word, become rule(word). A rule that also takes four words
-/// in a vector must do the same to each; it gets most of the row.
+/// The first `columns` four-byte pixels of each row, word by word, become rule(word). A rule that also takes four
+/// or eight words in vectors must do the same to each; it gets most of the row.
 template <class Rule>
 void MapWords(const SurfaceView &view, LONG columns, const Rule &rule) {
     Lookahead ahead(view);

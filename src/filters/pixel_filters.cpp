@@ -1,5 +1,5 @@
 // The rules of the filters of single pixels, on colour words, and the depths that they work on. Where compilers make
-// too little of a rule, it has a second form for four words in a vector.
+// too little of a rule, it has a second form for words in vectors.
 
 #include "filters/pixel_filters.h"
 
@@ -8,7 +8,7 @@
 #include "core/surface_view.h"
 #include "filters/map_pixels.h"
 #include "pipeline/pixel.h"
-#include "platform/simd.h"
+#include "pipeline/vector_pixels.h"
 
 namespace lacquer {
 
@@ -22,11 +22,9 @@ constexpr uint32_t Grey(uint32_t value) { return value | value << 8 | value << 1
 
 #ifdef LACQUER_SSE2
 
-__m128i Four(uint32_t word) { return _mm_set1_epi32(static_cast<int>(word)); }
-
 /// The colour channels of one operand with the alphas of the other.
 __m128i WithAlphaOf(__m128i alpha, __m128i colour) {
-    return _mm_or_si128(_mm_and_si128(colour, Four(kColour)), _mm_and_si128(alpha, Four(kOpaque)));
+    return _mm_or_si128(_mm_and_si128(colour, EachWord(kColour)), _mm_and_si128(alpha, EachWord(kOpaque)));
 }
 
 #endif
@@ -38,11 +36,12 @@ struct GreyRule {
 #ifdef LACQUER_SSE2
     __m128i operator()(__m128i c) const {
         const __m128i ones = _mm_set1_epi16(1);
-        const __m128i blueRed = _mm_madd_epi16(_mm_and_si128(c, Four(kPair)), ones);
-        const __m128i twiceGreen = _mm_and_si128(_mm_srli_epi32(c, 7), Four(0x1FE));
+        const __m128i blueRed = _mm_madd_epi16(_mm_and_si128(c, EachWord(kPair)), ones);
+        const __m128i twiceGreen = _mm_and_si128(_mm_srli_epi32(c, 7), EachWord(0x1FE));
         const __m128i grey = _mm_srli_epi32(_mm_add_epi32(blueRed, twiceGreen), 2);
         const __m128i lower = _mm_or_si128(grey, _mm_slli_epi32(grey, 8));
-        return WithAlphaOf(c, _mm_or_si128(lower, _mm_slli_epi32(grey, 16)));
+        const __m128i alpha = _mm_and_si128(c, EachWord(kOpaque));
+        return _mm_or_si128(_mm_or_si128(lower, _mm_slli_epi32(grey, 16)), alpha);
     }
 #endif
 };
@@ -50,13 +49,12 @@ struct GreyRule {
 struct PremultiplyRule {
     uint32_t operator()(uint32_t c) const { return Scale(c & kColour, Alpha(c) + 1) | (c & kOpaque); }
 #ifdef LACQUER_SSE2
-    /// Alpha's own factor is 256, which leaves it as it is.
-    __m128i operator()(__m128i c) const {
-        const __m128i alpha = _mm_srli_epi32(c, 24);
-        const __m128i both = _mm_or_si128(alpha, _mm_slli_epi32(alpha, 16));
-        const __m128i blueRed = _mm_mullo_epi16(_mm_and_si128(c, Four(kPair)), _mm_add_epi16(both, Four(0x00010001)));
-        const __m128i greenAlpha = _mm_mullo_epi16(_mm_srli_epi16(c, 8), _mm_add_epi16(alpha, Four(0x01000001)));
-        return _mm_or_si128(_mm_srli_epi16(blueRed, 8), _mm_and_si128(greenAlpha, Four(~kPair)));
+    /// With a channel of 255 in its place, alpha is one more channel to scale: 255 × (alpha + 1) >> 8 is alpha.
+    EightWords operator()(EightWords c) const {
+        const __m128i alphas = _mm_packs_epi32(_mm_srli_epi32(c.first, 24), _mm_srli_epi32(c.second, 24));
+        const __m128i factors = _mm_add_epi16(alphas, EachLane(1)), opaque = EachWord(kOpaque);
+        return {ScaleFour(_mm_or_si128(c.first, opaque), _mm_unpacklo_epi16(factors, factors)),
+                ScaleFour(_mm_or_si128(c.second, opaque), _mm_unpackhi_epi16(factors, factors))};
     }
 #endif
 };
@@ -71,7 +69,7 @@ struct InvertRule {
     __m128i operator()(__m128i c) const {
         const __m128i alpha = _mm_srli_epi32(c, 24);
         const __m128i pair = _mm_or_si128(alpha, _mm_slli_epi32(alpha, 8));
-        return _mm_sub_epi8(_mm_or_si128(pair, _mm_slli_epi32(pair, 16)), _mm_and_si128(c, Four(kColour)));
+        return _mm_sub_epi8(_mm_or_si128(pair, _mm_slli_epi32(pair, 16)), _mm_and_si128(c, EachWord(kColour)));
     }
 #endif
 };
