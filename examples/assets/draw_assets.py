@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
-"""Draws the skin pieces of the examples. Alpha is straight, as image editors write it.
+"""Draws the skin pieces and the animation of the examples. Alpha is straight, as image editors write it.
 
-    draw_assets.py            writes the PNG files beside this script
+    draw_assets.py            writes the files beside this script
     draw_assets.py --check    only compares them with what would be written; 1 when one differs
 """
 
@@ -9,6 +9,7 @@ import math
 import pathlib
 import sys
 
+import drop_animation
 import png_writer
 
 HERE = pathlib.Path(__file__).resolve().parent
@@ -458,6 +459,7 @@ PIECES = {
     "caption.png": lambda: rgba_file(84, 40, caption),
     "card.png": lambda: rgba_file(72, 72, card),
     "check.png": lambda: rgba_file(72, 24, check),
+    "drop.json": drop_animation.encode,
     "field.png": lambda: rgba_file(32, 32, field),
     "font.png": font_file,
     "frame.png": lambda: rgba_file(64, 64, frame),

@@ -2,6 +2,8 @@
 #include "common/scene.h"
 
 #include <algorithm>
+#include <array>
+#include <cstdio>
 #include <cstdlib>
 #include <iterator>
 
@@ -25,19 +27,22 @@ constexpr int kColourCount = static_cast<int>(std::size(kColours));
 struct Finish {
     std::string_view name;
     BYTE reflection;  // how strongly the surroundings show in it
+    BYTE gloss;       // how strongly light shows on a ball of it
 };
-constexpr Finish kFinishes[] = {{"Matt", 0}, {"Satin", 44}, {"Gloss", 96}};
+constexpr Finish kFinishes[] = {{"Matt", 0, 0}, {"Satin", 44, 110}, {"Gloss", 96, 255}};
 constexpr int kFinishCount = static_cast<int>(std::size(kFinishes));
 
-constexpr std::string_view kButtonNames[] = {"Wipe", "Add a coat", "About"};
+struct Caption {
+    Icon icon;
+    std::string_view caption;
+};
+constexpr Caption kButtons[] = {{Icon::kEraser, "Wipe"}, {Icon::kRoller, "Add a coat"}, {Icon::kInformation, "About"}};
 constexpr std::string_view kBoxNames[] = {"Dusk", "Visitor"};
 constexpr int kMostCoats = 5;
 constexpr int kListWidth = 190;
 constexpr int kRowHeight = 24;
 constexpr int kEntryHeight = 26;
 constexpr int kEdge = 6;  // of the frame, for resizing
-
-constexpr std::uint32_t kText = 0xFF333845;
 
 bool IsEmpty(const RECT &rect) { return rect.right <= rect.left || rect.bottom <= rect.top; }
 
@@ -54,7 +59,7 @@ RECT Inset(const RECT &rect, int by) { return {rect.left + by, rect.top + by, re
 
 }  // namespace
 
-Scene::Scene(const Skin &skin, SIZE size) : skin_(skin) { Resize(size); }
+Scene::Scene(const Skin &skin, SIZE size) : skin_(skin), controls_(skin) { Resize(size); }
 
 // ---- Layout --------------------------------------------------------------------------------------------------------
 
@@ -90,8 +95,8 @@ RECT Scene::PlaceOf(Target target) const {
         case Kind::kNothing: return {};
         case Kind::kButton: {
             if (target.index == kFinish) return {List().left - 6, size_.cy - 68, List().right + 6, size_.cy - 24};
-            constexpr LONG lefts[] = {12, 104, 222};
-            constexpr LONG widths[] = {96, 122, 96};
+            constexpr LONG lefts[] = {12, 104, 238};
+            constexpr LONG widths[] = {96, 138, 96};
             return Box(lefts[target.index], size_.cy - 68, widths[target.index], kButtonSize.cy);
         }
         case Kind::kCaptionButton:
@@ -181,6 +186,12 @@ void Scene::InvalidateTarget(Target target) {
     Invalidate(PlaceOf(target));
 }
 
+/// What depends on whether the menu is open: itself and the button that opens it.
+void Scene::InvalidatePopup() {
+    Invalidate(ShadowOf(Popup()));
+    Invalidate(PlaceOf({Kind::kButton, kFinish}));
+}
+
 /// What depends on the number of coats.
 void Scene::InvalidateCoats() {
     Invalidate(Preview());
@@ -216,7 +227,7 @@ void Scene::MoveTo(POINT position) {
 
 void Scene::Press() {
     if (isPopupOpen_ && hot_.kind != Kind::kEntry) {
-        Invalidate(ShadowOf(Popup()));
+        InvalidatePopup();
         isPopupOpen_ = false;
         MoveTo(mouse_);
         return;
@@ -243,7 +254,7 @@ void Scene::Use(Target target) {
             if (target.index == kWipe || target.index == kCoat) InvalidateCoats();
             if (target.index == kFinish) {
                 isPopupOpen_ = true;
-                Invalidate(ShadowOf(Popup()));
+                InvalidatePopup();
             }
             break;
         case Kind::kCaptionButton:
@@ -261,11 +272,10 @@ void Scene::Use(Target target) {
             break;
         }
         case Kind::kEntry:
-            Invalidate(ShadowOf(Popup()));
+            InvalidatePopup();
             finish_ = target.index;
             isPopupOpen_ = false;
             Invalidate(Preview());
-            Invalidate(PlaceOf({Kind::kButton, kFinish}));
             break;
         default: break;
     }
@@ -307,10 +317,8 @@ void Scene::PaintRows(LONG top, LONG bottom) {
         FillBox(rows_, Box(0, y, width, kRowHeight), i % 2 == 0 ? 0xFFFBFAF7 : 0xFFF3F1EC);
         if (i == chosen_) FillBox(rows_, Box(0, y, width, kRowHeight), 0xFFA0343C);
         if (row == hot_) FillBox(rows_, Box(0, y, width, kRowHeight), i == chosen_ ? 0x28FFFFFF : 0x30A0343C);
-        FillBox(rows_, Box(7, y + 5, 22, 14), kColours[i].word);
-        FillBox(rows_, Box(7, y + 5, 22, 6), 0x38FFFFFF);
-        OutlineBox(rows_, Box(7, y + 5, 22, 14), 0x70000000);
-        skin_.font.Draw(rows_, 38, y + 9, kColours[i].name, i == chosen_ ? 0xFFFFFFFF : kText);
+        controls_.DrawBall(rows_, 8, y + 4, kColours[i].word, 255);
+        controls_.DrawLabel(rows_, 33, y + 12, kColours[i].name, i == chosen_ ? 0xFFFFFFFF : kText);
     }
 }
 
@@ -323,7 +331,7 @@ ButtonState Scene::StateOf(Target target) const {
 void Scene::Paint(const Canvas &canvas) const {
     const RECT everything = Box(0, 0, size_.cx, size_.cy);
     Check(FillSolidRectEx(canvas.get(), 0, &everything, LACQUER_DRAW_COPY), "FillSolidRectEx");
-    DrawFrame(canvas, skin_, everything, "Coats of lacquer");
+    controls_.DrawFrame(canvas, everything, "Coats of lacquer");
     DrawInto(canvas, Box(9, 6, 22, 22), skin_.icon);
     PaintPreview(canvas);
     PaintList(canvas);
@@ -356,7 +364,10 @@ void Scene::PaintPreview(const Canvas &canvas) const {
         DrawInto(canvas, board, shade);
     }
     FillBox(canvas, {board.left, board.bottom - 28, board.right, board.bottom}, 0x90101420);
-    skin_.font.Draw(canvas, board.left + 10, board.bottom - 18, colour.name, 0xFFFFF0D8);
+    controls_.DrawName(canvas, board.left + 10, board.bottom - 14, colour.name, 0xFFFFF0D8);
+    std::array<char, 8> code{};
+    std::snprintf(code.data(), code.size(), "#%06X", static_cast<unsigned>(colour.word & 0xFFFFFF));
+    controls_.DrawCode(canvas, board.right - 10, board.bottom - 14, code.data(), 0xC0FFF0D8);
 }
 
 void Scene::PaintList(const Canvas &canvas) const {
@@ -372,21 +383,26 @@ void Scene::PaintControls(const Canvas &canvas) const {
     const RECT bar = Bar();
     DrawProgress(canvas, skin_, bar, coats_, kMostCoats);
     const std::string progress = std::to_string(coats_) + " of " + std::to_string(kMostCoats) + " coats";
-    skin_.font.Draw(canvas, bar.left + 10, bar.top + 6, progress, coats_ == 0 ? kText : 0xFFFFFFFF);
+    // Light on what is filled, dark on the rest.
+    const LONG end = FilledPart(bar, coats_, kMostCoats).right;
+    for (const bool isFilled : {true, false}) {
+        const ClipTo clip(canvas, {isFilled ? bar.left : end, bar.top, isFilled ? end : bar.right, bar.bottom});
+        controls_.DrawName(canvas, bar.left + 10, (bar.top + bar.bottom) / 2, progress, isFilled ? 0xFFFFFFFF : kText);
+    }
 
     for (int i = 0; i < 2; ++i) {
         const Target box{Kind::kBox, i};
-        const RECT place = PlaceOf(box);
-        if (box == hot_) FillBox(canvas, place, 0x14000000);
-        DrawCheckBox(canvas, skin_, place.left, place.top, isOn_[i] ? CheckState::kOn : CheckState::kOff, kBoxNames[i]);
+        controls_.DrawCheckBox(canvas, PlaceOf(box), isOn_[i], box == hot_, kBoxNames[i]);
         const Target caption{Kind::kCaptionButton, i};
-        const RECT corner = PlaceOf(caption);
-        DrawCaptionButton(canvas, skin_, corner.left, corner.top, static_cast<CaptionButton>(i), StateOf(caption));
+        controls_.DrawCaptionButton(canvas, PlaceOf(caption), static_cast<CaptionButton>(i), StateOf(caption));
     }
-    for (int i = kWipe; i <= kAbout; ++i)
-        DrawButton(canvas, skin_, PlaceOf({Kind::kButton, i}), StateOf({Kind::kButton, i}), kButtonNames[i]);
+    for (int i = kWipe; i <= kAbout; ++i) {
+        const Target button{Kind::kButton, i};
+        controls_.DrawButton(canvas, PlaceOf(button), StateOf(button), kButtons[i].icon, kButtons[i].caption);
+    }
     const Target finish{Kind::kButton, kFinish};
-    DrawButton(canvas, skin_, PlaceOf(finish), StateOf(finish), "Finish: " + std::string(kFinishes[finish_].name));
+    controls_.DrawMenuButton(canvas, PlaceOf(finish), StateOf(finish),
+                             "Finish: " + std::string(kFinishes[finish_].name), isPopupOpen_ ? Icon::kDown : Icon::kUp);
 }
 
 void Scene::PaintPopup(const Canvas &canvas) const {
@@ -396,10 +412,12 @@ void Scene::PaintPopup(const Canvas &canvas) const {
     for (int i = 0; i < kFinishCount; ++i) {
         const Target entry{Kind::kEntry, i};
         const RECT place = PlaceOf(entry);
-        if (entry == hot_) FillBox(canvas, place, 0xFFA0343C);
+        if (entry == hot_) controls_.DrawHighlight(canvas, place, 0xFFA0343C);
         const std::uint32_t ink = entry == hot_ ? 0xFFFFFFFF : kText;
-        if (i == finish_) FillBox(canvas, Box(place.left + 9, place.top + 10, 6, 6), ink);
-        skin_.font.Draw(canvas, place.left + 26, place.top + 10, kFinishes[i].name, ink);
+        const int middle = (place.top + place.bottom) / 2;
+        if (i == finish_) controls_.DrawIcon(canvas, place.left + 5, middle - 8, Icon::kTick, ink);
+        controls_.DrawLabel(canvas, place.left + 28, middle, kFinishes[i].name, ink);
+        controls_.DrawBall(canvas, place.right - 24, middle - 8, kColours[chosen_].word, kFinishes[i].gloss);
     }
 }
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "common/skin.h"
+#include "common/controls.h"
 
 namespace lacquer::examples {
 
@@ -77,6 +77,7 @@ private:
     ButtonState StateOf(Target target) const;
     void Invalidate(const RECT &rect);
     void InvalidateTarget(Target target);
+    void InvalidatePopup();
     void InvalidateCoats();
     void Use(Target target);
     void ScrollTo(int position);
@@ -88,6 +89,7 @@ private:
     void PaintPopup(const Canvas &canvas) const;
 
     const Skin &skin_;
+    const Controls controls_;
     SIZE size_{};
     Canvas rows_;  // what Rows() shows; scrolled in place
     std::vector<RECT> invalid_;

@@ -8,8 +8,6 @@ namespace lacquer::examples {
 
 namespace {
 
-constexpr int kCheckSize = 24;
-
 /// Slices of equal size, row by row.
 std::vector<RECT> Grid(int columns, int rows, SIZE cell) {
     std::vector<RECT> cells;
@@ -74,37 +72,18 @@ void DrawShadow(const Canvas &canvas, const Skin &skin, const RECT &caster) {
     DrawInto(canvas, ShadowOf(caster), skin.shadow);
 }
 
-void DrawFrame(const Canvas &canvas, const Skin &skin, const RECT &outer, std::string_view title) {
-    DrawInto(canvas, outer, skin.frame);
-    skin.font.DrawCentred(canvas, (outer.left + outer.right) / 2, outer.top + 13, title, 0xFFF4F6FA);
-}
-
-void DrawButton(const Canvas &canvas, const Skin &skin, const RECT &rect, ButtonState state, std::string_view caption) {
+void DrawButton(const Canvas &canvas, const Skin &skin, const RECT &rect, ButtonState state) {
     DrawSlice(canvas, rect, skin.button, static_cast<int>(state));
-    const int centre = (rect.left + rect.right) / 2;
-    const int textTop = (rect.top + rect.bottom) / 2 - (state == ButtonState::kPressed ? 4 : 5);
-    if (state == ButtonState::kDisabled) {
-        skin.font.DrawCentred(canvas, centre, textTop, caption, 0xFF6F6866);
-        return;
-    }
-    skin.font.DrawCentred(canvas, centre, textTop + 1, caption, 0x80400008);
-    skin.font.DrawCentred(canvas, centre, textTop, caption, 0xFFFFFFFF);
 }
 
-void DrawCaptionButton(const Canvas &canvas, const Skin &skin, int x, int y, CaptionButton button, ButtonState state) {
-    DrawSlice(canvas, Box(x, y, kCaptionButtonSize.cx, kCaptionButtonSize.cy), skin.caption,
-              static_cast<int>(button) * 3 + static_cast<int>(state));
-}
-
-void DrawCheckBox(const Canvas &canvas, const Skin &skin, int x, int y, CheckState state, std::string_view caption) {
-    DrawSlice(canvas, Box(x, y, kCheckSize, kCheckSize), skin.check, static_cast<int>(state));
-    skin.font.Draw(canvas, x + kCheckSize + 4, y + 9, caption, 0xFF333845);
+RECT FilledPart(const RECT &bar, int done, int all) {
+    return {bar.left, bar.top, bar.left + (bar.right - bar.left) * done / all, bar.bottom};
 }
 
 void DrawProgress(const Canvas &canvas, const Skin &skin, const RECT &rect, int done, int all) {
     DrawSlice(canvas, rect, skin.progress, 0);
     if (done == 0) return;
-    const RECT filled{rect.left, rect.top, rect.left + (rect.right - rect.left) * done / all, rect.bottom};
+    const RECT filled = FilledPart(rect, done, all);
     DrawSlice(canvas, filled, skin.progress, 1);
     DrawInto(canvas, {filled.left + 2, filled.top + 2, filled.right - 2, filled.bottom - 2}, skin.stripes);
 }

@@ -41,27 +41,21 @@ RECT ShadowOf(const RECT &caster);
 /// Draws the shadow of a rectangle.
 void DrawShadow(const Canvas &canvas, const Skin &skin, const RECT &caster);
 
-/// Draws a window frame with its title into a rectangle.
-void DrawFrame(const Canvas &canvas, const Skin &skin, const RECT &outer, std::string_view title);
-
 enum class ButtonState { kNormal, kHot, kPressed, kDisabled };
 
 inline constexpr SIZE kButtonSize{104, 44};
 
-/// Draws a button into a rectangle, its shadow of 6 pixels around included.
-void DrawButton(const Canvas &canvas, const Skin &skin, const RECT &rect, ButtonState state, std::string_view caption);
+/// Draws a button without a caption into a rectangle, its shadow of 6 pixels around included.
+void DrawButton(const Canvas &canvas, const Skin &skin, const RECT &rect, ButtonState state);
 
 enum class CaptionButton { kMinimise, kClose };
 
 inline constexpr SIZE kCaptionButtonSize{28, 20};
 
-/// Draws a button of a title bar with its left top corner at (x, y). Such buttons are never disabled.
-void DrawCaptionButton(const Canvas &canvas, const Skin &skin, int x, int y, CaptionButton button, ButtonState state);
+inline constexpr int kCheckSize = 24;
 
-enum class CheckState { kOff, kOn, kPartly };
-
-/// Draws a check box of 24 x 24 pixels with its caption to the right.
-void DrawCheckBox(const Canvas &canvas, const Skin &skin, int x, int y, CheckState state, std::string_view caption);
+/// The left part of a progress bar, a share of `done` / `all`.
+RECT FilledPart(const RECT &bar, int done, int all);
 
 /// Draws a progress bar of which a share of `done` / `all` is filled.
 void DrawProgress(const Canvas &canvas, const Skin &skin, const RECT &rect, int done, int all);

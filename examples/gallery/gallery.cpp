@@ -14,8 +14,11 @@ constexpr Picture kPictures[] = {
     {"fills", PngKind::kOpaque, PaintFills},         {"mixes", PngKind::kOpaque, PaintMixes},
     {"lettering", PngKind::kOpaque, PaintLettering}, {"filters", PngKind::kOpaque, PaintFilters},
     {"hues", PngKind::kOpaque, PaintHues},           {"glow", PngKind::kOpaque, PaintGlow},
-    {"regions", PngKind::kOpaque, PaintRegions},     {"window", PngKind::kStraight, PaintWindow},
-    {"desktop", PngKind::kOpaque, PaintDesktop},
+    {"regions", PngKind::kOpaque, PaintRegions},     {"shapes", PngKind::kOpaque, PaintShapes},
+    {"strokes", PngKind::kOpaque, PaintStrokes},     {"dashes", PngKind::kOpaque, PaintDashes},
+    {"gradients", PngKind::kOpaque, PaintGradients}, {"operators", PngKind::kOpaque, PaintOperators},
+    {"text", PngKind::kOpaque, PaintText},           {"film", PngKind::kOpaque, PaintFilm},
+    {"window", PngKind::kStraight, PaintWindow},     {"desktop", PngKind::kOpaque, PaintDesktop},
 };
 
 }  // namespace
@@ -27,6 +30,16 @@ Canvas MakePage(const Skin &skin, int width, int height, std::string_view title,
     skin.font.Draw(canvas, 20, 38, explanation, kFaintInk);
     FillBox(canvas, Box(20, 54, width - 40, 1), 0x40FFFFFF);
     return canvas;
+}
+
+void DrawPanel(const Canvas &canvas, const RECT &rect) {
+    const KeepState keep(canvas);
+    const auto x = static_cast<float>(rect.left), y = static_cast<float>(rect.top);
+    const auto width = static_cast<float>(rect.right - rect.left), height = static_cast<float>(rect.bottom - rect.top);
+    FillWith(canvas, 0x14FFFFFF);
+    Check(DrawRoundRect(canvas.get(), x, y, width, height, 7, 7), "DrawRoundRect");
+    StrokeWith(canvas, 0x20FFFFFF, 1);
+    Check(DrawRoundRect(canvas.get(), x + 0.5f, y + 0.5f, width - 1, height - 1, 6.5f, 6.5f), "DrawRoundRect");
 }
 
 void DrawSpecimen(const Canvas &canvas, const RECT &rect, const std::function<void(const Canvas &layer)> &draw) {

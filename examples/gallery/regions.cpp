@@ -1,11 +1,12 @@
 // regions.png: the shapes that textures would give to windows. Each piece is beside its region, whose rectangles are
 // painted in turns of colour.
+#ifndef _WIN32
 #include <lacquer/headless_gdi.h>
+#endif
 
 #include <array>
 #include <vector>
 
-#include "common/splash.h"
 #include "gallery/gallery.h"
 
 namespace lacquer::examples {
@@ -53,9 +54,7 @@ Canvas PaintRegions(const Skin &skin) {
         skin.font.Draw(canvas, left, y - 14,
                        std::to_string(rects.size()) + (rects.size() == 1 ? " rectangle" : " rectangles"), kFaintInk);
     };
-    const Texture splash(GetTexture(MakeSplash(skin).get()), "GetTexture");
-    SetDrawMode(splash, LACQUER_DRAW_OVER);
-    draw(20, 86, "splash, 32 bit", splash, 1);
+    draw(20, 86, "splash, 32 bit", skin.splash, 1);
     Texture sprite = MakeTexture([&] {
         // Premultiplied, the sprite's clear pixels are 0.
         Image image{.width = 64, .height = 64, .bitsPerPixel = 32, .pixels = {}, .palette = {}};

@@ -27,6 +27,19 @@ void DrawSheet(const Canvas &canvas, const Skin &skin, int x, int y, const Textu
     }
 }
 
+void DrawNamedButton(const Canvas &canvas, const Skin &skin, const RECT &rect, ButtonState state,
+                     std::string_view name) {
+    DrawButton(canvas, skin, rect, state);
+    const int centre = (rect.left + rect.right) / 2;
+    const int top = (rect.top + rect.bottom) / 2 - (state == ButtonState::kPressed ? 4 : 5);
+    if (state == ButtonState::kDisabled) {
+        skin.font.DrawCentred(canvas, centre, top, name, 0xFF6F6866);
+        return;
+    }
+    skin.font.DrawCentred(canvas, centre, top + 1, name, 0x80400008);
+    skin.font.DrawCentred(canvas, centre, top, name, 0xFFFFFFFF);
+}
+
 }  // namespace
 
 Canvas PaintSlices(const Skin &skin) {
@@ -47,19 +60,26 @@ Canvas PaintSlices(const Skin &skin) {
     for (int i = 0; i < 4; ++i) {
         const auto index = static_cast<std::size_t>(i);
         const int width = 80 + i * 60;
-        DrawButton(canvas, skin, Box(340, 76 + i * 46, width, kButtonSize.cy), states[index], names[index]);
-        DrawButton(canvas, skin, Box(354 + width, 76 + i * 46, 340 - width, kButtonSize.cy), states[index], "");
+        DrawNamedButton(canvas, skin, Box(340, 76 + i * 46, width, kButtonSize.cy), states[index], names[index]);
+        DrawButton(canvas, skin, Box(354 + width, 76 + i * 46, 340 - width, kButtonSize.cy), states[index]);
     }
     for (int i = 0; i < 3; ++i) {
         const auto state = states[static_cast<std::size_t>(i)];
-        DrawCaptionButton(canvas, skin, 356 + i * 100, 280, CaptionButton::kMinimise, state);
-        DrawCaptionButton(canvas, skin, 390 + i * 100, 280, CaptionButton::kClose, state);
+        for (int button = 0; button < 2; ++button) {
+            const RECT place = Box(356 + i * 100 + button * 34, 280, kCaptionButtonSize.cx, kCaptionButtonSize.cy);
+            DrawSlice(canvas, place, skin.caption, button * 3 + i);
+        }
         DrawScrollBar(canvas, skin, Box(616 + i * 26, 324, 14, 76), Box(616 + i * 26, 334 + i * 10, 14, 40), state);
         DrawProgress(canvas, skin, Box(346, 330 + i * 24, 120 + i * 60, 18), i + 1, 4);
     }
-    DrawCheckBox(canvas, skin, 484, 324, CheckState::kOff, "Off");
-    DrawCheckBox(canvas, skin, 546, 324, CheckState::kOn, "On");
-    DrawCheckBox(canvas, skin, 546, 350, CheckState::kPartly, "Partly");
+    constexpr std::array<std::string_view, 3> checks{"Off", "On", "Partly"};
+    constexpr std::array<POINT, 3> corners{{{484, 324}, {546, 324}, {546, 350}}};
+    for (int i = 0; i < 3; ++i) {
+        const auto index = static_cast<std::size_t>(i);
+        const auto [x, y] = corners[index];
+        DrawSlice(canvas, Box(x, y, kCheckSize, kCheckSize), skin.check, i);
+        skin.font.Draw(canvas, x + kCheckSize + 4, y + 9, checks[index], 0xFF333845);
+    }
     return canvas;
 }
 

@@ -59,7 +59,9 @@ Canvas PaintDesktop(const Skin &skin) {
 
     DrawLayer(canvas, 40, 440, MakeSplash(skin));
     DrawAt(canvas, 984, 590, skin.icon);
-    skin.font.DrawCentred(canvas, 1016, 658, "Drop", 0xFFFFFFFF);
+    const Typeface label(Family::kSans, 12);
+    label.DrawCentred(canvas, 1016, 667, "Drop", 0xA0000000);
+    label.DrawCentred(canvas, 1016, 666, "Drop", 0xFFFFFFFF);
     return canvas;
 }
 

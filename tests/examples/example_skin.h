@@ -1,16 +1,34 @@
-// The examples' skin for their tests.
+// The pictures that the examples' tests read: the skin, and what pictures painted from it are compared with. On Windows
+// the program carries them as resources.
 #pragma once
 
+#ifdef _WIN32
+#include <objbase.h>
+
+#include "window/png_resource.h"
+#else
 #include "common/png_file.h"
+#endif
 #include "common/skin.h"
 
 namespace lacquer::examples {
 
-inline std::string AssetPath(const std::string &name) { return std::string(EXAMPLE_ASSETS "/") + name + ".png"; }
-
-inline Skin LoadSkin() {
-    return Skin([](const std::string &name, Alpha alpha) { return ReadPng(AssetPath(name), alpha); });
+#ifdef _WIN32
+inline Image ReadResource(const std::string &name, Alpha alpha) {
+    static const HRESULT com = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
+    if (FAILED(com)) throw std::runtime_error("COM is not available");
+    return ReadPngResource(name, alpha);
 }
+inline Image ReadAsset(const std::string &name, Alpha alpha) { return ReadResource("piece_" + name, alpha); }
+inline Image ReadReference(const std::string &name) { return ReadResource("reference_" + name, Alpha::kPremultiplied); }
+#else
+inline std::string AssetPath(const std::string &name) { return EXAMPLE_ASSETS "/" + name + ".png"; }
+inline std::string ReferencePath(const std::string &name) { return EXAMPLE_REFERENCES "/" + name + ".png"; }
+inline Image ReadAsset(const std::string &name, Alpha alpha) { return ReadPng(AssetPath(name), alpha); }
+inline Image ReadReference(const std::string &name) { return ReadPng(ReferencePath(name)); }
+#endif
+
+inline Skin LoadSkin() { return Skin(ReadAsset); }
 
 /// All pixels of a canvas, row by row.
 inline std::vector<DWORD> PixelsOf(const Canvas &canvas) {

@@ -69,6 +69,28 @@ TEST_F(SceneTest, PaintingTheInvalidPartsIsEnough) {
     EXPECT_GT(painted, 300);
 }
 
+// The system may ask for any rectangle, which then cuts letters and curves.
+TEST_F(SceneTest, EveryClipShowsTheSamePixels) {
+    Click(kFinishButton);
+    const std::vector<DWORD> whole = Paint();
+    const SIZE size = scene.size();
+    const Canvas canvas = MakeCanvas(size.cx, size.cy);
+    std::mt19937 random(7);
+    const auto pick = [&](LONG limit) { return std::uniform_int_distribution<LONG>(0, limit)(random); };
+    for (int i = 0; i < 200; ++i) {
+        const RECT rect = Box(pick(size.cx), pick(size.cy), pick(150), pick(100));
+        Check(FillSolidRectEx(canvas.get(), 0, &rect, LACQUER_DRAW_COPY), "FillSolidRectEx");
+        const ClipTo clip(canvas, rect);
+        scene.Paint(canvas);
+        const std::vector<DWORD> pixels = PixelsOf(canvas);
+        for (LONG y = rect.top; y < std::min(rect.bottom, size.cy); ++y) {
+            const auto from = y * size.cx + rect.left;
+            const auto to = y * size.cx + std::min(rect.right, size.cx);
+            ASSERT_TRUE(std::equal(pixels.begin() + from, pixels.begin() + to, whole.begin() + from)) << i << ": " << y;
+        }
+    }
+}
+
 TEST_F(SceneTest, HoveringInvalidatesTheButtonOnly) {
     scene.TakeInvalid();
     scene.MoveTo({200, 100});

@@ -2,6 +2,8 @@
 
 #include "animations.h"
 
+#include <cstdlib>
+
 namespace lacquer {
 namespace {
 
@@ -25,6 +27,8 @@ std::string Animated(const std::string &from, const std::string &to) {
 const std::string kFill = R"({"ty":"fl","c":)" + Fixed("[1,0,0,1]") + R"(,"o":)" + Fixed("100") + R"(,"r":1})";
 
 }  // namespace
+
+bool ExpectsAnimations() { return !std::getenv("VELGRAPHIC_WITHOUT_ANIMATIONS"); }
 
 std::string Group(const std::string &items) {
     return R"({"ty":"gr","it":[)" + items + R"(,{"ty":"tr","p":)" + Fixed("[0,0]") + R"(,"a":)" + Fixed("[0,0]") +

@@ -5,6 +5,10 @@
 
 namespace lacquer {
 
+/// Whether the library is to play animations; tests of one that is built without them set
+/// VELGRAPHIC_WITHOUT_ANIMATIONS.
+bool ExpectsAnimations();
+
 /// 60 frames of 100 x 80 pixels at 30 per second: a composition used twice, with groups, fills, strokes with dashes,
 /// gradients, a star, trimmed and repeated shapes, masks, mattes, parents and keyframes.
 std::string RichAnimation();

@@ -1,0 +1,103 @@
+// film.png: an animation as a strip of its frames, and one frame at several opacities, clipped, stretched and blended.
+#include <array>
+
+#include "drop_json.h"
+#include "gallery/gallery.h"
+
+namespace lacquer::examples {
+
+namespace {
+
+constexpr int kSide = 88;
+constexpr int kStep = kSide + 8;
+
+/// Null in a build without an animation library.
+Animation LoadDrop() {
+    velLottie *lottie = velLottieCreateFromData(kDropJson.data(), kDropJson.size());
+    return lottie ? Animation(lottie, "velLottieCreateFromData") : Animation();
+}
+
+void DrawFrame(const Canvas &canvas, const Animation &animation, int frame, const RECT &rect) {
+    if (!animation.get()) return;
+    Check(DrawLottie(canvas.get(), animation.get(), static_cast<float>(frame), static_cast<float>(rect.left),
+                     static_cast<float>(rect.top), static_cast<float>(rect.right - rect.left),
+                     static_cast<float>(rect.bottom - rect.top)),
+          "DrawLottie");
+}
+
+/// A piece of film with its perforation, cut out by the even-odd rule.
+void DrawFilm(const Canvas &canvas, int left, int top, int frames) {
+    const KeepState keep(canvas);
+    const Path path = MakePath();
+    const int width = frames * kStep + 8;
+    Check(PathSetFillType(path.get(), VEL_FILL_EVEN_ODD), "PathSetFillType");
+    Check(PathAddRectangle(path.get(), static_cast<float>(left), static_cast<float>(top), static_cast<float>(width),
+                           kSide + 44),
+          "PathAddRectangle");
+    for (int x = left + 7; x + 10 < left + width; x += 16)
+        for (const int y : {top + 6, top + kSide + 28})
+            Check(PathAddRectangle(path.get(), static_cast<float>(x), static_cast<float>(y), 9, 10),
+                  "PathAddRectangle");
+    FillWith(canvas, 0xFF0C0D11);
+    Check(DrawPath(canvas.get(), path.get()), "DrawPath");
+}
+
+void DrawStrip(const Canvas &canvas, const Skin &skin, const Animation &animation, int left, int top) {
+    constexpr std::array<int, 8> frames{0, 11, 17, 21, 25, 30, 38, 56};
+    DrawFilm(canvas, left, top, static_cast<int>(frames.size()));
+    for (std::size_t i = 0; i < frames.size(); ++i) {
+        const int x = left + 8 + static_cast<int>(i) * kStep;
+        const RECT rect = Box(x, top + 22, kSide, kSide);
+        FillGradient(canvas, rect, 0xFFFBF8F0, 0xFFDCE4EC);
+        DrawFrame(canvas, animation, frames[i], rect);
+        skin.font.DrawCentred(canvas, x + kSide / 2, top + kSide + 54, "frame " + std::to_string(frames[i]), kFaintInk);
+    }
+}
+
+/// What DrawLottie obeys: the opacity, the blend mode, the clip, and the rectangle that it stretches the frame to.
+void DrawVariants(const Canvas &canvas, const Skin &skin, const Animation &animation, int left, int top) {
+    constexpr int height = 130;
+    constexpr int frame = 28;
+    const auto ground = [&](int x, int width, std::string_view name) {
+        FillGradient(canvas, Box(x, top, width, height), 0xFF8FC6E8, 0xFFF0C890);
+        skin.font.Draw(canvas, x, top - 14, name, kInk);
+    };
+    const KeepState keep(canvas);
+    constexpr std::array<DWORD, 3> opacities{255, 160, 64};
+    for (std::size_t i = 0; i < opacities.size(); ++i) {
+        const int x = left + static_cast<int>(i) * 110;
+        ground(x, 104, "opacity " + std::to_string(opacities[i]));
+        Check(SetBlendValue(canvas.get(), opacities[i]), "SetBlendValue");
+        DrawFrame(canvas, animation, frame, Box(x + 2, top + 15, 100, 100));
+    }
+    Check(SetBlendValue(canvas.get(), 255), "SetBlendValue");
+    ground(left + 330, 104, "multiply");
+    Check(SetBlendMode(canvas.get(), VEL_BLEND_MULTIPLY), "SetBlendMode");
+    DrawFrame(canvas, animation, frame, Box(left + 332, top + 15, 100, 100));
+    Check(SetBlendMode(canvas.get(), VEL_BLEND_SOURCE_OVER), "SetBlendMode");
+    ground(left + 440, 104, "clipped");
+    {
+        const ClipTo clip(canvas, Box(left + 448, top + 8, 88, 60));
+        DrawFrame(canvas, animation, frame, Box(left + 410, top - 40, 170, 170));
+    }
+    OutlineBox(canvas, Box(left + 447, top + 7, 90, 62), 0xFF3B4252);
+    ground(left + 550, 60, "stretched");
+    DrawFrame(canvas, animation, frame, Box(left + 556, top + 4, 48, 122));
+    ground(left + 616, 160, "");
+    DrawFrame(canvas, animation, frame, Box(left + 620, top + 36, 152, 58));
+}
+
+}  // namespace
+
+Canvas PaintFilm(const Skin &skin) {
+    const Animation animation = LoadDrop();
+    Canvas canvas =
+        MakePage(skin, 816, 408, "Film",
+                 animation.get() ? "Frames of an animation, drawn with DrawLottie"
+                                 : "Empty: this build has no animation library, so DrawLottie draws nothing");
+    DrawStrip(canvas, skin, animation, 20, 72);
+    DrawVariants(canvas, skin, animation, 20, 258);
+    return canvas;
+}
+
+}  // namespace lacquer::examples
