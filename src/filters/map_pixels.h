@@ -39,11 +39,12 @@ void MapRun(BYTE *words, ptrdiff_t count, const Rule &rule) {
 /// or eight words in vectors must do the same to each; it gets most of the row.
 template <class Rule>
 void MapWords(const SurfaceView &view, LONG columns, const Rule &rule) {
-    Lookahead ahead(view);
+    Lookahead ahead(view, columns, view.height);
+    const LONG piece = Lookahead::Pays(view) ? LONG{Lookahead::kPiecePixels} : columns;
     for (LONG y = 0; y < view.height; ++y) {
-        for (LONG x = 0; x < columns; x += Lookahead::kPiecePixels) {
+        for (LONG x = 0; x < columns; x += piece) {
             ahead.Advance();
-            MapRun(RowOf(view, y) + x * kPixelBytes, std::min<LONG>(Lookahead::kPiecePixels, columns - x), rule);
+            MapRun(RowOf(view, y) + ptrdiff_t{x} * kPixelBytes, std::min(piece, columns - x), rule);
         }
     }
 }

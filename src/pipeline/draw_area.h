@@ -17,6 +17,16 @@ inline DrawArea WholeArea(const SurfaceView &dest) { return {{dest.width, dest.h
 /// Whether the rows of a 32-bit view follow each other without a gap.
 inline bool IsContiguous(const SurfaceView &view) { return view.stride == int64_t{view.width} * kPixelBytes; }
 
+/// How a draw walks over its pixels.
+struct Runs {
+    ptrdiff_t length, count;  ///< pixels of a run, runs
+};
+
+/// The rows of a view, or all of them as one where nothing lies between them.
+inline Runs RunsOf(const SurfaceView &view, bool joined) {
+    return joined ? Runs{ptrdiff_t{view.width} * view.height, 1} : Runs{view.width, view.height};
+}
+
 /// Whether a kernel that reads `sourceBits` per pixel may run: 32-bit destination, a source of its own depth, nothing
 /// empty, and the view inside the full rectangle.
 inline bool CanDraw(const SurfaceView &dest, const SurfaceView &source, int sourceBits, const DrawArea &area) {

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "pipeline/combine_ref.h"
 #include "pipeline/draw_area.h"
 #include "pipeline/lookahead.h"
 #include "pipeline/source_pixels.h"
@@ -35,67 +36,75 @@ struct SameSize {
     }
 
 private:
-    static ptrdiff_t Width(const SurfaceView &dest, const SurfaceView &source) {
-        return std::min(dest.width, source.width);
-    }
-    static ptrdiff_t Height(const SurfaceView &dest, const SurfaceView &source) {
-        return std::min(dest.height, source.height);
-    }
-
     template <class Combine>
     static void DrawWords(const SurfaceView &dest, const SurfaceView &source, const Combine &combine) {
-        const ptrdiff_t width = Width(dest, source), height = Height(dest, source);
+        const SurfaceView common = CommonPart(dest, source);
+        const bool joined = dest.width == source.width && IsContiguous(dest) && IsContiguous(source);
+        const Runs runs = RunsOf(common, joined);
         if constexpr (!Combine::kCopies) {
             const auto drawPiece = [&](BYTE *out, const BYTE *in, ptrdiff_t first, ptrdiff_t count) {
                 combine.Run(out + first * kPixelBytes, in + first * kPixelBytes, count);
             };
-            if (Lookahead::Pays(dest)) return DrawPieces(dest, source, drawPiece);
+            if (Lookahead::Pays(common)) return DrawPieces(dest, source, runs, drawPiece);
         }
-        const bool joined = dest.width == source.width && IsContiguous(dest) && IsContiguous(source);
-        const ptrdiff_t run = joined ? width * height : width, runs = joined ? 1 : height;
-        for (ptrdiff_t y = 0; y < runs; ++y) {
+        for (ptrdiff_t y = 0; y < runs.count; ++y) {
             BYTE *const out = RowOf(dest, y);
             const BYTE *const in = RowOf(source, y);
             if constexpr (Combine::kCopies) {
-                std::memmove(out, in, static_cast<size_t>(run) * kPixelBytes);
-            } else if constexpr (requires { combine.RunInline(out, in, run); }) {
-                combine.RunInline(out, in, run);
+                std::memmove(out, in, static_cast<size_t>(runs.length) * kPixelBytes);
+            } else if constexpr (requires { combine.RunInline(out, in, runs.length); }) {
+                combine.RunInline(out, in, runs.length);
             } else {
-                combine.Run(out, in, run);
+                combine.Run(out, in, runs.length);
             }
         }
     }
 
     template <class Combine>
     static void DrawFetched(const SurfaceView &dest, const SurfaceView &source, const Combine &combine) {
-        const ptrdiff_t width = Width(dest, source);
-        const Source pixels(source);
-        const auto read = pixels.GetReader();
         if constexpr (Combine::kCopies) {
-            for (ptrdiff_t y = 0; y < Height(dest, source); ++y) {
-                Fetcher::Fetch(RowOf(dest, y), read, RowOf(source, y), 0, width, width);
+            const SurfaceView common = CommonPart(dest, source);
+            const Source pixels(source);
+            const auto read = pixels.GetReader();
+            for (ptrdiff_t y = 0; y < common.height; ++y) {
+                Fetcher::Fetch(RowOf(dest, y), read, RowOf(source, y), 0, common.width, common.width);
             }
         } else {
-            DrawPieces(dest, source, [&](BYTE *out, const BYTE *in, ptrdiff_t first, ptrdiff_t count) {
-                BYTE fetched[Lookahead::kPiecePixels * kPixelBytes];
-                Fetcher::Fetch(fetched, read, in, first, count, width);
-                combine.Run(out + first * kPixelBytes, fetched, count);
-            });
+            CombineFetched(dest, source, CombineRef(combine));
         }
+    }
+
+    static void CombineFetched(const SurfaceView &dest, const SurfaceView &source, CombineRef combine) {
+        const Runs runs = RunsOf(CommonPart(dest, source), false);
+        const Source pixels(source);
+        const auto read = pixels.GetReader();
+        DrawPieces(dest, source, runs, [&](BYTE *out, const BYTE *in, ptrdiff_t first, ptrdiff_t count) {
+            BYTE fetched[Lookahead::kPiecePixels * kPixelBytes];
+            Fetcher::Fetch(fetched, read, in, first, count, runs.length);
+            combine.Run(out + first * kPixelBytes, fetched, count);
+        });
     }
 
     /// Calls drawPiece(dest row, source row, first column, columns) for pieces of at most Lookahead::kPiecePixels.
     template <class DrawPiece>
-    static void DrawPieces(const SurfaceView &dest, const SurfaceView &source, const DrawPiece &drawPiece) {
-        const ptrdiff_t width = Width(dest, source), height = Height(dest, source);
-        Lookahead destAhead(dest), sourceAhead(source);
-        for (ptrdiff_t y = 0; y < height; ++y) {
-            for (ptrdiff_t x = 0; x < width; x += Lookahead::kPiecePixels) {
+    static void DrawPieces(const SurfaceView &dest, const SurfaceView &source, const Runs &runs,
+                           const DrawPiece &drawPiece) {
+        Lookahead destAhead(dest, runs.length, runs.count), sourceAhead(source, runs.length, runs.count);
+        for (ptrdiff_t y = 0; y < runs.count; ++y) {
+            for (ptrdiff_t x = 0; x < runs.length; x += Lookahead::kPiecePixels) {
                 destAhead.Advance();
                 sourceAhead.Advance();
-                drawPiece(RowOf(dest, y), RowOf(source, y), x, std::min(Lookahead::kPiecePixels, width - x));
+                drawPiece(RowOf(dest, y), RowOf(source, y), x, std::min(Lookahead::kPiecePixels, runs.length - x));
             }
         }
+    }
+
+    /// The destination's top-left part that the source covers.
+    static SurfaceView CommonPart(const SurfaceView &dest, const SurfaceView &source) {
+        SurfaceView common = dest;
+        common.width = std::min(dest.width, source.width);
+        common.height = std::min(dest.height, source.height);
+        return common;
     }
 };
 

@@ -6,12 +6,13 @@
 
 #include "pipeline/combine_ref.h"
 #include "pipeline/draw_area.h"
+#include "pipeline/lookahead.h"
 #include "pipeline/source_pixels.h"
 
 namespace lacquer {
 
 /// Columns of a block; a fetched run of them stays in the first-level cache.
-inline constexpr int kBlockColumns = 256;
+inline constexpr int kBlockColumns = 512;
 
 /// Source positions along one axis, 16.16 fixed point, in 64 bits: index i of the full rectangle is at first + i ×
 /// step.
@@ -70,6 +71,8 @@ private:
             fetch.SetColumns(area.visibleOffset.x + x, count);
             for (int64_t y = 0; y < dest.height; ++y) {
                 fetch.SetRow(area.visibleOffset.y + y);
+                if (combine && y + 1 < dest.height)
+                    PrefetchBytes(RowOf(dest, y + 1) + x * kPixelBytes, count * kPixelBytes);
                 BYTE *const out = RowOf(dest, y) + x * kPixelBytes;
                 fetch.Read(combine ? run : out, count);
                 if (combine) combine.Run(out, run, count);

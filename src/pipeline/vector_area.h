@@ -1,13 +1,38 @@
-// The area sampler of the SSE2 tier: where every destination pixel covers whole source pixels, their bytes are summed
-// in 16-bit lanes.
+// The area sampler of the SSE2 tier, for footprints up to 16 × 16 pixels. Pixels of other depths are expanded first, so
+// that the sums are written once, for words.
 #pragma once
 
 #include "pipeline/area.h"
+#include "pipeline/vector_fetch.h"
 #include "pipeline/vector_pixels.h"
 
 #ifdef LACQUER_SSE2
 
 namespace lacquer {
+
+/// What has a faster form: footprints of up to this many pixels across and down.
+inline constexpr int64_t kLongestFootprint = 16;
+
+/// The words of the source that one row of means is made of.
+struct WordRows {
+    const BYTE *pixels;  ///< first row, column `firstColumn`
+    ptrdiff_t stride, firstColumn;
+};
+
+/// The blocks of whole pixels that a draw divides its source into.
+struct WholeRatio {
+    int columns = 0, rows = 0;  ///< 0 where it doesn't, or where the means have no such formula
+    uint32_t inverse = 0;       ///< sum × inverse >> 16 is a block's mean
+
+    WholeRatio(const Steps &across, const Steps &down);
+};
+
+/// The means of `count` blocks side by side, from the first column on.
+void MeansOfBlocks(BYTE *out, ptrdiff_t count, const WordRows &source, const WholeRatio &ratio);
+
+/// The means of `count` footprints in a row.
+void MeansOfFootprints(BYTE *out, ptrdiff_t count, const WordRows &source, const Footprint *columns,
+                       const Footprint &rows);
 
 template <class Source>
 class VectorAreaFetch {
@@ -19,123 +44,65 @@ public:
           pixels_(source),
           general_(source, fullSize),
           across_(CornerSteps(source.width, fullSize.cx)),
-          down_(CornerSteps(source.height, fullSize.cy)) {
-        const int64_t columns = across_.step >> 16, rows = down_.step >> 16;
-        const bool isWhole = across_.step == columns << 16 && down_.step == rows << 16;
-        if (!isWhole || columns > kLongest || rows > kLongest) return;
-        const int count = static_cast<int>(columns * rows);
-        // floor(sum / count) = sum × inverse >> 16 for every sum of so many bytes, as long as the inverse's error, less
-        // than count / 65536 of it, stays below one part of the count.
-        const int inverse = (65535 + count) / count, error = inverse * count - 65536;
-        if (count < 2 || 255 * count * error >= 65536) return;
-        columnsPerPixel_ = static_cast<int>(columns);
-        rowsPerPixel_ = static_cast<int>(rows);
-        inverse_ = static_cast<uint32_t>(inverse);
-    }
+          down_(CornerSteps(source.height, fullSize.cy)),
+          ratio_(across_, down_),
+          isNarrow_(across_.step <= kLongestFootprint << 16 && down_.step <= kLongestFootprint << 16) {}
 
     void SetColumns(int64_t first, int count) {
+        if (!isNarrow_) return general_.SetColumns(first, count);
         firstColumn_ = first;
-        if (rowsPerPixel_ == 0) general_.SetColumns(first, count);
+        if (ratio_.columns > 0) return;
+        for (int i = 0; i < count; ++i) columns_[i] = FootprintOf(across_, first + i);
     }
 
     void SetRow(int64_t row) {
-        row_ = row;
-        if (rowsPerPixel_ == 0) general_.SetRow(row);
+        if (!isNarrow_) return general_.SetRow(row);
+        rows_ = FootprintOf(down_, row);
     }
 
-    void Read(BYTE *out, int count) const {
-        if (rowsPerPixel_ == 0) return general_.Read(out, count);
-        int i = 0;
-        if constexpr (Source::kBitsPerPixel == 32) {
-            if (columnsPerPixel_ % kVectorPixels == 0) {
-                for (; i + kVectorPixels <= count; i += kVectorPixels) StoreFour(out + i * kPixelBytes, FourMeans(i));
+    void Read(BYTE *out, int count) {
+        if (!isNarrow_) return general_.Read(out, count);
+        const ptrdiff_t step = Source::kBitsPerPixel == 32 ? count : ((kExpandedColumns - 2) << 16) / across_.step;
+        for (ptrdiff_t i = 0; i < count; i += step) {
+            const ptrdiff_t part = std::min(step, count - i);
+            BYTE *const means = out + i * kPixelBytes;
+            const ptrdiff_t first = FootprintOf(across_, firstColumn_ + i).first;
+            const WordRows words = Words(first, FootprintOf(across_, firstColumn_ + i + part - 1).last + 1);
+            if (ratio_.columns > 0) {
+                MeansOfBlocks(means, part, words, ratio_);
+            } else {
+                MeansOfFootprints(means, part, words, columns_ + i, rows_);
             }
         }
-        for (; i < count; ++i) StorePixel(out + i * kPixelBytes, MeanAt(i));
     }
 
 private:
-    static constexpr int kLongest = 16;
+    static constexpr ptrdiff_t kExpandedColumns = Source::kBitsPerPixel == 32 ? 0 : 256;
 
-    const BYTE *FirstPixelOf(int i) const {
-        return RowOf(source_, row_ * rowsPerPixel_) +
-               (firstColumn_ + i) * columnsPerPixel_ * (Source::kBitsPerPixel / 8);
-    }
-
-    uint32_t MeanAt(int i) const {
-        const __m128i means = _mm_mulhi_epu16(SumAt(i), EachLane(inverse_));
-        return static_cast<uint32_t>(_mm_cvtsi128_si32(_mm_packus_epi16(means, means)));
-    }
-
-    /// Sums of lanes and of their upper bytes; that of the lower bytes follows from them, modulo 2^16.
-    struct LaneSums {
-        __m128i lanes, upper;
-    };
-
-    static void Add(LaneSums &sums, const BYTE *pixels) {
-        const __m128i words = LoadFour(pixels);
-        sums.lanes = _mm_add_epi16(sums.lanes, words);
-        sums.upper = _mm_add_epi16(sums.upper, UpperBytes(words));
-    }
-
-    /// One register whose words are the sums of each register's words, lane by lane.
-    static __m128i SumsOfWords(__m128i a, __m128i b, __m128i c, __m128i d) {
-        const __m128i ab = _mm_add_epi16(_mm_unpacklo_epi32(a, b), _mm_unpackhi_epi32(a, b));
-        const __m128i cd = _mm_add_epi16(_mm_unpacklo_epi32(c, d), _mm_unpackhi_epi32(c, d));
-        return _mm_add_epi16(_mm_unpacklo_epi64(ab, cd), _mm_unpackhi_epi64(ab, cd));
-    }
-
-    __m128i FourMeans(int i) const {
-        const BYTE *row = FirstPixelOf(i);
-        const ptrdiff_t step = ptrdiff_t{columnsPerPixel_} * kPixelBytes, stride = source_.stride;
-        constexpr ptrdiff_t kVector = kVectorPixels * kPixelBytes;
-        const __m128i zero = _mm_setzero_si128();
-        LaneSums a = {zero, zero}, b = a, c = a, d = a;
-        for (int y = rowsPerPixel_; y > 0; --y, row += stride) {
-            const BYTE *pixels = row;
-            do {
-                Add(a, pixels);
-                Add(b, pixels + step);
-                Add(c, pixels + 2 * step);
-                Add(d, pixels + 3 * step);
-                pixels += kVector;
-            } while (pixels != row + step);
-        }
-        const __m128i upper = SumsOfWords(a.upper, b.upper, c.upper, d.upper);
-        const __m128i lanes = SumsOfWords(a.lanes, b.lanes, c.lanes, d.lanes);
-        const __m128i lower = _mm_sub_epi16(lanes, _mm_slli_epi16(upper, 8)), inverse = EachLane(inverse_);
-        return _mm_or_si128(_mm_mulhi_epu16(lower, inverse), _mm_slli_epi16(_mm_mulhi_epu16(upper, inverse), 8));
-    }
-
-    /// The channels' sums of one destination pixel, in the lower half.
-    __m128i SumAt(int i) const {
-        const __m128i zero = _mm_setzero_si128();
-        const auto read = pixels_.GetReader();
-        const BYTE *pixels = FirstPixelOf(i);
-        __m128i sums = zero;
-        for (int y = 0; y < rowsPerPixel_; ++y, pixels += source_.stride) {
-            int x = 0;
-            if constexpr (Source::kBitsPerPixel == 32) {
-                for (; x + kVectorPixels <= columnsPerPixel_; x += kVectorPixels) {
-                    const __m128i words = LoadFour(pixels + x * kPixelBytes);
-                    sums = _mm_add_epi16(sums,
-                                         _mm_add_epi16(_mm_unpacklo_epi8(words, zero), _mm_unpackhi_epi8(words, zero)));
-                }
+    /// The present rows from column `first` up to `end`.
+    WordRows Words(ptrdiff_t first, ptrdiff_t end) {
+        if constexpr (Source::kBitsPerPixel == 32) {
+            return {RowOf(source_, rows_.first) + first * kPixelBytes, source_.stride, first};
+        } else {
+            constexpr ptrdiff_t kStride = kExpandedColumns * kPixelBytes;
+            BYTE *out = expanded_;
+            for (int row = rows_.first; row <= rows_.last; ++row, out += kStride) {
+                FetchFour::Fetch(out, pixels_.GetReader(), RowOf(source_, row), first, end - first, source_.width);
             }
-            for (; x < columnsPerPixel_; ++x) {
-                sums = _mm_add_epi16(sums, _mm_unpacklo_epi8(OneWord(read(pixels, x)), zero));
-            }
+            return {expanded_, kStride, first};
         }
-        return _mm_add_epi16(sums, _mm_unpackhi_epi64(sums, sums));
     }
 
     const SurfaceView &source_;
     Source pixels_;
     AreaFetch<Source> general_;
     Steps across_, down_;
-    int columnsPerPixel_ = 0, rowsPerPixel_ = 0;  ///< 0 where the general sampler has to do it
-    uint32_t inverse_ = 0;
-    int64_t firstColumn_ = 0, row_ = 0;
+    WholeRatio ratio_;
+    bool isNarrow_;
+    int64_t firstColumn_ = 0;
+    Footprint rows_ = {};
+    Footprint columns_[kBlockColumns];
+    BYTE expanded_[kExpandedColumns * kPixelBytes * (kLongestFootprint + 1) + 1];
 };
 
 }  // namespace lacquer

@@ -61,10 +61,7 @@ struct VectorModulate : ModulateRule {
     using ModulateRule::Apply;
     using ModulateRule::ModulateRule;
 #ifdef LACQUER_SSE2
-    __m128i Apply(__m128i s, __m128i d) const {
-        const __m128i one = EachLane(1);
-        return ScaleFour(d, _mm_add_epi16(LowerBytes(s), one), _mm_add_epi16(UpperBytes(s), one));
-    }
+    __m128i Apply(__m128i s, __m128i d) const { return MultiplyFour(d, s); }
 #endif
 };
 

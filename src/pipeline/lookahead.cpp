@@ -1,0 +1,47 @@
+// The walk ahead of a draw.
+
+#include "pipeline/lookahead.h"
+
+#include <algorithm>
+
+#include "platform/simd.h"
+
+namespace lacquer {
+
+namespace {
+
+/// Far enough for memory to answer, near enough to be in the cache still.
+constexpr int kPiecesAhead = 4;
+
+}  // namespace
+
+void PrefetchBytes(const BYTE *bytes, ptrdiff_t count) {
+#ifdef LACQUER_SSE2
+    constexpr ptrdiff_t kLineBytes = 64;
+    for (ptrdiff_t i = 0; i < count; i += kLineBytes) {
+        _mm_prefetch(reinterpret_cast<const char *>(bytes + i), _MM_HINT_T0);
+    }
+#else
+    static_cast<void>(bytes + count);
+#endif
+}
+
+Lookahead::Lookahead(const SurfaceView &view, ptrdiff_t length, ptrdiff_t count)
+    : run_(RowOf(view, 0)),
+      stride_(view.stride),
+      runBytes_(length * view.bitsPerPixel / 8),
+      pieceBytes_(kPiecePixels * view.bitsPerPixel / 8),
+      runsLeft_(Pays(view) ? count : 0) {
+    for (int i = 0; i < kPiecesAhead; ++i) Advance();
+}
+
+void Lookahead::FetchPiece() {
+    PrefetchBytes(run_ + done_, std::min(pieceBytes_, runBytes_ - done_));
+    done_ += pieceBytes_;
+    if (done_ < runBytes_) return;
+    done_ = 0;
+    run_ += stride_;
+    --runsLeft_;
+}
+
+}  // namespace lacquer
