@@ -89,7 +89,7 @@ private:
         const auto read = pixels_.GetReader();
         const int column = near_[i];
         return _mm_unpacklo_epi32(OneWord(read(pixels, column)),
-                                  OneWord(read(pixels, std::min(column + 1, source_.width - 1))));
+                                  OneWord(read(pixels, std::min<int>(column + 1, source_.width - 1))));
     }
 
     /// The same for columns that are inside.
@@ -118,7 +118,7 @@ private:
         if (line.row == row) return line;
         line.row = row;
         const BYTE *const pixels = RowOf(source_, row);
-        const BYTE *const next = RowOf(source_, std::min(row + 1, source_.height - 1));
+        const BYTE *const next = RowOf(source_, std::min<int64_t>(row + 1, source_.height - 1));
         Pair *pair = line.pairs;
         const auto prepare = [&](const auto &taps, ptrdiff_t i) {
             const __m128i zero = _mm_setzero_si128(), words = _mm_unpacklo_epi32(taps(pixels, i), taps(pixels, i + 1));
