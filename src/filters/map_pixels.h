@@ -8,35 +8,14 @@
 #include <cstdint>
 
 #include "core/surface_view.h"
+#include "pipeline/change_run.h"
 #include "pipeline/grey_ramp.h"
 #include "pipeline/lookahead.h"
-#include "pipeline/pixel.h"
-#include "pipeline/vector_pixels.h"
 
 namespace lacquer {
 
-/// `count` words become rule(word).
-template <class Rule>
-void MapRun(BYTE *words, ptrdiff_t count, const Rule &rule) {
-    ptrdiff_t i = 0;
-    const ptrdiff_t bytes = count * kPixelBytes;
-#ifdef LACQUER_SSE2
-    constexpr ptrdiff_t kStep = kVectorPixels * kPixelBytes;
-    if constexpr (requires(EightWords eight) { rule(eight); }) {
-        for (; i + 2 * kStep <= bytes; i += 2 * kStep) {
-            const EightWords eight = rule(EightWords{LoadFour(words + i), LoadFour(words + i + kStep)});
-            StoreFour(words + i, eight.first);
-            StoreFour(words + i + kStep, eight.second);
-        }
-    } else if constexpr (requires(__m128i four) { rule(four); }) {
-        for (; i + kStep <= bytes; i += kStep) StoreFour(words + i, rule(LoadFour(words + i)));
-    }
-#endif
-    for (; i < bytes; i += kPixelBytes) StorePixel(words + i, rule(LoadPixel(words + i)));
-}
-
-/// The first `columns` four-byte pixels of each row, word by word, become rule(word). A rule that also takes four
-/// or eight words in vectors must do the same to each; it gets most of the row.
+/// The first `columns` four-byte pixels of each row, word by word, become rule(word). The rule may take words in
+/// vectors, as ChangeRun's formula.
 template <class Rule>
 void MapWords(const SurfaceView &view, LONG columns, const Rule &rule) {
     Lookahead ahead(view, columns, view.height);
@@ -44,7 +23,7 @@ void MapWords(const SurfaceView &view, LONG columns, const Rule &rule) {
     for (LONG y = 0; y < view.height; ++y) {
         for (LONG x = 0; x < columns; x += piece) {
             ahead.Advance();
-            MapRun(RowOf(view, y) + ptrdiff_t{x} * kPixelBytes, std::min(piece, columns - x), rule);
+            ChangeRun(RowOf(view, y) + ptrdiff_t{x} * kPixelBytes, std::min(piece, columns - x), rule);
         }
     }
 }

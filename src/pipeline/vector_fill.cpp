@@ -2,6 +2,7 @@
 
 #include "pipeline/vector_fill.h"
 
+#include "pipeline/change_run.h"
 #include "pipeline/pixel_runs.h"
 #include "pipeline/vector_rules.h"
 #include "platform/fill_words.h"
@@ -12,18 +13,23 @@ namespace {
 /// Shorter runs cost less than the start of a string store.
 constexpr ptrdiff_t kStringRun = 192;
 
-/// d := formula(c, d), where formula takes words and vectors of words.
+/// The destination's words by a formula of the colour and the destination, which takes words and vectors of words.
+template <class Formula>
+struct Coloured {
+    uint32_t colour;
+    Formula formula;
+
+    uint32_t operator()(uint32_t d) const { return formula(colour, d); }
+#ifdef LACQUER_SSE2
+    __m128i operator()(__m128i d) const { return formula(EachWord(colour), d); }
+#endif
+};
+
+/// d := formula(c, d)
 template <class Formula>
 int ChangePixels(const SurfaceView &dest, uint32_t colour, const Formula &formula) {
-    return ForEachRunRead(dest, [=](BYTE *pixels, ptrdiff_t count) {
-        const ptrdiff_t bytes = count * kPixelBytes;
-        ptrdiff_t i = 0;
-#ifdef LACQUER_SSE2
-        constexpr ptrdiff_t kStep = kVectorPixels * kPixelBytes;
-        const __m128i colours = EachWord(colour);
-        for (; i + kStep <= bytes; i += kStep) StoreFour(pixels + i, formula(colours, LoadFour(pixels + i)));
-#endif
-        for (; i < bytes; i += kPixelBytes) StorePixel(pixels + i, formula(colour, LoadPixel(pixels + i)));
+    return ForEachRunRead(dest, [coloured = Coloured<Formula>{colour, formula}](BYTE *pixels, ptrdiff_t count) {
+        ChangeRun(pixels, count, coloured);
     });
 }
 

@@ -28,6 +28,13 @@ inline void StoreSome(BYTE *pixels, __m128i words, int count) {
 }
 
 inline __m128i OneWord(uint32_t word) { return _mm_cvtsi32_si128(static_cast<int>(word)); }
+
+/// Two words, and one, in the lower part of a register.
+inline __m128i LoadTwo(const BYTE *pixels) { return _mm_loadl_epi64(reinterpret_cast<const __m128i *>(pixels)); }
+inline void StoreTwo(BYTE *pixels, __m128i words) { _mm_storel_epi64(reinterpret_cast<__m128i *>(pixels), words); }
+inline __m128i LoadOne(const BYTE *pixel) { return OneWord(LoadPixel(pixel)); }
+inline void StoreOne(BYTE *pixel, __m128i words) { StorePixel(pixel, static_cast<uint32_t>(_mm_cvtsi128_si32(words))); }
+
 inline __m128i EachWord(uint32_t word) { return _mm_set1_epi32(static_cast<int>(word)); }
 inline __m128i EachLane(uint32_t value) { return _mm_set1_epi16(static_cast<short>(value)); }
 
@@ -48,7 +55,7 @@ inline __m128i UpperBytes(__m128i words) { return _mm_srli_epi16(words, 8); }
 
 /// The upper bytes of lanes that hold products of blue and red, and of green and alpha.
 inline __m128i JoinUpperBytes(__m128i blueRed, __m128i greenAlpha) {
-    return _mm_or_si128(UpperBytes(blueRed), _mm_andnot_si128(EachLane(0xFF), greenAlpha));
+    return _mm_or_si128(UpperBytes(blueRed), _mm_and_si128(greenAlpha, EachLane(0xFF00)));
 }
 
 /// Each channel × factor >> 8, truncated. Factors: 0..256, one for each pair of channels. The upper half of a product
@@ -56,7 +63,7 @@ inline __m128i JoinUpperBytes(__m128i blueRed, __m128i greenAlpha) {
 inline __m128i ScaleFour(__m128i words, __m128i factors) {
     const __m128i blueRed = _mm_mulhi_epu16(_mm_slli_epi16(words, 8), factors);
     const __m128i greenAlpha = _mm_mullo_epi16(UpperBytes(words), factors);
-    return _mm_or_si128(blueRed, _mm_andnot_si128(EachLane(0xFF), greenAlpha));
+    return _mm_or_si128(blueRed, _mm_and_si128(greenAlpha, EachLane(0xFF00)));
 }
 
 /// Each channel × (that of `factors` + 1) >> 8, truncated. Of two channels in a lane each has a factor of its own:

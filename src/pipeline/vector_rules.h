@@ -141,10 +141,16 @@ public:
         for (; i + kStep <= bytes; i += kStep) {
             StoreFour(dest + i, rule.Apply(LoadFour(source + i), LoadFour(dest + i)));
         }
-#endif
+        if (bytes & kStep / 2) {
+            StoreTwo(dest + i, rule.Apply(LoadTwo(source + i), LoadTwo(dest + i)));
+            i += kStep / 2;
+        }
+        if (bytes & kPixelBytes) StoreOne(dest + i, rule.Apply(LoadOne(source + i), LoadOne(dest + i)));
+#else
         for (; i < bytes; i += kPixelBytes) {
             StorePixel(dest + i, rule.Apply(LoadPixel(source + i), LoadPixel(dest + i)));
         }
+#endif
     }
 };
 
