@@ -14,8 +14,10 @@ struct DrawArea {
 /// A draw of which everything is visible.
 inline DrawArea WholeArea(const SurfaceView &dest) { return {{dest.width, dest.height}, {0, 0}}; }
 
-/// Whether the rows of a 32-bit view follow each other without a gap.
-inline bool IsContiguous(const SurfaceView &view) { return view.stride == int64_t{view.width} * kPixelBytes; }
+/// Whether the rows of a view follow each other without a gap.
+inline bool IsContiguous(const SurfaceView &view) {
+    return int64_t{view.stride} * 8 == int64_t{view.width} * view.bitsPerPixel;
+}
 
 /// How a draw walks over its pixels.
 struct Runs {

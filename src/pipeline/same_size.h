@@ -38,14 +38,12 @@ struct SameSize {
 private:
     template <class Combine>
     static void DrawWords(const SurfaceView &dest, const SurfaceView &source, const Combine &combine) {
-        const SurfaceView common = CommonPart(dest, source);
-        const bool joined = dest.width == source.width && IsContiguous(dest) && IsContiguous(source);
-        const Runs runs = RunsOf(common, joined);
+        const Runs runs = CommonRuns(dest, source);
         if constexpr (!Combine::kCopies) {
             const auto drawPiece = [&](BYTE *out, const BYTE *in, ptrdiff_t first, ptrdiff_t count) {
                 combine.Run(out + first * kPixelBytes, in + first * kPixelBytes, count);
             };
-            if (Lookahead::Pays(common)) return DrawPieces(dest, source, runs, drawPiece);
+            if (Lookahead::Pays(CommonPart(dest, source))) return DrawPieces(dest, source, runs, drawPiece);
         }
         for (ptrdiff_t y = 0; y < runs.count; ++y) {
             BYTE *const out = RowOf(dest, y);
@@ -63,11 +61,11 @@ private:
     template <class Combine>
     static void DrawFetched(const SurfaceView &dest, const SurfaceView &source, const Combine &combine) {
         if constexpr (Combine::kCopies) {
-            const SurfaceView common = CommonPart(dest, source);
+            const Runs runs = CommonRuns(dest, source);
             const Source pixels(source);
             const auto read = pixels.GetReader();
-            for (ptrdiff_t y = 0; y < common.height; ++y) {
-                Fetcher::Fetch(RowOf(dest, y), read, RowOf(source, y), 0, common.width, common.width);
+            for (ptrdiff_t y = 0; y < runs.count; ++y) {
+                Fetcher::Fetch(RowOf(dest, y), read, RowOf(source, y), 0, runs.length, runs.length);
             }
         } else {
             CombineFetched(dest, source, CombineRef(combine));
@@ -97,6 +95,12 @@ private:
                 drawPiece(RowOf(dest, y), RowOf(source, y), x, std::min(Lookahead::kPiecePixels, runs.length - x));
             }
         }
+    }
+
+    /// The rows that both have, or all of them as one.
+    static Runs CommonRuns(const SurfaceView &dest, const SurfaceView &source) {
+        const bool joined = dest.width == source.width && IsContiguous(dest) && IsContiguous(source);
+        return RunsOf(CommonPart(dest, source), joined);
     }
 
     /// The destination's top-left part that the source covers.
