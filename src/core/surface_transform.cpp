@@ -6,6 +6,7 @@
 
 #include "core/surface_copy.h"
 #include "core/surface_view.h"
+#include "pipeline/lookahead.h"
 #include "platform/simd.h"
 
 namespace lacquer {
@@ -45,24 +46,44 @@ struct Part {
 };
 
 template <size_t PixelBytes>
+void MoveRow(BYTE *out, const BYTE *in, std::ptrdiff_t perColumn, LONG count) {
+    for (; count > 0; --count, out += PixelBytes, in += perColumn) std::memcpy(out, in, PixelBytes);
+}
+
+/// 24-bit pixels are moved with the byte behind them, which the next pixel of the row then gets right; the last `exact`
+/// pixels on their own.
+void MovePackedRow(BYTE *out, const BYTE *in, std::ptrdiff_t perColumn, LONG count, LONG exact) {
+    for (; count >= exact + 4; count -= 4, out += 12, in += 4 * perColumn) {
+        for (int i = 0; i < 4; ++i) std::memcpy(out + i * 3, in + i * perColumn, 4);
+    }
+    for (; count > exact; --count, out += 3, in += perColumn) std::memcpy(out, in, 4);
+    MoveRow<3>(out, in, perColumn, count);
+}
+
+template <size_t PixelBytes>
 void MovePart(const SurfaceView &dest, const Walk &walk, const Part &part) {
+    const LONG count = part.right - part.left;
     for (LONG y = part.top; y < part.bottom; ++y) {
-        BYTE *out = RowOf(dest, y) + part.left * static_cast<std::ptrdiff_t>(PixelBytes);
-        const BYTE *in = walk.start + y * walk.perRow + part.left * walk.perColumn;
-        for (LONG x = part.left; x < part.right; ++x, out += PixelBytes, in += walk.perColumn) {
-            std::memcpy(out, in, PixelBytes);
+        BYTE *const out = RowOf(dest, y) + part.left * static_cast<std::ptrdiff_t>(PixelBytes);
+        const BYTE *const in = walk.start + y * walk.perRow + part.left * walk.perColumn;
+        if constexpr (PixelBytes == 3) {
+            // Nothing follows a row's last pixel, and the source's corners lie in the outer rows.
+            const bool isOuter = y == 0 || y == dest.height - 1;
+            MovePackedRow(out, in, walk.perColumn, count, isOuter ? count : part.right == dest.width ? 1 : 0);
+        } else {
+            MoveRow<PixelBytes>(out, in, walk.perColumn, count);
         }
     }
 }
 
-/// Destination rows are written in order, in tiles small enough for the source lines that a turned tile reads to stay
-/// cached.
+/// Destination rows are written from left to right, in tiles small enough for the source lines that a turned tile reads
+/// to stay cached: the pixels of a cache line, or two where those aren't whole.
 template <class Move>
 void ForEachTile(const SurfaceView &dest, const Move &move) {
-    constexpr LONG kTile = 16;
-    for (LONG top = 0; top < dest.height; top += kTile) {
-        for (LONG left = 0; left < dest.width; left += kTile) {
-            move(Part{left, top, std::min(left + kTile, dest.width), std::min(top + kTile, dest.height)});
+    const LONG tile = dest.bitsPerPixel == 8 ? 64 : dest.bitsPerPixel == 24 ? 32 : 16;
+    for (LONG top = 0; top < dest.height; top += tile) {
+        for (LONG left = 0; left < dest.width; left += tile) {
+            move(Part{left, top, std::min(left + tile, dest.width), std::min(top + tile, dest.height)});
         }
     }
 }
@@ -72,67 +93,136 @@ void MovePixels(const SurfaceView &dest, const Walk &walk) {
     ForEachTile(dest, [&](const Part &part) { MovePart<PixelBytes>(dest, walk, part); });
 }
 
-#ifdef LACQUER_SSE2
-
-constexpr LONG kBlock = 4;
-constexpr std::ptrdiff_t kWord = 4;
-
-__m128i LoadWords(const BYTE *words) { return _mm_loadu_si128(reinterpret_cast<const __m128i *>(words)); }
-void StoreWords(BYTE *words, __m128i value) { _mm_storeu_si128(reinterpret_cast<__m128i *>(words), value); }
-
-/// Moves 4 × 4 words whose columns are the source's rows.
-void TurnBlock(const SurfaceView &dest, const Walk &walk, LONG left, LONG top) {
-    // Where the source runs backwards, four words in memory belong to four destination rows from the last to the first.
-    const bool backwards = walk.perRow < 0;
-    const BYTE *in = walk.start + (backwards ? top + kBlock - 1 : top) * walk.perRow + left * walk.perColumn;
-    const __m128i a = LoadWords(in), b = LoadWords(in + walk.perColumn);
-    const __m128i c = LoadWords(in + 2 * walk.perColumn), d = LoadWords(in + 3 * walk.perColumn);
-    const __m128i abLow = _mm_unpacklo_epi32(a, b), abHigh = _mm_unpackhi_epi32(a, b);
-    const __m128i cdLow = _mm_unpacklo_epi32(c, d), cdHigh = _mm_unpackhi_epi32(c, d);
-    const __m128i rows[kBlock] = {_mm_unpacklo_epi64(abLow, cdLow), _mm_unpackhi_epi64(abLow, cdLow),
-                                  _mm_unpacklo_epi64(abHigh, cdHigh), _mm_unpackhi_epi64(abHigh, cdHigh)};
-    BYTE *out = RowOf(dest, backwards ? top + kBlock - 1 : top) + left * kWord;
-    const std::ptrdiff_t step = backwards ? -std::ptrdiff_t{dest.stride} : dest.stride;
-    for (LONG i = 0; i < kBlock; ++i) StoreWords(out + i * step, rows[i]);
+void MovePacked(const SurfaceView &dest, const Walk &walk) {
+    if (walk.perColumn == -3) {
+        MovePart<3>(dest, walk, {0, 0, dest.width, dest.height});
+    } else {
+        MovePixels<3>(dest, walk);
+    }
 }
 
-/// Quarter turns and transpositions of 32-bit pixels.
-void TurnWords(const SurfaceView &dest, const Walk &walk) {
+#ifdef LACQUER_SSE2
+
+__m128i LoadVector(const BYTE *bytes) { return _mm_loadu_si128(reinterpret_cast<const __m128i *>(bytes)); }
+void StoreVector(BYTE *bytes, __m128i value) { _mm_storeu_si128(reinterpret_cast<__m128i *>(bytes), value); }
+__m128i LoadHalf(const BYTE *bytes) { return _mm_loadl_epi64(reinterpret_cast<const __m128i *>(bytes)); }
+void StoreHalf(BYTE *bytes, __m128i value) { _mm_storel_epi64(reinterpret_cast<__m128i *>(bytes), value); }
+void Prefetch(const BYTE *bytes) { _mm_prefetch(reinterpret_cast<const char *>(bytes), _MM_HINT_T0); }
+
+/// 32-bit pixels, four to a register.
+struct Words {
+    static constexpr size_t kBytes = 4;
+    static constexpr LONG kVector = 4, kBlock = 4;
+
+    static __m128i Mirror(__m128i words) { return _mm_shuffle_epi32(words, _MM_SHUFFLE(0, 1, 2, 3)); }
+
+    /// Row i of a block, `inStep` after the one before, becomes column i.
+    static void Turn(BYTE *out, std::ptrdiff_t outStep, const BYTE *in, std::ptrdiff_t inStep) {
+        const __m128i a = LoadVector(in), b = LoadVector(in + inStep);
+        const __m128i c = LoadVector(in + 2 * inStep), d = LoadVector(in + 3 * inStep);
+        const __m128i abLow = _mm_unpacklo_epi32(a, b), abHigh = _mm_unpackhi_epi32(a, b);
+        const __m128i cdLow = _mm_unpacklo_epi32(c, d), cdHigh = _mm_unpackhi_epi32(c, d);
+        StoreVector(out, _mm_unpacklo_epi64(abLow, cdLow));
+        StoreVector(out + outStep, _mm_unpackhi_epi64(abLow, cdLow));
+        StoreVector(out + 2 * outStep, _mm_unpacklo_epi64(abHigh, cdHigh));
+        StoreVector(out + 3 * outStep, _mm_unpackhi_epi64(abHigh, cdHigh));
+    }
+};
+
+/// 8-bit pixels, sixteen to a register.
+struct Bytes {
+    static constexpr size_t kBytes = 1;
+    static constexpr LONG kVector = 16, kBlock = 8;
+
+    static __m128i Mirror(__m128i bytes) {
+        const __m128i pairs = _mm_or_si128(_mm_srli_epi16(bytes, 8), _mm_slli_epi16(bytes, 8));
+        constexpr int kBackwards = _MM_SHUFFLE(0, 1, 2, 3);
+        const __m128i halves = _mm_shufflehi_epi16(_mm_shufflelo_epi16(pairs, kBackwards), kBackwards);
+        return _mm_shuffle_epi32(halves, _MM_SHUFFLE(1, 0, 3, 2));
+    }
+
+    static void Turn(BYTE *out, std::ptrdiff_t outStep, const BYTE *in, std::ptrdiff_t inStep) {
+        const auto twoRows = [&](int i) {
+            return _mm_unpacklo_epi8(LoadHalf(in + i * inStep), LoadHalf(in + (i + 1) * inStep));
+        };
+        const __m128i a = twoRows(0), b = twoRows(2), c = twoRows(4), d = twoRows(6);
+        const __m128i abLow = _mm_unpacklo_epi16(a, b), abHigh = _mm_unpackhi_epi16(a, b);
+        const __m128i cdLow = _mm_unpacklo_epi16(c, d), cdHigh = _mm_unpackhi_epi16(c, d);
+        const auto storeTwo = [&](int i, __m128i columns) {
+            StoreHalf(out + i * outStep, columns);
+            StoreHalf(out + (i + 1) * outStep, _mm_unpackhi_epi64(columns, columns));
+        };
+        storeTwo(0, _mm_unpacklo_epi32(abLow, cdLow));
+        storeTwo(2, _mm_unpackhi_epi32(abLow, cdLow));
+        storeTwo(4, _mm_unpacklo_epi32(abHigh, cdHigh));
+        storeTwo(6, _mm_unpackhi_epi32(abHigh, cdHigh));
+    }
+};
+
+/// Quarter turns and transpositions, in square blocks whose columns are the source's rows.
+template <class Pixels>
+void TurnPixels(const SurfaceView &dest, const Walk &walk) {
+    constexpr LONG kBlock = Pixels::kBlock;
+    // Where the source runs backwards, neighbours in memory belong to destination rows from the last to the first.
+    const bool backwards = walk.perRow < 0;
+    const std::ptrdiff_t outStep = backwards ? -std::ptrdiff_t{dest.stride} : dest.stride;
     ForEachTile(dest, [&](const Part &part) {
-        const LONG right = part.left + ((part.right - part.left) & ~(kBlock - 1));
-        const LONG bottom = part.top + ((part.bottom - part.top) & ~(kBlock - 1));
-        for (LONG y = part.top; y < bottom; y += kBlock) {
-            for (LONG x = part.left; x < right; x += kBlock) TurnBlock(dest, walk, x, y);
+        const LONG right = part.right - (part.right - part.left) % kBlock;
+        const LONG bottom = part.bottom - (part.bottom - part.top) % kBlock;
+        for (LONG top = part.top; top < bottom; top += kBlock) {
+            const LONG y = backwards ? top + kBlock - 1 : top;
+            for (LONG x = part.left; x < right; x += kBlock) {
+                Pixels::Turn(RowOf(dest, y) + x * static_cast<std::ptrdiff_t>(Pixels::kBytes), outStep,
+                             walk.start + y * walk.perRow + x * walk.perColumn, walk.perColumn);
+            }
         }
-        MovePart<kWord>(dest, walk, {right, part.top, part.right, bottom});
-        MovePart<kWord>(dest, walk, {part.left, bottom, part.right, part.bottom});
+        MovePart<Pixels::kBytes>(dest, walk, {right, part.top, part.right, bottom});
+        MovePart<Pixels::kBytes>(dest, walk, {part.left, bottom, part.right, part.bottom});
     });
 }
 
-/// Mirrored rows of 32-bit pixels: the source runs backwards under the destination's columns.
-void MirrorWords(const SurfaceView &dest, const Walk &walk) {
-    const LONG right = dest.width & ~(kBlock - 1);
+/// Mirrored rows: the source runs backwards under the destination's columns. The next rows of large images are brought
+/// into the cache meanwhile.
+template <class Pixels>
+void MirrorPixels(const SurfaceView &dest, const Walk &walk) {
+    constexpr std::ptrdiff_t kVector = 16, kStep = 4 * kVector;
+    const std::ptrdiff_t bytes = dest.width * static_cast<std::ptrdiff_t>(Pixels::kBytes);
+    const bool looksAhead = Lookahead::Pays(dest);
     for (LONG y = 0; y < dest.height; ++y) {
         BYTE *const out = RowOf(dest, y);
-        const BYTE *const in = walk.start + y * walk.perRow - (kBlock - 1) * kWord;
-        for (LONG x = 0; x < right; x += kBlock) {
-            const __m128i words = LoadWords(in - x * kWord);
-            StoreWords(out + x * kWord, _mm_shuffle_epi32(words, _MM_SHUFFLE(0, 1, 2, 3)));
+        const BYTE *const last = walk.start + y * walk.perRow + Pixels::kBytes - kVector;
+        const auto mirror = [&](std::ptrdiff_t i) { StoreVector(out + i, Pixels::Mirror(LoadVector(last - i))); };
+        std::ptrdiff_t i = 0;
+        for (; i + kStep <= bytes; i += kStep) {
+            if (looksAhead) {
+                Prefetch(last + walk.perRow - i);
+                Prefetch(out + dest.stride + i);
+            }
+            mirror(i);
+            mirror(i + kVector);
+            mirror(i + 2 * kVector);
+            mirror(i + 3 * kVector);
         }
+        for (; i + kVector <= bytes; i += kVector) mirror(i);
     }
-    MovePart<kWord>(dest, walk, {right, 0, dest.width, dest.height});
+    MovePart<Pixels::kBytes>(dest, walk, {dest.width - dest.width % Pixels::kVector, 0, dest.width, dest.height});
 }
 
-void MoveWords(const SurfaceView &dest, const Walk &walk) {
-    if (walk.perColumn == -kWord) {
-        MirrorWords(dest, walk);
+template <class Pixels>
+void MoveInVectors(const SurfaceView &dest, const Walk &walk) {
+    if (walk.perColumn == -static_cast<std::ptrdiff_t>(Pixels::kBytes)) {
+        MirrorPixels<Pixels>(dest, walk);
     } else {
-        TurnWords(dest, walk);
+        TurnPixels<Pixels>(dest, walk);
     }
 }
+
+void MoveBytes(const SurfaceView &dest, const Walk &walk) { MoveInVectors<Bytes>(dest, walk); }
+void MoveWords(const SurfaceView &dest, const Walk &walk) { MoveInVectors<Words>(dest, walk); }
 
 #else
 
+void MoveBytes(const SurfaceView &dest, const Walk &walk) { MovePixels<1>(dest, walk); }
 void MoveWords(const SurfaceView &dest, const Walk &walk) { MovePixels<4>(dest, walk); }
 
 #endif
@@ -145,8 +235,8 @@ void TransformView(const SurfaceView &dest, const SurfaceView &source, DWORD cod
         return;
     }
     switch (source.bitsPerPixel) {
-        case 8: return MovePixels<1>(dest, walk);
-        case 24: return MovePixels<3>(dest, walk);
+        case 8: return MoveBytes(dest, walk);
+        case 24: return MovePacked(dest, walk);
         case 32: return MoveWords(dest, walk);
         default: return;
     }

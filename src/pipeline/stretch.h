@@ -65,13 +65,14 @@ private:
     /// Without a combine rule the fetch writes into the destination itself.
     static void DrawRuns(const SurfaceView &dest, const SurfaceView &source, const DrawArea &area, CombineRef combine) {
         Fetch fetch(source, area.fullSize);
+        const bool looksAhead = combine && Lookahead::Pays(dest);
         BYTE run[kBlockColumns * kPixelBytes];
         for (int64_t x = 0; x < dest.width; x += kBlockColumns) {
             const int count = static_cast<int>(std::min<int64_t>(kBlockColumns, dest.width - x));
             fetch.SetColumns(area.visibleOffset.x + x, count);
             for (int64_t y = 0; y < dest.height; ++y) {
                 fetch.SetRow(area.visibleOffset.y + y);
-                if (combine && y + 1 < dest.height)
+                if (looksAhead && y + 1 < dest.height)
                     PrefetchBytes(RowOf(dest, y + 1) + x * kPixelBytes, count * kPixelBytes);
                 BYTE *const out = RowOf(dest, y) + x * kPixelBytes;
                 fetch.Read(combine ? run : out, count);

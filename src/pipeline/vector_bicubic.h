@@ -26,7 +26,7 @@ public:
             // The columns that fill up the last vector repeat the last one.
             const CubicTaps taps = CubicTapsAt<WeightsQ14>(across_.At(first + std::min(i, count - 1)), source_.width);
             std::memcpy(taps_[i].index, taps.index, sizeof taps.index);
-            taps_[i].inside = taps.index[3] == taps.index[0] + 3;
+            taps_[i].inside = taps.index[3] == taps.index[0] + 3 && IsReadable(taps.index[0]);
             taps_[i].weights = PairedWeights(taps);
         }
         for (Line &line : lines_) line.row = -1;
@@ -65,7 +65,7 @@ private:
     struct Taps {
         WeightPairs weights;
         int index[4];
-        bool inside;  ///< the four pixels are neighbours
+        bool inside;  ///< the four pixels are neighbours, and a register can be read there
     };
 
     /// The sums of one source row for the block's columns, two pixels to a register.
@@ -93,19 +93,37 @@ private:
         return line;
     }
 
+    bool IsReadable(ptrdiff_t column) const {
+        constexpr ptrdiff_t kBytes = Source::kBitsPerPixel / 8;
+        return column * kBytes + kVectorPixels * kPixelBytes <= source_.width * kBytes;
+    }
+
+    /// Channels in pairs: those of the first pixel beside those of the second, the third beside the fourth.
+    __m128i PairsOf(const BYTE *pixels, const Taps &taps) const {
+        const auto sorted = [](__m128i words) {
+            const __m128i order = _mm_shuffle_epi32(words, _MM_SHUFFLE(3, 1, 2, 0));
+            return _mm_unpacklo_epi8(order, _mm_unpackhi_epi64(order, order));
+        };
+        const ptrdiff_t first = taps.index[0];
+        if constexpr (Source::kBitsPerPixel == 32) {
+            if (taps.inside) return sorted(LoadFour(pixels + first * kPixelBytes));
+        }
+        if constexpr (Source::kBitsPerPixel == 24) {
+            // What stands where alpha would is not used.
+            if (taps.inside) {
+                const __m128i four = LoadFour(pixels + first * 3);
+                return _mm_unpacklo_epi64(_mm_unpacklo_epi8(four, _mm_srli_si128(four, 3)),
+                                          _mm_unpacklo_epi8(_mm_srli_si128(four, 6), _mm_srli_si128(four, 9)));
+            }
+        }
+        const auto read = pixels_.GetReader();
+        return sorted(FourWords(read(pixels, taps.index[0]), read(pixels, taps.index[1]), read(pixels, taps.index[2]),
+                                read(pixels, taps.index[3])));
+    }
+
     /// WeightsQ14::FinishSum of the row's four taps, for each channel.
     __m128i SumTaps(const BYTE *pixels, const Taps &taps) const {
-        __m128i words;
-        if (Source::kBitsPerPixel == 32 && taps.inside) {
-            words = LoadFour(pixels + static_cast<ptrdiff_t>(taps.index[0]) * kPixelBytes);
-        } else {
-            const auto read = pixels_.GetReader();
-            words = FourWords(read(pixels, taps.index[0]), read(pixels, taps.index[1]), read(pixels, taps.index[2]),
-                              read(pixels, taps.index[3]));
-        }
-        // Channels in pairs: those of the first pixel beside those of the second, the third beside the fourth.
-        const __m128i zero = _mm_setzero_si128(), sorted = _mm_shuffle_epi32(words, _MM_SHUFFLE(3, 1, 2, 0));
-        const __m128i pairs = _mm_unpacklo_epi8(sorted, _mm_unpackhi_epi64(sorted, sorted));
+        const __m128i zero = _mm_setzero_si128(), pairs = PairsOf(pixels, taps);
         const __m128i sum = _mm_add_epi32(_mm_madd_epi16(_mm_unpacklo_epi8(pairs, zero), taps.weights.first),
                                           _mm_madd_epi16(_mm_unpackhi_epi8(pairs, zero), taps.weights.second));
         return _mm_srai_epi32(_mm_add_epi32(sum, _mm_set1_epi32(1 << 7)), 8);

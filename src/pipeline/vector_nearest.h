@@ -16,7 +16,8 @@ public:
         : source_(source),
           pixels_(source),
           across_(CornerSteps(source.width, fullSize.cx)),
-          down_(CornerSteps(source.height, fullSize.cy)) {}
+          down_(CornerSteps(source.height, fullSize.cy)),
+          looksAhead_(Lookahead::Pays(source)) {}
 
     void SetColumns(int64_t first, int count) {
         int64_t position = across_.At(first);
@@ -43,9 +44,10 @@ public:
         last_ = out;
         const auto read = pixels_.GetReader();
         const BYTE *const row = row_;
-        const ptrdiff_t begin = ptrdiff_t{columns_[0]} * kSourceBytes,
-                        end = ptrdiff_t{columns_[count - 1]} * kSourceBytes;
-        PrefetchBytes(next_ + begin, end - begin);
+        if (looksAhead_) {
+            const ptrdiff_t begin = ptrdiff_t{columns_[0]} * kSourceBytes;
+            PrefetchBytes(next_ + begin, ptrdiff_t{columns_[count - 1]} * kSourceBytes - begin);
+        }
         int i = 0;
 #ifdef LACQUER_SSE2
         for (; i + kVectorPixels <= inside_; i += kVectorPixels) StoreFour(out + i * kPixelBytes, FourAt(row, i));
@@ -73,9 +75,10 @@ private:
     const SurfaceView &source_;
     Source pixels_;
     Steps across_, down_;
-    int inside_ = 0;  ///< the leading columns that FourAt may read
-    const BYTE *row_ = nullptr, *next_ = nullptr;
-    const BYTE *last_ = nullptr;  ///< where the present row was written last
+    bool looksAhead_;
+    int inside_ = 0;                               ///< the leading columns that FourAt may read
+    const BYTE *row_ = nullptr, *next_ = nullptr;  ///< of this destination row and the next one
+    const BYTE *last_ = nullptr;                   ///< where the present row was written last
     uint32_t columns_[kBlockColumns];
 };
 

@@ -4,6 +4,7 @@
 
 #include <cmath>
 
+#include "pipeline/stretch.h"
 #include "row_check.h"
 
 namespace lacquer {
@@ -16,9 +17,9 @@ int RandomLength(Random &random, int longest) {
     const int kinds[] = {1,
                          2,
                          Between(random, 3, 20),
-                         Between(random, 21, 255),
-                         Between(random, 255, 258),
-                         Between(random, 259, 1500),
+                         Between(random, 21, kBlockColumns - 1),
+                         Between(random, kBlockColumns - 1, kBlockColumns + 2),
+                         Between(random, kBlockColumns + 3, 1500),
                          kLongest};
     return std::min(kinds[Between(random, 0, 6)], longest);
 }
@@ -59,8 +60,14 @@ TEST_P(Sampling, MatchesTheModelForRandomGeometry) {
         const int depth = kDepths[Between(random, 0, 2)];
         SIZE size = RandomSize(random, 70000), shown = RandomSize(random, 2500);
         if (traits.sampler == SamplerKind::SameSize) size = shown;
-        // Half of the area draws reduce; the others must be bicubic.
-        if (area && random() % 2) shown = {std::min(size.cx, shown.cx), std::min(size.cy, shown.cy)};
+        // Two thirds of the area draws reduce, one of them by whole ratios; the others must be bicubic.
+        const auto areaKind = area ? random() % 3 : 0;
+        if (areaKind == 1) shown = {std::min(size.cx, shown.cx), std::min(size.cy, shown.cy)};
+        if (areaKind == 2) {
+            const SIZE ratio = {Between(random, 1, 17), Between(random, 1, 17)};
+            shown = {std::max(1, size.cx / ratio.cx), std::max(1, size.cy / ratio.cy)};
+            size = {shown.cx * ratio.cx, shown.cy * ratio.cy};
+        }
         const TestImage source = RandomSource(random, size.cx, size.cy, depth, true);
         TestImage dest(shown.cx, shown.cy, 32, Between(random, 0, 9), Between(random, 0, 3));
         RowArguments arguments = RandomArguments(random, traits, source);
