@@ -7,6 +7,7 @@
 #include "core/surface_copy.h"
 #include "core/surface_view.h"
 #include "pipeline/lookahead.h"
+#include "pipeline/streaming.h"
 #include "platform/simd.h"
 
 namespace lacquer {
@@ -159,45 +160,81 @@ struct Bytes {
     }
 };
 
-/// Quarter turns and transpositions, in square blocks whose columns are the source's rows.
+/// Turns part of the destination into a tile at `out`, in square blocks whose columns are the source's rows. Result:
+/// what whole blocks have filled; the rest is the caller's.
 template <class Pixels>
-void TurnPixels(const SurfaceView &dest, const Walk &walk) {
+Part TurnBlocks(BYTE *out, std::ptrdiff_t outStride, Walk walk, Part part) {
     constexpr LONG kBlock = Pixels::kBlock;
+    const LONG right = part.right - (part.right - part.left) % kBlock;
+    const LONG bottom = part.bottom - (part.bottom - part.top) % kBlock;
     // Where the source runs backwards, neighbours in memory belong to destination rows from the last to the first.
     const bool backwards = walk.perRow < 0;
-    const std::ptrdiff_t outStep = backwards ? -std::ptrdiff_t{dest.stride} : dest.stride;
-    ForEachTile(dest, [&](const Part &part) {
-        const LONG right = part.right - (part.right - part.left) % kBlock;
-        const LONG bottom = part.bottom - (part.bottom - part.top) % kBlock;
-        for (LONG top = part.top; top < bottom; top += kBlock) {
-            const LONG y = backwards ? top + kBlock - 1 : top;
-            for (LONG x = part.left; x < right; x += kBlock) {
-                Pixels::Turn(RowOf(dest, y) + x * static_cast<std::ptrdiff_t>(Pixels::kBytes), outStep,
-                             walk.start + y * walk.perRow + x * walk.perColumn, walk.perColumn);
-            }
+    const std::ptrdiff_t outStep = backwards ? -outStride : outStride;
+    for (LONG top = part.top; top < bottom; top += kBlock) {
+        const LONG y = backwards ? top + kBlock - 1 : top;
+        BYTE *const row = out + (y - part.top) * outStride;
+        for (LONG x = part.left; x < right; x += kBlock) {
+            Pixels::Turn(row + (x - part.left) * static_cast<std::ptrdiff_t>(Pixels::kBytes), outStep,
+                         walk.start + y * walk.perRow + x * walk.perColumn, walk.perColumn);
         }
-        MovePart<Pixels::kBytes>(dest, walk, {right, part.top, part.right, bottom});
-        MovePart<Pixels::kBytes>(dest, walk, {part.left, bottom, part.right, part.bottom});
-    });
+    }
+    return {part.left, part.top, right, bottom};
 }
 
-/// Mirrored rows: the source runs backwards under the destination's columns. The next rows of large images are brought
-/// into the cache meanwhile.
 template <class Pixels>
-void MirrorPixels(const SurfaceView &dest, const Walk &walk) {
+void TurnPart(const SurfaceView &dest, const Walk &walk, const Part &part) {
+    BYTE *const out = RowOf(dest, part.top) + part.left * static_cast<std::ptrdiff_t>(Pixels::kBytes);
+    const Part whole = TurnBlocks<Pixels>(out, dest.stride, walk, part);
+    if (whole.right == part.right && whole.bottom == part.bottom) return;
+    MovePart<Pixels::kBytes>(dest, walk, {whole.right, part.top, part.right, whole.bottom});
+    MovePart<Pixels::kBytes>(dest, walk, {part.left, whole.bottom, part.right, part.bottom});
+}
+
+/// Quarter turns and transpositions.
+template <class Pixels>
+void TurnPixels(const SurfaceView &dest, const Walk &walk) {
+    ForEachTile(dest, [&](const Part &part) { TurnPart<Pixels>(dest, walk, part); });
+}
+
+/// The same for a large result: tiles of whole cache lines on both sides, along the source's rows, of which the next
+/// lines are brought into the cache, while the tile goes past the caches.
+template <class Pixels>
+void TurnStreaming(const SurfaceView &dest, const Walk &walk) {
+    constexpr LONG kLine = 64, kTile = kLine / LONG{Pixels::kBytes}, kTilesAhead = 2;
+    alignas(16) BYTE tile[kTile * kLine];
+    const LONG right = dest.width - dest.width % kTile, bottom = dest.height - dest.height % kTile;
+    const auto prefetchTile = [&](LONG left, LONG top) {
+        const BYTE *const in = walk.start + (walk.perRow < 0 ? top + kTile - 1 : top) * walk.perRow;
+        for (LONG x = left; x < left + kTile; ++x) Prefetch(in + x * walk.perColumn);
+    };
+    for (LONG left = 0; left < right; left += kTile) {
+        for (LONG top = 0; top < bottom; top += kTile) {
+            if (top + kTilesAhead * kTile < bottom) prefetchTile(left, top + kTilesAhead * kTile);
+            TurnBlocks<Pixels>(tile, kLine, walk, {left, top, left + kTile, top + kTile});
+            for (LONG y = 0; y < kTile; ++y) {
+                BYTE *const out = RowOf(dest, top + y) + left * static_cast<std::ptrdiff_t>(Pixels::kBytes);
+                for (LONG i = 0; i < kLine; i += 16) StreamVector(out + i, LoadVector(tile + y * kLine + i));
+            }
+        }
+    }
+    FinishStreaming();
+    TurnPart<Pixels>(dest, walk, {right, 0, dest.width, bottom});
+    TurnPart<Pixels>(dest, walk, {0, bottom, dest.width, dest.height});
+}
+
+/// Mirrored rows: the source runs backwards under the destination's columns. `store` stores a vector; `prepare` is told
+/// where the next row's lines lie in the source and in the destination.
+template <class Pixels, class Store, class Prepare>
+void MirrorRows(const SurfaceView &dest, const Walk &walk, const Store &store, const Prepare &prepare) {
     constexpr std::ptrdiff_t kVector = 16, kStep = 4 * kVector;
     const std::ptrdiff_t bytes = dest.width * static_cast<std::ptrdiff_t>(Pixels::kBytes);
-    const bool looksAhead = Lookahead::Pays(dest);
     for (LONG y = 0; y < dest.height; ++y) {
         BYTE *const out = RowOf(dest, y);
         const BYTE *const last = walk.start + y * walk.perRow + Pixels::kBytes - kVector;
-        const auto mirror = [&](std::ptrdiff_t i) { StoreVector(out + i, Pixels::Mirror(LoadVector(last - i))); };
+        const auto mirror = [&](std::ptrdiff_t i) { store(out + i, Pixels::Mirror(LoadVector(last - i))); };
         std::ptrdiff_t i = 0;
         for (; i + kStep <= bytes; i += kStep) {
-            if (looksAhead) {
-                Prefetch(last + walk.perRow - i);
-                Prefetch(out + dest.stride + i);
-            }
+            prepare(last + walk.perRow - i, out + dest.stride + i);
             mirror(i);
             mirror(i + kVector);
             mirror(i + 2 * kVector);
@@ -209,9 +246,28 @@ void MirrorPixels(const SurfaceView &dest, const Walk &walk) {
 }
 
 template <class Pixels>
+void MirrorPixels(const SurfaceView &dest, const Walk &walk) {
+    const auto store = [](BYTE *out, __m128i vector) { StoreVector(out, vector); };
+    const auto stream = [](BYTE *out, __m128i vector) { StreamVector(out, vector); };
+    if (!Lookahead::Pays(dest)) {
+        MirrorRows<Pixels>(dest, walk, store, [](const BYTE *, const BYTE *) {});
+    } else if (StreamingPays(int64_t{dest.stride} * dest.height) && AllowsStreaming(dest)) {
+        MirrorRows<Pixels>(dest, walk, stream, [](const BYTE *in, const BYTE *) { Prefetch(in); });
+        FinishStreaming();
+    } else {
+        MirrorRows<Pixels>(dest, walk, store, [](const BYTE *in, const BYTE *out) {
+            Prefetch(in);
+            Prefetch(out);
+        });
+    }
+}
+
+template <class Pixels>
 void MoveInVectors(const SurfaceView &dest, const Walk &walk) {
     if (walk.perColumn == -static_cast<std::ptrdiff_t>(Pixels::kBytes)) {
         MirrorPixels<Pixels>(dest, walk);
+    } else if (Lookahead::Pays(dest) && AllowsStreaming(dest)) {
+        TurnStreaming<Pixels>(dest, walk);
     } else {
         TurnPixels<Pixels>(dest, walk);
     }

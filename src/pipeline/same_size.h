@@ -7,6 +7,7 @@
 #include "pipeline/draw_area.h"
 #include "pipeline/lookahead.h"
 #include "pipeline/source_pixels.h"
+#include "pipeline/streaming.h"
 
 namespace lacquer {
 
@@ -45,11 +46,12 @@ private:
             };
             if (Lookahead::Pays(CommonPart(dest, source))) return DrawPieces(dest, source, runs, drawPiece);
         }
+        const bool streams = StreamingPays(int64_t{runs.length} * runs.count * kPixelBytes);
         for (ptrdiff_t y = 0; y < runs.count; ++y) {
             BYTE *const out = RowOf(dest, y);
             const BYTE *const in = RowOf(source, y);
             if constexpr (Combine::kCopies) {
-                std::memmove(out, in, static_cast<size_t>(runs.length) * kPixelBytes);
+                CopyRun(out, in, runs.length * kPixelBytes, streams);
             } else if constexpr (requires { combine.RunInline(out, in, runs.length); }) {
                 combine.RunInline(out, in, runs.length);
             } else {
@@ -81,6 +83,12 @@ private:
             Fetcher::Fetch(fetched, read, in, first, count, runs.length);
             combine.Run(out + first * kPixelBytes, fetched, count);
         });
+    }
+
+    static void CopyRun(BYTE *dest, const BYTE *source, ptrdiff_t bytes, bool streams) {
+        const bool overlap = dest < source + bytes && source < dest + bytes;
+        if (streams && !overlap) return StreamBytes(dest, source, bytes);
+        std::memmove(dest, source, static_cast<size_t>(bytes));
     }
 
     /// Calls drawPiece(dest row, source row, first column, columns) for pieces of at most Lookahead::kPiecePixels.

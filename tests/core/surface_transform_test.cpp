@@ -27,9 +27,10 @@ POINT Moved(DWORD code, LONG x, LONG y, LONG width, LONG height) {
     }
 }
 
-// Sizes around the edges of tiles of 16, 32 and 64 pixels, the thinnest ones, and a large one.
-constexpr SIZE kSizes[] = {{1, 1},   {1, 7},   {7, 1},   {3, 2},   {1, 33},  {65, 1},
-                           {31, 33}, {32, 32}, {33, 31}, {64, 65}, {65, 34}, {513, 257}};
+// Sizes around the edges of tiles of 16, 32 and 64 pixels, the thinnest ones, and large ones without and with rows that
+// begin at multiples of a vector.
+constexpr SIZE kSizes[] = {{1, 1},   {1, 7},   {7, 1},   {3, 2},   {1, 33},    {65, 1},   {31, 33},
+                           {32, 32}, {33, 31}, {64, 65}, {65, 34}, {513, 257}, {420, 336}};
 
 class TransformTest : public testing::TestWithParam<std::tuple<DWORD, int>> {};
 
@@ -71,6 +72,21 @@ TEST_P(TransformTest, MovesEveryPixelAsTheCodeSays) {
 
 INSTANTIATE_TEST_SUITE_P(CodesAndDepths, TransformTest,
                          testing::Combine(testing::Range<DWORD>(1, 8), testing::Values(8, 24, 32)));
+
+TEST(TransformTest, HugeMirrorsAreWhole) {
+    constexpr LONG kWidth = 2052, kHeight = 1031;
+    PixelSurface source;
+    SurfaceView from{}, to{};
+    ASSERT_TRUE(source.Create(kWidth, kHeight, 32, 0, SurfaceKind::Memory));
+    ASSERT_TRUE(source.Lock(&from));
+    FillWithNoise(from, 3);
+    const std::unique_ptr<PixelSurface> made = TransformedSurface(source, 5, SurfaceKind::Memory);
+    ASSERT_TRUE(made && made->Lock(&to));
+    for (LONG y = 0; y < kHeight; ++y) {
+        for (LONG x = 0; x < kWidth; ++x)
+            ASSERT_EQ(PixelAt(from, kWidth - 1 - x, y), PixelAt(to, x, y)) << x << ' ' << y;
+    }
+}
 
 TEST(TransformTest, OtherCodesAreRefused) {
     PixelSurface source;

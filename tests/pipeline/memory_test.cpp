@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
+#include <vector>
+
 #include "allocation_count.h"
 #include "pipeline/blit_dispatch.h"
 #include "row_check.h"
@@ -64,6 +67,37 @@ TEST(Memory, LargeImagesAreDrawnAsSmallOnes) {
             fill(&row, 0x80402010);
         }
         ASSERT_EQ(whole, byRow);
+    }
+}
+
+/// Copies that go past the caches, at any alignment and with any gap between the rows; an overlap moves as one block.
+TEST(Memory, HugeCopiesAreWhole) {
+    constexpr LONG kWidth = 1453, kHeight = 1459;
+    Random random = CaseRandom(3);
+    std::vector<BYTE> bytes((kWidth + 9) * kHeight * 8);
+    for (BYTE &byte : bytes) byte = static_cast<BYTE>(random());
+    struct Case {
+        LONG gap;                ///< bytes between rows
+        ptrdiff_t source, dest;  ///< where the views begin
+    };
+    const ptrdiff_t half = static_cast<ptrdiff_t>(bytes.size() / 2);
+    for (const Case &c : {Case{0, 3, half + 1}, Case{4, 0, half}, Case{0, 4000, 0}, Case{0, 0, 4001}}) {
+        std::vector<BYTE> expected = bytes;
+        SurfaceView view{};
+        view.width = kWidth;
+        view.height = kHeight;
+        view.stride = kWidth * 4 + c.gap;
+        view.bitsPerPixel = 32;
+        SurfaceView source = view, dest = view;
+        source.bits = bytes.data() + c.source;
+        dest.bits = bytes.data() + c.dest;
+        const size_t run = static_cast<size_t>(kWidth) * 4 * (c.gap == 0 ? kHeight : 1);
+        for (LONG y = 0; y < (c.gap == 0 ? 1 : kHeight); ++y) {
+            const ptrdiff_t row = ptrdiff_t{y} * view.stride;
+            std::memmove(expected.data() + c.dest + row, expected.data() + c.source + row, run);
+        }
+        CallRow(Kernels(), Row::CopyRow, &dest, &source, {});
+        ASSERT_TRUE(bytes == expected) << c.gap << ' ' << c.source << ' ' << c.dest;
     }
 }
 
