@@ -2,7 +2,9 @@
 
 #include "platform/pixel_block.h"
 
+#include <algorithm>
 #include <atomic>
+#include <cstdint>
 #include <cstring>
 #include <new>
 #include <utility>
@@ -18,6 +20,22 @@ namespace {
 constexpr std::size_t kLargePage = std::size_t{2} << 20;
 constexpr std::align_val_t kLargeAlignment{kLargePage};
 
+constexpr std::size_t kLine = 64;
+#ifdef __SANITIZE_ADDRESS__
+// So that the sanitizer sees each byte outside, and each use after the free.
+constexpr std::size_t kLineSlack = 0, kLargestSpare = 0;
+#else
+// The allocator's own alignment is a quarter of a line.
+constexpr std::size_t kLineSlack = kLine - 16, kLargestSpare = std::size_t{64} << 20;
+#endif
+
+PixelBlock AllocateSmall(std::size_t size) {
+    auto *bytes = new (std::nothrow) std::byte[size + kLineSlack];
+    if (!bytes) return {};
+    const std::size_t offset = std::min<std::size_t>(-reinterpret_cast<std::uintptr_t>(bytes) % kLine, kLineSlack);
+    return {bytes + offset, {.offset = offset}};
+}
+
 void FreeLarge(std::byte *block) { ::operator delete[](block, kLargeAlignment); }
 
 PixelBlock AllocateLarge(std::size_t size) {
@@ -26,7 +44,7 @@ PixelBlock AllocateLarge(std::size_t size) {
     // Where the system has no such pages, or no wish to give them, nothing changes.
     if (block) madvise(block, size / kLargePage * kLargePage, MADV_HUGEPAGE);
 #endif
-    return {block, {size}};
+    return {block, {.largeSize = size}};
 }
 
 /// The large block that was freed last; its size stands at its beginning.
@@ -40,7 +58,7 @@ public:
         if (!block) return {};
         std::size_t spareSize = 0;
         std::memcpy(&spareSize, block, sizeof spareSize);
-        if (spareSize >= size && spareSize - size <= size / 8) return {block, {spareSize}};
+        if (spareSize >= size && spareSize - size <= size / 8) return {block, {.largeSize = spareSize}};
         Keep(block, spareSize);
         return {};
     }
@@ -54,11 +72,6 @@ public:
     }
 
 private:
-#ifdef __SANITIZE_ADDRESS__
-    static constexpr std::size_t kLargestSpare = 0;  // so that a use after the free is found
-#else
-    static constexpr std::size_t kLargestSpare = std::size_t{64} << 20;
-#endif
     std::atomic<std::byte *> block_{nullptr};
 };
 
@@ -67,16 +80,16 @@ SpareBlock spare;
 }  // namespace
 
 PixelBlock AllocatePixels(std::size_t size) {
-    if (size < kLargePage) return {new (std::nothrow) std::byte[size], {}};
+    if (size < kLargePage) return AllocateSmall(size);
     PixelBlock block = spare.Take(size);
     return block ? std::move(block) : AllocateLarge(size);
 }
 
-void PixelBlockDeleter::operator()(std::byte *block) const {
+void PixelBlockDeleter::operator()(std::byte *pixels) const {
     if (largeSize > 0) {
-        spare.Keep(block, largeSize);
+        spare.Keep(pixels, largeSize);
     } else {
-        delete[] block;
+        delete[](pixels - offset);
     }
 }
 
