@@ -3,10 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <cstring>
 #include <fstream>
 #include <set>
+#include <sstream>
 #include <string>
 
 #include "handle_calls.h"
@@ -15,69 +15,35 @@
 namespace lacquer {
 namespace {
 
-constexpr const char *kExportsWithoutHandles[] = {
-    "AHSLColorize",
-    "AHSLtoARGB",
-    "ARGBColorize",
-    "ARGBtoAHSL",
-    "CreateCanvasFromDC",
-    "CreateMemBitmap",
-    "CreateMemBitmapEx",
-    "CreateSystemBitmap",
-    "CreateTexture",
-    "CreateTextureEx",
-    "e_NewHandleEntry",
-    "GetStretchKernelMode",
-    "GetTextureFromVelCanvas",
-    "GradientAddColorStop",
-    "GradientCreateLinear",
-    "GradientCreateRadial",
-    "GradientDestroy",
-    "HSLColorize",
-    "HSLtoRGB",
-    "PathAddArc",
-    "PathAddCircle",
-    "PathAddEllipse",
-    "PathAddRectangle",
-    "PathArcTo",
-    "PathBegin",
-    "PathBezierCurveTo",
-    "PathClose",
-    "PathCreate",
-    "PathDestroy",
-    "PathGetBounds",
-    "PathLineTo",
-    "PathMoveTo",
-    "PathOvalCurveTo",
-    "PathQuadraticCurveTo",
-    "PathSetFillType",
-    "RGBColorize",
-    "RGBtoHSL",
-    "SetStretchKernelMode",
-};
+constexpr const char *kExportsWithoutHandles =
+    "AHSLColorize AHSLtoARGB ARGBColorize ARGBtoAHSL CreateCanvasFromDC CreateMemBitmap CreateMemBitmapEx "
+    "CreateSystemBitmap CreateTexture CreateTextureEx e_NewHandleEntry GetStretchKernelMode "
+    "GetTextureFromVelCanvas GradientAddColorStop GradientCreateLinear GradientCreateRadial GradientDestroy "
+    "HSLColorize HSLtoRGB PathAddArc PathAddCircle PathAddEllipse PathAddRectangle PathArcTo PathBegin "
+    "PathBezierCurveTo PathClose PathCreate PathDestroy PathGetBounds PathLineTo PathMoveTo PathOvalCurveTo "
+    "PathQuadraticCurveTo PathSetFillType RGBColorize RGBtoHSL SetStretchKernelMode";
 
 // Exported under names that encode their argument types, so not in the list of plain names.
-constexpr const char *kDecoratedExports[] = {"DrawTexture9Grid", "DrawTextureCenter", "DrawTextureTile",
-                                             "DrawTextureTopTile"};
+constexpr const char *kDecoratedExports = "DrawTexture9Grid DrawTextureCenter DrawTextureTile DrawTextureTopTile";
+
+/// Adds the words of a text, each of them once.
+void AddWords(std::istream &&text, std::set<std::string> &words) {
+    for (std::string word; text >> word;) EXPECT_TRUE(words.insert(word).second) << word;
+}
 
 TEST(BadHandleTest, TheTableKnowsEveryExport) {
-    std::ifstream file(LACQUER_EXPORTS_FILE);
-    std::set<std::string> exported(std::begin(kDecoratedExports), std::end(kDecoratedExports)), known;
-    for (std::string name; std::getline(file, name);) {
-        if (!name.empty() && name.back() == '\r') name.pop_back();
-        exported.insert(name);
-    }
-    for (const HandleCall &row : HandleCalls())
-        EXPECT_TRUE(known.insert(row.name).second) << row.name << " has two rows";
-    for (const char *name : kExportsWithoutHandles) EXPECT_TRUE(known.insert(name).second) << name;
+    std::set<std::string> exported, known;
+    AddWords(std::ifstream(LACQUER_EXPORTS_FILE), exported);
+    AddWords(std::istringstream(kDecoratedExports), exported);
+    AddWords(std::istringstream(kExportsWithoutHandles), known);
+    for (const HandleCall &row : HandleCalls()) AddWords(std::istringstream(row.name), known);
     EXPECT_EQ(exported, known);
 }
 
 std::string Described(const HandleCall::Values &values) {
-    char text[64];
-    std::snprintf(text, sizeof text, "handles %llx %llx", static_cast<unsigned long long>(values[0]),
-                  static_cast<unsigned long long>(values[1]));
-    return text;
+    std::ostringstream text;
+    text << std::hex << "handles " << values[0] << ' ' << values[1];
+    return text.str();
 }
 
 class BadHandleTest : public testing::TestWithParam<HandleCall> {};

@@ -2,35 +2,24 @@
 
 #include <gtest/gtest.h>
 
-#include <array>
-
 #include "objects.h"
 
 namespace lacquer {
 namespace {
 
 constexpr DWORD kFilter = 0x01000007;
+using Size = std::array<LONG, 2>;
 
-DWORD FilterOf(HGBITMAP bitmap) {
-    DWORD filter = 0xAAAAAAAA;
-    EXPECT_EQ(1, GetBitmapFilter(bitmap, &filter));
-    return filter;
-}
 int DepthOf(HGBITMAP bitmap) {
     BYTE depth = 0;
     EXPECT_EQ(1, GetBitmapBitsPixel(bitmap, &depth));
     return depth;
 }
-std::array<LONG, 2> SizeOf(HGBITMAP bitmap) {
-    SIZE size{};
-    EXPECT_EQ(1, GetBitmapSize(bitmap, &size));
-    return {size.cx, size.cy};
-}
 
 TEST(BitmapTest, ANewOneHasItsSizeAndFilterWord0) {
     const OwnedBitmap memory(CreateMemBitmap(7, 5)), system(CreateSystemBitmap(7, 5));
     for (const HGBITMAP bitmap : {HGBITMAP(memory), HGBITMAP(system)}) {
-        EXPECT_EQ((std::array<LONG, 2>{7, 5}), SizeOf(bitmap));
+        EXPECT_EQ((Size{7, 5}), SizeOf(bitmap));
         EXPECT_EQ(32, DepthOf(bitmap));
         EXPECT_EQ(0u, FilterOf(bitmap));
         EXPECT_EQ(1, SetBitmapFilter(bitmap, 0xFFFFFFFF));
@@ -38,6 +27,7 @@ TEST(BitmapTest, ANewOneHasItsSizeAndFilterWord0) {
         EXPECT_EQ(1, UnlockBitmapBits(bitmap));
     }
     EXPECT_EQ(std::vector<uint32_t>(35), PixelsIn(system));
+    EXPECT_NE(GetBitmapHandle(memory), GetBitmapHandle(system));
 }
 
 TEST(BitmapTest, ThePlainLockWritesOnlyTheBitmapPart) {
@@ -59,8 +49,7 @@ TEST(BitmapTest, ThePlainLockWritesOnlyTheBitmapPart) {
 }
 
 TEST(BitmapTest, HandleConversionKeepsThePixels) {
-    const OwnedBitmap bitmap(CreateMemBitmapEx(5, 3, 24, 0)), system(CreateSystemBitmap(5, 3));
-    FillWithNoise(ViewOf(bitmap), 1);
+    const OwnedBitmap bitmap = Noisy(OwnedBitmap(CreateMemBitmapEx(5, 3, 24, 0)), 1);
     SetBitmapFilter(bitmap, kFilter);
     const std::vector<uint32_t> colours = ColoursOf(ViewOf(bitmap));
     HBITMAP handle = GetBitmapHandle(bitmap);
@@ -69,18 +58,20 @@ TEST(BitmapTest, HandleConversionKeepsThePixels) {
     EXPECT_EQ(32, DepthOf(bitmap));
     EXPECT_EQ(kFilter, FilterOf(bitmap));
     EXPECT_EQ(colours, PixelsIn(bitmap));
-    EXPECT_NE(nullptr, GetBitmapHandle(system));
-    EXPECT_NE(handle, GetBitmapHandle(system));
 }
 
-TEST(BitmapTest, CopyMovesPixelsFilterAndPaletteBetweenRectangles) {
-    const OwnedBitmap source = NoisyBitmap(6, 5, 2), dest = NoisyBitmap(8, 8, 3);
-    const std::vector<uint32_t> before = PixelsIn(dest);
+TEST(BitmapTest, CopyMovesPixelsAndFilterBetweenRectanglesOrNothing) {
+    const OwnedBitmap source = NoisyBitmap(6, 5, 2), dest = NoisyBitmap(8, 8, 3),
+                      shallow = Noisy(OwnedBitmap(CreateMemBitmapEx(8, 8, 8, 0)), 4);
+    const std::vector<uint32_t> before = PixelsIn(dest), indices = PixelsIn(shallow);
     SetBitmapFilter(source, kFilter);
     const RECT from{1, 1, 4, 3}, to{4, 5, 8, 8}, outside{5, 0, 9, 4};
     EXPECT_EQ(1, CopyBitmap(dest, &outside, source, &from));
     EXPECT_EQ(before, PixelsIn(dest));
     EXPECT_EQ(0u, FilterOf(dest));
+    EXPECT_EQ(1, CopyBitmap(shallow, &to, source, &from));
+    EXPECT_EQ(indices, PixelsIn(shallow)) << "no depth is converted downwards";
+    EXPECT_EQ(0u, FilterOf(shallow));
     EXPECT_EQ(1, CopyBitmap(dest, &to, source, &from));
     EXPECT_EQ(kFilter, FilterOf(dest));
     const SurfaceView sourceView = ViewOf(source), destView = ViewOf(dest);
@@ -93,63 +84,26 @@ TEST(BitmapTest, CopyMovesPixelsFilterAndPaletteBetweenRectangles) {
     }
 }
 
-TEST(BitmapTest, CopyIntoAShallowerBitmapChangesNothingAndGives1) {
-    const OwnedBitmap source(CreateMemBitmapEx(4, 4, 24, 0)), dest(CreateMemBitmapEx(4, 4, 8, 0));
-    FillWithNoise(ViewOf(source), 1);
-    FillWithNoise(ViewOf(dest), 2);
-    SetBitmapFilter(source, kFilter);
-    const std::vector<uint32_t> before = PixelsIn(dest);
-    EXPECT_EQ(1, CopyBitmap(dest, nullptr, source, nullptr));
-    EXPECT_EQ(before, PixelsIn(dest));
-    EXPECT_EQ(0u, FilterOf(dest));
-}
-
-TEST(BitmapTest, CopyIntoItselfMayOverlap) {
-    const OwnedBitmap bitmap = NoisyBitmap(4, 4, 9);
-    const std::vector<uint32_t> before = PixelsIn(bitmap);
-    const RECT from{0, 0, 3, 3}, to{1, 1, 4, 4};
-    EXPECT_EQ(1, CopyBitmap(bitmap, &to, bitmap, &from));
-    for (LONG y = 0; y < 3; ++y) {
-        for (LONG x = 0; x < 3; ++x) {
-            EXPECT_EQ(before[static_cast<size_t>(y * 4 + x)], PixelAt(ViewOf(bitmap), x + 1, y + 1));
-        }
-    }
-}
-
 TEST(BitmapTest, ResizeGives32BitsInTheSameKindOfStorage) {
-    const OwnedBitmap source(CreateMemBitmapEx(6, 4, 8, 16)), system(CreateSystemBitmap(6, 4));
-    FillWithNoise(ViewOf(source), 1);
-    FillPaletteWithNoise(ViewOf(source), 2);
+    const OwnedBitmap source = Noisy(OwnedBitmap(CreateMemBitmapEx(6, 4, 8, 16)), 1, true),
+                      system(CreateSystemBitmap(6, 4));
     SetBitmapFilter(source, kFilter);
-    const OwnedBitmap same(ResizeBitmap(source, 6, 4, 5)), half(ResizeBitmap(source, 3, 2, 0)),
-        ofSystem(ResizeBitmap(system, 3, 2, 0));
+    const OwnedBitmap same(ResizeBitmap(source, 6, 4, 5)), ofSystem(ResizeBitmap(system, 3, 2, 0));
     EXPECT_EQ(32, DepthOf(same));
     EXPECT_EQ(kFilter, FilterOf(same));
     EXPECT_EQ(ColoursOf(ViewOf(source)), PixelsIn(same));
-    EXPECT_EQ((std::array<LONG, 2>{3, 2}), SizeOf(half));
+    EXPECT_EQ((Size{3, 2}), SizeOf(ofSystem));
     // Of a system bitmap's product the handle is there without a move.
-    const void *bits = ViewOf(ofSystem).bits;
-    EXPECT_NE(nullptr, GetBitmapHandle(ofSystem));
-    EXPECT_EQ(bits, ViewOf(ofSystem).bits);
-    const void *memoryBits = ViewOf(same).bits;
-    EXPECT_NE(nullptr, GetBitmapHandle(same));
-    EXPECT_NE(memoryBits, ViewOf(same).bits);
-}
-
-TEST(BitmapTest, ResizeKernelModesBeyondAreaAreBilinear) {
-    const OwnedBitmap source = NoisyBitmap(5, 5, 6);
-    const auto resized = [&](DWORD mode) {
-        const OwnedBitmap made(ResizeBitmap(source, 9, 3, mode));
-        return PixelsIn(made);
-    };
-    const std::vector<uint32_t> bilinear = resized(1);
-    for (const DWORD mode : {2u, 3u, 6u, 9u, 0xFFFFFFFFu}) EXPECT_EQ(bilinear, resized(mode)) << mode;
-    EXPECT_NE(bilinear, resized(0));
-    EXPECT_NE(bilinear, resized(4));
+    for (const HGBITMAP made : {HGBITMAP(same), HGBITMAP(ofSystem)}) {
+        const void *bits = ViewOf(made).bits;
+        EXPECT_NE(nullptr, GetBitmapHandle(made));
+        EXPECT_EQ(made == HGBITMAP(ofSystem), bits == ViewOf(made).bits);
+    }
 }
 
 TEST(BitmapTest, RotateAndFlipTakeTheirOwnCodesOnly) {
-    const OwnedBitmap source = NoisyBitmap(3, 2, 4);
+    const OwnedBitmap source = Noisy(OwnedBitmap(CreateMemBitmapEx(3, 2, 8, 16)), 4, true);
+    SetBitmapFilter(source, kFilter);
     for (int code = -2; code <= 9; ++code) {
         const DWORD word = static_cast<DWORD>(code);
         const HGBITMAP transformed = TransformBitmap(source, word), rotated = RotateBitmap(source, code),
@@ -161,43 +115,16 @@ TEST(BitmapTest, RotateAndFlipTakeTheirOwnCodesOnly) {
         EXPECT_TRUE(!flipped || PixelsIn(transformed) == PixelsIn(flipped));
         for (const HGBITMAP made : {transformed, rotated, flipped}) DeleteBitmap(made);
     }
-}
-
-TEST(BitmapTest, AQuarterTurnBringsTheTopLeftToTheTopRight) {
-    const OwnedBitmap source(CreateMemBitmapEx(3, 2, 8, 16));
-    FillWithNoise(ViewOf(source), 4);
-    FillPaletteWithNoise(ViewOf(source), 5);
-    SetBitmapFilter(source, kFilter);
     const OwnedBitmap turned(RotateBitmap(source, LACQUER_ROTATE_90));
-    EXPECT_EQ((std::array<LONG, 2>{2, 3}), SizeOf(turned));
+    EXPECT_EQ((Size{2, 3}), SizeOf(turned));
     EXPECT_EQ(8, DepthOf(turned));
     EXPECT_EQ(kFilter, FilterOf(turned));
     EXPECT_EQ(16u, ViewOf(turned).paletteCount);
-    EXPECT_EQ(ColourAt(ViewOf(source), 0, 0), ColourAt(ViewOf(turned), 1, 0));
-}
-
-TEST(BitmapTest, ACanvasBecomesOpaqueUnlessItsDrawModeIsOver) {
-    for (const bool system : {false, true}) {
-        for (const DWORD filter : std::initializer_list<DWORD>{0, kFilter, 0x02000001, 0x81000000}) {
-            const HGCANVAS canvas = system ? CreateSystemCanvas(5, 3, HGCANVAS{}) : CreateCanvas(5, 3, HGCANVAS{});
-            FillWithNoise(ViewOf(canvas), filter);
-            SetCanvasFilter(canvas, filter);
-            std::vector<uint32_t> expected = PixelsIn(canvas);
-            if (filter >> 24 != LACQUER_DRAW_OVER) {
-                for (uint32_t &pixel : expected) pixel |= 0xFF000000;
-            }
-            const OwnedBitmap bitmap(CanvasToBitmap(canvas));
-            EXPECT_FALSE(IsLive(canvas));
-            EXPECT_EQ(filter, FilterOf(bitmap));
-            EXPECT_EQ(expected, PixelsIn(bitmap));
-            EXPECT_EQ((std::array<LONG, 2>{5, 3}), SizeOf(bitmap));
-            EXPECT_NE(nullptr, GetBitmapHandle(bitmap));
-        }
-    }
+    EXPECT_EQ(ColourAt(ViewOf(source), 0, 0), ColourAt(ViewOf(turned), 1, 0)) << "top left to top right";
 }
 
 TEST(BitmapTest, ACanvasWithADeviceContextBecomesABitmapWithoutOne) {
-    const HGCANVAS canvas = CreateCanvas(4, 4, HGCANVAS{});
+    const HGCANVAS canvas = CreateCanvas(4, 4, {});
     HDC dc = GetCanvasHandle(canvas);
     ASSERT_NE(nullptr, dc);
     PatBlt(dc, 0, 0, 2, 2, WHITENESS);
@@ -210,6 +137,33 @@ TEST(BitmapTest, ACanvasWithADeviceContextBecomesABitmapWithoutOne) {
     EXPECT_NE(nullptr, previous);
     SelectObject(other, previous);
     DeleteDC(other);
+}
+
+/// Turns a canvas into an object of another type, which has the canvas's pixels, opaque unless the canvas draws over.
+template <class Object, class Convert, class GetHandle>
+void ExpectConverted(const Convert &convert, const GetHandle &getHandle) {
+    for (const bool system : {false, true}) {
+        for (const DWORD filter : std::initializer_list<DWORD>{0, kFilter, 0x02000001, 0x81000000}) {
+            const HGCANVAS canvas = system ? CreateSystemCanvas(5, 3, {}) : CreateCanvas(5, 3, {});
+            FillWithNoise(ViewOf(canvas), filter);
+            SetCanvasFilter(canvas, filter);
+            std::vector<uint32_t> expected = PixelsIn(canvas);
+            if (filter >> 24 != LACQUER_DRAW_OVER) {
+                for (uint32_t &pixel : expected) pixel |= 0xFF000000;
+            }
+            const Object made(convert(canvas));
+            EXPECT_FALSE(IsLive(canvas));
+            EXPECT_EQ(filter, FilterOf(made));
+            EXPECT_EQ(expected, PixelsIn(made));
+            EXPECT_EQ((Size{5, 3}), SizeOf(made));
+            EXPECT_NE(nullptr, getHandle(made));
+        }
+    }
+}
+
+TEST(ConversionTest, ACanvasGivesItsPixelsAway) {
+    ExpectConverted<OwnedBitmap>(CanvasToBitmap, GetBitmapHandle);
+    ExpectConverted<OwnedTexture>(CanvasToTexture, GetTextureHandle);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "handle_calls.h"
 
 #include <iterator>
+#include <type_traits>
 
 #include "handle_world.h"
 #include "support/memory_dc.h"
@@ -13,210 +14,190 @@ namespace {
 using Values = HandleCall::Values;
 
 constexpr RECT kRect{0, 0, 2, 2}, kMargins{1, 1, 1, 1};
+constexpr TextureMode kMode{5, 5, kRect};
+constexpr POINT kPoints[] = {{0, 0}, {3, 0}, {0, 3}};
+constexpr float kDashes[] = {1.0f, 2.0f};
+constexpr WCHAR kFontName[] = {'S', 'a', 'n', 's', 0};
+constexpr WORD kGlyph = 1;
+constexpr velPointF kPosition{0, 3};
 
-uint64_t Number(int result) { return static_cast<uint32_t>(result); }
-uint64_t Number(const void *result) { return reinterpret_cast<uintptr_t>(result); }
+/// A number, a pointer or a handle as a result of a call.
+template <class Result>
+uint64_t Number(Result result) {
+    if constexpr (std::is_pointer_v<Result>) {
+        return reinterpret_cast<uintptr_t>(result);
+    } else if constexpr (std::is_class_v<Result>) {
+        return result.value;
+    } else {
+        return static_cast<uint32_t>(result);
+    }
+}
 
-bool MadeBitmap(uint64_t result, const Values &) {
-    const HGBITMAP made{static_cast<uintptr_t>(result)};
+#define CALL(expression) [](const Values &h) { return Number(expression); }
+
+template <class Handle, auto Delete>
+bool Made(uint64_t result, const Values &) {
+    const Handle made{static_cast<uintptr_t>(result)};
     const bool worked = result >> 32 == 0 && IsLive(made);
-    DeleteBitmap(made);
+    Delete(made);
     return worked;
 }
-bool MadeTexture(uint64_t result, const Values &) {
-    const HGTEXTURE made{static_cast<uintptr_t>(result)};
-    const bool worked = result >> 32 == 0 && IsLive(made);
-    DeleteTexture(made);
-    return worked;
+template <class Handle>
+bool IsGone(uint64_t, const Values &handles) {
+    return !IsLive(Handle{handles[0]});
 }
-bool BitmapIsGone(uint64_t, const Values &handles) { return !IsLive(HGBITMAP{handles[0]}); }
-bool TextureIsGone(uint64_t, const Values &handles) { return !IsLive(HGTEXTURE{handles[0]}); }
-bool CanvasIsGone(uint64_t, const Values &handles) { return !IsLive(HGCANVAS{handles[0]}); }
+/// An object made of another one that ends.
+template <class Handle, auto Delete, class Source>
+bool MadeOf(uint64_t result, const Values &handles) {
+    return Made<Handle, Delete>(result, handles) && IsGone<Source>(result, handles);
+}
 bool Always(uint64_t, const Values &) { return true; }
 
 /// For creation with a template: a wrong one is ignored, a right one lends its filter word.
-uint64_t TakeFilter(HGCANVAS made) {
-    EXPECT_TRUE(made);
-    DWORD filter = 0xFFFFFFFF;
-    GetCanvasFilter(made, &filter);
-    DeleteCanvas(made);
-    return filter;
+DWORD TakeFilter(HGCANVAS canvas) {
+    const OwnedCanvas made(canvas);
+    return FilterOf(made);
 }
 
 const HandleCall kHandleCalls[] = {
-    {"e_DelHandleEntry", "e", [](const Values &h) { return Number(e_DelHandleEntry(nullptr, static_cast<DWORD>(h[0]))); }},
+    {"e_DelHandleEntry", "e", CALL(e_DelHandleEntry(nullptr, static_cast<DWORD>(h[0])))},
 
-    {"DeleteBitmap", "b", [](const Values &h) -> uint64_t { return DeleteBitmap({h[0]}), 0; }, 0, BitmapIsGone},
-    {"ReleaseBitmap", "a", [](const Values &h) -> uint64_t { return ReleaseBitmap({h[0]}), 0; }, 0, BitmapIsGone},
-    {"GetBitmapHandle", "b", [](const Values &h) { return Number(GetBitmapHandle({h[0]})); }},
-    {"GetBitmapSize", "b", [](const Values &h) { return Number(GetBitmapSize({h[0]}, &out.size)); }},
-    {"LockBitmapBits", "b", [](const Values &h) { return Number(LockBitmapBits({h[0]}, &out.view, nullptr)); }},
-    {"LockBitmapBitsEx", "b", [](const Values &h) { return Number(LockBitmapBitsEx({h[0]}, &out.view, nullptr)); }},
-    {"UnlockBitmapBits", "b", [](const Values &h) { return Number(UnlockBitmapBits({h[0]})); }},
-    {"GetBitmapFilter", "b", [](const Values &h) { return Number(GetBitmapFilter({h[0]}, &out.word)); }},
-    {"SetBitmapFilter", "b", [](const Values &h) { return Number(SetBitmapFilter({h[0]}, 0x02000000)); }},
-    {"GetBitmapBitsPixel", "b", [](const Values &h) { return Number(GetBitmapBitsPixel({h[0]}, &out.byte)); }},
-    {"CopyBitmap", "bb", [](const Values &h) { return Number(CopyBitmap({h[0]}, nullptr, {h[1]}, nullptr)); }},
-    {"ResizeBitmap", "b", [](const Values &h) -> uint64_t { return ResizeBitmap({h[0]}, 2, 2, 1).value; }, 0, MadeBitmap},
-    {"TransformBitmap", "b", [](const Values &h) -> uint64_t { return TransformBitmap({h[0]}, 6).value; }, 0, MadeBitmap},
-    {"RotateBitmap", "b", [](const Values &h) -> uint64_t { return RotateBitmap({h[0]}, 1).value; }, 0, MadeBitmap},
-    {"FlipBitmap", "b", [](const Values &h) -> uint64_t { return FlipBitmap({h[0]}, 4).value; }, 0, MadeBitmap},
-    {"CanvasToBitmap", "c", [](const Values &h) -> uint64_t { return CanvasToBitmap({h[0]}).value; }, 0,
-     [](uint64_t result, const Values &h) { return MadeBitmap(result, h) && CanvasIsGone(result, h); }},
+    {"DeleteBitmap", "b", CALL((DeleteBitmap({h[0]}), 0)), 0, IsGone<HGBITMAP>},
+    {"ReleaseBitmap", "a", CALL((ReleaseBitmap({h[0]}), 0)), 0, IsGone<HGBITMAP>},
+    {"GetBitmapHandle", "b", CALL(GetBitmapHandle({h[0]}))},
+    {"GetBitmapSize", "b", CALL(GetBitmapSize({h[0]}, &out.size))},
+    {"LockBitmapBits", "b", CALL(LockBitmapBits({h[0]}, &out.view, nullptr))},
+    {"LockBitmapBitsEx", "b", CALL(LockBitmapBitsEx({h[0]}, &out.view, nullptr))},
+    {"UnlockBitmapBits", "b", CALL(UnlockBitmapBits({h[0]}))},
+    {"GetBitmapFilter", "b", CALL(GetBitmapFilter({h[0]}, &out.word))},
+    {"SetBitmapFilter", "b", CALL(SetBitmapFilter({h[0]}, 0x02000000))},
+    {"GetBitmapBitsPixel", "b", CALL(GetBitmapBitsPixel({h[0]}, &out.byte))},
+    {"CopyBitmap", "bb", CALL(CopyBitmap({h[0]}, nullptr, {h[1]}, nullptr))},
+    {"ResizeBitmap", "b", CALL(ResizeBitmap({h[0]}, 2, 2, 1)), 0, Made<HGBITMAP, DeleteBitmap>},
+    {"TransformBitmap", "b", CALL(TransformBitmap({h[0]}, 6)), 0, Made<HGBITMAP, DeleteBitmap>},
+    {"RotateBitmap", "b", CALL(RotateBitmap({h[0]}, 1)), 0, Made<HGBITMAP, DeleteBitmap>},
+    {"FlipBitmap", "b", CALL(FlipBitmap({h[0]}, 4)), 0, Made<HGBITMAP, DeleteBitmap>},
+    {"CanvasToBitmap", "c", CALL(CanvasToBitmap({h[0]})), 0, MadeOf<HGBITMAP, DeleteBitmap, HGCANVAS>},
 
-    {"DeleteTexture", "t", [](const Values &h) -> uint64_t { return DeleteTexture({h[0]}), 0; }, 0, TextureIsGone},
-    {"ReleaseTexture", "t", [](const Values &h) -> uint64_t { return ReleaseTexture({h[0]}), 0; }, 0, TextureIsGone},
-    {"GetTexture", "c", [](const Values &h) -> uint64_t { return GetTexture({h[0]}).value; }, 0, MadeTexture},
-    {"GetTextureHandle", "t", [](const Values &h) { return Number(GetTextureHandle({h[0]})); }},
-    {"GetTextureSize", "t", [](const Values &h) { return Number(GetTextureSize({h[0]}, &out.size)); }},
-    {"LockTextureBits", "t", [](const Values &h) { return Number(LockTextureBits({h[0]}, &out.view, nullptr)); }},
-    {"LockTextureBitsEx", "t", [](const Values &h) { return Number(LockTextureBitsEx({h[0]}, &out.view, nullptr)); }},
-    {"UnlockTextureBits", "t", [](const Values &h) { return Number(UnlockTextureBits({h[0]})); }},
-    {"GetTextureFilter", "t", [](const Values &h) { return Number(GetTextureFilter({h[0]}, &out.word)); }},
-    {"SetTextureFilter", "t", [](const Values &h) { return Number(SetTextureFilter({h[0]}, 0x02000000)); }},
-    {"GetTextureBitsPixel", "t", [](const Values &h) { return Number(GetTextureBitsPixel({h[0]}, &out.byte)); }},
-    {"SetTextureMode", "t",
-     [](const Values &h) {
-         const TextureMode mode{5, 5, kRect};
-         return Number(SetTextureMode({h[0]}, &mode));
-     }},
-    {"GetTextureMode", "t", [](const Values &h) { return Number(GetTextureMode({h[0]}, &out.mode)); }},
-    {"SetTextureSlice", "t", [](const Values &h) -> uint64_t { return SetTextureSlice({h[0]}, 1, &kRect); }},
-    {"SetTextureCurSlice", "t", [](const Values &h) { return Number(SetTextureCurSlice({h[0]}, 0)); }, 0xFFFFFFFF},
-    {"GetTextureCurSlice", "t", [](const Values &h) { return Number(GetTextureCurSlice({h[0]}, &out.rect)); }},
-    {"GetTextureSliceCount", "t", [](const Values &h) -> uint64_t { return GetTextureSliceCount({h[0]}); }, 0xFFFFFFFF},
-    {"CanvasToTexture", "c", [](const Values &h) -> uint64_t { return CanvasToTexture({h[0]}).value; }, 0,
-     [](uint64_t result, const Values &h) { return MadeTexture(result, h) && CanvasIsGone(result, h); }},
-    {"BitmapToTexture", "b", [](const Values &h) -> uint64_t { return BitmapToTexture({h[0]}).value; }, 0,
-     [](uint64_t result, const Values &h) { return MadeTexture(result, h) && BitmapIsGone(result, h); }},
-    {"CopyTexture", "tt", [](const Values &h) { return Number(CopyTexture({h[0]}, nullptr, {h[1]}, nullptr)); }},
-    {"ResizeTexture", "t", [](const Values &h) -> uint64_t { return ResizeTexture({h[0]}, 2, 2, 1).value; }, 0, MadeTexture},
-    {"TransformTexture", "t", [](const Values &h) -> uint64_t { return TransformTexture({h[0]}, 6).value; }, 0, MadeTexture},
-    {"RotateTexture", "t", [](const Values &h) -> uint64_t { return RotateTexture({h[0]}, 1).value; }, 0, MadeTexture},
-    {"FlipTexture", "t", [](const Values &h) -> uint64_t { return FlipTexture({h[0]}, 4).value; }, 0, MadeTexture},
+    {"DeleteTexture", "t", CALL((DeleteTexture({h[0]}), 0)), 0, IsGone<HGTEXTURE>},
+    {"ReleaseTexture", "t", CALL((ReleaseTexture({h[0]}), 0)), 0, IsGone<HGTEXTURE>},
+    {"GetTexture", "c", CALL(GetTexture({h[0]})), 0, Made<HGTEXTURE, DeleteTexture>},
+    {"GetTextureHandle", "t", CALL(GetTextureHandle({h[0]}))},
+    {"GetTextureSize", "t", CALL(GetTextureSize({h[0]}, &out.size))},
+    {"LockTextureBits", "t", CALL(LockTextureBits({h[0]}, &out.view, nullptr))},
+    {"LockTextureBitsEx", "t", CALL(LockTextureBitsEx({h[0]}, &out.view, nullptr))},
+    {"UnlockTextureBits", "t", CALL(UnlockTextureBits({h[0]}))},
+    {"GetTextureFilter", "t", CALL(GetTextureFilter({h[0]}, &out.word))},
+    {"SetTextureFilter", "t", CALL(SetTextureFilter({h[0]}, 0x02000000))},
+    {"GetTextureBitsPixel", "t", CALL(GetTextureBitsPixel({h[0]}, &out.byte))},
+    {"SetTextureMode", "t", CALL(SetTextureMode({h[0]}, &kMode))},
+    {"GetTextureMode", "t", CALL(GetTextureMode({h[0]}, &out.mode))},
+    {"SetTextureSlice", "t", CALL(SetTextureSlice({h[0]}, 1, &kRect))},
+    {"SetTextureCurSlice", "t", CALL(SetTextureCurSlice({h[0]}, 0)), 0xFFFFFFFF},
+    {"GetTextureCurSlice", "t", CALL(GetTextureCurSlice({h[0]}, &out.rect))},
+    {"GetTextureSliceCount", "t", CALL(GetTextureSliceCount({h[0]})), 0xFFFFFFFF},
+    {"CanvasToTexture", "c", CALL(CanvasToTexture({h[0]})), 0, MadeOf<HGTEXTURE, DeleteTexture, HGCANVAS>},
+    {"BitmapToTexture", "b", CALL(BitmapToTexture({h[0]})), 0, MadeOf<HGTEXTURE, DeleteTexture, HGBITMAP>},
+    {"CopyTexture", "tt", CALL(CopyTexture({h[0]}, nullptr, {h[1]}, nullptr))},
+    {"ResizeTexture", "t", CALL(ResizeTexture({h[0]}, 2, 2, 1)), 0, Made<HGTEXTURE, DeleteTexture>},
+    {"TransformTexture", "t", CALL(TransformTexture({h[0]}, 6)), 0, Made<HGTEXTURE, DeleteTexture>},
+    {"RotateTexture", "t", CALL(RotateTexture({h[0]}, 1)), 0, Made<HGTEXTURE, DeleteTexture>},
+    {"FlipTexture", "t", CALL(FlipTexture({h[0]}, 4)), 0, Made<HGTEXTURE, DeleteTexture>},
 
-    {"CreateCanvas", "c", [](const Values &h) { return TakeFilter(CreateCanvas(2, 2, {h[0]})); }},
-    {"CreateSystemCanvas", "c", [](const Values &h) { return TakeFilter(CreateSystemCanvas(2, 2, {h[0]})); }},
-    {"DeleteCanvas", "c", [](const Values &h) -> uint64_t { return DeleteCanvas({h[0]}), 0; }, 0, CanvasIsGone},
+    {"CreateCanvas", "c", CALL(TakeFilter(CreateCanvas(2, 2, {h[0]})))},
+    {"CreateSystemCanvas", "c", CALL(TakeFilter(CreateSystemCanvas(2, 2, {h[0]})))},
+    {"DeleteCanvas", "c", CALL((DeleteCanvas({h[0]}), 0)), 0, IsGone<HGCANVAS>},
+    // A handle of another type is answered with its type bits.
     {"ReleaseCanvas", "p",
-     [](const Values &h) -> uint64_t {
-         // A handle of another type is answered with its type bits.
-         const uintptr_t type = h[0] & 0xFF0000;
-         return ReleaseCanvas({h[0]}) != (type == 0x10000 ? 0 : type);
-     },
-     0, CanvasIsGone},
-    {"LockCanvasBits", "c", [](const Values &h) { return Number(LockCanvasBits({h[0]}, &out.view, nullptr)); }},
-    {"LockCanvasBitsEx", "c", [](const Values &h) { return Number(LockCanvasBitsEx({h[0]}, &out.view, nullptr)); }},
-    {"UnlockCanvasBits", "c", [](const Values &h) { return Number(UnlockCanvasBits({h[0]})); }},
-    {"GetCanvasHandle", "c", [](const Values &h) { return Number(GetCanvasHandle({h[0]})); }},
-    {"GetCanvasSize", "c", [](const Values &h) { return Number(GetCanvasSize({h[0]}, &out.size)); }},
-    {"SetViewportOrg", "c", [](const Values &h) { return Number(SetViewportOrg({h[0]}, 7, 8, &out.point)); }},
-    {"GetViewportOrg", "c", [](const Values &h) { return Number(GetViewportOrg({h[0]}, &out.point)); }},
-    {"SetWindowOrg", "c", [](const Values &h) { return Number(SetWindowOrg({h[0]}, 7, 8, &out.point)); }},
-    {"GetWindowOrg", "c", [](const Values &h) { return Number(GetWindowOrg({h[0]}, &out.point)); }},
-    {"SetCanvasWindow", "c", [](const Values &h) { return Number(SetCanvasWindow({h[0]}, nullptr)); }},
-    {"GetCanvasWindow", "c", [](const Values &h) { return Number(GetCanvasWindow({h[0]})); }},
-    {"SetCanvasParent", "cc", [](const Values &h) { return Number(SetCanvasParent({h[0]}, {h[1]})); }},
-    {"GetCanvasParent", "c", [](const Values &h) -> uint64_t { return GetCanvasParent({h[0]}).value; }, 0,
-     [](uint64_t result, const Values &) {
-         return result >> 32 == 0 && ReleaseCanvas({static_cast<uintptr_t>(result)}) == 1;
-     }},
-    {"GetCanvasFilter", "c", [](const Values &h) { return Number(GetCanvasFilter({h[0]}, &out.word)); }},
-    {"SetCanvasFilter", "c", [](const Values &h) { return Number(SetCanvasFilter({h[0]}, 0x02000000)); }},
-    {"SetCanvasBkColor", "c", [](const Values &h) { return Number(SetCanvasBkColor({h[0]}, 1, &out.word)); }},
-    {"GetCanvasBkColor", "c", [](const Values &h) { return Number(GetCanvasBkColor({h[0]}, &out.word)); }},
-    {"SetCanvasClipRect", "c", [](const Values &h) { return Number(SetCanvasClipRect({h[0]}, &kRect)); }},
-    {"IntersectCanvasClipRect", "c", [](const Values &h) { return Number(IntersectCanvasClipRect({h[0]}, &kRect)); }},
-    {"GetCanvasClipRect", "c", [](const Values &h) { return Number(GetCanvasClipRect({h[0]}, &out.rect)); }},
-    {"GetBitmap", "c", [](const Values &h) -> uint64_t { return GetBitmap({h[0]}).value; }, 0,
-     [](uint64_t result, const Values &) {
-         const HGBITMAP alias{static_cast<uintptr_t>(result)};
-         const bool worked = result >> 32 == 0 && IsLive(alias);
-         ReleaseBitmap(alias);
-         return worked;
-     }},
+     CALL(ReleaseCanvas({h[0]}) != ((h[0] & 0xFF0000) == 0x10000 ? 0 : h[0] & 0xFF0000)), 0, IsGone<HGCANVAS>},
+    {"LockCanvasBits", "c", CALL(LockCanvasBits({h[0]}, &out.view, nullptr))},
+    {"LockCanvasBitsEx", "c", CALL(LockCanvasBitsEx({h[0]}, &out.view, nullptr))},
+    {"UnlockCanvasBits", "c", CALL(UnlockCanvasBits({h[0]}))},
+    {"GetCanvasHandle", "c", CALL(GetCanvasHandle({h[0]}))},
+    {"GetCanvasSize", "c", CALL(GetCanvasSize({h[0]}, &out.size))},
+    {"SetViewportOrg", "c", CALL(SetViewportOrg({h[0]}, 7, 8, &out.point))},
+    {"GetViewportOrg", "c", CALL(GetViewportOrg({h[0]}, &out.point))},
+    {"SetWindowOrg", "c", CALL(SetWindowOrg({h[0]}, 7, 8, &out.point))},
+    {"GetWindowOrg", "c", CALL(GetWindowOrg({h[0]}, &out.point))},
+    {"SetCanvasWindow", "c", CALL(SetCanvasWindow({h[0]}, nullptr))},
+    {"GetCanvasWindow", "c", CALL(GetCanvasWindow({h[0]}))},
+    {"SetCanvasParent", "cc", CALL(SetCanvasParent({h[0]}, {h[1]}))},
+    {"GetCanvasParent", "c", CALL(GetCanvasParent({h[0]})), 0, Made<HGCANVAS, ReleaseCanvas>},
+    {"GetCanvasFilter", "c", CALL(GetCanvasFilter({h[0]}, &out.word))},
+    {"SetCanvasFilter", "c", CALL(SetCanvasFilter({h[0]}, 0x02000000))},
+    {"SetCanvasBkColor", "c", CALL(SetCanvasBkColor({h[0]}, 1, &out.word))},
+    {"GetCanvasBkColor", "c", CALL(GetCanvasBkColor({h[0]}, &out.word))},
+    {"SetCanvasClipRect", "c", CALL(SetCanvasClipRect({h[0]}, &kRect))},
+    {"IntersectCanvasClipRect", "c", CALL(IntersectCanvasClipRect({h[0]}, &kRect))},
+    {"GetCanvasClipRect", "c", CALL(GetCanvasClipRect({h[0]}, &out.rect))},
+    {"GetBitmap", "c", CALL(GetBitmap({h[0]})), 0, Made<HGBITMAP, ReleaseBitmap>},
 
-    {"FillSolidRect", "c", [](const Values &h) { return Number(FillSolidRect({h[0]}, 0xFF112233, &kRect)); }},
-    {"FillSolidRectEx", "c", [](const Values &h) { return Number(FillSolidRectEx({h[0]}, 0xFF112233, &kRect, 0)); }},
-    {"FillPreMulColorRectEx", "c",
-     [](const Values &h) { return Number(FillPreMulColorRectEx({h[0]}, 0xFF112233, &kRect, 0)); }},
-    {"FillGradualRect", "c",
-     [](const Values &h) { return Number(FillGradualRect({h[0]}, 0xFF112233, 0xFF112233, &kRect, 1)); }},
+    {"FillSolidRect", "c", CALL(FillSolidRect({h[0]}, 0xFF112233, &kRect))},
+    {"FillSolidRectEx", "c", CALL(FillSolidRectEx({h[0]}, 0xFF112233, &kRect, 0))},
+    {"FillPreMulColorRectEx", "c", CALL(FillPreMulColorRectEx({h[0]}, 0xFF112233, &kRect, 0))},
+    {"FillGradualRect", "c", CALL(FillGradualRect({h[0]}, 0xFF112233, 0xFF112233, &kRect, 1))},
 
-    {"DrawBitmap", "cb", [](const Values &h) { return Number(DrawBitmap({h[0]}, &kRect, {h[1]}, 1)); }},
-    {"DrawBitmapEx", "cb", [](const Values &h) { return Number(DrawBitmapEx({h[0]}, &kRect, {h[1]}, 1, 255)); }},
-    {"DrawBitmapRectEx", "cb",
-     [](const Values &h) { return Number(DrawBitmapRectEx({h[0]}, &kRect, {h[1]}, &kRect, 1, 255)); }},
-    {"DrawTexture", "ct", [](const Values &h) { return Number(DrawTexture({h[0]}, &kRect, {h[1]}, 1)); }},
-    {"DrawTextureEx", "ct",
-     [](const Values &h) { return Number(DrawTextureEx({h[0]}, &kRect, {h[1]}, 1, 255, 1.0f, 0)); }},
-    {"DrawTextureCenter", "ct",
-     [](const Values &h) { return Number(DrawTextureCenter({h[0]}, &kRect, {h[1]}, nullptr, 1, 255)); }},
+    {"DrawBitmap", "cb", CALL(DrawBitmap({h[0]}, &kRect, {h[1]}, 1))},
+    {"DrawBitmapEx", "cb", CALL(DrawBitmapEx({h[0]}, &kRect, {h[1]}, 1, 255))},
+    {"DrawBitmapRectEx", "cb", CALL(DrawBitmapRectEx({h[0]}, &kRect, {h[1]}, &kRect, 1, 255))},
+    {"DrawTexture", "ct", CALL(DrawTexture({h[0]}, &kRect, {h[1]}, 1))},
+    {"DrawTextureEx", "ct", CALL(DrawTextureEx({h[0]}, &kRect, {h[1]}, 1, 255, 1.0f, 0))},
+    {"DrawTextureCenter", "ct", CALL(DrawTextureCenter({h[0]}, &kRect, {h[1]}, nullptr, 1, 255))},
     // These two give 0 always.
-    {"DrawTextureTile", "ct",
-     [](const Values &h) { return Number(DrawTextureTile({h[0]}, &kRect, {h[1]}, nullptr, 1, 255, 0, 1.0f)); }, 0, Always},
-    {"DrawTextureTopTile", "ct",
-     [](const Values &h) { return Number(DrawTextureTopTile({h[0]}, &kRect, {h[1]}, nullptr, &kMargins, 1, 255)); }, 0,
+    {"DrawTextureTile", "ct", CALL(DrawTextureTile({h[0]}, &kRect, {h[1]}, nullptr, 1, 255, 0, 1.0f)), 0, Always},
+    {"DrawTextureTopTile", "ct", CALL(DrawTextureTopTile({h[0]}, &kRect, {h[1]}, nullptr, &kMargins, 1, 255)), 0,
      Always},
     {"DrawTexture9Grid", "ct",
-     [](const Values &h) {
-         return Number(DrawTexture9Grid({h[0]}, &kRect, {h[1]}, nullptr, &kMargins, 1, 0, 255, 0, 1.0f, 0));
-     }},
+     CALL(DrawTexture9Grid({h[0]}, &kRect, {h[1]}, nullptr, &kMargins, 1, 0, 255, 0, 1.0f, 0))},
 
-    {"MixCanvas", "cc", [](const Values &h) { return Number(MixCanvas({h[0]}, &kRect, {h[1]}, &kRect, 128)); }},
-    {"MixCanvasWithColor", "c", [](const Values &h) { return Number(MixCanvasWithColor({h[0]}, &kRect, 0x112233, 128)); }},
-    {"BlendCanvas", "cc", [](const Values &h) { return Number(BlendCanvas({h[0]}, &kRect, {h[1]}, &kRect, 255)); }},
+    {"MixCanvas", "cc", CALL(MixCanvas({h[0]}, &kRect, {h[1]}, &kRect, 128))},
+    {"MixCanvasWithColor", "c", CALL(MixCanvasWithColor({h[0]}, &kRect, 0x112233, 128))},
+    {"BlendCanvas", "cc", CALL(BlendCanvas({h[0]}, &kRect, {h[1]}, &kRect, 255))},
     {"GdiTransCanvas", "c",
      [](const Values &h) {
          const Dib dib(4, 4);
-         const MemoryDC dc(dib.Handle());
-         return Number(GdiTransCanvas(dc, &kRect, {h[0]}, &kRect, 255));
+         return Number(GdiTransCanvas(MemoryDC(dib.Handle()), &kRect, {h[0]}, &kRect, 255));
      }},
-    {"CanvasScroll", "c", [](const Values &h) { return Number(CanvasScroll({h[0]}, 0, 1)); }},
-    {"DrawModulation", "cb", [](const Values &h) { return Number(DrawModulation({h[0]}, 0, 0, {h[1]}, &kRect, 0xFF112233)); }},
+    {"CanvasScroll", "c", CALL(CanvasScroll({h[0]}, 0, 1))},
+    {"DrawModulation", "cb", CALL(DrawModulation({h[0]}, 0, 0, {h[1]}, &kRect, 0xFF112233))},
 
-    {"ColorizeTexture", "t", [](const Values &h) { return Number(ColorizeTexture({h[0]}, 0.5f, 0, 0)); }},
-    {"BlurBitmap", "bb", [](const Values &h) { return Number(BlurBitmap({h[0]}, {h[1]})); }},
-    {"BlurBitmapEx", "bb", [](const Values &h) { return Number(BlurBitmapEx({h[0]}, &kRect, {h[1]}, &kRect)); }},
-    {"BlurTexture", "tt", [](const Values &h) { return Number(BlurTexture({h[0]}, {h[1]})); }},
-    {"BlurTextureEx", "tt", [](const Values &h) { return Number(BlurTextureEx({h[0]}, &kRect, {h[1]}, &kRect)); }},
-    {"GaussianBlurBitmap", "bb", [](const Values &h) { return Number(GaussianBlurBitmap({h[0]}, {h[1]})); }},
-    {"GaussianBlurTexture", "tt", [](const Values &h) { return Number(GaussianBlurTexture({h[0]}, {h[1]})); }},
-    {"GaussianBlurCanvas", "cc",
-     [](const Values &h) { return Number(GaussianBlurCanvas({h[0]}, &kRect, {h[1]}, &kRect)); }},
-    {"GrayBitmap", "b", [](const Values &h) { return Number(GrayBitmap({h[0]})); }},
-    {"GrayTexture", "t", [](const Values &h) { return Number(GrayTexture({h[0]})); }},
-    {"NormalizeBitmap", "b", [](const Values &h) { return Number(NormalizeBitmap({h[0]})); }},
-    {"NormalizeTexture", "t", [](const Values &h) { return Number(NormalizeTexture({h[0]})); }},
-    {"InvertBitmap", "b", [](const Values &h) { return Number(InvertBitmap({h[0]})); }},
-    {"InvertTexture", "t", [](const Values &h) { return Number(InvertTexture({h[0]})); }},
-    {"TranslateTexture", "t", [](const Values &h) { return Number(TranslateTexture({h[0]}, 0, 0xFF112233)); }},
-    {"ShuffleBitmap", "b", [](const Values &h) { return Number(ShuffleBitmap({h[0]}, 6)); }},
-    {"ShuffleTexture", "t", [](const Values &h) { return Number(ShuffleTexture({h[0]}, 6)); }},
-    {"ShuffleBitmapEx", "b", [](const Values &h) { return Number(ShuffleBitmapEx({h[0]}, &kRect, 1)); }},
-    {"ShuffleTextureEx", "t", [](const Values &h) { return Number(ShuffleTextureEx({h[0]}, &kRect, 1)); }},
-    {"LightBitmap", "b", [](const Values &h) { return Number(LightBitmap({h[0]})); }},
-    {"LightTexture", "t", [](const Values &h) { return Number(LightTexture({h[0]})); }},
-    {"LightTextureEx", "t", [](const Values &h) { return Number(LightTextureEx({h[0]}, &kRect)); }},
-    {"CreateTextureRgn", "t", [](const Values &h) { return Number(CreateTextureRgn({h[0]}, &kRect)); }, 0,
+    {"ColorizeTexture", "t", CALL(ColorizeTexture({h[0]}, 0.5f, 0, 0))},
+    {"BlurBitmap", "bb", CALL(BlurBitmap({h[0]}, {h[1]}))},
+    {"BlurBitmapEx", "bb", CALL(BlurBitmapEx({h[0]}, &kRect, {h[1]}, &kRect))},
+    {"BlurTexture", "tt", CALL(BlurTexture({h[0]}, {h[1]}))},
+    {"BlurTextureEx", "tt", CALL(BlurTextureEx({h[0]}, &kRect, {h[1]}, &kRect))},
+    {"GaussianBlurBitmap", "bb", CALL(GaussianBlurBitmap({h[0]}, {h[1]}))},
+    {"GaussianBlurTexture", "tt", CALL(GaussianBlurTexture({h[0]}, {h[1]}))},
+    {"GaussianBlurCanvas", "cc", CALL(GaussianBlurCanvas({h[0]}, &kRect, {h[1]}, &kRect))},
+    {"GrayBitmap", "b", CALL(GrayBitmap({h[0]}))},
+    {"GrayTexture", "t", CALL(GrayTexture({h[0]}))},
+    {"NormalizeBitmap", "b", CALL(NormalizeBitmap({h[0]}))},
+    {"NormalizeTexture", "t", CALL(NormalizeTexture({h[0]}))},
+    {"InvertBitmap", "b", CALL(InvertBitmap({h[0]}))},
+    {"InvertTexture", "t", CALL(InvertTexture({h[0]}))},
+    {"TranslateTexture", "t", CALL(TranslateTexture({h[0]}, 0, 0xFF112233))},
+    {"ShuffleBitmap", "b", CALL(ShuffleBitmap({h[0]}, 6))},
+    {"ShuffleTexture", "t", CALL(ShuffleTexture({h[0]}, 6))},
+    {"ShuffleBitmapEx", "b", CALL(ShuffleBitmapEx({h[0]}, &kRect, 1))},
+    {"ShuffleTextureEx", "t", CALL(ShuffleTextureEx({h[0]}, &kRect, 1))},
+    {"LightBitmap", "b", CALL(LightBitmap({h[0]}))},
+    {"LightTexture", "t", CALL(LightTexture({h[0]}))},
+    {"LightTextureEx", "t", CALL(LightTextureEx({h[0]}, &kRect))},
+    {"CreateTextureRgn", "t", CALL(CreateTextureRgn({h[0]}, &kRect)), 0,
      [](uint64_t result, const Values &) {
          return DeleteObject(reinterpret_cast<HGDIOBJ>(static_cast<uintptr_t>(result))) != 0;
      }},
 
-    {"DrawPoint", "c", [](const Values &h) { return Number(DrawPoint({h[0]}, 1, 1)); }},
-    {"DrawLine", "c", [](const Values &h) { return Number(DrawLine({h[0]}, 0, 0, 2, 2)); }},
-    {"DrawRectangle", "c", [](const Values &h) { return Number(DrawRectangle({h[0]}, 0, 0, 2, 2)); }},
-    {"DrawRoundRect", "c", [](const Values &h) { return Number(DrawRoundRect({h[0]}, 0, 0, 3, 3, 1, 1)); }},
-    {"DrawCircle", "c", [](const Values &h) { return Number(DrawCircle({h[0]}, 1, 1, 1)); }},
-    {"DrawArc", "c", [](const Values &h) { return Number(DrawArc({h[0]}, 0, 0, 3, 3, 0, 90, 1)); }},
-    {"DrawEllipse", "c", [](const Values &h) { return Number(DrawEllipse({h[0]}, 1, 1, 2, 1)); }},
-    {"DrawPolygon", "c",
-     [](const Values &h) {
-         const POINT points[] = {{0, 0}, {3, 0}, {0, 3}};
-         return Number(DrawPolygon({h[0]}, 3, points));
-     }},
-    {"DrawColor", "c", [](const Values &h) { return Number(DrawColor({h[0]}, 0xFF112233)); }},
-    {"DrawBezier", "c", [](const Values &h) { return Number(DrawBezier({h[0]}, 0, 0, 1, 2, 2, 1, 3, 3)); }},
+    {"DrawPoint", "c", CALL(DrawPoint({h[0]}, 1, 1))},
+    {"DrawLine", "c", CALL(DrawLine({h[0]}, 0, 0, 2, 2))},
+    {"DrawRectangle", "c", CALL(DrawRectangle({h[0]}, 0, 0, 2, 2))},
+    {"DrawRoundRect", "c", CALL(DrawRoundRect({h[0]}, 0, 0, 3, 3, 1, 1))},
+    {"DrawCircle", "c", CALL(DrawCircle({h[0]}, 1, 1, 1))},
+    {"DrawArc", "c", CALL(DrawArc({h[0]}, 0, 0, 3, 3, 0, 90, 1))},
+    {"DrawEllipse", "c", CALL(DrawEllipse({h[0]}, 1, 1, 2, 1))},
+    {"DrawPolygon", "c", CALL(DrawPolygon({h[0]}, 3, kPoints))},
+    {"DrawColor", "c", CALL(DrawColor({h[0]}, 0xFF112233))},
+    {"DrawBezier", "c", CALL(DrawBezier({h[0]}, 0, 0, 1, 2, 2, 1, 3, 3))},
     {"DrawPath", "c",
      [](const Values &h) {
          velPath *path = PathCreate();
@@ -226,26 +207,20 @@ const HandleCall kHandleCalls[] = {
          return Number(result);
      }},
     // Without an animation it gives 0 always.
-    {"DrawLottie", "c", [](const Values &h) { return Number(DrawLottie({h[0]}, nullptr, 0, 0, 0, 2, 2)); }, 0, Always},
+    {"DrawLottie", "c", CALL(DrawLottie({h[0]}, nullptr, 0, 0, 0, 2, 2)), 0, Always},
     // Without a font it draws nothing and gives 0.
-    {"DrawPosTextByGlyphs", "c",
-     [](const Values &h) {
-         const WORD glyph = 1;
-         const velPointF position{0, 3};
-         return Number(DrawPosTextByGlyphs({h[0]}, &glyph, 1, &position));
-     },
-     0, Always},
-    {"Save", "c", [](const Values &h) { return Number(Save({h[0]})); }},
-    {"Restore", "c", [](const Values &h) { return Number(Restore({h[0]})); }},
-    {"SetDrawStyle", "c", [](const Values &h) { return Number(SetDrawStyle({h[0]}, 0)); }},
-    {"SetColor", "c", [](const Values &h) { return Number(SetColor({h[0]}, 0xFF445566)); }},
-    {"SetSmooth", "c", [](const Values &h) { return Number(SetSmooth({h[0]}, 0)); }},
-    {"SetBlendMode", "c", [](const Values &h) { return Number(SetBlendMode({h[0]}, 3)); }},
-    {"GetBlendMode", "c", [](const Values &h) -> uint64_t { return GetBlendMode({h[0]}); }, 0xFFFFFFFF},
-    {"SetBlendValue", "c", [](const Values &h) { return Number(SetBlendValue({h[0]}, 99)); }},
-    {"GetBlendValue", "c", [](const Values &h) -> uint64_t { return GetBlendValue({h[0]}); }, 255},
-    {"SetStrokeCap", "c", [](const Values &h) { return Number(SetStrokeCap({h[0]}, 1)); }},
-    {"SetStrokeJoin", "c", [](const Values &h) { return Number(SetStrokeJoin({h[0]}, 1)); }},
+    {"DrawPosTextByGlyphs", "c", CALL(DrawPosTextByGlyphs({h[0]}, &kGlyph, 1, &kPosition)), 0, Always},
+    {"Save", "c", CALL(Save({h[0]}))},
+    {"Restore", "c", CALL(Restore({h[0]}))},
+    {"SetDrawStyle", "c", CALL(SetDrawStyle({h[0]}, 0))},
+    {"SetColor", "c", CALL(SetColor({h[0]}, 0xFF445566))},
+    {"SetSmooth", "c", CALL(SetSmooth({h[0]}, 0))},
+    {"SetBlendMode", "c", CALL(SetBlendMode({h[0]}, 3))},
+    {"GetBlendMode", "c", CALL(GetBlendMode({h[0]})), 0xFFFFFFFF},
+    {"SetBlendValue", "c", CALL(SetBlendValue({h[0]}, 99))},
+    {"GetBlendValue", "c", CALL(GetBlendValue({h[0]})), 255},
+    {"SetStrokeCap", "c", CALL(SetStrokeCap({h[0]}, 1))},
+    {"SetStrokeJoin", "c", CALL(SetStrokeJoin({h[0]}, 1))},
     {"SetGradient", "c",
      [](const Values &h) {
          velGradient *gradient = GradientCreateLinear(0, 0, 1, 1);
@@ -253,21 +228,13 @@ const HandleCall kHandleCalls[] = {
          GradientDestroy(gradient);
          return Number(result);
      }},
-    {"SetStrokeWidth", "c", [](const Values &h) { return Number(SetStrokeWidth({h[0]}, 5.0f)); }},
-    {"GetStrokeWidth", "c", [](const Values &h) -> uint64_t { return GetStrokeWidth({h[0]}) == 1.0f; }, 1},
-    {"SetDashStyle", "c", [](const Values &h) { return Number(SetDashStyle({h[0]}, 2)); }},
-    {"SetDashPattern", "c",
-     [](const Values &h) {
-         const float lengths[] = {1.0f, 2.0f};
-         return Number(SetDashPattern({h[0]}, lengths, 2, 0.0f));
-     }},
-    {"SetFontFaceName", "c",
-     [](const Values &h) {
-         const WCHAR name[] = {'S', 'a', 'n', 's', 0};
-         return Number(SetFontFaceName({h[0]}, name));
-     }},
-    {"SetFontStyle", "c", [](const Values &h) { return Number(SetFontStyle({h[0]}, 1)); }},
-    {"SetTextSize", "c", [](const Values &h) { return Number(SetTextSize({h[0]}, 9.0f)); }},
+    {"SetStrokeWidth", "c", CALL(SetStrokeWidth({h[0]}, 5.0f))},
+    {"GetStrokeWidth", "c", CALL(GetStrokeWidth({h[0]}) == 1.0f), 1},
+    {"SetDashStyle", "c", CALL(SetDashStyle({h[0]}, 2))},
+    {"SetDashPattern", "c", CALL(SetDashPattern({h[0]}, kDashes, 2, 0.0f))},
+    {"SetFontFaceName", "c", CALL(SetFontFaceName({h[0]}, kFontName))},
+    {"SetFontStyle", "c", CALL(SetFontStyle({h[0]}, 1))},
+    {"SetTextSize", "c", CALL(SetTextSize({h[0]}, 9.0f))},
 };
 
 }  // namespace

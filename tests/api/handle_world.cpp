@@ -101,8 +101,8 @@ std::vector<uintptr_t> HandleWorld::Wrong(char letter, size_t argument) const {
                                  (valid & 0xFF00FFFF) | 0x00FF0000,
                                  0xFFFFFFFF,
                                  (valid & 0xFFFF) | 0x02000000};
-    for (const uintptr_t handle : freed_) wrong.push_back(handle);
-    for (const uintptr_t handle : reused_) wrong.push_back(handle);
+    wrong.insert(wrong.end(), freed_.begin(), freed_.end());
+    wrong.insert(wrong.end(), reused_.begin(), reused_.end());
     for (const char other : {'c', 'b', 't'}) {
         const uintptr_t handle = Valid(other, 0);
         if (letter != 'e' && (handle >> 16 & 0xFF) != type) wrong.push_back(handle);
@@ -114,60 +114,41 @@ std::vector<uintptr_t> HandleWorld::Wrong(char letter, size_t argument) const {
 
 std::vector<uint32_t> HandleWorld::Snapshot() const {
     std::vector<uint32_t> state;
-    const auto add = [&](uint32_t word) { state.push_back(word); };
-    const auto addRect = [&](const RECT &rect) {
-        for (const LONG side : {rect.left, rect.top, rect.right, rect.bottom}) add(static_cast<uint32_t>(side));
+    const auto add = [&](auto... words) { (state.push_back(static_cast<uint32_t>(words)), ...); };
+    const auto addRect = [&](const RECT &rect) { add(rect.left, rect.top, rect.right, rect.bottom); };
+    const auto addPixelsAndFilter = [&](const auto &object) {
+        for (const uint32_t pixel : PixelsIn(object)) add(pixel);
+        add(FilterOf(object));
     };
-    const auto addPixels = [&](const SurfaceView &view) {
-        const std::vector<uint32_t> pixels = PixelsOf(view);
-        state.insert(state.end(), pixels.begin(), pixels.end());
-    };
-    DWORD word = 0;
-    for (const OwnedBitmap &bitmap : bitmaps_) {
-        addPixels(ViewOf(bitmap));
-        add(static_cast<uint32_t>(GetBitmapFilter(bitmap, &word)));
-        add(word);
-    }
+    RECT rect{};
+    for (const OwnedBitmap &bitmap : bitmaps_) addPixelsAndFilter(bitmap);
     for (const OwnedTexture &texture : textures_) {
+        addPixelsAndFilter(texture);
         TextureMode mode{};
-        RECT slice{};
-        addPixels(ViewOf(texture));
-        GetTextureFilter(texture, &word);
-        add(word);
         GetTextureMode(texture, &mode);
-        add(mode.mode);
-        add(mode.scaleFlags);
+        add(mode.mode, mode.scaleFlags);
         addRect(mode.margins);
-        GetTextureCurSlice(texture, &slice);
-        addRect(slice);
+        GetTextureCurSlice(texture, &rect);
+        addRect(rect);
         add(GetTextureSliceCount(texture));
     }
     for (const OwnedCanvas &canvas : canvases_) {
-        POINT origin{};
-        RECT clip{};
-        addPixels(ViewOf(canvas));
-        GetCanvasFilter(canvas, &word);
-        add(word);
-        GetCanvasBkColor(canvas, &word);
-        add(word);
-        GetViewportOrg(canvas, &origin);
-        add(static_cast<uint32_t>(origin.x));
-        GetWindowOrg(canvas, &origin);
-        add(static_cast<uint32_t>(origin.x));
-        GetCanvasClipRect(canvas, &clip);
-        addRect(clip);
-        add(GetCanvasWindow(canvas) == FakeWindow());
-        add(GetBlendMode(canvas));
-        add(GetBlendValue(canvas));
-        add(static_cast<uint32_t>(GetStrokeWidth(canvas)));
+        addPixelsAndFilter(canvas);
+        DWORD colour = 0;
+        GetCanvasBkColor(canvas, &colour);
+        POINT viewport{}, window{};
+        GetViewportOrg(canvas, &viewport);
+        GetWindowOrg(canvas, &window);
+        GetCanvasClipRect(canvas, &rect);
+        addRect(rect);
         const HGCANVAS parent = GetCanvasParent(canvas);
-        add(parent ? 1 : 0);
         ReleaseCanvas(parent);
+        add(colour, viewport.x, window.x, GetCanvasWindow(canvas) == FakeWindow(), GetBlendMode(canvas),
+            GetBlendValue(canvas), GetStrokeWidth(canvas), static_cast<bool>(parent));
     }
     const HGBITMAP next = CreateMemBitmap(1, 1);
     DeleteBitmap(next);
-    add(static_cast<uint32_t>(next.value & 0xFFFF));
-    add(GetStretchKernelMode());
+    add(next.value & 0xFFFF, GetStretchKernelMode());
     return state;
 }
 

@@ -3,19 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <string>
+#include <map>
 
 #include "objects.h"
 #include "support/memory_dc.h"
 
 namespace lacquer {
 namespace {
-
-/// Everything that makes an object of a size; the result is a handle of any type.
-struct Creator {
-    const char *name;
-    std::function<uintptr_t(DWORD width, DWORD height)> make;
-};
 
 /// Deletes whatever a handle names.
 void DeleteAny(uintptr_t handle) {
@@ -36,14 +30,15 @@ protected:
     const OwnedBitmap bitmap_ = NoisyBitmap(2, 2, 1);
     const OwnedBitmap system_{CreateSystemBitmap(2, 2)};
     const OwnedTexture texture_ = NoisyTexture(2, 2, 1);
-    const std::vector<Creator> creators_ = {
+    /// Everything that makes an object of a size; the result is a handle of any type.
+    const std::map<const char *, std::function<uintptr_t(DWORD width, DWORD height)>> creators_ = {
         {"CreateSystemBitmap", [](DWORD w, DWORD h) { return CreateSystemBitmap(w, h).value; }},
         {"CreateMemBitmap", [](DWORD w, DWORD h) { return CreateMemBitmap(w, h).value; }},
         {"CreateMemBitmapEx", [](DWORD w, DWORD h) { return CreateMemBitmapEx(w, h, 8, 16).value; }},
         {"CreateTexture", [](DWORD w, DWORD h) { return CreateTexture(w, h).value; }},
         {"CreateTextureEx", [](DWORD w, DWORD h) { return CreateTextureEx(w, h, 24, 0).value; }},
-        {"CreateCanvas", [](DWORD w, DWORD h) { return CreateCanvas(w, h, HGCANVAS{}).value; }},
-        {"CreateSystemCanvas", [](DWORD w, DWORD h) { return CreateSystemCanvas(w, h, HGCANVAS{}).value; }},
+        {"CreateCanvas", [](DWORD w, DWORD h) { return CreateCanvas(w, h, {}).value; }},
+        {"CreateSystemCanvas", [](DWORD w, DWORD h) { return CreateSystemCanvas(w, h, {}).value; }},
         {"ResizeBitmap", [this](DWORD w, DWORD h) { return ResizeBitmap(bitmap_, w, h, 0).value; }},
         {"ResizeBitmap of a system bitmap", [this](DWORD w, DWORD h) { return ResizeBitmap(system_, w, h, 1).value; }},
         {"ResizeTexture", [this](DWORD w, DWORD h) { return ResizeTexture(texture_, w, h, 1).value; }},
@@ -52,30 +47,25 @@ protected:
 
 TEST_F(LimitsTest, SidesBeyondTheRangeAreRefused) {
     const uintptr_t next = NextIndex();
-    for (const Creator &creator : creators_) {
+    for (const auto &[name, make] : creators_) {
         for (const DWORD wrong : {0u, 32768u, 65537u, 0x7FFFFFFFu, 0x80000001u, 0xFFFFFFFFu}) {
-            EXPECT_EQ(0u, creator.make(wrong, 1)) << creator.name << ' ' << wrong;
-            EXPECT_EQ(0u, creator.make(1, wrong)) << creator.name << ' ' << wrong;
-            EXPECT_EQ(0u, creator.make(wrong, wrong)) << creator.name << ' ' << wrong;
+            EXPECT_EQ(0u, make(wrong, 1)) << name << ' ' << wrong;
+            EXPECT_EQ(0u, make(1, wrong)) << name << ' ' << wrong;
+            EXPECT_EQ(0u, make(wrong, wrong)) << name << ' ' << wrong;
         }
     }
     EXPECT_EQ(next, NextIndex());
 }
 
 TEST_F(LimitsTest, TheLongestSidesAreNot) {
-    for (const Creator &creator : creators_) {
-        for (const auto &[width, height] : {std::pair{32767u, 1u}, std::pair{1u, 32767u}}) {
-            const uintptr_t made = creator.make(width, height);
-            EXPECT_NE(0u, made) << creator.name;
+    for (const auto &[name, make] : creators_) {
+        for (const uintptr_t made : {make(32767, 1), make(1, 32767)}) {
+            EXPECT_NE(0u, made) << name;
             DeleteAny(made);
         }
     }
-    const OwnedTexture longest(CreateTexture(32767, 1));
-    const OwnedTexture turned(TransformTexture(longest, 1));
-    SIZE size{};
-    EXPECT_EQ(1, GetTextureSize(turned, &size));
-    EXPECT_EQ(1, size.cx);
-    EXPECT_EQ(32767, size.cy);
+    const OwnedTexture longest(CreateTexture(32767, 1)), turned(TransformTexture(longest, 1));
+    EXPECT_EQ((std::array<LONG, 2>{1, 32767}), SizeOf(turned));
 }
 
 TEST_F(LimitsTest, MemoryThatNoMachineHasIsAFailure) {
@@ -90,23 +80,20 @@ TEST_F(LimitsTest, EveryDepthCanBeMadeAndInspected) {
         SCOPED_TRACE(depth);
         const OwnedBitmap bitmap(CreateMemBitmapEx(3, 2, depth, 70000));
         const DWORD kept = depth & 0xFFFF;
-        BYTE byte = 0;
-        EXPECT_EQ(1, GetBitmapBitsPixel(bitmap, &byte));
-        EXPECT_EQ(kept & 0xFF, byte);
+        const OwnedTexture texture(CreateTextureEx(3, 2, depth, 70000)), turnedTexture(TransformTexture(texture, 6));
+        const OwnedBitmap turned(TransformBitmap(bitmap, 1)), resized(ResizeBitmap(bitmap, 5, 5, 1)),
+            other(CreateMemBitmapEx(3, 2, depth, 70000));
+        BYTE depths[3] = {};
+        EXPECT_EQ(1, GetBitmapBitsPixel(bitmap, &depths[0]));
+        EXPECT_EQ(1, GetBitmapBitsPixel(turned, &depths[1]));
+        EXPECT_EQ(1, GetTextureBitsPixel(turnedTexture, &depths[2]));
+        for (const BYTE byte : depths) EXPECT_EQ(kept & 0xFF, byte);
         SurfaceView view{};
         EXPECT_EQ(kept >= 8, LockBitmapBitsEx(bitmap, &view, nullptr));
         EXPECT_EQ(kept >= 8 ? kept : 0, view.bitsPerPixel);
         EXPECT_EQ(kept == 32, GetBitmapHandle(bitmap) != nullptr);
-        const OwnedBitmap turned(TransformBitmap(bitmap, 1)), resized(ResizeBitmap(bitmap, 5, 5, 1)),
-            other(CreateMemBitmapEx(3, 2, depth, 70000));
-        EXPECT_EQ(1, GetBitmapBitsPixel(turned, &byte));
-        EXPECT_EQ(kept & 0xFF, byte);
         EXPECT_EQ(1, CopyBitmap(other, nullptr, bitmap, nullptr));
         EXPECT_EQ(1, CopyBitmap(resized, nullptr, bitmap, nullptr));
-        const OwnedTexture texture(CreateTextureEx(3, 2, depth, 70000));
-        const OwnedTexture turnedTexture(TransformTexture(texture, 6));
-        EXPECT_EQ(1, GetTextureBitsPixel(turnedTexture, &byte));
-        EXPECT_EQ(kept & 0xFF, byte);
         if (kept == 16) {
             FillWithNoise(ViewOf(bitmap), 1);
             EXPECT_EQ(1, CopyBitmap(other, nullptr, bitmap, nullptr));
@@ -140,11 +127,11 @@ private:
 TEST_F(LimitsTest, AFullTableFailsEveryCreationAndLeavesNothing) {
     const Dib dib(2, 2);
     const MemoryDC dc(dib.Handle());
-    const HGCANVAS canvas = CreateCanvas(2, 2, HGCANVAS{});
+    const HGCANVAS canvas = CreateCanvas(2, 2, {});
     SetCanvasParent(canvas, canvas);
     FullTable full;
     EXPECT_EQ(32767u - 4, full.Count());
-    for (const Creator &creator : creators_) EXPECT_EQ(0u, creator.make(4, 4)) << creator.name;
+    for (const auto &[name, make] : creators_) EXPECT_EQ(0u, make(4, 4)) << name;
     EXPECT_FALSE(CreateCanvasFromDC(dc));
     EXPECT_FALSE(TransformBitmap(bitmap_, 1));
     EXPECT_FALSE(RotateBitmap(system_, 1));
@@ -162,7 +149,7 @@ TEST_F(LimitsTest, AFullTableFailsEveryCreationAndLeavesNothing) {
     EXPECT_TRUE(texture);
     EXPECT_EQ(0u, CreateTexture(1, 1).value);
     DeleteTexture(texture);
-    const OwnedTexture last(CanvasToTexture(CreateCanvas(1, 1, HGCANVAS{})));
+    const OwnedTexture last(CanvasToTexture(CreateCanvas(1, 1, {})));
 }
 
 TEST_F(LimitsTest, FailedSystemObjectsGiveTheirGdiObjectsBack) {
@@ -170,10 +157,10 @@ TEST_F(LimitsTest, FailedSystemObjectsGiveTheirGdiObjectsBack) {
     // More than GDI lets a program have.
     for (int i = 0; i < 33000; ++i) {
         ASSERT_FALSE(CreateSystemBitmap(1, 1));
-        ASSERT_FALSE(CreateSystemCanvas(1, 1, HGCANVAS{}));
+        ASSERT_FALSE(CreateSystemCanvas(1, 1, {}));
     }
     full.FreeOne();
-    const OwnedCanvas canvas(CreateSystemCanvas(1, 1, HGCANVAS{}));
+    const OwnedCanvas canvas(CreateSystemCanvas(1, 1, {}));
     EXPECT_NE(nullptr, GetCanvasHandle(canvas));
 }
 

@@ -37,28 +37,17 @@ private:
 #endif
 };
 
-#define LACQUER_FIND(library, function) reinterpret_cast<decltype(&::function)>((library).Find(#function))
+#define LACQUER_CALL(function) reinterpret_cast<decltype(&::function)>(library.Find(#function))
 
 /// Makes objects of every kind, draws, and deletes none of them. Result: the handle of the first.
 uintptr_t LeaveObjectsBehind(const Library &library) {
-    const auto createCanvas = LACQUER_FIND(library, CreateCanvas);
-    const auto createSystemCanvas = LACQUER_FIND(library, CreateSystemCanvas);
-    const auto createMemBitmap = LACQUER_FIND(library, CreateMemBitmap);
-    const auto createSystemBitmap = LACQUER_FIND(library, CreateSystemBitmap);
-    const auto createTexture = LACQUER_FIND(library, CreateTexture);
-    const auto getTexture = LACQUER_FIND(library, GetTexture);
-    const auto drawBitmap = LACQUER_FIND(library, DrawBitmap);
-    const auto drawTexture = LACQUER_FIND(library, DrawTexture);
-    if (!createCanvas || !createSystemCanvas || !createMemBitmap || !createSystemBitmap || !createTexture ||
-        !getTexture || !drawBitmap || !drawTexture) {
-        return 0;
-    }
     const RECT rect{1, 1, 20, 15};
-    const HGCANVAS canvas = createCanvas(16, 16, HGCANVAS{}), system = createSystemCanvas(16, 16, HGCANVAS{});
-    EXPECT_EQ(1, drawBitmap(canvas, &rect, createMemBitmap(8, 8), 4));
-    EXPECT_EQ(1, drawBitmap(system, &rect, createSystemBitmap(8, 8), 1));
-    EXPECT_EQ(1, drawTexture(canvas, &rect, createTexture(4, 4), 5));
-    EXPECT_EQ(1, drawTexture(system, &rect, getTexture(canvas), 0));
+    const HGCANVAS canvas = LACQUER_CALL(CreateCanvas)(16, 16, {}),
+                   system = LACQUER_CALL(CreateSystemCanvas)(16, 16, {});
+    EXPECT_EQ(1, LACQUER_CALL(DrawBitmap)(canvas, &rect, LACQUER_CALL(CreateMemBitmap)(8, 8), 4));
+    EXPECT_EQ(1, LACQUER_CALL(DrawBitmap)(system, &rect, LACQUER_CALL(CreateSystemBitmap)(8, 8), 1));
+    EXPECT_EQ(1, LACQUER_CALL(DrawTexture)(canvas, &rect, LACQUER_CALL(CreateTexture)(4, 4), 5));
+    EXPECT_EQ(1, LACQUER_CALL(DrawTexture)(system, &rect, LACQUER_CALL(GetTexture)(canvas), 0));
     return canvas.value;
 }
 

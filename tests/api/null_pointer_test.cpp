@@ -4,6 +4,7 @@
 
 #include "objects.h"
 #include "support/memory_dc.h"
+#include "support/refusals.h"
 
 namespace lacquer {
 namespace {
@@ -18,51 +19,38 @@ protected:
 
 TEST_F(NullPointerTest, IsRefusedWhereARecordIsRequired) {
     const std::vector<uint32_t> before = PixelsIn(canvas_);
-    EXPECT_EQ(0, GetBitmapSize(bitmap_, nullptr));
-    EXPECT_EQ(0, LockBitmapBits(bitmap_, nullptr, &rect_));
-    EXPECT_EQ(0, LockBitmapBitsEx(bitmap_, nullptr, nullptr));
-    EXPECT_EQ(0, GetBitmapFilter(bitmap_, nullptr));
-    EXPECT_EQ(0, GetBitmapBitsPixel(bitmap_, nullptr));
+    ExpectRefused(GetBitmapSize(bitmap_, nullptr), LockBitmapBits(bitmap_, nullptr, &rect_),
+                  LockBitmapBitsEx(bitmap_, nullptr, nullptr), GetBitmapFilter(bitmap_, nullptr),
+                  GetBitmapBitsPixel(bitmap_, nullptr));
 
-    EXPECT_EQ(0, GetTextureSize(texture_, nullptr));
-    EXPECT_EQ(0, LockTextureBits(texture_, nullptr, nullptr));
-    EXPECT_EQ(0, LockTextureBitsEx(texture_, nullptr, &rect_));
-    EXPECT_EQ(0, GetTextureFilter(texture_, nullptr));
-    EXPECT_EQ(0, GetTextureBitsPixel(texture_, nullptr));
-    EXPECT_EQ(0, SetTextureMode(texture_, nullptr));
-    EXPECT_EQ(0, GetTextureMode(texture_, nullptr));
-    EXPECT_EQ(0u, SetTextureSlice(texture_, 1, nullptr));
-    EXPECT_EQ(0, GetTextureCurSlice(texture_, nullptr));
+    ExpectRefused(GetTextureSize(texture_, nullptr), LockTextureBits(texture_, nullptr, nullptr),
+                  LockTextureBitsEx(texture_, nullptr, &rect_), GetTextureFilter(texture_, nullptr),
+                  GetTextureBitsPixel(texture_, nullptr), SetTextureMode(texture_, nullptr),
+                  GetTextureMode(texture_, nullptr), SetTextureSlice(texture_, 1, nullptr),
+                  GetTextureCurSlice(texture_, nullptr));
 
-    EXPECT_EQ(0, LockCanvasBits(canvas_, nullptr, nullptr));
-    EXPECT_EQ(0, LockCanvasBitsEx(canvas_, nullptr, &rect_));
-    EXPECT_EQ(0, GetCanvasSize(canvas_, nullptr));
-    EXPECT_EQ(0, GetViewportOrg(canvas_, nullptr));
-    EXPECT_EQ(0, GetWindowOrg(canvas_, nullptr));
-    EXPECT_EQ(0, GetCanvasFilter(canvas_, nullptr));
-    EXPECT_EQ(0, GetCanvasBkColor(canvas_, nullptr));
-    EXPECT_EQ(0, SetCanvasClipRect(canvas_, nullptr));
-    EXPECT_EQ(0, IntersectCanvasClipRect(canvas_, nullptr));
-    EXPECT_EQ(0, GetCanvasClipRect(canvas_, nullptr));
+    ExpectRefused(LockCanvasBits(canvas_, nullptr, nullptr), LockCanvasBitsEx(canvas_, nullptr, &rect_),
+                  GetCanvasSize(canvas_, nullptr), GetViewportOrg(canvas_, nullptr), GetWindowOrg(canvas_, nullptr),
+                  GetCanvasFilter(canvas_, nullptr), GetCanvasBkColor(canvas_, nullptr),
+                  SetCanvasClipRect(canvas_, nullptr), IntersectCanvasClipRect(canvas_, nullptr),
+                  GetCanvasClipRect(canvas_, nullptr));
     EXPECT_EQ(Rect(0, 0, 3, 3), ClipOf(canvas_));
 
-    EXPECT_EQ(0, FillSolidRect(canvas_, 0xFF112233, nullptr));
-    EXPECT_EQ(0, FillSolidRectEx(canvas_, 0xFF112233, nullptr, 0));
-    EXPECT_EQ(0, FillPreMulColorRectEx(canvas_, 0xFF112233, nullptr, 0));
-    EXPECT_EQ(0, FillGradualRect(canvas_, 0xFF112233, 0xFF112233, nullptr, 1));
-    EXPECT_EQ(0, FillGradualRect(canvas_, 0xFF112233, 0xFF445566, nullptr, 1));
+    ExpectRefused(FillSolidRect(canvas_, 0xFF112233, nullptr), FillSolidRectEx(canvas_, 0xFF112233, nullptr, 0),
+                  FillPreMulColorRectEx(canvas_, 0xFF112233, nullptr, 0),
+                  FillGradualRect(canvas_, 0xFF112233, 0xFF112233, nullptr, 1),
+                  FillGradualRect(canvas_, 0xFF112233, 0xFF445566, nullptr, 1));
 
-    EXPECT_EQ(0, DrawBitmap(canvas_, nullptr, bitmap_, 0));
-    EXPECT_EQ(0, DrawBitmapEx(canvas_, nullptr, bitmap_, 0, 255));
-    EXPECT_EQ(0, DrawBitmapRectEx(canvas_, nullptr, bitmap_, &rect_, 0, 255));
-    EXPECT_EQ(0, DrawTexture(canvas_, nullptr, texture_, 0));
-    EXPECT_EQ(0, DrawTextureEx(canvas_, nullptr, texture_, 0, 255, 1.0f, 0));
-    EXPECT_EQ(0, DrawTextureCenter(canvas_, nullptr, texture_, &rect_, 0, 255));
-    EXPECT_EQ(0, DrawTextureTile(canvas_, nullptr, texture_, &rect_, 0, 255, 0, 1.0f));
-    EXPECT_EQ(0, DrawTextureTopTile(canvas_, nullptr, texture_, &rect_, &rect_, 0, 255));
-    EXPECT_EQ(0, DrawTextureTopTile(canvas_, &rect_, texture_, &rect_, nullptr, 0, 255));
-    EXPECT_EQ(0, DrawTexture9Grid(canvas_, nullptr, texture_, &rect_, &rect_, 0, 0, 255, 0, 1.0f, 0));
-    EXPECT_EQ(0, DrawTexture9Grid(canvas_, &rect_, texture_, &rect_, nullptr, 0, 0, 255, 0, 1.0f, 0));
+    ExpectRefused(DrawBitmap(canvas_, nullptr, bitmap_, 0), DrawBitmapEx(canvas_, nullptr, bitmap_, 0, 255),
+                  DrawBitmapRectEx(canvas_, nullptr, bitmap_, &rect_, 0, 255),
+                  DrawTexture(canvas_, nullptr, texture_, 0),
+                  DrawTextureEx(canvas_, nullptr, texture_, 0, 255, 1.0f, 0),
+                  DrawTextureCenter(canvas_, nullptr, texture_, &rect_, 0, 255),
+                  DrawTextureTile(canvas_, nullptr, texture_, &rect_, 0, 255, 0, 1.0f),
+                  DrawTextureTopTile(canvas_, nullptr, texture_, &rect_, &rect_, 0, 255),
+                  DrawTextureTopTile(canvas_, &rect_, texture_, &rect_, nullptr, 0, 255),
+                  DrawTexture9Grid(canvas_, nullptr, texture_, &rect_, &rect_, 0, 0, 255, 0, 1.0f, 0),
+                  DrawTexture9Grid(canvas_, &rect_, texture_, &rect_, nullptr, 0, 0, 255, 0, 1.0f, 0));
 
     EXPECT_EQ(0, BlendCanvas(canvas_, nullptr, other_, &rect_, 255));
     EXPECT_EQ(0, BlendCanvas(canvas_, &rect_, other_, nullptr, 255));
@@ -77,51 +65,32 @@ TEST_F(NullPointerTest, IsRefusedByVectorDrawing) {
     const std::vector<uint32_t> before = PixelsIn(canvas_);
     const WORD glyph = 1;
     const velPointF position{};
-    EXPECT_EQ(0, DrawPolygon(canvas_, 3, nullptr));
-    EXPECT_EQ(0, DrawPath(canvas_, nullptr));
-    EXPECT_EQ(0, DrawLottie(canvas_, nullptr, 0, 0, 0, 2, 2));
-    EXPECT_EQ(0, DrawPosTextByGlyphs(canvas_, nullptr, 1, &position));
-    EXPECT_EQ(0, DrawPosTextByGlyphs(canvas_, &glyph, 1, nullptr));
-    EXPECT_EQ(0, SetGradient(canvas_, nullptr));
-    EXPECT_EQ(0, SetDashPattern(canvas_, nullptr, 2, 0));
-    EXPECT_EQ(0, SetFontFaceName(canvas_, nullptr));
+    ExpectRefused(DrawPolygon(canvas_, 3, nullptr), DrawPath(canvas_, nullptr),
+                  DrawLottie(canvas_, nullptr, 0, 0, 0, 2, 2), DrawPosTextByGlyphs(canvas_, nullptr, 1, &position),
+                  DrawPosTextByGlyphs(canvas_, &glyph, 1, nullptr), SetGradient(canvas_, nullptr),
+                  SetDashPattern(canvas_, nullptr, 2, 0), SetFontFaceName(canvas_, nullptr));
     EXPECT_FALSE(GetTextureFromVelCanvas(nullptr));
 
     velPath *path = PathCreate();
     EXPECT_EQ(0, PathGetBounds(path, nullptr));
     EXPECT_EQ(1, PathDestroy(path));
     velRectF bounds{};
-    EXPECT_EQ(0, PathGetBounds(nullptr, &bounds));
-    EXPECT_EQ(0, PathDestroy(nullptr));
-    EXPECT_EQ(0, PathBegin(nullptr));
-    EXPECT_EQ(0, PathClose(nullptr));
-    EXPECT_EQ(0, PathSetFillType(nullptr, 0));
-    EXPECT_EQ(0, PathMoveTo(nullptr, 1, 1));
-    EXPECT_EQ(0, PathLineTo(nullptr, 1, 1));
-    EXPECT_EQ(0, PathArcTo(nullptr, 0, 0, 1, 1, 0, 90, 0));
-    EXPECT_EQ(0, PathOvalCurveTo(nullptr, 1, 1, 0, 0, 0, 2, 2));
-    EXPECT_EQ(0, PathBezierCurveTo(nullptr, 1, 1, 2, 2, 3, 3));
-    EXPECT_EQ(0, PathQuadraticCurveTo(nullptr, 1, 1, 2, 2));
-    EXPECT_EQ(0, PathAddArc(nullptr, 0, 0, 1, 1, 0, 90));
-    EXPECT_EQ(0, PathAddRectangle(nullptr, 0, 0, 1, 1));
-    EXPECT_EQ(0, PathAddCircle(nullptr, 1, 1, 1));
-    EXPECT_EQ(0, PathAddEllipse(nullptr, 1, 1, 2, 1));
-    EXPECT_EQ(0, GradientAddColorStop(nullptr, 0, 0));
-    EXPECT_EQ(0, GradientDestroy(nullptr));
+    ExpectRefused(PathGetBounds(nullptr, &bounds), PathDestroy(nullptr), PathBegin(nullptr), PathClose(nullptr),
+                  PathSetFillType(nullptr, 0), PathMoveTo(nullptr, 1, 1), PathLineTo(nullptr, 1, 1),
+                  PathArcTo(nullptr, 0, 0, 1, 1, 0, 90, 0), PathOvalCurveTo(nullptr, 1, 1, 0, 0, 0, 2, 2),
+                  PathBezierCurveTo(nullptr, 1, 1, 2, 2, 3, 3), PathQuadraticCurveTo(nullptr, 1, 1, 2, 2),
+                  PathAddArc(nullptr, 0, 0, 1, 1, 0, 90), PathAddRectangle(nullptr, 0, 0, 1, 1),
+                  PathAddCircle(nullptr, 1, 1, 1), PathAddEllipse(nullptr, 1, 1, 2, 1),
+                  GradientAddColorStop(nullptr, 0, 0), GradientDestroy(nullptr));
     EXPECT_EQ(before, PixelsIn(canvas_));
 }
 
 TEST_F(NullPointerTest, GivesNullForColourRecords) {
     RGBRecord rgb{1, 2, 3};
     HSLRecord hsl{1, 2, 3};
-    EXPECT_EQ(nullptr, RGBtoHSL(nullptr, &rgb));
-    EXPECT_EQ(nullptr, RGBtoHSL(&hsl, nullptr));
-    EXPECT_EQ(nullptr, HSLtoRGB(nullptr, &hsl));
-    EXPECT_EQ(nullptr, HSLtoRGB(&rgb, nullptr));
-    EXPECT_EQ(nullptr, RGBColorize(nullptr, &rgb, 1, 1, 1));
-    EXPECT_EQ(nullptr, RGBColorize(&rgb, nullptr, 1, 1, 1));
-    EXPECT_EQ(nullptr, HSLColorize(nullptr, &hsl, 1, 1, 1));
-    EXPECT_EQ(nullptr, HSLColorize(&hsl, nullptr, 1, 1, 1));
+    ExpectRefused(RGBtoHSL(nullptr, &rgb), RGBtoHSL(&hsl, nullptr), HSLtoRGB(nullptr, &hsl), HSLtoRGB(&rgb, nullptr),
+                  RGBColorize(nullptr, &rgb, 1, 1, 1), RGBColorize(&rgb, nullptr, 1, 1, 1),
+                  HSLColorize(nullptr, &hsl, 1, 1, 1), HSLColorize(&hsl, nullptr, 1, 1, 1));
     EXPECT_EQ(1, rgb.b);
     EXPECT_EQ(1, hsl.l);
 }

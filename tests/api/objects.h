@@ -1,84 +1,40 @@
-// Bitmaps, textures and canvases of the tests: deleted at the end of their scope, locked in one call.
+// What the tests of the exported functions ask of objects.
 #pragma once
 
-#include <gtest/gtest.h>
-#include <lacquer/lacquer.h>
-#ifndef _WIN32
-#include <lacquer/headless_gdi.h>
-#endif
+#include <array>
 
-#include <utility>
-
-#include "support/pixels.h"
+#include "support/objects.h"
 
 namespace lacquer {
 
-/// An object that is deleted with its owner, through the handle it has then.
-template <class Handle, void (*Delete)(Handle)>
-class Owned {
-public:
-    explicit Owned(Handle handle) : handle_(handle) { EXPECT_TRUE(handle) << "no handle"; }
-    Owned(Owned &&other) noexcept : handle_(std::exchange(other.handle_, Handle{})) {}
-    ~Owned() { Delete(handle_); }
-
-    operator Handle() const { return handle_; }
-
-private:
-    Handle handle_;
-};
-
-using OwnedBitmap = Owned<HGBITMAP, DeleteBitmap>;
-using OwnedTexture = Owned<HGTEXTURE, DeleteTexture>;
-using OwnedCanvas = Owned<HGCANVAS, DeleteCanvas>;
-
-inline int LockAny(HGBITMAP handle, SurfaceView *out, const RECT *rect) { return LockBitmapBitsEx(handle, out, rect); }
-inline int LockAny(HGTEXTURE handle, SurfaceView *out, const RECT *rect) {
-    return LockTextureBitsEx(handle, out, rect);
-}
-inline int LockAny(HGCANVAS handle, SurfaceView *out, const RECT *rect) { return LockCanvasBitsEx(handle, out, rect); }
-
-/// The whole surface of an object; an empty view, and a failure of the test, when it can't be locked.
-template <class Object>
-SurfaceView ViewOf(const Object &object) {
-    SurfaceView view{};
-    EXPECT_EQ(1, LockAny(object, &view, nullptr));
-    return view;
-}
+inline int GetFilter(HGBITMAP bitmap, DWORD *filter) { return GetBitmapFilter(bitmap, filter); }
+inline int GetFilter(HGTEXTURE texture, DWORD *filter) { return GetTextureFilter(texture, filter); }
+inline int GetFilter(HGCANVAS canvas, DWORD *filter) { return GetCanvasFilter(canvas, filter); }
 
 template <class Object>
-std::vector<uint32_t> PixelsIn(const Object &object) {
-    return PixelsOf(ViewOf(object));
+DWORD FilterOf(const Object &object) {
+    DWORD filter = 0xAAAAAAAA;
+    EXPECT_EQ(1, GetFilter(object, &filter));
+    return filter;
 }
 
 /// Whether a handle is current.
-inline bool IsLive(HGBITMAP bitmap) {
+template <class Handle>
+bool IsLive(const Handle &handle) {
     DWORD filter = 0;
-    return GetBitmapFilter(bitmap, &filter) == 1;
-}
-inline bool IsLive(HGTEXTURE texture) {
-    DWORD filter = 0;
-    return GetTextureFilter(texture, &filter) == 1;
-}
-inline bool IsLive(HGCANVAS canvas) {
-    DWORD filter = 0;
-    return GetCanvasFilter(canvas, &filter) == 1;
+    return GetFilter(handle, &filter) == 1;
 }
 
-/// Objects of 32 bits per pixel full of noise.
-inline OwnedBitmap NoisyBitmap(DWORD width, DWORD height, uint32_t seed) {
-    OwnedBitmap bitmap(CreateMemBitmap(width, height));
-    FillWithNoise(ViewOf(bitmap), seed);
-    return bitmap;
-}
-inline OwnedTexture NoisyTexture(DWORD width, DWORD height, uint32_t seed) {
-    OwnedTexture texture(CreateTexture(width, height));
-    FillWithNoise(ViewOf(texture), seed);
-    return texture;
-}
-inline OwnedCanvas NoisyCanvas(DWORD width, DWORD height, uint32_t seed) {
-    OwnedCanvas canvas(CreateCanvas(width, height, HGCANVAS{}));
-    FillWithNoise(ViewOf(canvas), seed);
-    return canvas;
+inline int GetSize(HGBITMAP bitmap, SIZE *size) { return GetBitmapSize(bitmap, size); }
+inline int GetSize(HGTEXTURE texture, SIZE *size) { return GetTextureSize(texture, size); }
+inline int GetSize(HGCANVAS canvas, SIZE *size) { return GetCanvasSize(canvas, size); }
+
+/// Width and height; what `GetSize` leaves of (-7, -8) where it fails.
+template <class Object>
+std::array<LONG, 2> SizeOf(const Object &object) {
+    SIZE size{-7, -8};
+    GetSize(object, &size);
+    return {size.cx, size.cy};
 }
 
 /// Makes rectangles comparable and printable.
@@ -98,5 +54,13 @@ inline Rect ClipOf(HGCANVAS canvas) {
     EXPECT_EQ(1, GetCanvasClipRect(canvas, &clip));
     return clip;
 }
+
+/// Both kinds of storage.
+class BothStorages : public testing::TestWithParam<bool> {
+protected:
+    static HGCANVAS Create(DWORD width, DWORD height, HGCANVAS model = {}) {
+        return GetParam() ? CreateSystemCanvas(width, height, model) : CreateCanvas(width, height, model);
+    }
+};
 
 }  // namespace lacquer

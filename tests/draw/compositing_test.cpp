@@ -6,7 +6,6 @@ namespace lacquer {
 namespace {
 
 constexpr RECT kCanvas{0, 0, 40, 36};
-constexpr DWORD kOver = 0x01000000;
 
 uint32_t Faded(uint32_t s, uint32_t d, uint32_t alpha) {
     return WordOf([&](int i) {
@@ -73,7 +72,7 @@ TEST(BlendCanvas, PicksItsRuleByFiltersAlphaSizesAndVisibility) {
     EXPECT_GT(partlyStretched, 200);
 }
 
-TEST(BlendCanvas, DrawsNothingWhereNothingIsVisibleOrCanBeLocked) {
+TEST(BlendCanvas, DrawsNothingWhereNothingIsVisible) {
     const TestCanvas dest(CanvasKind::Memory, 40, 36, 1), source(CanvasKind::Memory, 25, 22, 2);
     const Picture before = dest.Pixels();
     const RECT part{3, 3, 20, 20}, away{40, 0, 50, 10};
@@ -83,13 +82,6 @@ TEST(BlendCanvas, DrawsNothingWhereNothingIsVisibleOrCanBeLocked) {
         EXPECT_EQ(1, MixCanvas(dest, &part, source, &outside, 128));
         EXPECT_EQ(1, MixCanvas(dest, &away, source, &part, 128));
     }
-    EXPECT_EQ(0, BlendCanvas({}, &part, source, &part, 255));
-    EXPECT_EQ(0, BlendCanvas(dest, &part, {}, &part, 255));
-    EXPECT_EQ(0, BlendCanvas(dest, nullptr, source, &part, 255));
-    EXPECT_EQ(0, BlendCanvas(dest, &part, source, nullptr, 255));
-    EXPECT_EQ(0, MixCanvas({}, &part, source, &part, 255));
-    EXPECT_EQ(0, MixCanvas(dest, &part, {}, &part, 255));
-    EXPECT_EQ(0, MixCanvasWithColor({}, &part, 0xFFFFFFFF, 255));
     EXPECT_TRUE(Same(before, dest.Pixels()));
 }
 
@@ -97,10 +89,8 @@ TEST(MixCanvas, MixesEveryChannelWithoutClipping) {
     Random random(2);
     const RECT clip{10, 10, 12, 12};
     for (int round = 0; round < 800; ++round) {
-        const TestCanvas dest(random.Of({CanvasKind::Memory, CanvasKind::System, CanvasKind::FromDC}), 40, 36,
-                              random.Word());
-        const TestCanvas source(random.Of({CanvasKind::Memory, CanvasKind::System, CanvasKind::FromDC}), 25, 22,
-                                random.Word());
+        const TestCanvas dest(random.Of(kCanvasKinds), 40, 36, random.Word());
+        const TestCanvas source(random.Of(kCanvasKinds), 25, 22, random.Word());
         const auto weight = static_cast<BYTE>(random.Of({0, 1, 100, 254, 255}));
         const RECT destRect = random.Inside(kCanvas), sourceRect = Partner(random, destRect, {0, 0, 25, 22});
         Picture expected = dest.Pixels();
@@ -160,10 +150,9 @@ TEST(CanvasScroll, MovesRowsAndKeepsTheOnesLeftBehind) {
             SetViewportOrg(canvas, 50, 50, nullptr);
             const Picture before = canvas.Pixels();
             Picture expected = before;
-            for (LONG y = 0; y < 100; ++y) {
-                if (y - dy < 0 || y - dy >= 100) continue;
-                for (LONG x = 0; x < 3; ++x) expected.At(x, y) = before.At(x, y - dy);
-            }
+            ForEachPixel(before, [&](LONG x, LONG y) {
+                if (y - dy >= 0 && y - dy < 100) expected.At(x, y) = before.At(x, y - dy);
+            });
             EXPECT_EQ(1, CanvasScroll(canvas, 0, dy));
             EXPECT_TRUE(Same(expected, canvas.Pixels())) << dy;
         }
@@ -174,7 +163,6 @@ TEST(CanvasScroll, MovesRowsAndKeepsTheOnesLeftBehind) {
         EXPECT_EQ(0, CanvasScroll(canvas, INT32_MIN, 5));
         EXPECT_TRUE(Same(before, canvas.Pixels()));
     }
-    EXPECT_EQ(0, CanvasScroll({}, 0, 5));
     EXPECT_EQ(0, CanvasScroll(TestCanvas(CanvasKind::FromDC, 3, 100, 1), 0, 5));
 }
 

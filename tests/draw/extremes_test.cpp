@@ -34,8 +34,8 @@ struct Scene {
     explicit Scene(CanvasKind kind)
         : canvas(kind, 24, 24, 1),
           other(CanvasKind::Memory, 16, 16, 2),
-          bitmap(NoiseBitmap(16, 16, 32, 3, 0x01000000)),
-          texture(NoiseTexture(16, 16, 32, 3, 0x01000000)),
+          bitmap(NoiseBitmap(16, 16, 32, 3, kOver)),
+          texture(NoiseTexture(16, 16, 32, 3, kOver)),
           before(canvas.Pixels()) {
         SetCanvasClipRect(canvas, &kClip);
     }
@@ -46,15 +46,7 @@ struct Scene {
     }
 
     /// Nothing is drawn outside the clip.
-    void ExpectOutsideUntouched() const {
-        const Picture after = canvas.Pixels();
-        for (LONG y = 0; y < 24; ++y) {
-            for (LONG x = 0; x < 24; ++x) {
-                if (Contains(kClip, x, y)) continue;
-                ASSERT_EQ(before.At(x, y), after.At(x, y)) << x << ", " << y;
-            }
-        }
-    }
+    void ExpectOutsideUntouched() const { ExpectSameOutside(kClip, before, canvas.Pixels()); }
 };
 
 constexpr CanvasKind kKinds[] = {CanvasKind::Memory, CanvasKind::FromDC};
@@ -120,35 +112,55 @@ TEST(Extremes, CompositedRectangles) {
     });
 }
 
-TEST(Extremes, DrawsEndAtTwoToThe31PixelsAndFillsDoNot) {
+TEST(Extremes, DrawsCoverWhatTheirRectanglesDoUpToTwoToThe31Pixels) {
+    constexpr LONG kSide = 10;
+    constexpr DWORD kKernelModes[] = {0, 1, 4, 5};
+    const OwnedBitmap bitmap(CreateMemBitmap(3, 3));
+    FillWith(ViewOf(bitmap), 0xFFFFFFFF);
+    const OwnedCanvas canvas(CreateCanvas(kSide, kSide, {}));
+    uint32_t round = 0;
+    const auto check = [&](const RECT &place, int viewport, int window) {
+        // Beyond the logical range the clip is cut off: there is no coordinate for what lies outside.
+        const int64_t shift = int64_t{viewport} - window;
+        if (shift > kHigh - kSide || shift < kLow + kSide) return;
+        SetViewportOrg(canvas, viewport, 0, nullptr);
+        SetWindowOrg(canvas, window, 0, nullptr);
+        // Under every sampler and two draw modes in turn.
+        const DWORD kernelMode = kKernelModes[++round % 4];
+        SetBitmapFilter(bitmap, round / 4 % 2 * kOver);
+        FillWith(ViewOf(canvas), 0);
+        EXPECT_EQ(1, DrawBitmap(canvas, &place, bitmap, kernelMode));
+        const bool draws = WidthOf(place) <= kHigh && HeightOf(place) <= kHigh;
+        const Picture result = PictureOf(ViewOf(canvas));
+        ForEachPixel(result, [&](LONG x, LONG y) {
+            // Weights may round a channel of a filtered stretch down by a little.
+            ASSERT_EQ(draws && Contains(place, x - shift, y), result.At(x, y) > 0xF0000000)
+                << "round " << round << " kernel mode " << kernelMode << " at " << x << ", " << y;
+        });
+    };
+    ForEachRect([&](const RECT &rect) {
+        check(rect, 0, 0);
+        check({rect.left, 0, rect.right, kSide}, rect.top, rect.bottom);
+    });
+
     const Scene scene(CanvasKind::Memory);
-    constexpr RECT kLargest{0, 0, kHigh, kHigh}, kTooWide{-1, 0, kHigh, 9}, kTooHigh{0, -1, 9, kHigh};
-    for (const RECT &dest : {kTooWide, kTooHigh}) {
-        EXPECT_EQ(1, DrawBitmap(scene.canvas, &dest, scene.bitmap, 1));
-        EXPECT_EQ(1, BlendCanvas(scene.canvas, &dest, scene.other, &kPart, 255));
-        EXPECT_TRUE(Same(scene.before, scene.canvas.Pixels()));
-    }
+    constexpr RECT kLargest{0, 0, kHigh, kHigh}, kTooWide{-1, 0, kHigh, 9};
+    EXPECT_EQ(1, BlendCanvas(scene.canvas, &kTooWide, scene.other, &kPart, 255));
+    EXPECT_TRUE(Same(scene.before, scene.canvas.Pixels()));
     // The top-left pixel of the source covers all that is visible.
     Picture expected = scene.before;
     const Picture source = scene.other.Pixels();
     DrawNearest(expected, kClip, kLargest, source, kPart, [](uint32_t s, uint32_t) { return s; });
     EXPECT_EQ(1, BlendCanvas(scene.canvas, &kLargest, scene.other, &kPart, 255));
     EXPECT_TRUE(Same(expected, scene.canvas.Pixels()));
-    EXPECT_EQ(source.At(kPart.left, kPart.top), scene.canvas.Pixels().At(9, 9));
-    EXPECT_EQ(1, FillSolidRect(scene.canvas, 0xFF102030, &kTooWide));
+    EXPECT_EQ(1, FillSolidRect(scene.canvas, 0xFF102030, &kTooWide)) << "fills have no such end";
     EXPECT_EQ(0xFF102030, scene.canvas.Pixels().At(19, 8));
 }
 
 TEST(Extremes, MarginsScalesAndFlags) {
-    constexpr float kScales[] = {1.0f,
-                                 0.0f,
-                                 -1.0f,
-                                 1e30f,
-                                 -1e30f,
-                                 1e-30f,
-                                 std::numeric_limits<float>::infinity(),
-                                 -std::numeric_limits<float>::infinity(),
-                                 std::numeric_limits<float>::quiet_NaN()};
+    using Limits = std::numeric_limits<float>;
+    constexpr float kInfinity = Limits::infinity(), kNaN = Limits::quiet_NaN();
+    constexpr float kScales[] = {1.0f, 0.0f, -1.0f, 1e30f, -1e30f, 1e-30f, kInfinity, -kInfinity, kNaN};
     constexpr RECT kDests[] = {{2, 2, 22, 19}, {kLow, kLow, kHigh, kHigh}};
     const Scene scene(CanvasKind::Memory);
     DWORD round = 0;

@@ -36,12 +36,12 @@ TEST(Fills, PremultiplyStraightColours) {
     for (const auto &[straight, premultiplied] : colours) {
         const OwnedCanvas canvas(CreateCanvas(2, 2, kNoCanvas));
         EXPECT_EQ(1, FillSolidRectEx(canvas, straight, &whole, 0));
-        EXPECT_EQ(std::vector<uint32_t>(4, premultiplied), PixelsOf(Locked(canvas))) << std::hex << straight;
+        EXPECT_EQ(std::vector<uint32_t>(4, premultiplied), PixelsOf(ViewOf(canvas))) << std::hex << straight;
     }
     const TestCanvas over(CanvasKind::Memory, 9, 9, 1), same(CanvasKind::Memory, 9, 9, 1);
     const RECT part{1, 2, 8, 7};
     EXPECT_EQ(1, FillSolidRect(over, 0x80FF0000, &part));
-    EXPECT_EQ(1, FillPreMulColorRectEx(same, 0x80800000, &part, 0x01000000));
+    EXPECT_EQ(1, FillPreMulColorRectEx(same, 0x80800000, &part, kOver));
     EXPECT_TRUE(Same(same.Pixels(), over.Pixels()));
 }
 
@@ -51,16 +51,16 @@ TEST(Fills, WithoutEffectSucceedOnAnyHandle) {
         bool isVoid;
     };
     constexpr Case kCases[] = {
-        {0, 0, false},          {1, 0, true},           {1, 0x00FFFFFF, true},  {1, 0x01000000, false},
+        {0, 0, false},          {1, 0, true},           {1, 0x00FFFFFF, true},  {1, kOver, false},
         {2, 0x00123456, true},  {2, 0xFF000000, false}, {3, 0xFFFFFFFF, true},  {3, 0, false},
         {4, 0xFFFFFFFF, true},  {4, 0, false},          {5, 0, false},          {6, 0, false},
         {7, 0x00FFFFFF, false}, {1, 0xFFFFFFFF, false}, {0, 0xFFFFFFFF, false}, {255, 0, false}};
     const RECT whole{0, 0, 4, 4};
     const OwnedTexture texture(CreateTexture(4, 4));
     for (const Case &c : kCases) {
+        SCOPED_TRACE(::testing::Message() << c.mode << " " << std::hex << c.colour);
         for (const HGCANVAS handle : {kNoCanvas, HGCANVAS{HGTEXTURE(texture).value}}) {
-            EXPECT_EQ(c.isVoid, FillPreMulColorRectEx(handle, c.colour, &whole, ModeWord(c.mode)))
-                << c.mode << " " << std::hex << c.colour;
+            EXPECT_EQ(c.isVoid, FillPreMulColorRectEx(handle, c.colour, &whole, ModeWord(c.mode)));
         }
         const TestCanvas canvas(CanvasKind::Memory, 4, 4, 1);
         const Picture before = canvas.Pixels();

@@ -1,7 +1,6 @@
 // The centre-fit, tile, top-tile and plain layouts, compared with literal walks of their rules that draw every cell on
 // its own, visible or not.
 
-#include <cmath>
 #include <limits>
 
 #include "painting.h"
@@ -23,12 +22,6 @@ struct Draw {
         EXPECT_EQ(1, DrawBitmapRectEx(canvas, &to, sheet.bitmap, &from, kernelMode, alpha));
     }
 };
-
-RECT Ordered(RECT slice) {
-    if (slice.left > slice.right) std::swap(slice.left, slice.right);
-    if (slice.top > slice.bottom) std::swap(slice.top, slice.bottom);
-    return slice;
-}
 
 LONG Truncated(float value) {
     return value >= -2147483648.0f && value < 2147483648.0f ? static_cast<LONG>(value) : INT32_MIN;
@@ -79,26 +72,16 @@ void WalkTopTile(HGCANVAS canvas, const Draw &draw, const RECT &margins) {
     }
 }
 
-RECT RandomSlice(Random &random, const RECT &sheet) {
-    RECT slice = random.Inside(sheet);
-    if (random.Between(0, 4) == 0) std::swap(slice.left, slice.right);
-    if (random.Between(0, 4) == 0) std::swap(slice.top, slice.bottom);
-    return slice;
-}
-
 template <class Case>
 void ForRandomDraws(uint32_t seed, int rounds, const Case &test) {
     Random random(seed);
-    const Sheet sheets[] = {{23, 17, 32, seed, 0x01000000},
-                            {23, 17, 32, seed, 0x06000000},
-                            {23, 17, 24, seed, 0},
-                            {23, 17, 8, seed, 0x01000000}};
+    const Sheet sheets[] = {
+        {23, 17, 32, seed, kOver}, {23, 17, 32, seed, 0x06000000}, {23, 17, 24, seed, 0}, {23, 17, 8, seed, kOver}};
     for (int round = 0; round < rounds; ++round) {
         const Draw draw{random.Inside({-25, -25, 65, 60}), sheets[random.Word() % std::size(sheets)],
-                        RandomSlice(random, {0, 0, 23, 17}), random.Of<DWORD>({0u, 1u, 4u, 5u}),
+                        random.AnyOrder(random.Inside({0, 0, 23, 17})), random.Of<DWORD>({0u, 1u, 4u, 5u}),
                         random.Of<BYTE>({255, 120})};
-        const Twins twins(random.Of({CanvasKind::Memory, CanvasKind::System, CanvasKind::FromDC}),
-                          random.Inside({0, 0, 40, 36}), random.Word());
+        const Twins twins(random.Of(kCanvasKinds), random.Inside({0, 0, 40, 36}), random.Word());
         test(random, draw, twins);
         twins.ExpectSame();
         ASSERT_FALSE(::testing::Test::HasFailure()) << "round " << round;
@@ -116,30 +99,16 @@ TEST(Tile, DrawsWhatALiteralWalkDraws) {
     });
 }
 
-TEST(Tile, KeepsTheWidthOfTheCutCellInLaterRows) {
-    const Sheet sheet(30, 10, 32, 4, 0);
-    const OwnedCanvas canvas(CreateCanvas(100, 20, {}));
-    const RECT dest{0, 0, 100, 20};
-    DrawTextureTile(canvas, &dest, sheet.texture, nullptr, 0, 255, 0, 1.0f);
-    const Picture source = PictureOf(Locked(sheet.bitmap)), result = PictureOf(Locked(canvas));
-    for (LONG x = 0; x < 100; ++x) {
-        ASSERT_EQ(source.At(x % 30, 3), result.At(x, 3)) << x;
-        ASSERT_EQ(source.At(x % 10, 3), result.At(x, 13)) << x;
-    }
-}
-
 TEST(Tile, CountsTheCellsOfHugeDestinations) {
     // The first row is cut at 2^32 - 1 mod 16 = 15 columns; these divide the width, so that all later cells have them.
     const Sheet sheet(16, 16, 32, 4, 0);
     const TestCanvas canvas(CanvasKind::Memory, 70, 50, 1);
     const RECT dest{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
     DrawTextureTile(canvas, &dest, sheet.texture, nullptr, 0, 255, 0, 1.0f);
-    const Picture source = PictureOf(Locked(sheet.bitmap)), result = canvas.Pixels();
-    for (LONG y = 0; y < 50; ++y) {
-        for (LONG x = 0; x < 70; ++x) {
-            ASSERT_EQ(source.At((x - int64_t{INT32_MIN}) % 15, (y - int64_t{INT32_MIN}) % 16), result.At(x, y));
-        }
-    }
+    const Picture source = PictureOf(ViewOf(sheet.bitmap)), result = canvas.Pixels();
+    ForEachPixel(result, [&](LONG x, LONG y) {
+        ASSERT_EQ(source.At((x - int64_t{INT32_MIN}) % 15, (y - int64_t{INT32_MIN}) % 16), result.At(x, y));
+    });
 }
 
 TEST(TopTile, DrawsWhatALiteralWalkDraws) {
@@ -154,80 +123,29 @@ TEST(TopTile, DrawsWhatALiteralWalkDraws) {
     });
 }
 
-TEST(TopTile, KeepsTheTopBandAndStretchesTheBottomOne) {
-    const Sheet sheet(8, 6, 32, 4, 0);
-    const OwnedCanvas canvas(CreateCanvas(20, 30, {}));
-    const RECT dest{0, 0, 20, 30}, margins{0, 2, 0, 1};
-    DrawTextureTopTile(canvas, &dest, sheet.texture, nullptr, &margins, 0, 255);
-    const Picture source = PictureOf(Locked(sheet.bitmap)), result = PictureOf(Locked(canvas));
-    for (LONG y = 0; y < 30; ++y) {
-        for (LONG x = 0; x < 20; ++x) ASSERT_EQ(source.At(x % 8, y < 2 ? y : 5), result.At(x, y)) << x << ", " << y;
-    }
-    EXPECT_EQ(0, DrawTextureTopTile(canvas, &dest, sheet.texture, nullptr, nullptr, 0, 255));
-}
-
-/// The bounding box of what an opaque white slice leaves on a transparent canvas.
-RECT CentredBox(const RECT &dest, LONG sliceWidth, LONG sliceHeight) {
-    const OwnedTexture texture(CreateTexture(static_cast<DWORD>(sliceWidth), static_cast<DWORD>(sliceHeight)));
-    FillWith(Locked(texture), 0xFFFFFFFF);
-    const OwnedCanvas canvas(CreateCanvas(120, 120, {}));
-    EXPECT_EQ(1, DrawTextureCenter(canvas, &dest, texture, nullptr, 0, 255));
-    const Picture result = PictureOf(Locked(canvas));
-    RECT box{120, 120, 0, 0};
-    LONG count = 0;
-    for (LONG y = 0; y < 120; ++y) {
-        for (LONG x = 0; x < 120; ++x) {
-            if (result.At(x, y) == 0) continue;
-            ++count;
-            box = {std::min(box.left, x), std::min(box.top, y), std::max(box.right, x + 1),
-                   std::max(box.bottom, y + 1)};
-        }
-    }
-    EXPECT_EQ(WidthOf(box) * HeightOf(box), count) << "a full rectangle";
-    return box;
-}
-
 TEST(CentreFit, KeepsTheAspectAndAtMostOneExtraPixel) {
-    const auto box = [](const RECT &dest, LONG width, LONG height) {
-        const RECT b = CentredBox(dest, width, height);
-        return std::vector<LONG>{b.left, b.top, b.right, b.bottom};
-    };
-    EXPECT_EQ((std::vector<LONG>{0, 25, 100, 75}), box({0, 0, 100, 100}, 100, 50));
-    EXPECT_EQ((std::vector<LONG>{0, 24, 100, 76}), box({0, 0, 100, 100}, 100, 51));
-    EXPECT_EQ((std::vector<LONG>{24, 0, 76, 100}), box({0, 0, 100, 100}, 51, 100));
-
-    Random random(3);
-    for (int round = 0; round < 300; ++round) {
-        const RECT dest = random.Inside({0, 0, 120, 120});
-        const LONG width = random.Between(1, 60), height = random.Between(1, 60);
-        const int64_t destWidth = WidthOf(dest), destHeight = HeightOf(dest);
-        const bool wide = width * destHeight >= height * destWidth;
-        // The side that is shrunk, in exact terms and as drawn.
-        const int64_t exact = wide ? height * destWidth / width : width * destHeight / height;
-        const int64_t whole = wide ? destHeight : destWidth;
-        if (exact == 0 && whole % 2 == 0) continue;
-        const RECT result = CentredBox(dest, width, height);
-        const int64_t drawn = wide ? HeightOf(result) : WidthOf(result);
-        EXPECT_EQ(wide ? destWidth : destHeight, wide ? WidthOf(result) : HeightOf(result));
-        EXPECT_EQ(exact + (whole - exact) % 2, drawn);
-        EXPECT_EQ(dest.left + dest.right, result.left + result.right);
-        EXPECT_EQ(dest.top + dest.bottom, result.top + result.bottom);
-        ASSERT_FALSE(HasFailure()) << round;
-    }
-}
-
-TEST(CentreFit, DrawsTheSliceThere) {
-    const Sheet sheet(23, 17, 32, 6, 0x01000000);
-    const RECT dest{-5, 3, 30, 33}, slice{20, 14, 3, 4}, ordered{3, 4, 20, 14}, fitted{-5, 8, 30, 28};
-    const Twins twins(CanvasKind::Memory, {1, 1, 28, 30}, 1);
-    EXPECT_EQ(1, DrawTextureCenter(twins.drawn, &dest, sheet.texture, &slice, 4, 200));
-    DrawBitmapRectEx(twins.expected, &fitted, sheet.bitmap, &ordered, 4, 200);
-    twins.ExpectSame();
+    ForRandomDraws(3, 1500, [](Random &, const Draw &draw, const Twins &twins) {
+        const RECT slice = Ordered(draw.slice);
+        const int64_t width = WidthOf(draw.dest), height = HeightOf(draw.dest);
+        const bool wide = WidthOf(slice) * height >= HeightOf(slice) * width;
+        // The side that is shrunk: what there is of it, and what the aspect leaves. The rest is halved.
+        const int64_t whole = wide ? height : width;
+        const int64_t exact =
+            wide ? HeightOf(slice) * width / WidthOf(slice) : WidthOf(slice) * height / HeightOf(slice);
+        if (exact == 0 && whole % 2 == 0) return;
+        const LONG rest = static_cast<LONG>(whole - exact) / 2;
+        RECT fitted = draw.dest;
+        (wide ? fitted.top : fitted.left) += rest;
+        (wide ? fitted.bottom : fitted.right) -= rest;
+        EXPECT_EQ(1, DrawTextureCenter(twins.drawn, &draw.dest, draw.sheet.texture, &draw.slice, draw.kernelMode,
+                                       draw.alpha));
+        draw.Piece(twins.expected, fitted, slice);
+    });
 }
 
 TEST(TextureDrawing, DispatchesByTheModeRecord) {
     Random random(5);
-    const Sheet sheet(23, 17, 32, 6, 0x01000000);
+    const Sheet sheet(23, 17, 32, 6, kOver);
     for (int round = 0; round < 400; ++round) {
         const DWORD mode = random.Of<DWORD>({0u, 1u, 2u, 3u, 4u, 5u, 6u, 1000u}), flags = random.Word() & 0x1F;
         const TextureMode record{
@@ -264,9 +182,21 @@ TEST(TextureDrawing, DispatchesByTheModeRecord) {
     }
 }
 
-TEST(TextureDrawing, DrawTextureIsAtFullStrengthAndUnscaled) {
-    const Sheet sheet(23, 17, 32, 6, 0x01000000);
-    const RECT dest{2, 3, 37, 33};
+TEST(TextureDrawing, DrawTextureIsAtFullStrengthAndUnscaledFromTheCurrentSlice) {
+    const Sheet sheet(23, 17, 32, 6, kOver);
+    const RECT dest{2, 3, 37, 33}, slices[] = {{1, 2, 20, 15}, {20, 15, 1, 2}, {0, 0, 22, 17}};
+    const auto expectSlice = [&](const RECT *slice) {
+        const Twins twins(CanvasKind::Memory, {0, 0, 40, 36}, 1);
+        EXPECT_EQ(1, DrawTexture(twins.drawn, &dest, sheet.texture, 1));
+        DrawBitmapRectEx(twins.expected, &dest, sheet.bitmap, slice, 1, 255);
+        twins.ExpectSame();
+    };
+    SetTextureSlice(sheet.texture, 3, slices);
+    expectSlice(&slices[2]);
+    SetTextureCurSlice(sheet.texture, 0);
+    expectSlice(&slices[0]);
+    SetTextureCurSlice(sheet.texture, 1);
+    expectSlice(&slices[0]);
     for (DWORD mode = 0; mode <= 5; ++mode) {
         const TextureMode record{mode, 0x1F, {4, 5, 6, 3}};
         SetTextureMode(sheet.texture, &record);
@@ -275,6 +205,11 @@ TEST(TextureDrawing, DrawTextureIsAtFullStrengthAndUnscaled) {
         DrawTextureEx(twins.expected, &dest, sheet.texture, 1, 255, 1.0f, 0);
         twins.ExpectSame();
     }
+    // An index outside the list counts as none.
+    const TextureMode stretch{};
+    SetTextureMode(sheet.texture, &stretch);
+    SetTextureSlice(sheet.texture, 0, slices);
+    expectSlice(nullptr);
 }
 
 TEST(TextureDrawing, RefusesSlicesThatAreEmptyOrReachOutside) {

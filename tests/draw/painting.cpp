@@ -6,18 +6,6 @@ namespace lacquer {
 
 namespace {
 
-template <class Handle, class Lock>
-SurfaceView LockedBy(Lock lock, Handle handle) {
-    SurfaceView view{};
-    EXPECT_EQ(1, lock(handle, &view, nullptr));
-    return view;
-}
-
-void FillSource(const SurfaceView &view, uint32_t seed) {
-    FillWithNoise(view, seed);
-    if (view.bitsPerPixel == 8) FillPaletteWithNoise(view, seed + 1);
-}
-
 uint32_t Over(uint32_t s, uint32_t d) {
     return WordOf([&](int i) { return ChannelOf(s, i) + (ChannelOf(d, i) * (256 - (s >> 24)) >> 8); });
 }
@@ -39,11 +27,15 @@ uint32_t Over(uint32_t s, uint32_t d) {
                                          << ", not " << actual.pixels[first];
 }
 
-SurfaceView Locked(HGBITMAP bitmap) { return LockedBy(LockBitmapBitsEx, bitmap); }
-SurfaceView Locked(HGTEXTURE texture) { return LockedBy(LockTextureBitsEx, texture); }
-SurfaceView Locked(HGCANVAS canvas) { return LockedBy(LockCanvasBitsEx, canvas); }
-
 Picture PictureOf(const SurfaceView &view) { return {view.width, view.height, ColoursOf(view)}; }
+
+void ExpectSameOutside(const RECT &rect, const Picture &before, const Picture &after) {
+    Picture expected = before;
+    ForEachPixel(after, [&](LONG x, LONG y) {
+        if (Contains(rect, x, y)) expected.At(x, y) = after.At(x, y);
+    });
+    EXPECT_TRUE(Same(expected, after));
+}
 
 TestCanvas::TestCanvas(CanvasKind kind, LONG width, LONG height, uint32_t seed) {
     const auto w = static_cast<DWORD>(width), h = static_cast<DWORD>(height);
@@ -61,23 +53,33 @@ TestCanvas::TestCanvas(CanvasKind kind, LONG width, LONG height, uint32_t seed) 
 
 SurfaceView TestCanvas::View() const {
     GdiFlush();
-    return dib_ ? dib_->View() : Locked(*canvas_);
+    return dib_ ? dib_->View() : lacquer::ViewOf(*canvas_);
 }
 
 OwnedBitmap NoiseBitmap(LONG width, LONG height, WORD bitsPerPixel, uint32_t seed, DWORD filter) {
     OwnedBitmap bitmap(CreateMemBitmapEx(static_cast<DWORD>(width), static_cast<DWORD>(height), bitsPerPixel,
                                          bitsPerPixel == 8 ? 200 : 0));
-    FillSource(Locked(bitmap), seed);
     SetBitmapFilter(bitmap, filter);
-    return bitmap;
+    return Noisy(std::move(bitmap), seed, bitsPerPixel == 8);
 }
 
 OwnedTexture NoiseTexture(LONG width, LONG height, WORD bitsPerPixel, uint32_t seed, DWORD filter) {
     OwnedTexture texture(CreateTextureEx(static_cast<DWORD>(width), static_cast<DWORD>(height), bitsPerPixel,
                                          bitsPerPixel == 8 ? 200 : 0));
-    FillSource(Locked(texture), seed);
     SetTextureFilter(texture, filter);
-    return texture;
+    return Noisy(std::move(texture), seed, bitsPerPixel == 8);
+}
+
+RECT Ordered(RECT rect) {
+    if (rect.left > rect.right) std::swap(rect.left, rect.right);
+    if (rect.top > rect.bottom) std::swap(rect.top, rect.bottom);
+    return rect;
+}
+
+RECT Random::AnyOrder(RECT rect) {
+    if (Between(0, 9) == 0) std::swap(rect.left, rect.right);
+    if (Between(0, 9) == 0) std::swap(rect.top, rect.bottom);
+    return rect;
 }
 
 RECT Random::Inside(const RECT &bounds) {

@@ -2,36 +2,18 @@
 // reach, and a model of nearest draws, worked out one channel at a time.
 #pragma once
 
-#include <gtest/gtest.h>
-#include <lacquer/lacquer.h>
-
 #include <cstdint>
 #include <initializer_list>
 #include <optional>
-#include <utility>
 #include <vector>
 
 #include "support/memory_dc.h"
-#include "support/pixels.h"
+#include "support/objects.h"
 
 namespace lacquer {
 
-template <class Handle, void (*Delete)(Handle)>
-class Owned {
-public:
-    explicit Owned(Handle handle) : handle_(handle) {}
-    Owned(Owned &&other) noexcept : handle_(std::exchange(other.handle_, Handle{})) {}
-    ~Owned() { Delete(handle_); }
-    Owned &operator=(Owned &&) = delete;
-
-    operator Handle() const { return handle_; }
-
-private:
-    Handle handle_;
-};
-using OwnedBitmap = Owned<HGBITMAP, DeleteBitmap>;
-using OwnedTexture = Owned<HGTEXTURE, DeleteTexture>;
-using OwnedCanvas = Owned<HGCANVAS, DeleteCanvas>;
+/// The filter word of draws over.
+constexpr DWORD kOver = LACQUER_DRAW_OVER << 24;
 
 constexpr uint32_t ChannelOf(uint32_t word, int channel) { return word >> 8 * channel & 255; }
 
@@ -52,6 +34,9 @@ inline RECT Moved(const RECT &rect, LONG dx, LONG dy) {
     return {rect.left + dx, rect.top + dy, rect.right + dx, rect.bottom + dy};
 }
 
+/// The rectangle with exchanged edges put right.
+RECT Ordered(RECT rect);
+
 /// Colour words of a rectangle of pixels.
 struct Picture {
     LONG width = 0, height = 0;
@@ -65,15 +50,22 @@ struct Picture {
 /// Says where two pictures differ first, and how often.
 ::testing::AssertionResult Same(const Picture &expected, const Picture &actual);
 
-/// The whole of an object, with its palette where it has one.
-SurfaceView Locked(HGBITMAP bitmap);
-SurfaceView Locked(HGTEXTURE texture);
-SurfaceView Locked(HGCANVAS canvas);
 Picture PictureOf(const SurfaceView &view);
+
+/// Calls `function(x, y)` for every pixel of a picture.
+template <class Function>
+void ForEachPixel(const Picture &picture, const Function &function) {
+    for (LONG y = 0; y < picture.height; ++y) {
+        for (LONG x = 0; x < picture.width; ++x) function(x, y);
+    }
+}
+
+/// Outside `rect` nothing has changed.
+void ExpectSameOutside(const RECT &rect, const Picture &before, const Picture &after);
 
 /// `FromDC` is made around a memory device context with a DIB section.
 enum class CanvasKind { Memory, System, FromDC };
-constexpr CanvasKind kCanvasKinds[] = {CanvasKind::Memory, CanvasKind::System, CanvasKind::FromDC};
+constexpr std::initializer_list<CanvasKind> kCanvasKinds{CanvasKind::Memory, CanvasKind::System, CanvasKind::FromDC};
 
 /// A canvas filled with premultiplied noise.
 class TestCanvas {
@@ -137,6 +129,9 @@ public:
     /// A rectangle that is not empty, with its edges inside `bounds`.
     RECT Inside(const RECT &bounds);
 
+    /// The rectangle, sometimes with edges exchanged.
+    RECT AnyOrder(RECT rect);
+
 private:
     uint32_t seed_, next_ = 0;
 };
@@ -150,16 +145,13 @@ uint32_t Combined(DWORD modeWord, BYTE alpha, WORD sourceBits, uint32_t s, uint3
 template <class Combine>
 void DrawNearest(Picture &canvas, const RECT &clip, const RECT &dest, const Picture &source, const RECT &from,
                  const Combine &combine) {
-    for (LONG y = 0; y < canvas.height; ++y) {
-        for (LONG x = 0; x < canvas.width; ++x) {
-            if (!Contains(dest, x, y) || !Contains(clip, x, y)) continue;
-            const int64_t stepX = (WidthOf(from) << 16) / WidthOf(dest),
-                          stepY = (HeightOf(from) << 16) / HeightOf(dest);
-            const int64_t sourceX = from.left + ((int64_t{x} - dest.left) * stepX >> 16);
-            const int64_t sourceY = from.top + ((int64_t{y} - dest.top) * stepY >> 16);
-            canvas.At(x, y) = combine(source.At(sourceX, sourceY), canvas.At(x, y));
-        }
-    }
+    ForEachPixel(canvas, [&](LONG x, LONG y) {
+        if (!Contains(dest, x, y) || !Contains(clip, x, y)) return;
+        const int64_t stepX = (WidthOf(from) << 16) / WidthOf(dest), stepY = (HeightOf(from) << 16) / HeightOf(dest);
+        const int64_t sourceX = from.left + ((int64_t{x} - dest.left) * stepX >> 16);
+        const int64_t sourceY = from.top + ((int64_t{y} - dest.top) * stepY >> 16);
+        canvas.At(x, y) = combine(source.At(sourceX, sourceY), canvas.At(x, y));
+    });
 }
 
 }  // namespace lacquer

@@ -5,6 +5,11 @@
 namespace lacquer {
 namespace {
 
+Picture WithoutAlpha(Picture picture) {
+    for (uint32_t &pixel : picture.pixels) pixel &= 0x00FFFFFF;
+    return picture;
+}
+
 /// A window without a frame on the screen, with its device context.
 class Window : public ::testing::Test {
 protected:
@@ -30,27 +35,18 @@ protected:
         const MemoryDC memory(dib.Handle());
         EXPECT_NE(0, BitBlt(memory, 0, 0, 40, 36, dc_, 0, 0, SRCCOPY));
         GdiFlush();
-        Picture picture = PictureOf(dib.View());
-        for (uint32_t &pixel : picture.pixels) pixel &= 0x00FFFFFF;
-        return picture;
+        return WithoutAlpha(PictureOf(dib.View()));
     }
 
     void Show(const Picture &picture) const {
         const Dib dib(40, 36);
-        for (LONG y = 0; y < 36; ++y) {
-            for (LONG x = 0; x < 40; ++x) PutPixel(dib.View(), x, y, picture.At(x, y));
-        }
+        ForEachPixel(picture, [&](LONG x, LONG y) { PutPixel(dib.View(), x, y, picture.At(x, y)); });
         EXPECT_NE(0, BitBlt(dc_, 0, 0, 40, 36, MemoryDC(dib.Handle()), 0, 0, SRCCOPY));
     }
 
     HWND window_ = nullptr;
     HDC dc_ = nullptr;
 };
-
-Picture WithoutAlpha(Picture picture) {
-    for (uint32_t &pixel : picture.pixels) pixel &= 0x00FFFFFF;
-    return picture;
-}
 
 Picture Opaque(Picture picture) {
     for (uint32_t &pixel : picture.pixels) pixel |= 0xFF000000;
@@ -71,24 +67,20 @@ TEST_F(Window, TakesCanvasesThroughGdi) {
     Show(before);
     EXPECT_NE(0, GdiTransCanvas(dc_, &dest, source, &whole, 128));
     const Picture shown = Shown();
-    for (LONG y = 0; y < 36; ++y) {
-        for (LONG x = 0; x < 40; ++x) {
-            for (int i = 0; i < 3; ++i) {
-                const int d = static_cast<int>(ChannelOf(before.At(x, y), i));
-                const int s =
-                    Contains(dest, x, y) ? static_cast<int>(ChannelOf(source.Pixels().At(x - 5, y - 6), i)) : d;
-                ASSERT_NEAR((128 * s + 127 * d) / 255, static_cast<int>(ChannelOf(shown.At(x, y), i)), 2)
-                    << x << ", " << y;
-            }
+    ForEachPixel(shown, [&](LONG x, LONG y) {
+        for (int i = 0; i < 3; ++i) {
+            const int d = static_cast<int>(ChannelOf(before.At(x, y), i));
+            const int s = Contains(dest, x, y) ? static_cast<int>(ChannelOf(source.Pixels().At(x - 5, y - 6), i)) : d;
+            ASSERT_NEAR((128 * s + 127 * d) / 255, static_cast<int>(ChannelOf(shown.At(x, y), i)), 2) << x << ", " << y;
         }
-    }
+    });
 }
 
 TEST_F(Window, IsACanvasForDrawsAndBlends) {
     const OwnedCanvas canvas(CreateCanvasFromDC(dc_));
     EXPECT_EQ(window_, GetCanvasWindow(canvas));
     const TestCanvas plain(CanvasKind::Memory, 40, 36, 1), source(CanvasKind::Memory, 20, 16, 3);
-    const OwnedBitmap bitmap = NoiseBitmap(9, 8, 32, 5, 0x01000000);
+    const OwnedBitmap bitmap = NoiseBitmap(9, 8, 32, 5, kOver);
     const OwnedTexture texture = NoiseTexture(9, 8, 24, 6, 0);
     Show(plain.Pixels());
     const RECT fill{-4, 3, 12, 20}, stretched{10, 10, 33, 50}, grid{20, 2, 37, 15}, margins{2, 2, 2, 2};

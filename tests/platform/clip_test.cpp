@@ -41,6 +41,11 @@ TEST(Clip, IsADeviceRegionAndItsBoxIsLogicalAndCutToTheBitmap) {
     EXPECT_EQ(ClipRegionBox(picture), (RECT{2, 2, 20, 20}));
     SetRectRgn(region, 0, 0, 1, 1);
     EXPECT_EQ(ClipRegionBox(picture), (RECT{2, 2, 20, 20})) << "the clip is a copy";
+    const HBITMAP larger = NewSection(30, -15, 32);
+    SelectObject(picture, larger);
+    EXPECT_EQ(ClipBox(picture, SIMPLEREGION), (RECT{1, 1, 19, 14}));
+    SelectObject(picture, picture.Bitmap());
+    DeleteObject(larger);
 
     EXPECT_EQ(ExtSelectClipRgn(picture, nullptr, RGN_OR), ERROR);
     EXPECT_EQ(ExtSelectClipRgn(picture, region, 9), ERROR);
@@ -106,34 +111,18 @@ TEST(Clip, IntersectsInLogicalCoordinates) {
     EXPECT_EQ(PtVisible(picture, 4, 4), 1);
     EXPECT_EQ(PtVisible(picture, 5, 4), 0);
     EXPECT_EQ(PtVisible(picture, -1, 0), 0);
-    const RECT touching{9, 9, 4, 4};
-    const RECT beside{5, 0, 9, 9};
+    const RECT touching{9, 9, 4, 4}, beside{5, 0, 9, 9};
     EXPECT_NE(RectVisible(picture, &touching), FALSE);
     EXPECT_EQ(RectVisible(picture, &beside), FALSE);
-}
-
-TEST(Clip, FollowsTheSelectedBitmap) {
-    Picture picture(10, -8);
-    OwnedRegion region(2, 2, 20, 20);
-    SelectClipRgn(picture, region);
-    void *bits = nullptr;
-    const HBITMAP larger = NewSection(30, -15, 32, &bits);
-    SelectObject(picture, larger);
-    EXPECT_EQ(ClipBox(picture, SIMPLEREGION), (RECT{2, 2, 20, 15}));
-    SelectObject(picture, picture.Bitmap());
-    EXPECT_EQ(ClipBox(picture, SIMPLEREGION), (RECT{2, 2, 10, 8}));
-    DeleteObject(larger);
 }
 
 TEST(Clip, BoundsAllDrawing) {
     Picture source(8, -8);
     source.Fill(0xFF00FF00);
-    OwnedRegion ring(1, 1, 7, 7);
-    OwnedRegion hole(3, 3, 5, 5);
+    OwnedRegion ring(1, 1, 7, 7), hole(3, 3, 5, 5);
     CombineRgn(ring, ring, hole, RGN_DIFF);
     const BLENDFUNCTION opaque{AC_SRC_OVER, 0, 255, 0};
-    BITMAPINFOHEADER header{sizeof(header), 8, -8, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    const auto *info = reinterpret_cast<const BITMAPINFO *>(&header);
+    const BITMAPINFO info = HeaderOf(8, -8, 32);
 
     for (int drawing = 0; drawing < 6; ++drawing) {
         Picture picture(8, -8);
@@ -144,15 +133,13 @@ TEST(Clip, BoundsAllDrawing) {
             case 1: StretchBlt(picture, 0, 0, 8, 8, source, 0, 0, 4, 4, SRCCOPY); break;
             case 2: GdiAlphaBlend(picture, 0, 0, 8, 8, source, 0, 0, 8, 8, opaque); break;
             case 3: PatBlt(picture, 0, 0, 8, 8, WHITENESS); break;
-            case 4: SetDIBitsToDevice(picture, 0, 0, 8, 8, 0, 0, 0, 8, source.Bytes(), info, DIB_RGB_COLORS); break;
+            case 4: SetDIBitsToDevice(picture, 0, 0, 8, 8, 0, 0, 0, 8, source.Bytes(), &info, DIB_RGB_COLORS); break;
             default:
                 for (int i = 0; i < 64; ++i) SetPixel(picture, i % 8, i / 8, 0x00FF00);
         }
-        for (int y = 0; y < 8; ++y) {
-            for (int x = 0; x < 8; ++x) {
-                const bool changed = picture.At(x, y) != 7;
-                EXPECT_EQ(changed, PtInRegion(ring, x, y) != 0) << "drawing " << drawing << " at " << x << ", " << y;
-            }
+        for (int i = 0; i < 64; ++i) {
+            EXPECT_EQ(picture.At(i, 0) != 7, PtInRegion(ring, i % 8, i / 8) != 0)
+                << "drawing " << drawing << " at " << i;
         }
     }
 }

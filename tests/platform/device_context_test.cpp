@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "gdi_objects.h"
+#include "support/refusals.h"
 
 namespace lacquer {
 namespace {
@@ -9,15 +10,13 @@ namespace {
 TEST(DeviceContext, StartsWithADefaultBitmapThatComesAndGoes) {
     OwnedDC dc;
     const HGDIOBJ initial = GetCurrentObject(dc, OBJ_BITMAP);
-    BITMAP description{};
-    ASSERT_EQ(GetObjectW(initial, sizeof(description), &description), static_cast<int>(sizeof(description)));
+    const BITMAP description = DescriptionOf(initial);
     EXPECT_EQ(description.bmWidth, 1);
     EXPECT_EQ(description.bmHeight, 1);
     EXPECT_EQ(description.bmBitsPixel, 1);
     EXPECT_EQ(description.bmBits, nullptr);
 
-    void *bits = nullptr;
-    const HBITMAP bitmap = NewSection(4, -4, 32, &bits);
+    const HBITMAP bitmap = NewSection(4, -4, 32);
     EXPECT_EQ(SelectObject(dc, bitmap), initial);
     EXPECT_EQ(GetCurrentObject(dc, OBJ_BITMAP), bitmap);
     EXPECT_EQ(SelectObject(dc, bitmap), bitmap);
@@ -27,39 +26,26 @@ TEST(DeviceContext, StartsWithADefaultBitmapThatComesAndGoes) {
     DeleteObject(bitmap);
 }
 
-TEST(DeviceContext, ABitmapIsSelectedIntoOneAtATime) {
-    OwnedDC first;
-    OwnedDC second;
+TEST(DeviceContext, ABitmapIsSelectedIntoOneAtATimeAndLivesAsLong) {
+    OwnedDC first, second;
     void *bits = nullptr;
     const HBITMAP bitmap = NewSection(4, -4, 32, &bits);
     const HGDIOBJ initial = SelectObject(first, bitmap);
     EXPECT_EQ(SelectObject(second, bitmap), nullptr);
-    EXPECT_NE(GetCurrentObject(second, OBJ_BITMAP), bitmap);
+    EXPECT_EQ(GetCurrentObject(second, OBJ_BITMAP), initial);
     EXPECT_EQ(SelectObject(first, initial), bitmap);
-    EXPECT_NE(SelectObject(second, bitmap), nullptr);
-    SelectObject(second, initial);
-    DeleteObject(bitmap);
-}
-
-TEST(DeviceContext, ADeletedBitmapLivesUntilItIsNoLongerSelected) {
-    OwnedDC dc;
-    OwnedDC other;
-    void *bits = nullptr;
-    const HBITMAP bitmap = NewSection(4, -4, 32, &bits);
-    const HGDIOBJ initial = SelectObject(dc, bitmap);
+    EXPECT_EQ(SelectObject(second, bitmap), initial);
     EXPECT_NE(DeleteObject(bitmap), FALSE);
-    EXPECT_EQ(SetPixel(dc, 1, 1, 0x123456), 0x123456u);
+    EXPECT_EQ(SetPixel(second, 1, 1, 0x123456), 0x123456u);
     EXPECT_EQ(static_cast<uint32_t *>(bits)[5], 0x563412u);
-    EXPECT_EQ(SelectObject(other, bitmap), nullptr);
-    EXPECT_EQ(SelectObject(dc, initial), bitmap);
+    EXPECT_EQ(SelectObject(first, bitmap), nullptr);
+    EXPECT_EQ(SelectObject(second, initial), bitmap);
     EXPECT_EQ(GetObjectType(bitmap), 0u);
-    EXPECT_EQ(SelectObject(dc, bitmap), nullptr);
+    EXPECT_EQ(SelectObject(second, bitmap), nullptr);
 }
 
 TEST(DeviceContext, DeletingReleasesItsBitmap) {
-    void *bits = nullptr;
-    const HBITMAP kept = NewSection(4, -4, 32, &bits);
-    const HBITMAP doomed = NewSection(4, -4, 32, &bits);
+    const HBITMAP kept = NewSection(4, -4, 32), doomed = NewSection(4, -4, 32);
     for (const HBITMAP bitmap : {kept, doomed}) {
         const HDC dc = CreateCompatibleDC(nullptr);
         SelectObject(dc, bitmap);
@@ -82,8 +68,7 @@ TEST(DeviceContext, DeletingReleasesItsBitmap) {
 TEST(DeviceContext, SavedStatesAreAStack) {
     Picture picture(10, -10);
     OwnedDC other;
-    void *bits = nullptr;
-    const HBITMAP second = NewSection(6, -6, 32, &bits);
+    const HBITMAP second = NewSection(6, -6, 32);
 
     SetViewportOrgEx(picture, 3, 4, nullptr);
     SetWindowOrgEx(picture, 1, 1, nullptr);
@@ -152,64 +137,39 @@ TEST(Handles, OfDeletedAndOfNoObjectsAreRefused) {
     RECT box{};
     POINT point{};
     const BLENDFUNCTION blend{AC_SRC_OVER, 0, 255, 0};
-    BITMAPINFOHEADER header{sizeof(header), 4, -4, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    const auto *info = reinterpret_cast<const BITMAPINFO *>(&header);
+    const BITMAPINFO info = HeaderOf(4, -4, 32);
     const uint32_t pixels[16] = {};
 
     for (const HDC dc : {HDC{}, StaleDC(), Garbage<HDC>(), reinterpret_cast<HDC>(picture.Bitmap())}) {
-        EXPECT_EQ(DeleteDC(dc), FALSE);
-        EXPECT_EQ(SaveDC(dc), 0);
-        EXPECT_EQ(RestoreDC(dc, -1), FALSE);
-        EXPECT_EQ(SelectObject(dc, picture.Bitmap()), nullptr);
-        EXPECT_EQ(GetCurrentObject(dc, OBJ_BITMAP), nullptr);
-        EXPECT_EQ(SetViewportOrgEx(dc, 1, 1, nullptr), FALSE);
-        EXPECT_EQ(SetWindowOrgEx(dc, 1, 1, nullptr), FALSE);
-        EXPECT_EQ(GetViewportOrgEx(dc, &point), FALSE);
-        EXPECT_EQ(GetWindowOrgEx(dc, &point), FALSE);
-        EXPECT_EQ(SetStretchBltMode(dc, COLORONCOLOR), 0);
-        EXPECT_EQ(GetStretchBltMode(dc), 0);
-        EXPECT_EQ(GetClipBox(dc, &box), ERROR);
+        ExpectRefused(DeleteDC(dc), SaveDC(dc), RestoreDC(dc, -1), SelectObject(dc, picture.Bitmap()),
+                      GetCurrentObject(dc, OBJ_BITMAP), SetViewportOrgEx(dc, 1, 1, nullptr),
+                      SetWindowOrgEx(dc, 1, 1, nullptr), GetViewportOrgEx(dc, &point), GetWindowOrgEx(dc, &point),
+                      SetStretchBltMode(dc, COLORONCOLOR), GetStretchBltMode(dc), GetClipBox(dc, &box),
+                      SelectClipRgn(dc, region), ExtSelectClipRgn(dc, region, RGN_COPY),
+                      IntersectClipRect(dc, 0, 0, 1, 1), ExcludeClipRect(dc, 0, 0, 1, 1), OffsetClipRgn(dc, 1, 1),
+                      RectVisible(dc, &box), CreateCompatibleBitmap(dc, 4, 4),
+                      BitBlt(dc, 0, 0, 4, 4, picture, 0, 0, SRCCOPY), BitBlt(picture, 0, 0, 4, 4, dc, 0, 0, SRCCOPY),
+                      StretchBlt(dc, 0, 0, 4, 4, picture, 0, 0, 2, 2, SRCCOPY),
+                      StretchBlt(picture, 0, 0, 4, 4, dc, 0, 0, 2, 2, SRCCOPY), PatBlt(dc, 0, 0, 4, 4, BLACKNESS),
+                      GdiAlphaBlend(dc, 0, 0, 4, 4, picture, 0, 0, 4, 4, blend),
+                      GdiAlphaBlend(picture, 0, 0, 4, 4, dc, 0, 0, 4, 4, blend),
+                      SetDIBitsToDevice(dc, 0, 0, 4, 4, 0, 0, 0, 4, pixels, &info, DIB_RGB_COLORS), WindowFromDC(dc));
         EXPECT_EQ(GetClipRgn(dc, region), -1);
-        EXPECT_EQ(SelectClipRgn(dc, region), ERROR);
-        EXPECT_EQ(ExtSelectClipRgn(dc, region, RGN_COPY), ERROR);
-        EXPECT_EQ(IntersectClipRect(dc, 0, 0, 1, 1), ERROR);
-        EXPECT_EQ(ExcludeClipRect(dc, 0, 0, 1, 1), ERROR);
-        EXPECT_EQ(OffsetClipRgn(dc, 1, 1), ERROR);
-        EXPECT_EQ(RectVisible(dc, &box), FALSE);
-        EXPECT_EQ(CreateCompatibleBitmap(dc, 4, 4), nullptr);
-        EXPECT_EQ(BitBlt(dc, 0, 0, 4, 4, picture, 0, 0, SRCCOPY), FALSE);
-        EXPECT_EQ(BitBlt(picture, 0, 0, 4, 4, dc, 0, 0, SRCCOPY), FALSE);
-        EXPECT_EQ(StretchBlt(dc, 0, 0, 4, 4, picture, 0, 0, 2, 2, SRCCOPY), FALSE);
-        EXPECT_EQ(StretchBlt(picture, 0, 0, 4, 4, dc, 0, 0, 2, 2, SRCCOPY), FALSE);
-        EXPECT_EQ(PatBlt(dc, 0, 0, 4, 4, BLACKNESS), FALSE);
-        EXPECT_EQ(GdiAlphaBlend(dc, 0, 0, 4, 4, picture, 0, 0, 4, 4, blend), FALSE);
-        EXPECT_EQ(GdiAlphaBlend(picture, 0, 0, 4, 4, dc, 0, 0, 4, 4, blend), FALSE);
-        EXPECT_EQ(SetDIBitsToDevice(dc, 0, 0, 4, 4, 0, 0, 0, 4, pixels, info, DIB_RGB_COLORS), 0);
         EXPECT_EQ(SetPixel(dc, 0, 0, 1), CLR_INVALID);
         EXPECT_EQ(GetPixel(dc, 0, 0), CLR_INVALID);
-        EXPECT_EQ(WindowFromDC(dc), nullptr);
     }
     for (const HDC dc : {StaleDC(), Garbage<HDC>()}) EXPECT_EQ(CreateCompatibleDC(dc), nullptr);
     for (const HGDIOBJ object : {HGDIOBJ{}, HGDIOBJ{StaleBitmap()}, HGDIOBJ{StaleRegion()}, Garbage<HGDIOBJ>()}) {
         BITMAP description{};
-        EXPECT_EQ(GetObjectW(object, sizeof(description), &description), 0);
-        EXPECT_EQ(GetObjectType(object), 0u);
-        EXPECT_EQ(DeleteObject(object), FALSE);
-        EXPECT_EQ(SelectObject(picture, object), nullptr);
+        ExpectRefused(GetObjectW(object, sizeof(description), &description), GetObjectType(object),
+                      DeleteObject(object), SelectObject(picture, object));
     }
     for (const HRGN bad : {HRGN{}, StaleRegion(), Garbage<HRGN>(), reinterpret_cast<HRGN>(picture.Bitmap())}) {
-        EXPECT_EQ(SetRectRgn(bad, 0, 0, 1, 1), FALSE);
-        EXPECT_EQ(CombineRgn(bad, region, region, RGN_OR), ERROR);
-        EXPECT_EQ(CombineRgn(region, bad, region, RGN_OR), ERROR);
-        EXPECT_EQ(CombineRgn(region, region, bad, RGN_OR), ERROR);
-        EXPECT_EQ(CombineRgn(region, bad, nullptr, RGN_COPY), ERROR);
-        EXPECT_EQ(GetRegionData(bad, 0, nullptr), 0u);
-        EXPECT_EQ(GetRgnBox(bad, &box), ERROR);
-        EXPECT_EQ(EqualRgn(bad, region), FALSE);
-        EXPECT_EQ(EqualRgn(region, bad), FALSE);
-        EXPECT_EQ(OffsetRgn(bad, 1, 1), ERROR);
-        EXPECT_EQ(PtInRegion(bad, 0, 0), FALSE);
-        EXPECT_EQ(RectInRegion(bad, &box), FALSE);
+        ExpectRefused(SetRectRgn(bad, 0, 0, 1, 1), CombineRgn(bad, region, region, RGN_OR),
+                      CombineRgn(region, bad, region, RGN_OR), CombineRgn(region, region, bad, RGN_OR),
+                      CombineRgn(region, bad, nullptr, RGN_COPY), GetRegionData(bad, 0, nullptr), GetRgnBox(bad, &box),
+                      EqualRgn(bad, region), EqualRgn(region, bad), OffsetRgn(bad, 1, 1), PtInRegion(bad, 0, 0),
+                      RectInRegion(bad, &box));
         if (bad != nullptr) {
             EXPECT_EQ(ExtSelectClipRgn(picture, bad, RGN_COPY), ERROR);
         }

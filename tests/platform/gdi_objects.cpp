@@ -41,11 +41,7 @@ HBITMAP NewSection(int width, int height, WORD bitsPerPixel, void **bits, const 
         BITMAPINFOHEADER header;
         RGBQUAD colours[256];
     } info{};
-    info.header.biSize = sizeof(info.header);
-    info.header.biWidth = width;
-    info.header.biHeight = height;
-    info.header.biPlanes = 1;
-    info.header.biBitCount = bitsPerPixel;
+    info.header = HeaderOf(width, height, bitsPerPixel).bmiHeader;
     for (size_t i = 0; i < colours.size(); ++i) info.colours[i] = colours[i];
     return CreateDIBSection(nullptr, reinterpret_cast<BITMAPINFO *>(&info), DIB_RGB_COLORS, bits, nullptr, 0);
 }
@@ -83,8 +79,7 @@ HDC StaleDC() {
 }
 
 HBITMAP StaleBitmap() {
-    void *bits = nullptr;
-    const HBITMAP bitmap = NewSection(3, 3, 32, &bits);
+    const HBITMAP bitmap = NewSection(3, 3, 32);
     DeleteObject(bitmap);
     return bitmap;
 }

@@ -46,9 +46,22 @@ private:
     HDC handle_;
 };
 
+/// The header of a DIB without a colour table.
+inline BITMAPINFO HeaderOf(LONG width, LONG height, WORD bitsPerPixel) {
+    return {{sizeof(BITMAPINFOHEADER), width, height, 1, bitsPerPixel, BI_RGB, 0, 0, 0, 0, 0}, {}};
+}
+
+/// What GetObjectW tells of a bitmap.
+inline BITMAP DescriptionOf(HGDIOBJ bitmap) {
+    BITMAP description{};
+    GetObjectW(bitmap, sizeof(description), &description);
+    return description;
+}
+
 /// A DIB section; `height` is negative for a top-down one. Below 16 bits per pixel the colour table has the colours
 /// given, and black after them.
-HBITMAP NewSection(int width, int height, WORD bitsPerPixel, void **bits, const std::vector<RGBQUAD> &colours = {});
+HBITMAP NewSection(int width, int height, WORD bitsPerPixel, void **bits = nullptr,
+                   const std::vector<RGBQUAD> &colours = {});
 
 /// A memory device context with a DIB section selected into it.
 class Picture {

@@ -3,10 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
-#include <cstring>
 #include <thread>
 
 #include "gdi_objects.h"
+#include "support/refusals.h"
 
 namespace lacquer {
 namespace {
@@ -14,8 +14,7 @@ namespace {
 constexpr int kEnds[] = {INT32_MIN, INT32_MIN + 1, -3, 0, 3, INT32_MAX - 1, INT32_MAX};
 
 TEST(HeadlessLimits, TransfersTakeAnyCoordinate) {
-    Picture source(4, -4);
-    Picture picture(4, -4);
+    Picture source(4, -4), picture(4, -4);
     const BLENDFUNCTION blend{AC_SRC_OVER, 0, 128, 0};
     for (const int origin : {0, INT32_MAX, INT32_MIN}) {
         SetViewportOrgEx(picture, origin, origin, nullptr);
@@ -58,30 +57,28 @@ TEST(HeadlessLimits, SetDibBitsTakesAnySize) {
     Picture picture(4, -4);
     picture.Fill(5);
     std::vector<uint32_t> bits(16, 9);
-    BITMAPINFOHEADER header{sizeof(header), 4, -4, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
-    const auto *info = reinterpret_cast<const BITMAPINFO *>(&header);
+    BITMAPINFO info = HeaderOf(4, -4, 32);
+    const auto draw = [&](DWORD width, DWORD height, int sourceY) {
+        return SetDIBitsToDevice(picture, 0, 0, width, height, 0, sourceY, 0, 4, bits.data(), &info, DIB_RGB_COLORS);
+    };
     for (const DWORD size : {0x7FFFFFFFu, 0x80000000u, 0xFFFFFFFFu}) {
-        EXPECT_EQ(SetDIBitsToDevice(picture, 0, 0, size, 4, 0, 0, 0, 4, bits.data(), info, DIB_RGB_COLORS), 4);
+        EXPECT_EQ(draw(size, 4, 0), 4);
         EXPECT_EQ(picture.Words(), bits);
-        EXPECT_EQ(SetDIBitsToDevice(picture, 0, 0, 4, size, 0, 0, 0, 4, bits.data(), info, DIB_RGB_COLORS), 4);
-        EXPECT_EQ(SetDIBitsToDevice(picture, 0, 0, 4, 4, 0, 0, size, 4, bits.data(), info, DIB_RGB_COLORS), 0);
+        EXPECT_EQ(draw(4, size, 0), 4);
+        EXPECT_EQ(SetDIBitsToDevice(picture, 0, 0, 4, 4, 0, 0, size, 4, bits.data(), &info, DIB_RGB_COLORS), 0);
     }
     for (const LONG height : {0, INT32_MIN}) {
-        header.biHeight = height;
-        EXPECT_EQ(SetDIBitsToDevice(picture, 0, 0, 4, 4, 0, 0, 0, 4, bits.data(), info, DIB_RGB_COLORS), 0);
+        info.bmiHeader.biHeight = height;
+        EXPECT_EQ(draw(4, 4, 0), 0);
     }
 }
 
 TEST(HeadlessLimits, NullPointersAndUnknownValuesAreRefused) {
     Picture picture(4, -4);
     OwnedRegion region(0, 0, 1, 1);
-    EXPECT_EQ(GetClipBox(picture, nullptr), ERROR);
-    EXPECT_EQ(GetViewportOrgEx(picture, nullptr), FALSE);
-    EXPECT_EQ(GetWindowOrgEx(picture, nullptr), FALSE);
-    EXPECT_EQ(CreateRectRgnIndirect(nullptr), nullptr);
-    EXPECT_EQ(GetRgnBox(region, nullptr), ERROR);
-    EXPECT_EQ(RectInRegion(region, nullptr), FALSE);
-    EXPECT_EQ(RectVisible(picture, nullptr), FALSE);
+    ExpectRefused(GetClipBox(picture, nullptr), GetViewportOrgEx(picture, nullptr), GetWindowOrgEx(picture, nullptr),
+                  CreateRectRgnIndirect(nullptr), GetRgnBox(region, nullptr), RectInRegion(region, nullptr),
+                  RectVisible(picture, nullptr));
 
     RGNDATA data{};
     data.rdh = RGNDATAHEADER{sizeof(RGNDATAHEADER), RDH_RECTANGLES, 1, 0, {}};
@@ -92,16 +89,13 @@ TEST(HeadlessLimits, NullPointersAndUnknownValuesAreRefused) {
     data.rdh.iType = 2;
     EXPECT_EQ(ExtCreateRegion(nullptr, sizeof(data), &data), nullptr);
 
-    BLENDFUNCTION blend{1, 0, 255, 0};
-    EXPECT_EQ(GdiAlphaBlend(picture, 0, 0, 1, 1, picture, 2, 2, 1, 1, blend), FALSE);
-    blend = BLENDFUNCTION{AC_SRC_OVER, 1, 255, 0};
-    EXPECT_EQ(GdiAlphaBlend(picture, 0, 0, 1, 1, picture, 2, 2, 1, 1, blend), FALSE);
-    blend = BLENDFUNCTION{AC_SRC_OVER, 0, 255, 2};
-    EXPECT_EQ(GdiAlphaBlend(picture, 0, 0, 1, 1, picture, 2, 2, 1, 1, blend), FALSE);
+    for (const BLENDFUNCTION &blend :
+         {BLENDFUNCTION{1, 0, 255, 0}, BLENDFUNCTION{AC_SRC_OVER, 1, 255, 0}, BLENDFUNCTION{AC_SRC_OVER, 0, 255, 2}}) {
+        EXPECT_EQ(GdiAlphaBlend(picture, 0, 0, 1, 1, picture, 2, 2, 1, 1, blend), FALSE);
+    }
     EXPECT_EQ(BitBlt(picture, 0, 0, 1, 1, picture, 2, 2, 0x00EE0086), FALSE);
 
-    BITMAPINFO info{};
-    info.bmiHeader = BITMAPINFOHEADER{sizeof(BITMAPINFOHEADER), 4, 4, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    BITMAPINFO info = HeaderOf(4, 4, 32);
     for (DWORD BITMAPINFOHEADER::*field : {&BITMAPINFOHEADER::biSize, &BITMAPINFOHEADER::biCompression}) {
         BITMAPINFO bad = info;
         bad.bmiHeader.*field = 12;
@@ -113,12 +107,10 @@ TEST(HeadlessLimits, NullPointersAndUnknownValuesAreRefused) {
 
 TEST(HeadlessLimits, BandsThatOverlapInOneBitmapAreCopiedThroughTheClip) {
     // The clip splits the blit into boxes: a box must not read what another has written.
-    Picture picture(16, -16);
-    Picture expected(16, -16);
+    Picture picture(16, -16), expected(16, -16);
     picture.Number();
     expected.Number();
-    OwnedRegion clip(0, 0, 16, 5);
-    OwnedRegion lower(3, 5, 9, 16);
+    OwnedRegion clip(0, 0, 16, 5), lower(3, 5, 9, 16);
     CombineRgn(clip, clip, lower, RGN_OR);
     SelectClipRgn(picture, clip);
     for (int y = 2; y < 16; ++y) {
@@ -134,8 +126,7 @@ TEST(HeadlessLimits, ThreadsMayWorkOnObjectsOfTheirOwn) {
     std::atomic<int> failures{0};
     const auto work = [&failures] {
         for (int i = 0; i < 300; ++i) {
-            Picture source(8, -8);
-            Picture picture(8, 8);
+            Picture source(8, -8), picture(8, 8);
             OwnedRegion clip(1, 1, 7, 7);
             source.Fill(0xFF000000u + static_cast<uint32_t>(i));
             SelectClipRgn(picture, clip);

@@ -6,30 +6,10 @@
 #include <thread>
 
 #include "gdi_objects.h"
+#include "support/refusals.h"
 
 namespace lacquer {
 namespace {
-
-TEST(Rectangles, NullPointers) {
-    RECT rect{1, 2, 3, 4};
-    RECT out{9, 9, 9, 9};
-    EXPECT_EQ(CopyRect(nullptr, &rect), FALSE);
-    EXPECT_EQ(CopyRect(&out, nullptr), FALSE);
-    EXPECT_EQ(EqualRect(nullptr, &rect), FALSE);
-    EXPECT_EQ(EqualRect(&rect, nullptr), FALSE);
-    EXPECT_EQ(EqualRect(nullptr, nullptr), FALSE);
-    EXPECT_NE(IsRectEmpty(nullptr), FALSE);
-    EXPECT_EQ(OffsetRect(nullptr, 1, 1), FALSE);
-    EXPECT_EQ(InflateRect(nullptr, 1, 1), FALSE);
-    EXPECT_EQ(SetRect(nullptr, 1, 1, 1, 1), FALSE);
-    EXPECT_EQ(SetRectEmpty(nullptr), FALSE);
-    EXPECT_EQ(PtInRect(nullptr, POINT{1, 1}), FALSE);
-    EXPECT_EQ(IntersectRect(nullptr, &rect, &rect), FALSE);
-    EXPECT_EQ(IntersectRect(&out, nullptr, &rect), FALSE);
-    EXPECT_EQ(IntersectRect(&out, &rect, nullptr), FALSE);
-    EXPECT_EQ(out, (RECT{9, 9, 9, 9}));
-    EXPECT_EQ(UnionRect(nullptr, &rect, &rect), FALSE);
-}
 
 TEST(Rectangles, Values) {
     RECT rect{};
@@ -51,13 +31,19 @@ TEST(Rectangles, Values) {
     for (const RECT &empty : {RECT{3, 0, 3, 9}, RECT{0, 4, 9, 4}, RECT{5, 5, 1, 9}, RECT{INT32_MAX, 0, INT32_MIN, 1}}) {
         EXPECT_NE(IsRectEmpty(&empty), FALSE) << empty;
     }
+    // Null pointers.
+    ExpectRefused(CopyRect(nullptr, &rect), CopyRect(&copy, nullptr), EqualRect(nullptr, &rect),
+                  EqualRect(&rect, nullptr), EqualRect(nullptr, nullptr), OffsetRect(nullptr, 1, 1),
+                  InflateRect(nullptr, 1, 1), SetRect(nullptr, 1, 1, 1, 1), SetRectEmpty(nullptr),
+                  PtInRect(nullptr, POINT{1, 1}), IntersectRect(nullptr, &rect, &rect),
+                  IntersectRect(&copy, nullptr, &rect), IntersectRect(&copy, &rect, nullptr),
+                  UnionRect(nullptr, &rect, &rect));
+    EXPECT_NE(IsRectEmpty(nullptr), FALSE);
+    EXPECT_EQ(copy, (RECT{-2, 7, 6, 10}));
 }
 
 TEST(Rectangles, IntersectAndUnion) {
-    const RECT first{0, 0, 10, 10};
-    const RECT second{5, 6, 20, 20};
-    const RECT beside{10, 0, 20, 10};
-    const RECT inverted{10, 10, 0, 0};
+    const RECT first{0, 0, 10, 10}, second{5, 6, 20, 20}, beside{10, 0, 20, 10}, inverted{10, 10, 0, 0};
     RECT out{};
     EXPECT_NE(IntersectRect(&out, &first, &second), FALSE);
     EXPECT_EQ(out, (RECT{5, 6, 10, 10}));
@@ -92,27 +78,25 @@ TEST(Rectangles, WrapAroundAtTheEndsOfTheRange) {
 TEST(Kernel, MulDivRoundsHalvesAwayFromZero) {
     const struct {
         int number, numerator, denominator, result;
-    } cases[] = {
-        {7, 3, 2, 11},
-        {-7, 3, 2, -11},
-        {5, 1, 2, 3},
-        {-5, 1, 2, -3},
-        {5, 1, -2, -3},
-        {-5, -1, 2, 3},
-        {4, 1, 3, 1},
-        {1, 1, 0, -1},
-        {0, 0, 0, -1},
-        {INT32_MAX, 2, 1, -1},
-        {INT32_MAX, INT32_MAX, INT32_MAX, INT32_MAX},
-        {INT32_MAX, INT32_MAX, 1, -1},
-        {INT32_MIN, 1, 2, -0x40000000},
-        {INT32_MIN + 1, 1, 1, INT32_MIN + 1},
-        {INT32_MIN, INT32_MIN, 1, -1},
-        {INT32_MIN, 1, -1, -1},
-        {INT32_MAX, 3, 7, 920350134},
-        {-123456789, 987654321, 1000000, -1},
-        {-123456789, 98765, 1000000, -12193210},
-    };
+    } cases[] = {{7, 3, 2, 11},
+                 {-7, 3, 2, -11},
+                 {5, 1, 2, 3},
+                 {-5, 1, 2, -3},
+                 {5, 1, -2, -3},
+                 {-5, -1, 2, 3},
+                 {4, 1, 3, 1},
+                 {1, 1, 0, -1},
+                 {0, 0, 0, -1},
+                 {INT32_MAX, 2, 1, -1},
+                 {INT32_MAX, INT32_MAX, INT32_MAX, INT32_MAX},
+                 {INT32_MAX, INT32_MAX, 1, -1},
+                 {INT32_MIN, 1, 2, -0x40000000},
+                 {INT32_MIN + 1, 1, 1, INT32_MIN + 1},
+                 {INT32_MIN, INT32_MIN, 1, -1},
+                 {INT32_MIN, 1, -1, -1},
+                 {INT32_MAX, 3, 7, 920350134},
+                 {-123456789, 987654321, 1000000, -1},
+                 {-123456789, 98765, 1000000, -12193210}};
     for (const auto &expected : cases) {
         EXPECT_EQ(MulDiv(expected.number, expected.numerator, expected.denominator), expected.result)
             << expected.number << " x " << expected.numerator << " / " << expected.denominator;

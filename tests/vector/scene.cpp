@@ -7,23 +7,6 @@
 
 namespace lacquer {
 
-namespace {
-
-void DrawPathShapes(HGCANVAS canvas) {
-    velPath *path = PathCreate();
-    PathSetFillType(path, VEL_FILL_EVEN_ODD);
-    PathAddCircle(path, 10, 30, 7);
-    PathAddEllipse(path, 10, 30, 3, 5);
-    PathMoveTo(path, 20, 24);
-    PathQuadraticCurveTo(path, 30, 22, 26, 36);
-    PathOvalCurveTo(path, 4, 7, 30, 0, 1, 20, 30);
-    PathClose(path);
-    EXPECT_EQ(1, DrawPath(canvas, path));
-    PathDestroy(path);
-}
-
-}  // namespace
-
 void DrawScene(HGCANVAS canvas) {
     const POINT star[] = {{30, 2}, {34, 14}, {24, 6}, {36, 6}, {26, 14}};
     const float dashes[] = {4, 1.5f};
@@ -33,7 +16,15 @@ void DrawScene(HGCANVAS canvas) {
     SetColor(canvas, 0xFF2060E0);
     EXPECT_EQ(1, DrawPolygon(canvas, 5, star));
     EXPECT_EQ(1, DrawArc(canvas, 36, 20, 11, 9, 20, 250, 1));
-    DrawPathShapes(canvas);
+    velPath *path = PathCreate();
+    PathSetFillType(path, VEL_FILL_EVEN_ODD);
+    PathAddCircle(path, 10, 30, 7);
+    PathAddEllipse(path, 10, 30, 3, 5);
+    PathMoveTo(path, 20, 24);
+    PathQuadraticCurveTo(path, 30, 22, 26, 36);
+    PathOvalCurveTo(path, 4, 7, 30, 0, 1, 20, 30);
+    EXPECT_EQ(1, DrawPath(canvas, path));
+    PathDestroy(path);
     SetDrawStyle(canvas, VEL_STYLE_STROKE);
     SetStrokeWidth(canvas, 2.5f);
     SetStrokeJoin(canvas, VEL_JOIN_ROUND);
@@ -52,8 +43,18 @@ void DrawScene(HGCANVAS canvas) {
 
 OwnedCanvas PlainCanvas(LONG width, LONG height, uint32_t word) {
     OwnedCanvas canvas(CreateCanvas(static_cast<DWORD>(width), static_cast<DWORD>(height), {}));
-    FillWith(Locked(canvas), word);
+    FillWith(ViewOf(canvas), word);
     return canvas;
+}
+
+Picture PixelsOn(HGCANVAS canvas) { return PictureOf(ViewOf(canvas)); }
+
+OwnedCompanion CompanionOn(void *bits, LONG width, LONG height, LONG stride) {
+    OwnedCompanion companion(velCanvasCreate(), velCanvasDestroy);
+    velBitmap *bitmap = velBitmapCreateFromData(bits, width, height, stride);
+    EXPECT_EQ(1, velCanvasSetBitmap(companion.get(), bitmap));
+    EXPECT_EQ(1, velBitmapDestroy(bitmap));
+    return companion;
 }
 
 int Difference(uint32_t a, uint32_t b) {
@@ -62,24 +63,6 @@ int Difference(uint32_t a, uint32_t b) {
         most = std::max(most, std::abs(static_cast<int>(ChannelOf(a, i)) - static_cast<int>(ChannelOf(b, i))));
     }
     return most;
-}
-
-::testing::AssertionResult Near(const Picture &expected, const Picture &actual, int levels) {
-    if (expected.width != actual.width || expected.height != actual.height) {
-        return ::testing::AssertionFailure() << "the sizes differ";
-    }
-    int most = 0;
-    size_t first = 0;
-    for (size_t i = 0; i < expected.pixels.size(); ++i) {
-        const int difference = Difference(expected.pixels[i], actual.pixels[i]);
-        if (difference > levels && most <= levels) first = i;
-        most = std::max(most, difference);
-    }
-    if (most <= levels) return ::testing::AssertionSuccess();
-    const auto width = static_cast<size_t>(expected.width);
-    return ::testing::AssertionFailure() << most << " levels apart, first at (" << first % width << ", "
-                                         << first / width << "): expected " << std::hex << expected.pixels[first]
-                                         << ", not " << actual.pixels[first];
 }
 
 Picture Cropped(const Picture &before, const Picture &drawn, const RECT &rect) {
@@ -92,14 +75,9 @@ Picture Cropped(const Picture &before, const Picture &drawn, const RECT &rect) {
     return result;
 }
 
-Picture Shifted(const Picture &ground, const Picture &picture, LONG dx, LONG dy) {
-    Picture result = ground;
-    for (LONG y = 0; y < result.height; ++y) {
-        for (LONG x = 0; x < result.width; ++x) {
-            if (Contains(picture.Bounds(), x - dx, y - dy)) result.At(x, y) = picture.At(x - dx, y - dy);
-        }
-    }
-    return result;
+Picture WithRectangle(Picture picture, const RECT &rect, uint32_t word) {
+    const Picture plain{picture.width, picture.height, std::vector<uint32_t>(picture.pixels.size(), word)};
+    return Cropped(picture, plain, rect);
 }
 
 }  // namespace lacquer

@@ -1,29 +1,35 @@
 // What the tests of vector drawing draw: a scene with every kind of shape, and canvases of one colour.
 #pragma once
 
+#include <memory>
+
 #include "draw/painting.h"
 
 namespace lacquer {
 
 constexpr LONG kSceneWidth = 48, kSceneHeight = 40;
+constexpr uint32_t kGround = 0xFF808080;
 
 /// Shapes of every kind, stroked and filled, opaque and translucent, in the logical rectangle (0, 0) to (48, 40). The
 /// vector state is afterwards what it was.
 void DrawScene(HGCANVAS canvas);
 
 /// A canvas of its own, every pixel of one premultiplied word.
-OwnedCanvas PlainCanvas(LONG width, LONG height, uint32_t word);
+OwnedCanvas PlainCanvas(LONG width = kSceneWidth, LONG height = kSceneHeight, uint32_t word = kGround);
+
+Picture PixelsOn(HGCANVAS canvas);
+
+/// A canvas of the companion that draws on someone else's pixels.
+using OwnedCompanion = std::unique_ptr<velCanvas, int (*)(velCanvas *)>;
+OwnedCompanion CompanionOn(void *bits, LONG width, LONG height, LONG stride);
 
 /// How far the channel that differs most differs.
 int Difference(uint32_t a, uint32_t b);
 
-/// Says where two pictures differ first by more than `levels`, and by how much they do at most.
-::testing::AssertionResult Near(const Picture &expected, const Picture &actual, int levels);
-
 /// The part of `drawn` that lies in `rect`, and the rest of `before`.
 Picture Cropped(const Picture &before, const Picture &drawn, const RECT &rect);
 
-/// The picture moved by (dx, dy) over `ground`.
-Picture Shifted(const Picture &ground, const Picture &picture, LONG dx, LONG dy);
+/// The picture with a rectangle of one word.
+Picture WithRectangle(Picture picture, const RECT &rect, uint32_t word);
 
 }  // namespace lacquer

@@ -8,20 +8,13 @@ namespace {
 /// A companion canvas over a buffer of the test's own.
 class VelTextureTest : public testing::Test {
 protected:
-    VelTextureTest() {
-        velBitmap *bitmap = velBitmapCreateFromData(pixels_.data(), kWidth, kHeight, kStride);
-        EXPECT_EQ(1, velCanvasSetBitmap(companion_, bitmap));
-        EXPECT_EQ(1, velBitmapDestroy(bitmap));
-    }
-    ~VelTextureTest() override { velCanvasDestroy(companion_); }
-
     static constexpr LONG kWidth = 10, kHeight = 6, kStride = 48;
-    velCanvas *companion_ = velCanvasCreate();
     std::vector<uint32_t> pixels_ = std::vector<uint32_t>(kStride / 4 * kHeight, 0xFF112233);
+    const OwnedCompanion companion_ = CompanionOn(pixels_.data(), kWidth, kHeight, kStride);
 };
 
 TEST_F(VelTextureTest, ShowsWhatTheCompanionDraws) {
-    const OwnedTexture texture(GetTextureFromVelCanvas(companion_));
+    const OwnedTexture texture(GetTextureFromVelCanvas(companion_.get()));
     SIZE size{};
     BYTE bits = 0;
     DWORD filter = 1;
@@ -34,42 +27,35 @@ TEST_F(VelTextureTest, ShowsWhatTheCompanionDraws) {
     EXPECT_EQ(0u, filter);
     EXPECT_EQ(nullptr, GetTextureHandle(texture));
 
-    EXPECT_EQ(1, velCanvasSetColor(companion_, 0xFF00FF00));
-    EXPECT_EQ(1, velCanvasDrawRectangle(companion_, 2, 1, 3, 4));
+    EXPECT_EQ(1, velCanvasSetColor(companion_.get(), 0xFF00FF00));
+    EXPECT_EQ(1, velCanvasDrawRectangle(companion_.get(), 2, 1, 3, 4));
     const OwnedCanvas canvas = PlainCanvas(kWidth, kHeight, 0);
     const RECT whole{0, 0, kWidth, kHeight};
     EXPECT_EQ(1, DrawTexture(canvas, &whole, texture, LACQUER_NEAREST));
-    for (LONG y = 0; y < kHeight; ++y) {
-        for (LONG x = 0; x < kWidth; ++x) {
-            const uint32_t word = Contains({2, 1, 5, 5}, x, y) ? 0xFF00FF00 : 0xFF112233;
-            ASSERT_EQ(word, PixelAt(Locked(canvas), x, y)) << x << " " << y;
-            ASSERT_EQ(word, PixelAt(Locked(texture), x, y)) << x << " " << y;
-        }
-    }
+    const Picture expected =
+        WithRectangle(PixelsOn(PlainCanvas(kWidth, kHeight, 0xFF112233)), {2, 1, 5, 5}, 0xFF00FF00);
+    EXPECT_TRUE(Same(expected, PixelsOn(canvas)));
+    EXPECT_TRUE(Same(expected, PictureOf(ViewOf(texture))));
 }
 
 TEST_F(VelTextureTest, BelongsToTheCompanion) {
     {
-        const OwnedTexture texture(GetTextureFromVelCanvas(companion_)), again(GetTextureFromVelCanvas(companion_));
+        const OwnedTexture texture(GetTextureFromVelCanvas(companion_.get())),
+            again(GetTextureFromVelCanvas(companion_.get()));
         EXPECT_NE(HGTEXTURE(texture), HGTEXTURE(again));
-        PutPixel(Locked(texture), 3, 2, 0x01020304);
-        EXPECT_EQ(0x01020304u, PixelAt(Locked(again), 3, 2));
+        PutPixel(ViewOf(texture), 3, 2, 0x01020304);
+        EXPECT_EQ(0x01020304u, PixelAt(ViewOf(again), 3, 2));
         const OwnedTexture copy(CreateTexture(kWidth, kHeight));
         EXPECT_EQ(1, CopyTexture(copy, nullptr, texture, nullptr));
-        EXPECT_EQ(0x01020304u, PixelAt(Locked(copy), 3, 2));
+        EXPECT_EQ(0x01020304u, PixelAt(ViewOf(copy), 3, 2));
         const OwnedTexture turned(RotateTexture(texture, LACQUER_ROTATE_180));
-        EXPECT_EQ(0x01020304u, PixelAt(Locked(turned), kWidth - 4, kHeight - 3));
+        EXPECT_EQ(0x01020304u, PixelAt(ViewOf(turned), kWidth - 4, kHeight - 3));
     }
     EXPECT_EQ(0x01020304u, pixels_[2 * kStride / 4 + 3]);
-    EXPECT_EQ(1, velCanvasDrawColor(companion_, 0xFFFFFFFF)) << "not locked any more";
+    EXPECT_EQ(1, velCanvasDrawColor(companion_.get(), 0xFFFFFFFF)) << "not locked any more";
     EXPECT_EQ(0xFFFFFFFFu, pixels_[0]);
-}
-
-TEST_F(VelTextureTest, NeedsABitmap) {
-    velCanvas *empty = velCanvasCreate();
-    EXPECT_FALSE(GetTextureFromVelCanvas(empty));
-    EXPECT_FALSE(GetTextureFromVelCanvas(nullptr));
-    velCanvasDestroy(empty);
+    const OwnedCompanion empty(velCanvasCreate(), velCanvasDestroy);
+    EXPECT_FALSE(GetTextureFromVelCanvas(empty.get())) << "no bitmap";
 }
 
 }  // namespace

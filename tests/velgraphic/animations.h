@@ -9,6 +9,10 @@ namespace lacquer {
 /// VELGRAPHIC_WITHOUT_ANIMATIONS.
 bool ExpectsAnimations();
 
+/// Text with ' for each quotation mark, and <value> for a property that is not animated. The functions below take
+/// pieces of such text, or of JSON itself.
+std::string Json(const std::string &shorthand);
+
 /// 60 frames of 100 x 80 pixels at 30 per second: a composition used twice, with groups, fills, strokes with dashes,
 /// gradients, a star, trimmed and repeated shapes, masks, mattes, parents and keyframes.
 std::string RichAnimation();

@@ -107,28 +107,5 @@ TEST(VelBlendTest, EveryModeFollowsItsFormula) {
     }
 }
 
-TEST(VelBlendTest, OnlySomeModesReachBesideTheShape) {
-    for (DWORD mode = 0; mode <= VEL_BLEND_EXCLUSION; ++mode) {
-        Painting painting(8, 8, 0xFF336699);
-        EXPECT_EQ(1, velCanvasSetBlendMode(painting, mode));
-        EXPECT_EQ(1, velCanvasClipRect(painting, 0, 0, 6, 8));
-        EXPECT_EQ(1, velCanvasDrawRectangle(painting, 1, 1, 2, 2));
-        const bool reaches = mode == VEL_BLEND_SOURCE_IN || mode == VEL_BLEND_DESTINATION_IN ||
-                             mode == VEL_BLEND_SOURCE_OUT || mode == VEL_BLEND_DESTINATION_ATOP;
-        EXPECT_EQ(reaches ? 0u : 0xFF336699u, painting.At(5, 5)) << "mode " << mode;
-        EXPECT_EQ(0xFF336699u, painting.At(6, 5)) << "mode " << mode;
-    }
-}
-
-TEST(VelBlendTest, UnknownModesAndValuesChangeNothing) {
-    Painting painting;
-    EXPECT_EQ(1, velCanvasSetBlendMode(painting, 12));
-    EXPECT_EQ(1, velCanvasSetBlendValue(painting, 34));
-    for (const DWORD mode : {23u, 256u, 0xFFFFFFFFu}) EXPECT_EQ(0, velCanvasSetBlendMode(painting, mode));
-    for (const DWORD value : {256u, 0xFFFFFFFFu}) EXPECT_EQ(0, velCanvasSetBlendValue(painting, value));
-    EXPECT_EQ(12u, velCanvasGetBlendMode(painting));
-    EXPECT_EQ(34u, velCanvasGetBlendValue(painting));
-}
-
 }  // namespace
 }  // namespace lacquer

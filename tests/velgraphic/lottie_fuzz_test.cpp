@@ -4,6 +4,7 @@
 
 #include <chrono>
 #include <cstdlib>
+#include <fstream>
 #include <random>
 
 #include "animations.h"
@@ -54,39 +55,28 @@ void DamageValue(std::string &json, Random &random) {
         const size_t colon = json.find(':', Below(random, json.size()));
         return colon == std::string::npos ? json.find(':') + 1 : colon + 1;
     };
-    const size_t at = someValue();
-    const size_t end = EndOfValue(json, at);
-    const size_t from = someValue();
+    const size_t at = someValue(), end = EndOfValue(json, at), from = someValue();
     const std::string put = random() % 3 == 0 ? json.substr(from, EndOfValue(json, from) - from)
                                               : kValues[Below(random, std::size(kValues))];
     json.replace(at, end - at, put);
 }
 
-/// How many rounds; VELGRAPHIC_FUZZ_ROUNDS asks for a longer run.
-int Rounds() {
-    const char *const rounds = std::getenv("VELGRAPHIC_FUZZ_ROUNDS");
-    return rounds ? std::atoi(rounds) : 1500;
-}
-
-unsigned Seed() {
-    const char *const seed = std::getenv("VELGRAPHIC_FUZZ_SEED");
-    return seed ? static_cast<unsigned>(std::atoi(seed)) : 1;
+/// A number from the environment: VELGRAPHIC_FUZZ_ROUNDS and VELGRAPHIC_FUZZ_SEED ask for other and longer runs.
+int Setting(const char *name, int standard) {
+    const char *const value = std::getenv(name);
+    return value ? std::atoi(value) : standard;
 }
 
 void Fuzz(void (*damage)(std::string &, Random &)) {
     const std::string valid = RichAnimation();
-    Random random(Seed());
+    Random random(static_cast<unsigned>(Setting("VELGRAPHIC_FUZZ_SEED", 1)));
     Painting painting(40, 40), fresh(40, 40);
     EXPECT_EQ(1, velCanvasDrawCircle(fresh, 20, 20, 9));
     int drawn = 0;
-    for (int round = 0; round < Rounds(); ++round) {
+    for (int round = Setting("VELGRAPHIC_FUZZ_ROUNDS", 1500); round > 0; --round) {
         std::string json = valid;
         for (size_t i = 1 + Below(random, 4); i > 0 && !json.empty(); --i) damage(json, random);
-        if (const char *const path = std::getenv("VELGRAPHIC_FUZZ_FILE")) {
-            std::FILE *file = std::fopen(path, "wb");
-            std::fwrite(json.data(), 1, json.size(), file);
-            std::fclose(file);
-        }
+        if (const char *const path = std::getenv("VELGRAPHIC_FUZZ_FILE")) std::ofstream(path, std::ios::binary) << json;
         const auto started = std::chrono::steady_clock::now();
         velLottie *lottie = velLottieCreateFromData(json.data(), json.size());
         if (lottie) {

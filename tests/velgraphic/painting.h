@@ -5,7 +5,9 @@
 
 #include <cstdint>
 #include <functional>
+#include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace lacquer {
@@ -21,10 +23,9 @@ public:
     operator velCanvas *() const { return canvas_; }
     int Width() const { return width_; }
     int Height() const { return height_; }
-    uint32_t &At(int x, int y) { return pixels_[static_cast<size_t>(y * width_ + x)]; }
-    uint32_t AlphaAt(int x, int y) { return At(x, y) >> 24; }
+    uint32_t At(int x, int y) const { return pixels_[static_cast<size_t>(y * width_ + x)]; }
+    uint32_t AlphaAt(int x, int y) const { return At(x, y) >> 24; }
     const std::vector<uint32_t> &Pixels() const { return pixels_; }
-    std::vector<uint32_t> &Pixels() { return pixels_; }
     void Fill(uint32_t pixel);
 
     /// The sum of all alpha, in whole pixels: the area of what was drawn in an opaque colour on transparent ground.
@@ -39,21 +40,35 @@ private:
     velCanvas *canvas_;
 };
 
+/// A path, destroyed with the object.
+class Path {
+public:
+    ~Path() { velPathDestroy(path_); }
+    operator velPath *() const { return path_; }
+    velRectF Bounds() const;
+
+private:
+    velPath *path_ = velPathCreate();
+};
+
+/// Sets a gradient and then gives it its stops; afterwards it is the canvas's alone.
+void UseGradient(velCanvas *canvas, velGradient *gradient, std::initializer_list<std::pair<float, DWORD>> stops);
+
+/// What is drawn reaches to these edges.
+void ExpectBox(const Painting &painting, const RECT &expected);
+
 /// What a bad argument must not do: `attempt` is refused, draws nothing, and a drawing after it comes out as on a
 /// canvas that never saw it.
 void ExpectRefused(const std::string &what, const std::function<int(velCanvas *)> &attempt);
 
 /// A null-terminated name, as canvases take it.
-std::vector<WCHAR> Utf16(const char *ascii);
-
-/// The largest difference of a channel of two pictures of one size.
-int LargestDifference(const std::vector<uint32_t> &a, const std::vector<uint32_t> &b);
+std::vector<WCHAR> Utf16(const std::string &ascii);
 
 /// Compares with the picture data/<name>.pam, channel by channel, and writes the actual one to <name>.pam in the
 /// working folder when it differs by more than `tolerance`.
 void ExpectLikeReference(const Painting &painting, const std::string &name, int tolerance);
 
-/// Compares with the digest in data/digests.txt, and writes the picture to <name>.pam when it differs.
-void ExpectDigest(const Painting &painting, const std::string &name);
+/// Compares with the digest of the expected picture, and writes the actual one to <name>.pam when it differs.
+void ExpectDigest(const Painting &painting, const std::string &name, uint64_t digest);
 
 }  // namespace lacquer

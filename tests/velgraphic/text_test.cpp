@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
+#include <ranges>
 
 #include "painting.h"
 
@@ -88,31 +90,14 @@ TEST(VelTextTest, PicturesAgreeWithTheReference) {
     ExpectLikeReference(painting, "text", 24);
 }
 
-TEST(VelTextTest, StylesChangeWhatIsDrawn) {
-    const auto areaOf = [](DWORD style, const char *family) {
-        Painting painting(100, 40);
-        SetFont(painting, 24, style, family);
-        EXPECT_EQ(1, DrawText(painting, "nolim", 4, 28));
-        return painting.Area();
-    };
-    const double plain = areaOf(0, "DejaVu Sans");
-    EXPECT_GT(areaOf(VEL_FONT_BOLD, "DejaVu Sans"), plain * 1.2);
-    EXPECT_GT(areaOf(VEL_FONT_UNDERLINE, "DejaVu Sans"), plain + 60);
-    EXPECT_GT(areaOf(VEL_FONT_STRIKE_OUT, "DejaVu Sans"), plain + 20);
-    EXPECT_NEAR(plain, areaOf(VEL_FONT_ITALIC, "DejaVu Sans"), plain * 0.1);
-}
-
 TEST(VelTextTest, ItalicsLeanRight) {
-    const auto topOf = [](DWORD style) {
+    const auto rightEnd = [](DWORD style) {
         Painting painting(60, 60);
         SetFont(painting, 48, style);
         EXPECT_EQ(1, DrawText(painting, "l", 10, 50));
-        const RECT box = painting.Box();
-        int left = 0;
-        while (painting.AlphaAt(left, box.top + 1) == 0) ++left;
-        return left;
+        return painting.Box().right;
     };
-    EXPECT_GT(topOf(VEL_FONT_ITALIC), topOf(0) + 2);
+    EXPECT_GT(rightEnd(VEL_FONT_ITALIC), rightEnd(0) + 2);
 }
 
 TEST(VelTextTest, BarsJoinWithTheGlyphsToOneShape) {
@@ -122,36 +107,25 @@ TEST(VelTextTest, BarsJoinWithTheGlyphsToOneShape) {
     EXPECT_EQ(1, velCanvasSetColor(painting, 0x80000000));
     EXPECT_EQ(1, DrawText(painting, "gjpm", 5.3f, 25));
     for (const uint32_t pixel : painting.Pixels()) EXPECT_LE(pixel >> 24, 0x80u);
-    bool hasRow = false;
-    for (int y = 0; y < 40; ++y) {
-        bool isWhole = true;
-        for (int x = 8; x < 50; ++x) isWhole = isWhole && painting.AlphaAt(x, y) == 0x80;
-        hasRow = hasRow || isWhole;
-    }
-    EXPECT_TRUE(hasRow);
+    const auto isWholeBar = [&](int y) {
+        const auto row = painting.Pixels().begin() + y * 80;
+        return std::all_of(row + 8, row + 50, [](uint32_t pixel) { return pixel >> 24 == 0x80; });
+    };
+    EXPECT_TRUE(std::ranges::any_of(std::views::iota(0, 40), isWholeBar));
 }
 
 TEST(VelTextTest, GradientsAndOpacityColourGlyphs) {
     Painting painting(60, 30);
     SetFont(painting, 30);
-    velGradient *gradient = velGradientCreateLinear(0, 0, 60, 0);
-    EXPECT_EQ(1, velGradientAddColorStop(gradient, 0, 0xFFFF0000));
-    EXPECT_EQ(1, velGradientAddColorStop(gradient, 1, 0xFF0000FF));
-    EXPECT_EQ(1, velCanvasSetGradient(painting, gradient));
-    EXPECT_EQ(1, velGradientDestroy(gradient));
+    UseGradient(painting, velGradientCreateLinear(0, 0, 60, 0), {{0, 0xFFFF0000}, {1, 0xFF0000FF}});
     EXPECT_EQ(1, velCanvasSetDrawStyle(painting, VEL_STYLE_GRADIENT_STROKE));
     EXPECT_EQ(1, velCanvasSetBlendValue(painting, 128));
     EXPECT_EQ(1, DrawText(painting, "IMI", 2, 26));
-    uint32_t red = 0, blue = 0, most = 0;
-    for (int y = 0; y < 30; ++y) {
-        for (int x = 0; x < 60; ++x) {
-            most = std::max(most, painting.AlphaAt(x, y));
-            if (x < 15) red += painting.At(x, y) >> 16 & 0xFF;
-            if (x < 15) blue += painting.At(x, y) & 0xFF;
-        }
-    }
+    uint32_t most = 0;
+    for (const uint32_t pixel : painting.Pixels()) most = std::max(most, pixel >> 24);
     EXPECT_EQ(128u, most);
-    EXPECT_GT(red, blue * 3);
+    const uint32_t first = painting.At(6, 15);  // in the stem of the first letter
+    EXPECT_GT(first >> 16 & 0xFF, (first & 0xFF) * 3);
 }
 
 TEST(VelTextTest, AMissingFontDrawsNothingAndHarmsNothing) {
@@ -188,12 +162,9 @@ TEST(VelTextTest, RunsBeyondReasonAreRefused) {
             return velCanvasDrawPosTextByGlyphs(canvas, glyphs, run.count, run.positions);
         });
     }
-    ExpectRefused("null glyphs", [&](velCanvas *canvas) {
+    ExpectRefused("null", [&](velCanvas *canvas) {
         SetFont(canvas, 12);
-        return velCanvasDrawPosTextByGlyphs(canvas, nullptr, 1, kRuns[0].positions);
-    });
-    ExpectRefused("null positions", [&](velCanvas *canvas) {
-        SetFont(canvas, 12);
+        EXPECT_EQ(0, velCanvasDrawPosTextByGlyphs(canvas, nullptr, 1, kRuns[0].positions));
         return velCanvasDrawPosTextByGlyphs(canvas, glyphs, 1, nullptr);
     });
 
