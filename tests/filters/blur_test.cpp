@@ -9,12 +9,12 @@ namespace {
 
 OwnedTexture TextureOf(const Picture &picture) {
     OwnedTexture texture(CreateTexture(static_cast<DWORD>(picture.width), static_cast<DWORD>(picture.height)));
-    Put(Locked(texture), picture);
+    Put(ViewOf(texture), picture);
     return texture;
 }
 OwnedBitmap BitmapOf(const Picture &picture) {
     OwnedBitmap bitmap(CreateMemBitmap(static_cast<DWORD>(picture.width), static_cast<DWORD>(picture.height)));
-    Put(Locked(bitmap), picture);
+    Put(ViewOf(bitmap), picture);
     return bitmap;
 }
 
@@ -35,8 +35,8 @@ TEST(BoxBlur, IsTheMeanOfNinePixelsAtEverySize) {
                 const Picture before = NoisePicture(width + change, std::max(height + change, LONG{1}), 99);
                 const OwnedTexture from = TextureOf(source), to = TextureOf(before);
                 ASSERT_EQ(1, BlurTexture(to, from));
-                ASSERT_TRUE(Same(BoxBlurredInto(before, source), PictureOf(Locked(to)))) << width << " x " << height;
-                ASSERT_TRUE(Same(source, PictureOf(Locked(from))));
+                ASSERT_TRUE(Same(BoxBlurredInto(before, source), PictureOf(ViewOf(to)))) << width << " x " << height;
+                ASSERT_TRUE(Same(source, PictureOf(ViewOf(from))));
             }
         }
     }
@@ -47,7 +47,7 @@ TEST(BoxBlur, KeepsEvenPictures) {
         const Picture even{11, 2, std::vector<uint32_t>(22, value * 0x01010101)};
         const OwnedTexture from = TextureOf(even), to = TextureOf(NoisePicture(11, 2, value));
         BlurTexture(to, from);
-        ASSERT_TRUE(Same(even, PictureOf(Locked(to))));
+        ASSERT_TRUE(Same(even, PictureOf(ViewOf(to))));
     }
 }
 
@@ -60,10 +60,10 @@ TEST(BoxBlur, OfRectanglesStopsAtTheirEdges) {
         Paste(expected, destRect.left, destRect.top, BoxBlurredInto(Cut(before, destRect), Cut(source, sourceRect)));
         const OwnedTexture textureFrom = TextureOf(source), textureTo = TextureOf(before);
         ASSERT_EQ(1, BlurTextureEx(textureTo, &destRect, textureFrom, &sourceRect));
-        ASSERT_TRUE(Same(expected, PictureOf(Locked(textureTo))));
+        ASSERT_TRUE(Same(expected, PictureOf(ViewOf(textureTo))));
         const OwnedBitmap bitmapFrom = BitmapOf(source), bitmapTo = BitmapOf(before);
         ASSERT_EQ(1, BlurBitmapEx(bitmapTo, &destRect, bitmapFrom, &sourceRect));
-        ASSERT_TRUE(Same(expected, PictureOf(Locked(bitmapTo))));
+        ASSERT_TRUE(Same(expected, PictureOf(ViewOf(bitmapTo))));
     }
 }
 
@@ -71,7 +71,7 @@ TEST(BoxBlur, WorksOnSystemBitmaps) {
     const Picture source = NoisePicture(20, 9, 5);
     const OwnedBitmap from = BitmapOf(source), to(CreateSystemBitmap(20, 9));
     EXPECT_EQ(1, BlurBitmap(to, from));
-    EXPECT_TRUE(Same(ModelBoxBlur(source), PictureOf(Locked(to))));
+    EXPECT_TRUE(Same(ModelBoxBlur(source), PictureOf(ViewOf(to))));
 }
 
 TEST(GaussianBlur, IsExactAtEverySize) {
@@ -81,13 +81,13 @@ TEST(GaussianBlur, IsExactAtEverySize) {
             const Picture source = NoisePicture(width, height, static_cast<uint32_t>(width * 31 + height));
             const OwnedTexture target = TextureOf(source), scratch = TextureOf(NoisePicture(width, height, 1));
             ASSERT_EQ(1, GaussianBlurTexture(target, scratch));
-            ASSERT_TRUE(Same(ModelGaussianBlur(source), PictureOf(Locked(target)))) << width << " x " << height;
+            ASSERT_TRUE(Same(ModelGaussianBlur(source), PictureOf(ViewOf(target)))) << width << " x " << height;
         }
     }
     const Picture source = NoisePicture(30, 20, 3);
     const OwnedBitmap target = BitmapOf(source), scratch(CreateSystemBitmap(30, 20));
     EXPECT_EQ(1, GaussianBlurBitmap(target, scratch));
-    EXPECT_TRUE(Same(ModelGaussianBlur(source), PictureOf(Locked(target))));
+    EXPECT_TRUE(Same(ModelGaussianBlur(source), PictureOf(ViewOf(target))));
 }
 
 TEST(GaussianBlur, TruncatesEvenPictures) {
@@ -96,7 +96,7 @@ TEST(GaussianBlur, TruncatesEvenPictures) {
         const Picture even{9, 9, std::vector<uint32_t>(81, value * 0x01010101)};
         const OwnedTexture target = TextureOf(even), scratch(CreateTexture(9, 9));
         GaussianBlurTexture(target, scratch);
-        const Picture result = PictureOf(Locked(target));
+        const Picture result = PictureOf(ViewOf(target));
         ASSERT_TRUE(Same(ModelGaussianBlur(even), result)) << value;
         blurred[value] = result.pixels[40] & 0xFF;
     }
@@ -149,10 +149,10 @@ TEST(Blurs, ChangeNothingWithoutALockOrWithOtherSizes) {
     // A canvas made from a device context can't be locked as a whole.
     EXPECT_EQ(1, GaussianBlurCanvas(canvas, nullptr, other, nullptr));
     EXPECT_EQ(1, GaussianBlurCanvas(other, nullptr, canvas, nullptr));
-    EXPECT_TRUE(Same(source, PictureOf(Locked(first))));
-    EXPECT_TRUE(Same(before, PictureOf(Locked(second))));
-    EXPECT_TRUE(Same(source, PictureOf(Locked(firstBitmap))));
-    EXPECT_TRUE(Same(before, PictureOf(Locked(secondBitmap))));
+    EXPECT_TRUE(Same(source, PictureOf(ViewOf(first))));
+    EXPECT_TRUE(Same(before, PictureOf(ViewOf(second))));
+    EXPECT_TRUE(Same(source, PictureOf(ViewOf(firstBitmap))));
+    EXPECT_TRUE(Same(before, PictureOf(ViewOf(secondBitmap))));
     EXPECT_TRUE(Same(canvasBefore, canvas.Pixels()));
     EXPECT_TRUE(Same(otherBefore, other.Pixels()));
 }
@@ -160,15 +160,15 @@ TEST(Blurs, ChangeNothingWithoutALockOrWithOtherSizes) {
 TEST(Blurs, LeaveOtherDepthsAlone) {
     for (const WORD bits : std::initializer_list<WORD>{8, 16, 24, 48}) {
         const OwnedTexture deep = TextureOf(NoisePicture(7, 4, 1)), other(CreateTextureEx(7, 4, bits, 0));
-        const SurfaceView view = Locked(other);
+        const SurfaceView view = ViewOf(other);
         FillBytes(view, 0x5A);
-        const Picture before = PictureOf(Locked(deep));
+        const Picture before = PictureOf(ViewOf(deep));
         EXPECT_EQ(1, BlurTexture(other, deep));
         EXPECT_EQ(1, BlurTexture(deep, other));
         EXPECT_EQ(1, GaussianBlurTexture(other, deep));
         EXPECT_EQ(1, GaussianBlurTexture(deep, other));
         EXPECT_EQ(1, GaussianBlurTexture(other, other));
-        EXPECT_TRUE(Same(before, PictureOf(Locked(deep)))) << bits;
+        EXPECT_TRUE(Same(before, PictureOf(ViewOf(deep)))) << bits;
         EXPECT_TRUE(HasOnlyBytes(view, 0x5A)) << bits;
     }
 }

@@ -80,7 +80,7 @@ TEST(Colorize, TexturesOfEveryDepth) {
     constexpr Deltas kShift{0.3f, -0.4f, 0.2f};
     for (const WORD bits : std::initializer_list<WORD>{8, 24, 32}) {
         const OwnedTexture texture = NoiseTexture(13, 7, bits, bits);
-        const SurfaceView view = Locked(texture);
+        const SurfaceView view = ViewOf(texture);
         const std::vector<uint32_t> stored = PixelsOf(view);
         std::vector<uint32_t> expected = ColoursOf(view);
         for (size_t i = 0; i < expected.size(); ++i) {
@@ -95,7 +95,7 @@ TEST(Colorize, TexturesOfEveryDepth) {
     }
     for (const WORD bits : std::initializer_list<WORD>{16, 48}) {
         const OwnedTexture texture(CreateTextureEx(5, 3, bits, 0));
-        const SurfaceView view = Locked(texture);
+        const SurfaceView view = ViewOf(texture);
         FillBytes(view, 0x5A);
         EXPECT_EQ(1, ColorizeTexture(texture, kShift.h, kShift.s, kShift.l));
         EXPECT_TRUE(HasOnlyBytes(view, 0x5A)) << bits;

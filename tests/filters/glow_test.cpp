@@ -28,12 +28,12 @@ TEST(Glow, IsABlurredWhiteShape) {
         const auto w = static_cast<DWORD>(width), h = static_cast<DWORD>(height);
         const OwnedTexture texture(CreateTexture(w, h));
         const OwnedBitmap bitmap(CreateMemBitmap(w, h)), system(CreateSystemBitmap(w, h));
-        for (const SurfaceView &view : {Locked(texture), Locked(bitmap), Locked(system)}) Put(view, before);
+        for (const SurfaceView &view : {ViewOf(texture), ViewOf(bitmap), ViewOf(system)}) Put(view, before);
         EXPECT_EQ(1, LightTexture(texture));
         EXPECT_EQ(1, LightBitmap(bitmap));
         EXPECT_EQ(1, LightBitmap(system));
         const Picture expected = ModelGlow(before);
-        for (const SurfaceView &view : {Locked(texture), Locked(bitmap), Locked(system)}) {
+        for (const SurfaceView &view : {ViewOf(texture), ViewOf(bitmap), ViewOf(system)}) {
             EXPECT_TRUE(Same(expected, PictureOf(view))) << width << " x " << height;
         }
     }
@@ -47,27 +47,27 @@ TEST(Glow, StaysInsideItsRectangle) {
         Picture expected = before;
         Paste(expected, rect.left, rect.top, ModelGlow(Cut(before, rect)));
         const OwnedTexture texture(CreateTexture(24, 20));
-        Put(Locked(texture), before);
+        Put(ViewOf(texture), before);
         // Slices play no part.
         SetTextureSlice(texture, 1, &rect);
         EXPECT_EQ(1, LightTextureEx(texture, &rect));
-        EXPECT_TRUE(Same(expected, PictureOf(Locked(texture))));
+        EXPECT_TRUE(Same(expected, PictureOf(ViewOf(texture))));
     }
     const OwnedTexture texture = NoiseTexture(8, 8, 32, 5);
-    const Picture before = PictureOf(Locked(texture));
+    const Picture before = PictureOf(ViewOf(texture));
     for (const RECT &rect : kOutside) EXPECT_EQ(1, LightTextureEx(texture, &rect));
-    EXPECT_TRUE(Same(before, PictureOf(Locked(texture))));
+    EXPECT_TRUE(Same(before, PictureOf(ViewOf(texture))));
 }
 
 TEST(Glow, LeavesOtherDepthsAlone) {
     for (const WORD bits : std::initializer_list<WORD>{8, 24}) {
         const OwnedTexture texture = NoiseTexture(9, 4, bits, 1);
         const OwnedBitmap bitmap = NoiseBitmap(9, 4, bits, 1);
-        const Picture before = PictureOf(Locked(texture));
+        const Picture before = PictureOf(ViewOf(texture));
         EXPECT_EQ(1, LightTexture(texture));
         EXPECT_EQ(1, LightBitmap(bitmap));
-        EXPECT_TRUE(Same(before, PictureOf(Locked(texture))));
-        EXPECT_TRUE(Same(before, PictureOf(Locked(bitmap))));
+        EXPECT_TRUE(Same(before, PictureOf(ViewOf(texture))));
+        EXPECT_TRUE(Same(before, PictureOf(ViewOf(bitmap))));
     }
     for (const WORD bits : std::initializer_list<WORD>{4, 16, 48}) {
         const OwnedTexture texture(CreateTextureEx(9, 4, bits, 0));
@@ -93,12 +93,12 @@ TEST(Glow, TakesAHandleSlotForTheTimeOfTheCall) {
     EXPECT_EQ(second + 0x02000000, third);
 
     // Without a free slot the glow does nothing.
-    const Picture before = PictureOf(Locked(texture));
+    const Picture before = PictureOf(ViewOf(texture));
     std::vector<DWORD> entries;
     while (const DWORD entry = e_NewHandleEntry(nullptr, 9, &entries)) entries.push_back(entry);
     EXPECT_EQ(1, LightTexture(texture));
     EXPECT_EQ(1, LightBitmap(bitmap));
-    EXPECT_TRUE(Same(before, PictureOf(Locked(texture))));
+    EXPECT_TRUE(Same(before, PictureOf(ViewOf(texture))));
     for (const DWORD entry : entries) e_DelHandleEntry(nullptr, entry);
     EXPECT_GT(entries.size(), 30000u);
 }

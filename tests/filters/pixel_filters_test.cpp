@@ -56,15 +56,15 @@ void ExpectRule(const Filter &filter, const Picture &before) {
     for (uint32_t &pixel : expected.pixels) pixel = filter.deep(pixel);
     const auto width = static_cast<DWORD>(before.width), height = static_cast<DWORD>(before.height);
     const OwnedTexture texture(CreateTexture(width, height));
-    Put(Locked(texture), before);
+    Put(ViewOf(texture), before);
     ASSERT_EQ(1, filter.onTexture(texture)) << filter.name;
-    ASSERT_TRUE(Same(expected, PictureOf(Locked(texture)))) << filter.name << ' ' << width;
+    ASSERT_TRUE(Same(expected, PictureOf(ViewOf(texture)))) << filter.name << ' ' << width;
     if (!filter.onBitmap) return;
     for (const bool isSystem : {false, true}) {
         const OwnedBitmap bitmap(isSystem ? CreateSystemBitmap(width, height) : CreateMemBitmap(width, height));
-        Put(Locked(bitmap), before);
+        Put(ViewOf(bitmap), before);
         ASSERT_EQ(1, filter.onBitmap(bitmap)) << filter.name;
-        ASSERT_TRUE(Same(expected, PictureOf(Locked(bitmap)))) << filter.name << ' ' << width;
+        ASSERT_TRUE(Same(expected, PictureOf(ViewOf(bitmap)))) << filter.name << ' ' << width;
     }
 }
 
@@ -114,9 +114,9 @@ TEST(PixelFilters, HaveKnownValues) {
         {0x00112233, 0xFF000000, [](HGTEXTURE t) { return TranslateTexture(t, 0x112233, 0xFF000000); }}};
     for (const Case &known : kCases) {
         const OwnedTexture texture(CreateTexture(5, 1));
-        FillWith(Locked(texture), known.before);
+        FillWith(ViewOf(texture), known.before);
         EXPECT_EQ(1, known.filter(texture));
-        EXPECT_EQ(std::vector<uint32_t>(5, known.after), PixelsOf(Locked(texture))) << std::hex << known.before;
+        EXPECT_EQ(std::vector<uint32_t>(5, known.after), PixelsOf(ViewOf(texture))) << std::hex << known.before;
     }
 }
 
@@ -128,7 +128,7 @@ std::vector<BYTE> BytesOf(const SurfaceView &view) {
 /// A texture whose bytes, gaps between the rows included, are all noise.
 OwnedTexture NoisyBytes(DWORD width, WORD bits, DWORD paletteCount) {
     OwnedTexture texture(CreateTextureEx(width, 4, bits, paletteCount));
-    const SurfaceView view = Locked(texture);
+    const SurfaceView view = ViewOf(texture);
     auto *bytes = static_cast<BYTE *>(view.bits);
     for (LONG i = 0; i < view.stride * view.height; ++i)
         bytes[i] = static_cast<BYTE>(Noise(bits, static_cast<uint32_t>(i)));
@@ -141,12 +141,12 @@ TEST(PixelFilters, ChangeWhatTheyNameAtOtherDepths) {
         for (const WORD bits : std::initializer_list<WORD>{8, 16, 24, 48}) {
             for (const DWORD width : {2u, 3u, 5u, 9u}) {
                 const OwnedTexture texture = NoisyBytes(width, bits, 0), expected = NoisyBytes(width, bits, 0);
-                const SurfaceView view = Locked(expected);
+                const SurfaceView view = ViewOf(expected);
                 for (LONG y = 0; bits == 24 && filter.triples && y < view.height; ++y) {
                     for (LONG x = 0; x < view.width; ++x) PutPixel(view, x, y, filter.triples(PixelAt(view, x, y)));
                 }
                 EXPECT_EQ(1, filter.onTexture(texture)) << filter.name;
-                EXPECT_EQ(BytesOf(view), BytesOf(Locked(texture))) << filter.name << ' ' << bits << ' ' << width;
+                EXPECT_EQ(BytesOf(view), BytesOf(ViewOf(texture))) << filter.name << ' ' << bits << ' ' << width;
             }
         }
     }
@@ -155,16 +155,16 @@ TEST(PixelFilters, ChangeWhatTheyNameAtOtherDepths) {
 TEST(PixelFilters, ChangePalettesButNotTheSharedOne) {
     for (const Filter &filter : kFilters) {
         const OwnedTexture grey = NoisyBytes(6, 8, 0);
-        const std::vector<uint32_t> before = ColoursOf(Locked(grey));
+        const std::vector<uint32_t> before = ColoursOf(ViewOf(grey));
         EXPECT_EQ(1, filter.onTexture(grey));
         EXPECT_EQ(1, ColorizeTexture(grey, 0.5f, 0.5f, 0.5f));
-        EXPECT_EQ(before, ColoursOf(Locked(grey))) << filter.name;
-        const SurfaceView shared = Locked(grey);
+        EXPECT_EQ(before, ColoursOf(ViewOf(grey))) << filter.name;
+        const SurfaceView shared = ViewOf(grey);
         for (DWORD i = 0; i < 256; ++i) ASSERT_EQ(0xFF000000 | i * 0x010101, shared.palette[i]);
 
         for (const DWORD count : {1u, 5u, 256u}) {
             const OwnedTexture texture = NoisyBytes(6, 8, count);
-            const SurfaceView view = Locked(texture);
+            const SurfaceView view = ViewOf(texture);
             const std::vector<BYTE> indices = BytesOf(view);
             FillPaletteWithNoise(view, count);
             view.palette[0] = kFind;
@@ -181,7 +181,7 @@ TEST(PixelFilters, InvertWalksWholeWordsOfEveryRow) {
     for (const WORD bits : std::initializer_list<WORD>{8, 16, 24, 32, 48}) {
         for (const DWORD width : {1u, 2u, 5u, 21u}) {
             const OwnedTexture texture = NoisyBytes(width, bits, 0);
-            const SurfaceView view = Locked(texture);
+            const SurfaceView view = ViewOf(texture);
             std::vector<BYTE> expected = BytesOf(view);
             const size_t rowBytes = width * (bits / 8u) / 4 * 4;
             for (size_t y = 0; y < 4; ++y) {
@@ -208,15 +208,15 @@ TEST(PixelFilters, ShuffleARectangle) {
         Paste(expected, rect.left, rect.top, part);
         const OwnedTexture texture(CreateTexture(15, 11));
         const OwnedBitmap bitmap(CreateMemBitmap(15, 11));
-        Put(Locked(texture), before);
-        Put(Locked(bitmap), before);
+        Put(ViewOf(texture), before);
+        Put(ViewOf(bitmap), before);
         EXPECT_EQ(1, ShuffleTextureEx(texture, &rect, toAlpha ? 6 : 1));
         EXPECT_EQ(1, ShuffleBitmapEx(bitmap, &rect, toAlpha ? 6 : 1));
-        EXPECT_TRUE(Same(expected, PictureOf(Locked(texture))));
-        EXPECT_TRUE(Same(expected, PictureOf(Locked(bitmap))));
+        EXPECT_TRUE(Same(expected, PictureOf(ViewOf(texture))));
+        EXPECT_TRUE(Same(expected, PictureOf(ViewOf(bitmap))));
         EXPECT_EQ(1, ShuffleTextureEx(texture, nullptr, 1));
         EXPECT_EQ(1, ShuffleBitmapEx(bitmap, nullptr, 1));
-        EXPECT_TRUE(Same(PictureOf(Locked(texture)), PictureOf(Locked(bitmap))));
+        EXPECT_TRUE(Same(PictureOf(ViewOf(texture)), PictureOf(ViewOf(bitmap))));
     }
 }
 
@@ -226,15 +226,15 @@ TEST(PixelFilters, FailWhereNothingCanBeLocked) {
     EXPECT_EQ(0, InvertTexture(shallow));
     const OwnedTexture texture = NoiseTexture(6, 6, 32, 1);
     const OwnedBitmap bitmap = NoiseBitmap(6, 6, 32, 1);
-    const Picture before = PictureOf(Locked(texture));
+    const Picture before = PictureOf(ViewOf(texture));
     for (const RECT &rect : kOutside) {
         for (const DWORD code : {1u, 2u, 6u}) {
             EXPECT_EQ(0, ShuffleTextureEx(texture, &rect, code));
             EXPECT_EQ(0, ShuffleBitmapEx(bitmap, &rect, code));
         }
     }
-    EXPECT_TRUE(Same(before, PictureOf(Locked(texture))));
-    EXPECT_TRUE(Same(before, PictureOf(Locked(bitmap))));
+    EXPECT_TRUE(Same(before, PictureOf(ViewOf(texture))));
+    EXPECT_TRUE(Same(before, PictureOf(ViewOf(bitmap))));
 
     // Deleting one handle of a canvas's pixels empties what the other one names.
     const OwnedCanvas canvas(CreateCanvas(4, 4, HGCANVAS{}));

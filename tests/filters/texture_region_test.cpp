@@ -43,7 +43,7 @@ Region PixelByPixel(const Picture &picture) {
 OwnedTexture OverTexture(const Picture &picture) {
     OwnedTexture texture(CreateTexture(static_cast<DWORD>(picture.width), static_cast<DWORD>(picture.height)));
     SetTextureFilter(texture, 0x01000000);
-    Put(Locked(texture), picture);
+    Put(ViewOf(texture), picture);
     return texture;
 }
 
@@ -113,7 +113,7 @@ TEST(TextureRegion, LooksAtPalettesAndTakesTriplesWhole) {
     for (const DWORD count : {0u, 2u, 200u, 256u}) {
         const OwnedTexture texture(CreateTextureEx(21, 13, 8, count));
         SetTextureFilter(texture, 0x01000000);
-        const SurfaceView view = Locked(texture);
+        const SurfaceView view = ViewOf(texture);
         FillWithNoise(view, 3);
         for (DWORD i = 0; count != 0 && i < count; ++i) view.palette[i] = i % 3 == 0 ? 0 : i;
         const Region region = RegionOf(texture);
@@ -121,7 +121,7 @@ TEST(TextureRegion, LooksAtPalettesAndTakesTriplesWhole) {
     }
     const OwnedTexture triples(CreateTextureEx(10, 6, 24, 0));
     SetTextureFilter(triples, 0x02000000);
-    FillWith(Locked(triples), 0);
+    FillWith(ViewOf(triples), 0);
     const RECT part{1, 2, 10, 5};
     EXPECT_TRUE(IsRect(RegionOf(triples), {0, 0, 10, 6}));
     EXPECT_TRUE(IsRect(RegionOf(triples, &part), {0, 0, 9, 3}));
