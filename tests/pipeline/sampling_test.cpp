@@ -65,7 +65,7 @@ TEST_P(Sampling, MatchesTheModelForRandomGeometry) {
         if (areaKind == 1) shown = {std::min(size.cx, shown.cx), std::min(size.cy, shown.cy)};
         if (areaKind == 2) {
             const SIZE ratio = {Between(random, 1, 17), Between(random, 1, 17)};
-            shown = {std::max(1, size.cx / ratio.cx), std::max(1, size.cy / ratio.cy)};
+            shown = {std::max<LONG>(1, size.cx / ratio.cx), std::max<LONG>(1, size.cy / ratio.cy)};
             size = {shown.cx * ratio.cx, shown.cy * ratio.cy};
         }
         const TestImage source = RandomSource(random, size.cx, size.cy, depth, true);
