@@ -4,7 +4,6 @@
 #include <benchmark/benchmark.h>
 #include <lacquer/lacquer.h>
 
-
 #include "ratio.h"
 
 namespace {

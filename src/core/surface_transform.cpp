@@ -110,6 +110,11 @@ __m128i LoadHalf(const BYTE *bytes) { return _mm_loadl_epi64(reinterpret_cast<co
 void StoreHalf(BYTE *bytes, __m128i value) { _mm_storel_epi64(reinterpret_cast<__m128i *>(bytes), value); }
 void Prefetch(const BYTE *bytes) { _mm_prefetch(reinterpret_cast<const char *>(bytes), _MM_HINT_T0); }
 
+constexpr LONG kLineBytes = 64;
+
+/// From so many bytes on a turn goes past the caches: earlier than a copy, as its stores jump from row to row.
+constexpr int64_t kLargeTurn = int64_t{4} << 20;
+
 /// 32-bit pixels, four to a register.
 struct Words {
     static constexpr size_t kBytes = 4;
@@ -200,7 +205,7 @@ void TurnPixels(const SurfaceView &dest, const Walk &walk) {
 /// lines are brought into the cache, while the tile goes past the caches.
 template <class Pixels>
 void TurnStreaming(const SurfaceView &dest, const Walk &walk) {
-    constexpr LONG kLine = 64, kTile = kLine / LONG{Pixels::kBytes}, kTilesAhead = 2;
+    constexpr LONG kLine = kLineBytes, kTile = kLine / LONG{Pixels::kBytes}, kTilesAhead = 2;
     alignas(16) BYTE tile[kTile * kLine];
     const LONG right = dest.width - dest.width % kTile, bottom = dest.height - dest.height % kTile;
     const auto prefetchTile = [&](LONG left, LONG top) {
@@ -251,7 +256,7 @@ void MirrorPixels(const SurfaceView &dest, const Walk &walk) {
     const auto stream = [](BYTE *out, __m128i vector) { StreamVector(out, vector); };
     if (!Lookahead::Pays(dest)) {
         MirrorRows<Pixels>(dest, walk, store, [](const BYTE *, const BYTE *) {});
-    } else if (StreamingPays(int64_t{dest.stride} * dest.height) && AllowsStreaming(dest)) {
+    } else if (StreamingPays(int64_t{dest.stride} * dest.height) && RowsAreAligned(dest, 16)) {
         MirrorRows<Pixels>(dest, walk, stream, [](const BYTE *in, const BYTE *) { Prefetch(in); });
         FinishStreaming();
     } else {
@@ -266,7 +271,7 @@ template <class Pixels>
 void MoveInVectors(const SurfaceView &dest, const Walk &walk) {
     if (walk.perColumn == -static_cast<std::ptrdiff_t>(Pixels::kBytes)) {
         MirrorPixels<Pixels>(dest, walk);
-    } else if (Lookahead::Pays(dest) && AllowsStreaming(dest)) {
+    } else if (int64_t{dest.stride} * dest.height >= kLargeTurn && RowsAreAligned(dest, kLineBytes)) {
         TurnStreaming<Pixels>(dest, walk);
     } else {
         TurnPixels<Pixels>(dest, walk);

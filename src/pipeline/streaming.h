@@ -24,9 +24,10 @@ inline void StreamVector(BYTE *out, __m128i vector) { _mm_stream_si128(reinterpr
 /// Lets streamed stores be seen in order with those that follow.
 inline void FinishStreaming() { _mm_sfence(); }
 
-/// Whether every sixteenth byte of every row may be the start of a streamed vector.
-inline bool AllowsStreaming(const SurfaceView &view) {
-    return reinterpret_cast<uintptr_t>(view.bits) % sizeof(__m128i) == 0 && view.stride % LONG{sizeof(__m128i)} == 0;
+/// Whether every row begins at a multiple of so many bytes. Vectors need 16; stores that leave out parts of their
+/// surroundings need whole cache lines, or each line goes to memory in pieces.
+inline bool RowsAreAligned(const SurfaceView &view, LONG bytes) {
+    return reinterpret_cast<uintptr_t>(view.bits) % static_cast<uintptr_t>(bytes) == 0 && view.stride % bytes == 0;
 }
 
 #endif
