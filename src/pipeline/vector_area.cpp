@@ -33,7 +33,7 @@ __m128i MeansOf(__m128i lanes, __m128i upper, __m128i inverse) {
 __m128i SumsOfPairs(__m128i a, __m128i b) { return _mm_add_epi16(PickWords<0, 2>(a, b), PickWords<1, 3>(a, b)); }
 
 /// Four blocks that are two pixels wide.
-__m128i MeansOfPairs(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
+__m128i MeansOfTwoColumns(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
     LaneSums a(pixels), b(pixels + kVectorBytes);
     for (int y = 1; y < ratio.rows; ++y) {
         pixels += source.stride;
@@ -66,6 +66,37 @@ __m128i MeansOfVectors(const BYTE *pixels, const WordRows &source, const WholeRa
     };
     return MeansOf(sums(a.lanes, b.lanes, c.lanes, d.lanes), sums(a.upper, b.upper, c.upper, d.upper),
                    EachLane(ratio.inverse));
+}
+
+/// Bytes of several registers: their means, rounded up at each of the steps that made them, and their sums modulo 256.
+struct RoundedMeans {
+    __m128i means, sums;
+};
+
+RoundedMeans MeansOfBoth(__m128i a, __m128i b) { return {_mm_avg_epu8(a, b), _mm_add_epi8(a, b)}; }
+
+RoundedMeans MeansOfBoth(const RoundedMeans &a, const RoundedMeans &b) {
+    return {_mm_avg_epu8(a.means, b.means), _mm_add_epi8(a.sums, b.sums)};
+}
+
+/// Of two groups: neighbouring words.
+RoundedMeans MeansOfPairs(const RoundedMeans &a, const RoundedMeans &b) {
+    return {_mm_avg_epu8(PickWords<0, 2>(a.means, b.means), PickWords<1, 3>(a.means, b.means)),
+            _mm_add_epi8(PickWords<0, 2>(a.sums, b.sums), PickWords<1, 3>(a.sums, b.sums))};
+}
+
+/// Four blocks of 4 × 4 pixels, byte by byte. Four roundings make the mean up to 2 larger than floor(sum / 16), of which
+/// the sum's upper half byte is the lower one: it tells how much.
+__m128i MeansOfSixteen(const BYTE *pixels, const WordRows &source, const WholeRatio &) {
+    const auto columnMeans = [&](const BYTE *top) {
+        const auto row = [&](ptrdiff_t y) { return LoadFour(top + y * source.stride); };
+        return MeansOfBoth(MeansOfBoth(row(0), row(1)), MeansOfBoth(row(2), row(3)));
+    };
+    const RoundedMeans a = columnMeans(pixels), b = columnMeans(pixels + kVectorBytes);
+    const RoundedMeans c = columnMeans(pixels + 2 * kVectorBytes), d = columnMeans(pixels + 3 * kVectorBytes);
+    const RoundedMeans all = MeansOfPairs(MeansOfPairs(a, b), MeansOfPairs(c, d));
+    const __m128i excess = _mm_sub_epi8(all.means, _mm_srli_epi16(all.sums, 4));
+    return _mm_sub_epi8(all.means, _mm_and_si128(excess, _mm_set1_epi8(15)));
 }
 
 /// The channels of one word in the lower four lanes.
@@ -185,7 +216,8 @@ void MeansOfBlocks(BYTE *out, ptrdiff_t count, const WordRows &source, const Who
             StoreFour(out, means(pixels, source, ratio));
         }
     };
-    if (ratio.columns == 2) forEachFour(MeansOfPairs);
+    if (ratio.columns == 2) forEachFour(MeansOfTwoColumns);
+    if (ratio.columns == kVectorPixels && ratio.rows == kVectorPixels) forEachFour(MeansOfSixteen);
     if (ratio.columns == kVectorPixels) forEachFour(MeansOfVectors<1>);
     if (ratio.columns % kVectorPixels == 0) forEachFour(MeansOfVectors<0>);
     for (; count > 0; --count, pixels += width, out += kPixelBytes) StorePixel(out, MeanOfBlock(pixels, source, ratio));
