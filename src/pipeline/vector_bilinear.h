@@ -28,14 +28,14 @@ public:
           prepares_(down_.step < kDirectStep) {}
 
     void SetColumns(int64_t first, int count) {
-        columns_ = (count + kVectorPixels - 1) & ~(kVectorPixels - 1);
+        columns_ = count;
         inside_ = 0;
-        for (int i = 0; i < columns_; ++i) {
+        for (int i = 0; i < ((count + kVectorPixels - 1) & ~(kVectorPixels - 1)); ++i) {
             // The columns that fill up the last vector repeat the last one.
             const LinearTaps taps = LinearTapsAt(across_.At(first + std::min(i, count - 1)), source_.width);
             near_[i] = taps.nearIndex;
             // One pixel that is both taps needs no weight for the second.
-            fractions_[i] = (taps.farIndex == taps.nearIndex ? 0 : static_cast<uint64_t>(taps.fraction)) * kEachLane;
+            fractions_[i] = (taps.farIndex == taps.nearIndex ? 0 : static_cast<uint32_t>(taps.fraction)) * kBothLanes;
             if (IsInside(taps.nearIndex)) inside_ = i + 1;
         }
         lines_[0].row = lines_[1].row = -1;
@@ -45,8 +45,10 @@ public:
         const LinearTaps taps = LinearTapsAt(down_.At(row), source_.height);
         fraction_ = static_cast<uint32_t>(taps.fraction);
         if (prepares_) {
-            top_ = &Prepared(taps.nearIndex);
-            bottom_ = &Prepared(taps.farIndex);
+            top_ = &LineOf(taps.nearIndex);
+            bottom_ = &LineOf(taps.farIndex);
+            bottomRow_ = taps.farIndex;
+            if (top_->row != taps.nearIndex) Prepare(*top_, taps.nearIndex, [](ptrdiff_t, const Four &, int) {});
         } else {
             const LinearTaps next = LinearTapsAt(down_.At(row + 1), source_.height);
             topPixels_ = RowOf(source_, taps.nearIndex);
@@ -56,56 +58,85 @@ public:
         }
     }
 
-    void Read(BYTE *out, int count) const {
-        if (prepares_) {
+    void Read(BYTE *out, int count) {
+        if (!prepares_) {
+            ReadDirectly(out, count);
+        } else if (bottom_->row == bottomRow_) {
             ReadPrepared(out, count);
         } else {
-            ReadDirectly(out, count);
+            ReadPreparing(out);
         }
     }
 
 private:
     /// From this vertical step on, preparing rows costs more than it saves.
     static constexpr int64_t kDirectStep = 0xC000;
-    static constexpr uint64_t kEachLane = 0x0001000100010001;
+    static constexpr uint32_t kBothLanes = 0x00010001;
     static constexpr ptrdiff_t kSourceBytes = Source::kBitsPerPixel / 8;
     /// What TapsInside reads.
     static constexpr ptrdiff_t kTapBytes = Source::kBitsPerPixel == 8 ? 2 : 8;
 
-    /// One source row at two columns of the block: P, E and 256 P + fx E.
-    struct Pair {
+    /// Two channels of one source row at four columns: P, E and 256 P + fx E.
+    struct Channels {
         __m128i nearPixels, steps, blends;
+    };
+
+    struct Four {
+        Channels lower, upper;
     };
 
     struct Line {
         int row;
-        Pair pairs[kBlockColumns / 2];
+        Four fours[kBlockColumns / kVectorPixels];
+    };
+
+    /// The near and the far words of four columns.
+    struct FourTaps {
+        __m128i nearWords, farWords;
     };
 
     bool IsInside(ptrdiff_t column) const { return column * kSourceBytes + kTapBytes <= source_.width * kSourceBytes; }
 
-    /// The pixel of column i and the one that follows it; at the row's end the last one twice.
-    __m128i Taps(const BYTE *pixels, ptrdiff_t i) const {
-        const auto read = pixels_.GetReader();
-        const int column = near_[i];
-        return _mm_unpacklo_epi32(OneWord(read(pixels, column)),
-                                  OneWord(read(pixels, std::min<int>(column + 1, source_.width - 1))));
+    /// The pixels of the four columns from i on, and those that follow them; at the row's end the last one twice.
+    FourTaps Taps(const BYTE *pixels, ptrdiff_t i) const {
+        const int last = source_.width - 1;
+        return TapsOf(pixels, i, [last](int column) { return std::min(column + 1, last); });
     }
 
     /// The same for columns that are inside.
-    __m128i TapsInside(const BYTE *pixels, ptrdiff_t i) const {
-        const ptrdiff_t column = near_[i];
+    FourTaps TapsInside(const BYTE *pixels, ptrdiff_t i) const {
         if constexpr (Source::kBitsPerPixel == 8) {
-            const auto read = pixels_.GetReader();
-            return _mm_unpacklo_epi32(OneWord(read(pixels, column)), OneWord(read(pixels, column + 1)));
+            return TapsOf(pixels, i, [](int column) { return column + 1; });
         } else {
-            const __m128i taps = _mm_loadl_epi64(reinterpret_cast<const __m128i *>(pixels + column * kSourceBytes));
-            if constexpr (Source::kBitsPerPixel == 32) return taps;
-            return _mm_or_si128(_mm_unpacklo_epi32(taps, _mm_srli_epi64(taps, 24)), EachWord(kOpaque));
+            const auto at = [&](ptrdiff_t k) { return pixels + near_[k] * kSourceBytes; };
+            const __m128i first = LoadTwoAndTwo(at(i), at(i + 1)), second = LoadTwoAndTwo(at(i + 2), at(i + 3));
+            if constexpr (Source::kBitsPerPixel == 32) {
+                return {PickWords<0, 2>(first, second), PickWords<1, 3>(first, second)};
+            } else {
+                const __m128i next = PickWords<0, 2>(_mm_srli_epi64(first, 24), _mm_srli_epi64(second, 24));
+                const __m128i opaque = EachWord(kOpaque);
+                return {_mm_or_si128(PickWords<0, 2>(first, second), opaque), _mm_or_si128(next, opaque)};
+            }
         }
     }
 
-    /// fx in each lane of two columns.
+    template <class Next>
+    FourTaps TapsOf(const BYTE *pixels, ptrdiff_t i, const Next &next) const {
+        const auto read = pixels_.GetReader();
+        const int *const columns = near_ + i;
+        const auto nearWord = [&](int k) { return read(pixels, columns[k]); };
+        const auto farWord = [&](int k) { return read(pixels, next(columns[k])); };
+        return {FourWords(nearWord(0), nearWord(1), nearWord(2), nearWord(3)),
+                FourWords(farWord(0), farWord(1), farWord(2), farWord(3))};
+    }
+
+    /// Two words from each of two places.
+    static __m128i LoadTwoAndTwo(const BYTE *a, const BYTE *b) {
+        const __m128 first = _mm_castsi128_ps(LoadTwo(a));
+        return _mm_castps_si128(_mm_loadh_pi(first, reinterpret_cast<const __m64 *>(b)));
+    }
+
+    /// fx in both lanes of four columns.
     __m128i FractionsAt(ptrdiff_t i) const { return _mm_load_si128(reinterpret_cast<const __m128i *>(fractions_ + i)); }
 
     void PrefetchAt(const BYTE *pixels, ptrdiff_t i) const {
@@ -113,70 +144,92 @@ private:
     }
 
     /// The two rows that a destination row needs are neighbours, so they have a line each.
-    const Line &Prepared(int row) {
-        Line &line = lines_[row & 1];
-        if (line.row == row) return line;
+    Line &LineOf(int row) { return lines_[row & 1]; }
+
+    /// Calls use(i, four, left) for each four columns that are ready, `left` columns before the block's end.
+    template <class Use>
+    void Prepare(Line &line, int row, const Use &use) {
         line.row = row;
         const BYTE *const pixels = RowOf(source_, row);
         const BYTE *const next = RowOf(source_, std::min<int64_t>(row + 1, source_.height - 1));
-        Pair *pair = line.pairs;
-        const auto prepare = [&](const auto &taps, ptrdiff_t i) {
-            const __m128i zero = _mm_setzero_si128(), words = _mm_unpacklo_epi32(taps(pixels, i), taps(pixels, i + 1));
-            const __m128i nearPixels = _mm_unpacklo_epi8(words, zero);
-            const __m128i steps = _mm_sub_epi16(_mm_unpackhi_epi8(words, zero), nearPixels);
-            const __m128i across = _mm_mullo_epi16(steps, FractionsAt(i));
-            *pair++ = {nearPixels, steps, _mm_add_epi16(_mm_slli_epi16(nearPixels, 8), across)};
-        };
+        Four *prepared = line.fours;
         ForEachFour(
             columns_, [&](ptrdiff_t i) { PrefetchAt(next, i); },
-            [&](const auto &taps, ptrdiff_t i) {
-                prepare(taps, i);
-                prepare(taps, i + 2);
+            [&](const auto &taps, ptrdiff_t i, int left) {
+                const __m128i fx = FractionsAt(i);
+                const auto prepare = [&](__m128i nearPixels, __m128i farPixels) -> Channels {
+                    const __m128i steps = _mm_sub_epi16(farPixels, nearPixels);
+                    return {nearPixels, steps, _mm_add_epi16(_mm_slli_epi16(nearPixels, 8), _mm_mullo_epi16(steps, fx))};
+                };
+                const auto [nearWords, farWords] = taps(pixels, i);
+                const Four four = {prepare(LowerBytes(nearWords), LowerBytes(farWords)),
+                                   prepare(UpperBytes(nearWords), UpperBytes(farWords))};
+                *prepared++ = four;
+                use(i, four, left);
             });
-        return line;
+    }
+
+    /// The mean of two prepared rows.
+    class Mean {
+    public:
+        explicit Mean(uint32_t fraction) : fy_(EachLane(fraction)), upperFy_(EachLane(fraction << 8)) {}
+
+        __m128i operator()(const Four &above, const Four &below, __m128i fx) const {
+            const __m128i w11 = _mm_mulhi_epu16(fx, upperFy_);
+            return JoinUpperBytes(Of(above.lower, below.lower, w11), Of(above.upper, below.upper, w11));
+        }
+
+    private:
+        __m128i Of(const Channels &above, const Channels &below, __m128i w11) const {
+            const __m128i down = _mm_mullo_epi16(_mm_sub_epi16(below.nearPixels, above.nearPixels), fy_);
+            const __m128i both = _mm_mullo_epi16(_mm_sub_epi16(below.steps, above.steps), w11);
+            return _mm_add_epi16(_mm_add_epi16(above.blends, down), both);
+        }
+
+        __m128i fy_, upperFy_;
+    };
+
+    void ReadPreparing(BYTE *out) {
+        const Mean mean(fraction_);
+        const Four *top = top_->fours;
+        Prepare(*bottom_, bottomRow_, [&](ptrdiff_t i, const Four &below, int left) {
+            StoreSome(out + i * kPixelBytes, mean(*top++, below, FractionsAt(i)), left);
+        });
     }
 
     void ReadPrepared(BYTE *out, int count) const {
-        const __m128i fy = EachLane(fraction_), upperFy = EachLane(fraction_ << 8);
-        const Pair *top = top_->pairs, *bottom = bottom_->pairs;
-        const auto mean = [&](const Pair &above, const Pair &below, __m128i fx) {
-            const __m128i down = _mm_mullo_epi16(_mm_sub_epi16(below.nearPixels, above.nearPixels), fy);
-            const __m128i both = _mm_mullo_epi16(_mm_sub_epi16(below.steps, above.steps), _mm_mulhi_epu16(fx, upperFy));
-            return _mm_srli_epi16(_mm_add_epi16(_mm_add_epi16(above.blends, down), both), 8);
-        };
-        for (int i = 0; i < count; i += kVectorPixels, top += 2, bottom += 2) {
-            const __m128i words =
-                _mm_packus_epi16(mean(top[0], bottom[0], FractionsAt(i)), mean(top[1], bottom[1], FractionsAt(i + 2)));
-            StoreSome(out + i * kPixelBytes, words, count - i);
-        }
+        const Mean mean(fraction_);
+        const Four *top = top_->fours, *bottom = bottom_->fours;
+        ptrdiff_t i = 0;
+        for (; i + kVectorPixels <= count; i += kVectorPixels)
+            StoreFour(out + i * kPixelBytes, mean(*top++, *bottom++, FractionsAt(i)));
+        if (i < count)
+            StoreSome(out + i * kPixelBytes, mean(*top, *bottom, FractionsAt(i)), static_cast<int>(count - i));
     }
 
     void ReadDirectly(BYTE *out, int count) const {
         const __m128i fy = EachLane(fraction_), upperFy = EachLane(fraction_ << 8), upper = EachLane(256 - fraction_);
         const BYTE *const top = topPixels_, *const bottom = bottomPixels_;
         const BYTE *const nextTop = nextTop_, *const nextBottom = nextBottom_;
-        const auto mean = [&](const auto &taps, ptrdiff_t i) {
-            const __m128i zero = _mm_setzero_si128();
-            const __m128i above = _mm_unpacklo_epi32(taps(top, i), taps(top, i + 1));
-            const __m128i below = _mm_unpacklo_epi32(taps(bottom, i), taps(bottom, i + 1));
-            const __m128i fx = FractionsAt(i), w11 = _mm_mulhi_epu16(fx, upperFy), w10 = _mm_sub_epi16(fy, w11);
-            const __m128i w01 = _mm_sub_epi16(fx, w11), w00 = _mm_sub_epi16(upper, w01);
-            const __m128i first = _mm_add_epi16(_mm_mullo_epi16(_mm_unpacklo_epi8(above, zero), w00),
-                                                _mm_mullo_epi16(_mm_unpackhi_epi8(above, zero), w01));
-            const __m128i second = _mm_add_epi16(_mm_mullo_epi16(_mm_unpacklo_epi8(below, zero), w10),
-                                                 _mm_mullo_epi16(_mm_unpackhi_epi8(below, zero), w11));
-            return _mm_srli_epi16(_mm_add_epi16(first, second), 8);
-        };
         ForEachFour(
             count,
             [&](ptrdiff_t i) {
                 PrefetchAt(nextTop, i);
                 PrefetchAt(nextBottom, i);
             },
-            [&](const auto &taps, ptrdiff_t i) {
-                const __m128i first = mean(taps, i);
-                StoreSome(out + i * kPixelBytes, _mm_packus_epi16(first, mean(taps, i + 2)),
-                          static_cast<int>(count - i));
+            [&](const auto &taps, ptrdiff_t i, int left) {
+                const __m128i fx = FractionsAt(i), w11 = _mm_mulhi_epu16(fx, upperFy), w10 = _mm_sub_epi16(fy, w11);
+                const __m128i w01 = _mm_sub_epi16(fx, w11), w00 = _mm_sub_epi16(upper, w01);
+                const auto [p00, p01] = taps(top, i);
+                const auto [p10, p11] = taps(bottom, i);
+                const auto weighted = [&](__m128i a, __m128i b, __m128i c, __m128i d) {
+                    const __m128i first = _mm_add_epi16(_mm_mullo_epi16(a, w00), _mm_mullo_epi16(b, w01));
+                    return _mm_add_epi16(first, _mm_add_epi16(_mm_mullo_epi16(c, w10), _mm_mullo_epi16(d, w11)));
+                };
+                const __m128i greenAlpha =
+                    weighted(UpperBytes(p00), UpperBytes(p01), UpperBytes(p10), UpperBytes(p11));
+                const __m128i blueRed = _mm_sub_epi16(weighted(p00, p01, p10, p11), _mm_slli_epi16(greenAlpha, 8));
+                StoreSome(out + i * kPixelBytes, JoinUpperBytes(blueRed, greenAlpha), left);
             });
     }
 
@@ -189,9 +242,9 @@ private:
         ptrdiff_t i = 0;
         for (; i + kVectorPixels <= end; i += kVectorPixels) {
             prefetch(i);
-            work(inside, i);
+            work(inside, i, kVectorPixels);
         }
-        for (; i < count; i += kVectorPixels) work(anywhere, i);
+        for (; i < count; i += kVectorPixels) work(anywhere, i, static_cast<int>(count - i));
     }
 
     const SurfaceView &source_;
@@ -200,9 +253,10 @@ private:
     bool prepares_;
     ptrdiff_t columns_ = 0, inside_ = 0;  ///< inside: the leading columns where TapsInside may be used
     int near_[kBlockColumns];
-    alignas(16) uint64_t fractions_[kBlockColumns];  ///< fx in each lane
+    alignas(16) uint32_t fractions_[kBlockColumns];  ///< fx in both lanes
     Line lines_[2];
-    const Line *top_ = nullptr, *bottom_ = nullptr;
+    Line *top_ = nullptr, *bottom_ = nullptr;
+    int bottomRow_ = 0;
     const BYTE *topPixels_ = nullptr, *bottomPixels_ = nullptr;
     const BYTE *nextTop_ = nullptr, *nextBottom_ = nullptr;  ///< what the next destination row needs
     uint32_t fraction_ = 0;
