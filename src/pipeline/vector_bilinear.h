@@ -33,10 +33,10 @@ public:
         for (int i = 0; i < ((count + kVectorPixels - 1) & ~(kVectorPixels - 1)); ++i) {
             // The columns that fill up the last vector repeat the last one.
             const LinearTaps taps = LinearTapsAt(across_.At(first + std::min(i, count - 1)), source_.width);
-            near_[i] = taps.nearIndex;
+            near_[i] = static_cast<int>(taps.nearIndex * kSourceBytes);
             // One pixel that is both taps needs no weight for the second.
             fractions_[i] = (taps.farIndex == taps.nearIndex ? 0 : static_cast<uint32_t>(taps.fraction)) * kBothLanes;
-            if (IsInside(taps.nearIndex)) inside_ = i + 1;
+            if (near_[i] + kTapBytes <= source_.width * kSourceBytes) inside_ = i + 1;
         }
         lines_[0].row = lines_[1].row = -1;
     }
@@ -95,21 +95,20 @@ private:
         __m128i nearWords, farWords;
     };
 
-    bool IsInside(ptrdiff_t column) const { return column * kSourceBytes + kTapBytes <= source_.width * kSourceBytes; }
-
     /// The pixels of the four columns from i on, and those that follow them; at the row's end the last one twice.
     FourTaps Taps(const BYTE *pixels, ptrdiff_t i) const {
-        const int last = source_.width - 1;
-        return TapsOf(pixels, i, [last](int column) { return std::min(column + 1, last); });
+        const ptrdiff_t last = (source_.width - 1) * kSourceBytes;
+        return TapsOf(pixels, i, [last](ptrdiff_t pixel) { return std::min(pixel + kSourceBytes, last); });
     }
 
     /// The same for columns that are inside.
     FourTaps TapsInside(const BYTE *pixels, ptrdiff_t i) const {
         if constexpr (Source::kBitsPerPixel == 8) {
-            return TapsOf(pixels, i, [](int column) { return column + 1; });
+            return TapsOf(pixels, i, [](ptrdiff_t pixel) { return pixel + kSourceBytes; });
         } else {
-            const auto at = [&](ptrdiff_t k) { return pixels + near_[k] * kSourceBytes; };
-            const __m128i first = LoadTwoAndTwo(at(i), at(i + 1)), second = LoadTwoAndTwo(at(i + 2), at(i + 3));
+            const int *const bytes = near_ + i;
+            const __m128i first = LoadTwoAndTwo(pixels + bytes[0], pixels + bytes[1]);
+            const __m128i second = LoadTwoAndTwo(pixels + bytes[2], pixels + bytes[3]);
             if constexpr (Source::kBitsPerPixel == 32) {
                 return {PickWords<0, 2>(first, second), PickWords<1, 3>(first, second)};
             } else {
@@ -123,9 +122,9 @@ private:
     template <class Next>
     FourTaps TapsOf(const BYTE *pixels, ptrdiff_t i, const Next &next) const {
         const auto read = pixels_.GetReader();
-        const int *const columns = near_ + i;
-        const auto nearWord = [&](int k) { return read(pixels, columns[k]); };
-        const auto farWord = [&](int k) { return read(pixels, next(columns[k])); };
+        const int *const bytes = near_ + i;
+        const auto nearWord = [&](int k) { return read(pixels + bytes[k], 0); };
+        const auto farWord = [&](int k) { return read(pixels + next(bytes[k]), 0); };
         return {FourWords(nearWord(0), nearWord(1), nearWord(2), nearWord(3)),
                 FourWords(farWord(0), farWord(1), farWord(2), farWord(3))};
     }
@@ -140,7 +139,7 @@ private:
     __m128i FractionsAt(ptrdiff_t i) const { return _mm_load_si128(reinterpret_cast<const __m128i *>(fractions_ + i)); }
 
     void PrefetchAt(const BYTE *pixels, ptrdiff_t i) const {
-        _mm_prefetch(reinterpret_cast<const char *>(pixels + near_[i] * kSourceBytes), _MM_HINT_T0);
+        _mm_prefetch(reinterpret_cast<const char *>(pixels + near_[i]), _MM_HINT_T0);
     }
 
     /// The two rows that a destination row needs are neighbours, so they have a line each.
@@ -218,13 +217,13 @@ private:
                 PrefetchAt(nextBottom, i);
             },
             [&](const auto &taps, ptrdiff_t i, int left) {
-                const __m128i fx = FractionsAt(i), w11 = _mm_mulhi_epu16(fx, upperFy), w10 = _mm_sub_epi16(fy, w11);
-                const __m128i w01 = _mm_sub_epi16(fx, w11), w00 = _mm_sub_epi16(upper, w01);
+                const __m128i fx = FractionsAt(i), w11 = _mm_mulhi_epu16(fx, upperFy), minus10 = _mm_sub_epi16(w11, fy);
+                const __m128i minus01 = _mm_sub_epi16(w11, fx), w00 = _mm_add_epi16(upper, minus01);
                 const auto [p00, p01] = taps(top, i);
                 const auto [p10, p11] = taps(bottom, i);
                 const auto weighted = [&](__m128i a, __m128i b, __m128i c, __m128i d) {
-                    const __m128i first = _mm_add_epi16(_mm_mullo_epi16(a, w00), _mm_mullo_epi16(b, w01));
-                    return _mm_add_epi16(first, _mm_add_epi16(_mm_mullo_epi16(c, w10), _mm_mullo_epi16(d, w11)));
+                    const __m128i first = _mm_sub_epi16(_mm_mullo_epi16(a, w00), _mm_mullo_epi16(b, minus01));
+                    return _mm_add_epi16(first, _mm_sub_epi16(_mm_mullo_epi16(d, w11), _mm_mullo_epi16(c, minus10)));
                 };
                 const __m128i greenAlpha =
                     weighted(UpperBytes(p00), UpperBytes(p01), UpperBytes(p10), UpperBytes(p11));
@@ -252,7 +251,7 @@ private:
     Steps across_, down_;
     bool prepares_;
     ptrdiff_t columns_ = 0, inside_ = 0;  ///< inside: the leading columns where TapsInside may be used
-    int near_[kBlockColumns];
+    int near_[kBlockColumns];                        ///< the byte of the near pixel in its row
     alignas(16) uint32_t fractions_[kBlockColumns];  ///< fx in both lanes
     Line lines_[2];
     Line *top_ = nullptr, *bottom_ = nullptr;
