@@ -70,7 +70,7 @@ public:
 
 private:
     /// From this vertical step on, preparing rows costs more than it saves.
-    static constexpr int64_t kDirectStep = 0xC000;
+    static constexpr int64_t kDirectStep = 1 << 16;
     static constexpr uint32_t kBothLanes = 0x00010001;
     static constexpr ptrdiff_t kSourceBytes = Source::kBitsPerPixel / 8;
     /// What TapsInside reads.
