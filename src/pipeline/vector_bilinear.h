@@ -3,9 +3,10 @@
 //
 //   256 P + fx E + fy dP + (fx fy >> 8) dE,
 //
-// where everything but fy belongs to one source row. So a draw that uses each source row several times prepares the row
-// once for a block's columns, and two prepared rows give a destination row. Lanes may wrap on the way: the mean itself
-// is below 2^16. Other draws weight the four pixels directly.
+// where everything but fy belongs to one source row. So a draw that uses source rows several times prepares each row
+// once for a block's columns, and two prepared rows give a destination row. Other draws weight the four pixels
+// directly. Both work on four words at a time, blue and red apart from green and alpha, so that one register holds a
+// weight of all four. Lanes may wrap on the way: the mean itself is below 2^16.
 #pragma once
 
 #include "pipeline/bilinear.h"
@@ -29,39 +30,39 @@ public:
 
     void SetColumns(int64_t first, int count) {
         columns_ = count;
-        inside_ = 0;
-        for (int i = 0; i < ((count + kVectorPixels - 1) & ~(kVectorPixels - 1)); ++i) {
-            // The columns that fill up the last vector repeat the last one.
-            const LinearTaps taps = LinearTapsAt(across_.At(first + std::min(i, count - 1)), source_.width);
+        for (int i = 0; i < count; ++i) {
+            const LinearTaps taps = LinearTapsAt(across_.At(first + i), source_.width);
             near_[i] = static_cast<int>(taps.nearIndex * kSourceBytes);
             // One pixel that is both taps needs no weight for the second.
-            fractions_[i] = (taps.farIndex == taps.nearIndex ? 0 : static_cast<uint32_t>(taps.fraction)) * kBothLanes;
-            if (near_[i] + kTapBytes <= source_.width * kSourceBytes) inside_ = i + 1;
+            fractions_[i] = taps.farIndex == taps.nearIndex ? 0 : static_cast<uint32_t>(taps.fraction) * kBothLanes;
         }
+        // The columns that fill up the last vector repeat the last one.
+        for (int i = count; i % kVectorPixels != 0; ++i) {
+            near_[i] = near_[count - 1];
+            fractions_[i] = fractions_[count - 1];
+        }
+        inside_ = std::upper_bound(near_, near_ + count, source_.width * kSourceBytes - kTapBytes) - near_;
         lines_[0].row = lines_[1].row = -1;
     }
 
     void SetRow(int64_t row) {
-        const LinearTaps taps = LinearTapsAt(down_.At(row), source_.height);
-        fraction_ = static_cast<uint32_t>(taps.fraction);
         if (prepares_) {
-            top_ = &LineOf(taps.nearIndex);
-            bottom_ = &LineOf(taps.farIndex);
-            bottomRow_ = taps.farIndex;
-            if (top_->row != taps.nearIndex) Prepare(*top_, taps.nearIndex, [](ptrdiff_t, const Four &, int) {});
+            taps_ = LinearTapsAt(down_.At(row), source_.height);
+            top_ = &LineOf(taps_.nearIndex);
+            bottom_ = &LineOf(taps_.farIndex);
+            if (top_->row != taps_.nearIndex)
+                Prepare(*top_, taps_.nearIndex, [](ptrdiff_t, const FourColumns &, int) {});
         } else {
-            const LinearTaps next = LinearTapsAt(down_.At(row + 1), source_.height);
-            topPixels_ = RowOf(source_, taps.nearIndex);
-            bottomPixels_ = RowOf(source_, taps.farIndex);
-            nextTop_ = RowOf(source_, next.nearIndex);
-            nextBottom_ = RowOf(source_, next.farIndex);
+            rows_ = row == nextRow_ ? next_ : RowsAt(row);
+            nextRow_ = row + 1;
+            next_ = RowsAt(nextRow_);
         }
     }
 
     void Read(BYTE *out, int count) {
         if (!prepares_) {
             ReadDirectly(out, count);
-        } else if (bottom_->row == bottomRow_) {
+        } else if (bottom_->row == taps_.farIndex) {
             ReadPrepared(out, count);
         } else {
             ReadPreparing(out);
@@ -76,18 +77,24 @@ private:
     /// What TapsInside reads.
     static constexpr ptrdiff_t kTapBytes = Source::kBitsPerPixel == 8 ? 2 : 8;
 
-    /// Two channels of one source row at four columns: P, E and 256 P + fx E.
+    /// The source rows of a destination row, and fy.
+    struct Rows {
+        const BYTE *top, *bottom;
+        uint32_t fraction;
+    };
+
+    /// One source row at four columns, two channels of each: P, E and 256 P + fx E.
     struct Channels {
         __m128i nearPixels, steps, blends;
     };
 
-    struct Four {
-        Channels lower, upper;
+    struct FourColumns {
+        Channels blueRed, greenAlpha;
     };
 
     struct Line {
         int row;
-        Four fours[kBlockColumns / kVectorPixels];
+        FourColumns columns[kBlockColumns / kVectorPixels];
     };
 
     /// The near and the far words of four columns.
@@ -145,37 +152,38 @@ private:
     /// The two rows that a destination row needs are neighbours, so they have a line each.
     Line &LineOf(int row) { return lines_[row & 1]; }
 
-    /// Calls use(i, four, left) for each four columns that are ready, `left` columns before the block's end.
+    /// Calls use(i, four, left) for each four columns as soon as they are prepared.
     template <class Use>
     void Prepare(Line &line, int row, const Use &use) {
         line.row = row;
         const BYTE *const pixels = RowOf(source_, row);
         const BYTE *const next = RowOf(source_, std::min<int64_t>(row + 1, source_.height - 1));
-        Four *prepared = line.fours;
+        FourColumns *prepared = line.columns;
         ForEachFour(
             columns_, [&](ptrdiff_t i) { PrefetchAt(next, i); },
             [&](const auto &taps, ptrdiff_t i, int left) {
                 const __m128i fx = FractionsAt(i);
                 const auto prepare = [&](__m128i nearPixels, __m128i farPixels) -> Channels {
                     const __m128i steps = _mm_sub_epi16(farPixels, nearPixels);
-                    return {nearPixels, steps, _mm_add_epi16(_mm_slli_epi16(nearPixels, 8), _mm_mullo_epi16(steps, fx))};
+                    return {nearPixels, steps,
+                            _mm_add_epi16(_mm_slli_epi16(nearPixels, 8), _mm_mullo_epi16(steps, fx))};
                 };
                 const auto [nearWords, farWords] = taps(pixels, i);
-                const Four four = {prepare(LowerBytes(nearWords), LowerBytes(farWords)),
-                                   prepare(UpperBytes(nearWords), UpperBytes(farWords))};
+                const FourColumns four = {prepare(LowerBytes(nearWords), LowerBytes(farWords)),
+                                          prepare(UpperBytes(nearWords), UpperBytes(farWords))};
                 *prepared++ = four;
                 use(i, four, left);
             });
     }
 
-    /// The mean of two prepared rows.
+    /// The destination row between two prepared rows.
     class Mean {
     public:
         explicit Mean(uint32_t fraction) : fy_(EachLane(fraction)), upperFy_(EachLane(fraction << 8)) {}
 
-        __m128i operator()(const Four &above, const Four &below, __m128i fx) const {
+        __m128i operator()(const FourColumns &above, const FourColumns &below, __m128i fx) const {
             const __m128i w11 = _mm_mulhi_epu16(fx, upperFy_);
-            return JoinUpperBytes(Of(above.lower, below.lower, w11), Of(above.upper, below.upper, w11));
+            return JoinUpperBytes(Of(above.blueRed, below.blueRed, w11), Of(above.greenAlpha, below.greenAlpha, w11));
         }
 
     private:
@@ -188,17 +196,18 @@ private:
         __m128i fy_, upperFy_;
     };
 
+    /// Prepares the lower row on the way: its columns needn't be loaded again.
     void ReadPreparing(BYTE *out) {
-        const Mean mean(fraction_);
-        const Four *top = top_->fours;
-        Prepare(*bottom_, bottomRow_, [&](ptrdiff_t i, const Four &below, int left) {
+        const Mean mean(static_cast<uint32_t>(taps_.fraction));
+        const FourColumns *top = top_->columns;
+        Prepare(*bottom_, taps_.farIndex, [&](ptrdiff_t i, const FourColumns &below, int left) {
             StoreSome(out + i * kPixelBytes, mean(*top++, below, FractionsAt(i)), left);
         });
     }
 
     void ReadPrepared(BYTE *out, int count) const {
-        const Mean mean(fraction_);
-        const Four *top = top_->fours, *bottom = bottom_->fours;
+        const Mean mean(static_cast<uint32_t>(taps_.fraction));
+        const FourColumns *top = top_->columns, *bottom = bottom_->columns;
         ptrdiff_t i = 0;
         for (; i + kVectorPixels <= count; i += kVectorPixels)
             StoreFour(out + i * kPixelBytes, mean(*top++, *bottom++, FractionsAt(i)));
@@ -206,33 +215,42 @@ private:
             StoreSome(out + i * kPixelBytes, mean(*top, *bottom, FractionsAt(i)), static_cast<int>(count - i));
     }
 
+    Rows RowsAt(int64_t row) const {
+        const LinearTaps taps = LinearTapsAt(down_.At(row), source_.height);
+        return {RowOf(source_, taps.nearIndex), RowOf(source_, taps.farIndex), static_cast<uint32_t>(taps.fraction)};
+    }
+
     void ReadDirectly(BYTE *out, int count) const {
-        const __m128i fy = EachLane(fraction_), upperFy = EachLane(fraction_ << 8), upper = EachLane(256 - fraction_);
-        const BYTE *const top = topPixels_, *const bottom = bottomPixels_;
-        const BYTE *const nextTop = nextTop_, *const nextBottom = nextBottom_;
+        const uint32_t fraction = rows_.fraction;
+        const __m128i fy = EachLane(fraction), upperFy = EachLane(fraction << 8), upper = EachLane(256 - fraction);
+        const Rows rows = rows_, next = next_;
         ForEachFour(
             count,
             [&](ptrdiff_t i) {
-                PrefetchAt(nextTop, i);
-                PrefetchAt(nextBottom, i);
+                PrefetchAt(next.top, i);
+                PrefetchAt(next.bottom, i);
             },
             [&](const auto &taps, ptrdiff_t i, int left) {
-                const __m128i fx = FractionsAt(i), w11 = _mm_mulhi_epu16(fx, upperFy), minus10 = _mm_sub_epi16(w11, fy);
-                const __m128i minus01 = _mm_sub_epi16(w11, fx), w00 = _mm_add_epi16(upper, minus01);
-                const auto [p00, p01] = taps(top, i);
-                const auto [p10, p11] = taps(bottom, i);
-                const auto weighted = [&](__m128i a, __m128i b, __m128i c, __m128i d) {
-                    const __m128i first = _mm_sub_epi16(_mm_mullo_epi16(a, w00), _mm_mullo_epi16(b, minus01));
-                    return _mm_add_epi16(first, _mm_sub_epi16(_mm_mullo_epi16(d, w11), _mm_mullo_epi16(c, minus10)));
+                // The middle weights negated: the fewest steps from w11 to all four.
+                const __m128i fx = FractionsAt(i), w11 = _mm_mulhi_epu16(fx, upperFy);
+                const __m128i minus01 = _mm_sub_epi16(w11, fx), minus10 = _mm_sub_epi16(w11, fy);
+                const __m128i w00 = _mm_add_epi16(minus01, upper);
+                const auto sum = [&](__m128i p00, __m128i p01, __m128i p10, __m128i p11) {
+                    return _mm_add_epi16(_mm_sub_epi16(_mm_mullo_epi16(p00, w00), _mm_mullo_epi16(p01, minus01)),
+                                         _mm_sub_epi16(_mm_mullo_epi16(p11, w11), _mm_mullo_epi16(p10, minus10)));
                 };
-                const __m128i greenAlpha =
-                    weighted(UpperBytes(p00), UpperBytes(p01), UpperBytes(p10), UpperBytes(p11));
-                const __m128i blueRed = _mm_sub_epi16(weighted(p00, p01, p10, p11), _mm_slli_epi16(greenAlpha, 8));
+                const auto [p00, p01] = taps(rows.top, i);
+                const auto [p10, p11] = taps(rows.bottom, i);
+                const __m128i greenAlpha = sum(UpperBytes(p00), UpperBytes(p01), UpperBytes(p10), UpperBytes(p11));
+                // A whole lane is 256 × its upper byte + its lower byte; so is the sum, modulo 2^16, and no byte needs
+                // a mask.
+                const __m128i blueRed = _mm_sub_epi16(sum(p00, p01, p10, p11), _mm_slli_epi16(greenAlpha, 8));
                 StoreSome(out + i * kPixelBytes, JoinUpperBytes(blueRed, greenAlpha), left);
             });
     }
 
-    /// Calls work(taps, i) for the block's first `count` columns, four at a time; `taps` gives the taps of a column.
+    /// Calls work(taps, i, left) for the block's first `count` columns, four at a time; `taps` gives their taps,
+    /// `left` says how many columns are left where fewer than four are.
     template <class Prefetch, class Work>
     void ForEachFour(ptrdiff_t count, const Prefetch &prefetch, const Work &work) const {
         const auto inside = [this](const BYTE *pixels, ptrdiff_t i) { return TapsInside(pixels, i); };
@@ -250,15 +268,16 @@ private:
     Source pixels_;
     Steps across_, down_;
     bool prepares_;
-    ptrdiff_t columns_ = 0, inside_ = 0;  ///< inside: the leading columns where TapsInside may be used
+    ptrdiff_t columns_ = 0, inside_ = 0;             ///< inside: the leading columns where TapsInside may be used
     int near_[kBlockColumns];                        ///< the byte of the near pixel in its row
     alignas(16) uint32_t fractions_[kBlockColumns];  ///< fx in both lanes
+    // The way with prepared rows.
+    LinearTaps taps_{};
     Line lines_[2];
     Line *top_ = nullptr, *bottom_ = nullptr;
-    int bottomRow_ = 0;
-    const BYTE *topPixels_ = nullptr, *bottomPixels_ = nullptr;
-    const BYTE *nextTop_ = nullptr, *nextBottom_ = nullptr;  ///< what the next destination row needs
-    uint32_t fraction_ = 0;
+    // The direct way.
+    Rows rows_{}, next_{};  ///< of this destination row and of the one below it
+    int64_t nextRow_ = -1;
 };
 
 }  // namespace lacquer
