@@ -108,7 +108,6 @@ __m128i LoadVector(const BYTE *bytes) { return _mm_loadu_si128(reinterpret_cast<
 void StoreVector(BYTE *bytes, __m128i value) { _mm_storeu_si128(reinterpret_cast<__m128i *>(bytes), value); }
 __m128i LoadHalf(const BYTE *bytes) { return _mm_loadl_epi64(reinterpret_cast<const __m128i *>(bytes)); }
 void StoreHalf(BYTE *bytes, __m128i value) { _mm_storel_epi64(reinterpret_cast<__m128i *>(bytes), value); }
-void Prefetch(const BYTE *bytes) { _mm_prefetch(reinterpret_cast<const char *>(bytes), _MM_HINT_T0); }
 
 constexpr LONG kLineBytes = 64;
 
@@ -210,7 +209,7 @@ void TurnStreaming(const SurfaceView &dest, const Walk &walk) {
     const LONG right = dest.width - dest.width % kTile, bottom = dest.height - dest.height % kTile;
     const auto prefetchTile = [&](LONG left, LONG top) {
         const BYTE *const in = walk.start + (walk.perRow < 0 ? top + kTile - 1 : top) * walk.perRow;
-        for (LONG x = left; x < left + kTile; ++x) Prefetch(in + x * walk.perColumn);
+        for (LONG x = left; x < left + kTile; ++x) PrefetchLine(in + x * walk.perColumn);
     };
     for (LONG left = 0; left < right; left += kTile) {
         for (LONG top = 0; top < bottom; top += kTile) {
@@ -257,12 +256,12 @@ void MirrorPixels(const SurfaceView &dest, const Walk &walk) {
     if (!Lookahead::Pays(dest)) {
         MirrorRows<Pixels>(dest, walk, store, [](const BYTE *, const BYTE *) {});
     } else if (StreamingPays(int64_t{dest.stride} * dest.height) && RowsAreAligned(dest, 16)) {
-        MirrorRows<Pixels>(dest, walk, stream, [](const BYTE *in, const BYTE *) { Prefetch(in); });
+        MirrorRows<Pixels>(dest, walk, stream, [](const BYTE *in, const BYTE *) { PrefetchLine(in); });
         FinishStreaming();
     } else {
         MirrorRows<Pixels>(dest, walk, store, [](const BYTE *in, const BYTE *out) {
-            Prefetch(in);
-            Prefetch(out);
+            PrefetchLine(in);
+            PrefetchLine(out);
         });
     }
 }

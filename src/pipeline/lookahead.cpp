@@ -4,8 +4,6 @@
 
 #include <algorithm>
 
-#include "platform/simd.h"
-
 namespace lacquer {
 
 namespace {
@@ -16,14 +14,8 @@ constexpr int kPiecesAhead = 4;
 }  // namespace
 
 void PrefetchBytes(const BYTE *bytes, ptrdiff_t count) {
-#ifdef LACQUER_SSE2
     constexpr ptrdiff_t kLineBytes = 64;
-    for (ptrdiff_t i = 0; i < count; i += kLineBytes) {
-        _mm_prefetch(reinterpret_cast<const char *>(bytes + i), _MM_HINT_T0);
-    }
-#else
-    static_cast<void>(bytes + count);
-#endif
+    for (ptrdiff_t i = 0; i < count; i += kLineBytes) PrefetchLine(bytes + i);
 }
 
 Lookahead::Lookahead(const SurfaceView &view, ptrdiff_t length, ptrdiff_t count)

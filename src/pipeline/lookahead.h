@@ -4,10 +4,20 @@
 #include <cstddef>
 
 #include "pipeline/view_rows.h"
+#include "platform/simd.h"
 
 namespace lacquer {
 
-/// Asks for the cache lines of pixels that will soon be read or written. Touches nothing: any address does no harm.
+/// Asks for the cache line of a byte that will soon be read or written. Touches nothing: any address does no harm.
+inline void PrefetchLine(const BYTE *byte) {
+#ifdef LACQUER_SSE2
+    _mm_prefetch(reinterpret_cast<const char *>(byte), _MM_HINT_T0);
+#else
+    static_cast<void>(byte);
+#endif
+}
+
+/// The same for all lines of some bytes.
 void PrefetchBytes(const BYTE *bytes, ptrdiff_t count);
 
 /// Walks over the runs of pixels that a draw walks over, in pieces as well, but some pieces ahead of it. The

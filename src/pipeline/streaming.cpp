@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "pipeline/lookahead.h"
+
 namespace lacquer {
 
 void StreamBytes(BYTE *dest, const BYTE *source, ptrdiff_t count) {
@@ -15,7 +17,7 @@ void StreamBytes(BYTE *dest, const BYTE *source, ptrdiff_t count) {
     std::memcpy(dest, source, static_cast<size_t>(head));
     ptrdiff_t i = head;
     for (; i + kLine <= count; i += kLine) {
-        _mm_prefetch(reinterpret_cast<const char *>(source + i + kAhead), _MM_HINT_T0);
+        PrefetchLine(source + i + kAhead);
         for (ptrdiff_t at = i; at < i + kLine; at += kVector) {
             StreamVector(dest + at, _mm_loadu_si128(reinterpret_cast<const __m128i *>(source + at)));
         }

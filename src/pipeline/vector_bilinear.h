@@ -145,9 +145,7 @@ private:
     /// fx in both lanes of four columns.
     __m128i FractionsAt(ptrdiff_t i) const { return _mm_load_si128(reinterpret_cast<const __m128i *>(fractions_ + i)); }
 
-    void PrefetchAt(const BYTE *pixels, ptrdiff_t i) const {
-        _mm_prefetch(reinterpret_cast<const char *>(pixels + near_[i]), _MM_HINT_T0);
-    }
+    void PrefetchAt(const BYTE *pixels, ptrdiff_t i) const { PrefetchLine(pixels + near_[i]); }
 
     /// The two rows that a destination row needs are neighbours, so they have a line each.
     Line &LineOf(int row) { return lines_[row & 1]; }
