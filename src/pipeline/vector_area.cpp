@@ -85,8 +85,8 @@ RoundedMeans MeansOfPairs(const RoundedMeans &a, const RoundedMeans &b) {
             _mm_add_epi8(PickWords<0, 2>(a.sums, b.sums), PickWords<1, 3>(a.sums, b.sums))};
 }
 
-/// Four blocks of 4 × 4 pixels, byte by byte. Four roundings make the mean up to 2 larger than floor(sum / 16), of which
-/// the sum's upper half byte is the lower one: it tells how much.
+/// Four blocks of 4 × 4 pixels, byte by byte. Four roundings make the mean up to 2 larger than floor(sum / 16), of
+/// which the sum's upper half byte is the lower one: it tells how much.
 __m128i MeansOfSixteen(const BYTE *pixels, const WordRows &source, const WholeRatio &) {
     const auto columnMeans = [&](const BYTE *top) {
         const auto row = [&](ptrdiff_t y) { return LoadFour(top + y * source.stride); };
