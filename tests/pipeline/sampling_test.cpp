@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "pipeline/stretch.h"
@@ -225,6 +227,39 @@ TEST(Area, AveragesWholePixelsExactly) {
     EXPECT_EQ(StretchLine(Row::AreaCopyRow, {0x40, 0x40, 0x80, 0x80}, 2), (std::vector<uint32_t>{0x40, 0x80}));
     EXPECT_EQ(StretchLine(Row::AreaCopyRow, {0x00FF0000, 0x00000003}, 1), (std::vector<uint32_t>{0x007F0001}));
     EXPECT_EQ(StretchLine(Row::AreaCopyRow, {1, 2, 3}, 3), (std::vector<uint32_t>{1, 2, 3}));
+}
+
+TEST(Area, MeansOfSixteenForEverySum) {
+    // Column v and row k of the blocks have sums of 16 v + k per channel: of two neighbouring bytes, or of 0 and 255
+    // and one between. Where the bytes stand decides how often a mean of two is rounded.
+    TestImage source(4 * 256, 4 * 16), dest(256, 16);
+    const SurfaceView destView = dest.View(), sourceView = source.View();
+    Random random(1);
+    for (int round = 0; round < 20; ++round) {
+        for (int block = 0; block < 256 * 16; ++block) {
+            const int v = block % 256, k = block / 256;
+            std::array<std::array<int, 16>, 4> channels;
+            for (std::array<int, 16> &bytes : channels) {
+                for (int i = 0, left = 16 * v + k; i < 16; ++i) {
+                    const int most = round % 2 ? 255 : v + (i < k);
+                    bytes[static_cast<std::size_t>(i)] = std::min({most, left, 255});
+                    left -= std::min(most, left);
+                }
+                std::shuffle(bytes.begin(), bytes.end(), random);
+            }
+            for (int i = 0; i < 16; ++i) {
+                const auto byte = [&](int c) {
+                    return static_cast<uint32_t>(channels[static_cast<std::size_t>(c)][static_cast<std::size_t>(i)]);
+                };
+                source.Set(4 * v + i % 4, 4 * k + i / 4, WordOf(byte));
+            }
+        }
+        CallRow(Kernels(), Row::AreaCopyRow, &destView, &sourceView, {});
+        for (int y = 0; y < 16; ++y) {
+            // Beyond 16 × 255 there are no sums: the last column's bytes are all 255.
+            for (int x = 0; x < 256; ++x) ASSERT_EQ(dest.At(x, y), 0x01010101u * static_cast<uint32_t>(x)) << y;
+        }
+    }
 }
 
 TEST(Area, WideAndNarrowSumsMeet) {
