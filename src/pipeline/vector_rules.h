@@ -130,13 +130,17 @@ public:
         const ptrdiff_t bytes = count * kPixelBytes;
 #ifdef LACQUER_SSE2
         constexpr ptrdiff_t kStep = kVectorPixels * kPixelBytes;
-        if constexpr (requires(EightWords words) { rule.Apply(words, words); }) {
-            for (; i + 2 * kStep <= bytes; i += 2 * kStep) {
-                const EightWords words = rule.Apply(EightWords{LoadFour(source + i), LoadFour(source + i + kStep)},
-                                                    EightWords{LoadFour(dest + i), LoadFour(dest + i + kStep)});
-                StoreFour(dest + i, words.first);
-                StoreFour(dest + i + kStep, words.second);
-            }
+        const auto applyToEight = [&rule](EightWords s, EightWords d) -> EightWords {
+            if constexpr (requires { rule.Apply(s, d); })
+                return rule.Apply(s, d);
+            else
+                return {rule.Apply(s.first, d.first), rule.Apply(s.second, d.second)};
+        };
+        for (; i + 2 * kStep <= bytes; i += 2 * kStep) {
+            const EightWords words = applyToEight({LoadFour(source + i), LoadFour(source + i + kStep)},
+                                                  {LoadFour(dest + i), LoadFour(dest + i + kStep)});
+            StoreFour(dest + i, words.first);
+            StoreFour(dest + i + kStep, words.second);
         }
         for (; i + kStep <= bytes; i += kStep) {
             StoreFour(dest + i, rule.Apply(LoadFour(source + i), LoadFour(dest + i)));
