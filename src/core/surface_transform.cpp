@@ -77,11 +77,17 @@ void MovePart(const SurfaceView &dest, const Walk &walk, const Part &part) {
     }
 }
 
+/// A result of so many bytes stays in the first-level cache whole, and its source beside it.
+constexpr int64_t kUntiledBytes = int64_t{16} << 10;
+
 /// Destination rows are written from left to right, in tiles small enough for the source lines that a turned tile reads
-/// to stay cached: the pixels of a cache line, or two where those aren't whole.
+/// to stay cached: the pixels of a cache line, or two where those aren't whole. A small result is one tile, whose long
+/// rows cost least.
 template <class Move>
 void ForEachTile(const SurfaceView &dest, const Move &move) {
-    const LONG tile = dest.bitsPerPixel == 8 ? 64 : dest.bitsPerPixel == 24 ? 32 : 16;
+    const bool isSmall = int64_t{dest.stride} * dest.height <= kUntiledBytes;
+    const LONG ofLines = dest.bitsPerPixel == 8 ? 64 : dest.bitsPerPixel == 24 ? 32 : 16;
+    const LONG tile = isSmall ? std::max(dest.width, dest.height) : ofLines;
     for (LONG top = 0; top < dest.height; top += tile) {
         for (LONG left = 0; left < dest.width; left += tile) {
             move(Part{left, top, std::min(left + tile, dest.width), std::min(top + tile, dest.height)});

@@ -27,9 +27,10 @@ POINT Moved(DWORD code, LONG x, LONG y, LONG width, LONG height) {
     }
 }
 
-// Sizes around the edges of tiles of 16, 32 and 64 pixels, the thinnest ones, and a large one.
-constexpr SIZE kSizes[] = {{1, 1},   {1, 7},   {7, 1},   {3, 2},   {1, 33},  {65, 1},
-                           {31, 33}, {32, 32}, {33, 31}, {64, 65}, {65, 34}, {513, 257}};
+// The thinnest sizes, those of one tile with and without whole blocks, results of more than 16 kB, which take tiles of
+// 16, 32 or 64 pixels, whose edges they pass by, and a large one.
+constexpr SIZE kSizes[] = {{1, 1},   {1, 7},   {7, 1},   {3, 2},   {1, 33},  {65, 1},    {31, 33},  {32, 32},
+                           {33, 31}, {65, 34}, {64, 65}, {63, 81}, {97, 95}, {130, 129}, {513, 257}};
 
 class TransformTest : public testing::TestWithParam<std::tuple<DWORD, int>> {};
 
