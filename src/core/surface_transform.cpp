@@ -115,8 +115,6 @@ void StoreVector(BYTE *bytes, __m128i value) { _mm_storeu_si128(reinterpret_cast
 __m128i LoadHalf(const BYTE *bytes) { return _mm_loadl_epi64(reinterpret_cast<const __m128i *>(bytes)); }
 void StoreHalf(BYTE *bytes, __m128i value) { _mm_storel_epi64(reinterpret_cast<__m128i *>(bytes), value); }
 
-constexpr LONG kLineBytes = 64;
-
 /// From so many bytes on a turn goes past the caches: earlier than a copy, as its stores jump from row to row.
 constexpr int64_t kLargeTurn = int64_t{4} << 20;
 
@@ -210,7 +208,7 @@ void TurnPixels(const SurfaceView &dest, const Walk &walk) {
 /// lines are brought into the cache, while the tile goes past the caches.
 template <class Pixels>
 void TurnStreaming(const SurfaceView &dest, const Walk &walk) {
-    constexpr LONG kLine = kLineBytes, kTile = kLine / LONG{Pixels::kBytes}, kTilesAhead = 2;
+    constexpr LONG kLine = kCacheLineBytes, kTile = kLine / LONG{Pixels::kBytes}, kTilesAhead = 2;
     alignas(16) BYTE tile[kTile * kLine];
     const LONG right = dest.width - dest.width % kTile, bottom = dest.height - dest.height % kTile;
     const auto prefetchTile = [&](LONG left, LONG top) {
@@ -276,7 +274,7 @@ template <class Pixels>
 void MoveInVectors(const SurfaceView &dest, const Walk &walk) {
     if (walk.perColumn == -static_cast<std::ptrdiff_t>(Pixels::kBytes)) {
         MirrorPixels<Pixels>(dest, walk);
-    } else if (int64_t{dest.stride} * dest.height >= kLargeTurn && RowsAreAligned(dest, kLineBytes)) {
+    } else if (int64_t{dest.stride} * dest.height >= kLargeTurn && RowsAreAligned(dest, kCacheLineBytes)) {
         TurnStreaming<Pixels>(dest, walk);
     } else {
         TurnPixels<Pixels>(dest, walk);

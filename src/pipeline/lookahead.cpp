@@ -14,8 +14,7 @@ constexpr int kPiecesAhead = 4;
 }  // namespace
 
 void PrefetchBytes(const BYTE *bytes, ptrdiff_t count) {
-    constexpr ptrdiff_t kLineBytes = 64;
-    for (ptrdiff_t i = 0; i < count; i += kLineBytes) PrefetchLine(bytes + i);
+    for (ptrdiff_t i = 0; i < count; i += kCacheLineBytes) PrefetchLine(bytes + i);
 }
 
 Lookahead::Lookahead(const SurfaceView &view, ptrdiff_t length, ptrdiff_t count)

@@ -8,6 +8,8 @@
 
 namespace lacquer {
 
+inline constexpr int kCacheLineBytes = 64;
+
 /// Asks for the cache line of a byte that will soon be read or written. Touches nothing: any address does no harm.
 inline void PrefetchLine(const BYTE *byte) {
 #ifdef LACQUER_SSE2

@@ -11,7 +11,7 @@ namespace lacquer {
 
 void StreamBytes(BYTE *dest, const BYTE *source, ptrdiff_t count) {
 #ifdef LACQUER_SSE2
-    constexpr ptrdiff_t kVector = 16, kLine = 4 * kVector, kAhead = 16 * kLine;
+    constexpr ptrdiff_t kVector = 16, kLine = kCacheLineBytes, kAhead = 16 * kLine;
     const auto unaligned = static_cast<ptrdiff_t>(-reinterpret_cast<uintptr_t>(dest) % kVector);
     const ptrdiff_t head = std::min(unaligned, count);
     std::memcpy(dest, source, static_cast<size_t>(head));

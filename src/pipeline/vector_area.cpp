@@ -43,10 +43,9 @@ __m128i MeansOfTwoColumns(const BYTE *pixels, const WordRows &source, const Whol
     return MeansOf(SumsOfPairs(a.lanes, b.lanes), SumsOfPairs(a.upper, b.upper), EachLane(ratio.inverse));
 }
 
-/// Four blocks that are `kVectors` × 4 pixels wide; 0 stands for any number.
-template <int kVectors>
+/// Four blocks whose width is a multiple of 4 pixels.
 __m128i MeansOfVectors(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
-    const ptrdiff_t width = kVectors > 0 ? kVectors * kVectorBytes : ptrdiff_t{ratio.columns} * kPixelBytes;
+    const ptrdiff_t width = ptrdiff_t{ratio.columns} * kPixelBytes;
     LaneSums a(pixels), b(pixels + width), c(pixels + 2 * width), d(pixels + 3 * width);
     const auto addRow = [&](ptrdiff_t first) {
         for (ptrdiff_t x = first; x < width; x += kVectorBytes) {
@@ -218,8 +217,7 @@ void MeansOfBlocks(BYTE *out, ptrdiff_t count, const WordRows &source, const Who
     };
     if (ratio.columns == 2) forEachFour(MeansOfTwoColumns);
     if (ratio.columns == kVectorPixels && ratio.rows == kVectorPixels) forEachFour(MeansOfSixteen);
-    if (ratio.columns == kVectorPixels) forEachFour(MeansOfVectors<1>);
-    if (ratio.columns % kVectorPixels == 0) forEachFour(MeansOfVectors<0>);
+    if (ratio.columns % kVectorPixels == 0) forEachFour(MeansOfVectors);
     for (; count > 0; --count, pixels += width, out += kPixelBytes) StorePixel(out, MeanOfBlock(pixels, source, ratio));
 }
 
