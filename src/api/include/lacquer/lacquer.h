@@ -110,11 +110,17 @@ typedef struct TextureMode {
 
 /* The draw mode: the top byte of an object's filter word, with which the object is drawn as a source (s); other values,
  * and LACQUER_DRAW_OR and LACQUER_DRAW_GREY_TINT, copy. Also the top byte of a fill's mode word, with the colour as s;
- * there LACQUER_DRAW_COLOR_KEY and other values act as LACQUER_DRAW_OVER. d is the destination. */
+ * there LACQUER_DRAW_COLOR_KEY and other values act as LACQUER_DRAW_OVER. d is the destination.
+ *
+ * The key of LACQUER_DRAW_COLOR_KEY is the low 24 bits of the filter word, 0xRRGGBB. In a 24-bit source it leaves out
+ * the pixels of that colour. In an 8-bit source (by the palette's word) and in a 32-bit one it leaves out only the
+ * pixels that have that colour and alpha 0. A stretch of an 8- or 32-bit source by any sampler but LACQUER_NEAREST
+ * ignores the key and draws over; a stretch of a 24-bit source keeps the key and samples nearest. A constant alpha of 1
+ * to 254 ignores the key, too. */
 enum {
     LACQUER_DRAW_COPY = 0,      /* d = s */
     LACQUER_DRAW_OVER = 1,      /* d = s + d * (256 - sA) / 256 */
-    LACQUER_DRAW_COLOR_KEY = 2, /* d = s unless s is the key; the low 24 bits of the filter word are the key colour */
+    LACQUER_DRAW_COLOR_KEY = 2, /* d = s, unless s is the key; see above */
     LACQUER_DRAW_MODULATE = 3,  /* d = d * (s + 1) / 256 per channel */
     LACQUER_DRAW_OR = 4,        /* d = d | s */
     LACQUER_DRAW_GREY_TINT = 5, /* d = d * (256 - dA) / 256 + (dB + 2 dG + dR) / 4 * sA / 256 per colour channel */
