@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "core/geometry.h"
-#include "core/handle_table.h"
 #include "core/surface_view.h"
 #include "pipeline/blit_dispatch.h"
 
@@ -30,9 +29,7 @@ POINT Exchanged(POINT &stored, int x, int y) { return std::exchange(stored, POIN
 }  // namespace
 
 Canvas::~Canvas() {
-    if (anchor_) anchor_->canvas.store(nullptr, std::memory_order_release);
     if (!foreignDC_) DeleteDeviceContext();
-    if (aliased_) ProcessHandleTable().Revoke(this);
 }
 
 bool Canvas::CreateSurface(DWORD width, DWORD height, SurfaceKind kind) {
@@ -57,13 +54,13 @@ void Canvas::AttachDeviceContext(HDC dc) {
 }
 
 std::unique_ptr<PixelSurface> Canvas::DetachSurface() {
-    SurfaceView view{};
-    if (!surface_ || !surface_->Lock(&view)) return nullptr;
     DeleteDeviceContext();
     surface_->SetFilter(filter_);
-    if (filter_ >> 24 != kOverMode) ForceOpaqueView(view);
-    surface_->Unlock();
-    surface_->SetBelongsToCanvas(false);
+    SurfaceView view{};
+    if (filter_ >> 24 != kOverMode && surface_->Lock(&view)) {
+        ForceOpaqueView(view);
+        surface_->Unlock();
+    }
     return std::move(surface_);
 }
 
@@ -192,13 +189,15 @@ RECT Canvas::ClipBox() const {
     return box;
 }
 
-bool Canvas::SetParent(Canvas &parent) {
-    if (!parent.anchor_) parent.anchor_ = Ref<CanvasAnchor>(new (std::nothrow) CanvasAnchor);
-    if (!parent.anchor_) return false;
-    parent.anchor_->canvas.store(&parent, std::memory_order_release);
-    parent_ = parent.anchor_;
-    return true;
+Ref<CanvasAnchor> Canvas::SetParent(Canvas &parent, const Ref<CanvasAnchor> &spare) {
+    if (!parent.anchor_) {
+        parent.anchor_ = spare;
+        spare->canvas = &parent;
+    }
+    return std::exchange(parent_, parent.anchor_);
 }
+
+Ref<CanvasAnchor> NewAnchor() { return Ref<CanvasAnchor>(new (std::nothrow) CanvasAnchor); }
 
 bool Canvas::SetFilter(DWORD filter) {
     if (foreignDC_) return false;

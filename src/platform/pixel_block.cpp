@@ -47,11 +47,10 @@ PixelBlock AllocateLarge(std::size_t size) {
     return {block, {.largeSize = size}};
 }
 
-/// The large block that was freed last; its size stands at its beginning.
+/// The large block that was freed last; its size stands at its beginning. It has no destructor: calls may come after
+/// the library's end.
 class SpareBlock {
 public:
-    ~SpareBlock() { FreeLarge(block_.exchange(nullptr)); }
-
     /// The spare if it has `size` bytes or little more, else null.
     PixelBlock Take(std::size_t size) {
         std::byte *block = block_.exchange(nullptr, std::memory_order_acquire);
@@ -66,16 +65,29 @@ public:
     void Keep(std::byte *block, std::size_t size) {
         if (size <= kLargestSpare) {
             std::memcpy(block, &size, sizeof size);
-            block = block_.exchange(block, std::memory_order_acq_rel);
+            block = block_.exchange(block);
         }
         FreeLarge(block);
+        if (hasEnded_) FreeLarge(block_.exchange(nullptr));
+    }
+
+    /// Frees the spare, and from now on each block that would become it.
+    void End() {
+        hasEnded_ = true;
+        FreeLarge(block_.exchange(nullptr));
     }
 
 private:
     std::atomic<std::byte *> block_{nullptr};
+    std::atomic<bool> hasEnded_{false};
 };
 
-SpareBlock spare;
+constinit SpareBlock spare;
+
+struct SpareEnd {
+    ~SpareEnd() { spare.End(); }
+};
+SpareEnd spareEnd;
 
 }  // namespace
 

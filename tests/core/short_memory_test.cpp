@@ -85,19 +85,6 @@ TEST(ShortMemoryTest, AFailedSliceListKeepsTheOldOne) {
     EXPECT_EQ(5u, texture->SliceCount());
 }
 
-TEST(ShortMemoryTest, AFailedParentKeepsTheOldOne) {
-    const std::unique_ptr<Canvas> child = MakeCanvas(1, 1, SurfaceKind::Memory),
-                                  first = MakeCanvas(1, 1, SurfaceKind::Memory),
-                                  second = MakeCanvas(1, 1, SurfaceKind::Memory);
-    ASSERT_TRUE(child->SetParent(*first));
-    EXPECT_LE(1, FailEachAllocation([&] {
-                  if (child->SetParent(*second)) return true;
-                  EXPECT_EQ(first.get(), child->Parent());
-                  return false;
-              }));
-    EXPECT_EQ(second.get(), child->Parent());
-}
-
 TEST(ShortMemoryTest, AFailedCopyInLockLocksNothing) {
     const Dib dib(6, 6);
     const MemoryDC dc(dib.Handle());

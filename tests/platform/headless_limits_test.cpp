@@ -2,7 +2,13 @@
 // refusals.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <atomic>
+#include <chrono>
+#include <fstream>
+#include <future>
+#include <string>
 #include <thread>
 
 #include "gdi_objects.h"
@@ -137,6 +143,37 @@ TEST(HeadlessLimits, ThreadsMayWorkOnObjectsOfTheirOwn) {
     std::thread threads[] = {std::thread(work), std::thread(work), std::thread(work)};
     for (std::thread &thread : threads) thread.join();
     EXPECT_EQ(failures, 0);
+}
+
+/// The letter by which the system tells what a thread of this process does: S when it sleeps.
+char StateOf(pid_t thread) {
+    std::ifstream file("/proc/self/task/" + std::to_string(thread) + "/stat");
+    std::string number, name;
+    char state = 0;
+    file >> number >> name >> state;
+    return state;
+}
+
+// A thread that waits without sleep may keep the owner from running for ever.
+TEST(HeadlessLimits, WhoWaitsForACriticalSectionSleeps) {
+    CRITICAL_SECTION section{};
+    EnterCriticalSection(&section);
+    std::promise<pid_t> started;
+    std::thread waiter([&] {
+        started.set_value(gettid());
+        EXPECT_EQ(TryEnterCriticalSection(&section), FALSE);
+        EnterCriticalSection(&section);
+        LeaveCriticalSection(&section);
+    });
+    const pid_t thread = started.get_future().get();
+    int asleep = 0;
+    for (int i = 0; i < 100; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        asleep += StateOf(thread) == 'S';
+    }
+    LeaveCriticalSection(&section);
+    waiter.join();
+    EXPECT_GT(asleep, 25);
 }
 
 }  // namespace
