@@ -133,11 +133,10 @@ int SetDIBitsToDevice(HDC dest, int x, int y, DWORD width, DWORD height, int sou
     // place is reckoned from all that the caller names.
     const int64_t topRow = int64_t{startScan} + count - sourceY - height;
     const int64_t kept = std::min<int64_t>(count, layout.height);
-    const bool isBelow = topRow >= count;
+    const int result = static_cast<int>(std::min<int64_t>(count, INT32_MAX));
+    if (topRow >= count) return result;
     const bool isOutside = sourceX >= layout.width || sourceX + int64_t{width} <= 0 || topRow >= kept ||
                            topRow + height <= 0 || width == 0 || height == 0;
-    const int result = static_cast<int>(std::min<int64_t>(count, INT32_MAX));
-    if (isBelow) return result;
     if (isOutside) return 0;
 
     DibPixels pixels;

@@ -80,9 +80,10 @@ private:
         const int64_t high = low + sourceLength_;
         // A source that goes backwards may begin one pixel beyond its bitmap.
         if (low >= 0 && high <= limit + (sourceBackwards_ ? 1 : 0)) return;
-        // Where the part inside lies now, counted from the first destination pixel in walking direction.
         const int64_t first = std::max<int64_t>(low, 0);
         const int64_t last = std::min(high, limit);
+        if (first >= last) return;
+        // Where the part inside lies now, counted from the first destination pixel in walking direction.
         const int64_t from = sourceBackwards_ ? high - last : first - low;
         const int64_t to = sourceBackwards_ ? high - first : last - low;
         const int64_t shift = destLength_ - from * destLength_ / sourceLength_ - to * destLength_ / sourceLength_;
