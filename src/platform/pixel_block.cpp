@@ -9,6 +9,8 @@
 #include <new>
 #include <utility>
 
+#include "platform/sanitizers.h"
+
 #ifdef __linux__
 #include <sys/mman.h>
 #endif
@@ -21,13 +23,10 @@ constexpr std::size_t kLargePage = std::size_t{2} << 20;
 constexpr std::align_val_t kLargeAlignment{kLargePage};
 
 constexpr std::size_t kLine = 64;
-#ifdef __SANITIZE_ADDRESS__
-// So that the sanitizer sees each byte outside, and each use after the free.
-constexpr std::size_t kLineSlack = 0, kLargestSpare = 0;
-#else
-// The allocator's own alignment is a quarter of a line.
-constexpr std::size_t kLineSlack = kLine - 16, kLargestSpare = std::size_t{64} << 20;
-#endif
+// The allocator's own alignment is a quarter of a line. A sanitizer is to see each byte outside, and each use after the
+// free.
+constexpr std::size_t kLineSlack = kHasAddressSanitizer ? 0 : kLine - 16;
+constexpr std::size_t kLargestSpare = kHasAddressSanitizer ? 0 : std::size_t{64} << 20;
 
 PixelBlock AllocateSmall(std::size_t size) {
     auto *bytes = new (std::nothrow) std::byte[size + kLineSlack];

@@ -79,6 +79,49 @@ TEST(HeadlessLimits, SetDibBitsTakesAnySize) {
     }
 }
 
+TEST(HeadlessLimits, RegionsLoseWhatLeavesTheRange) {
+    OwnedRegion region(-10, -10, 10, 10);
+    EXPECT_EQ(OffsetRgn(region, INT32_MAX, INT32_MIN), SIMPLEREGION);
+    EXPECT_EQ(region.Box(), (RECT{INT32_MAX - 10, INT32_MIN, INT32_MAX, INT32_MIN + 10}));
+    EXPECT_EQ(OffsetRgn(region, INT32_MIN, 0), SIMPLEREGION);
+    EXPECT_EQ(region.Box(), (RECT{-11, INT32_MIN, -1, INT32_MIN + 10}));
+    EXPECT_EQ(OffsetRgn(region, 0, -10), NULLREGION);
+}
+
+TEST(HeadlessLimits, NothingIsPrinted) {
+    // The region library complains on the standard error about boxes that it does not like.
+    Picture picture(4, -4), source(4, -4);
+    OwnedRegion region(0, 0, 2, 2), other(1, 1, 9, 9);
+    struct {
+        RGNDATAHEADER header;
+        RECT rects[2];
+    } data{};
+    ::testing::internal::CaptureStdout();
+    ::testing::internal::CaptureStderr();
+    for (int i = 0; i < 7 * 7 * 7 * 7; ++i) {
+        const RECT rect{kEnds[i % 7], kEnds[i / 7 % 7], kEnds[i / 49 % 7], kEnds[i / 343]};
+        for (const DWORD count : {1u, 2u}) {
+            data.header = RGNDATAHEADER{sizeof(RGNDATAHEADER), RDH_RECTANGLES, count, 0, {}};
+            data.rects[0] = data.rects[1] = rect;
+            OwnedRegion made(ExtCreateRegion(nullptr, sizeof(data), reinterpret_cast<const RGNDATA *>(&data)));
+            CombineRgn(other, made, other, RGN_XOR);
+            OffsetRgn(other, rect.left, rect.bottom);
+            CombineRgn(other, other, region, RGN_OR);
+        }
+        SetRectRgn(region, rect.left, rect.top, rect.right, rect.bottom);
+        RectInRegion(other, &rect);
+        SetWindowOrgEx(picture, rect.top, rect.right, nullptr);
+        ExtSelectClipRgn(picture, other, 1 + i % 5);
+        IntersectClipRect(picture, rect.left, rect.top, rect.right, rect.bottom);
+        ExcludeClipRect(picture, rect.right, rect.top, rect.left, rect.bottom);
+        OffsetClipRgn(picture, rect.top, rect.left);
+        RectVisible(picture, &rect);
+        StretchBlt(picture, rect.left, rect.top, rect.right, rect.bottom, source, rect.top, 0, rect.left, 4, SRCCOPY);
+        if (i % 9 == 0) SelectClipRgn(picture, nullptr);
+    }
+    EXPECT_EQ(::testing::internal::GetCapturedStderr() + ::testing::internal::GetCapturedStdout(), "");
+}
+
 TEST(HeadlessLimits, NullPointersAndUnknownValuesAreRefused) {
     Picture picture(4, -4);
     OwnedRegion region(0, 0, 1, 1);
