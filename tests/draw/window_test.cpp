@@ -1,4 +1,5 @@
-// A real window's device context as the target. Needs a screen; cmake/run-under-xvfb provides one.
+// Device contexts that only Windows has as the target: a metafile's, and a real window's. The latter needs a screen;
+// cmake/run-under-xvfb provides one.
 
 #include "painting.h"
 
@@ -8,6 +9,21 @@ namespace {
 Picture WithoutAlpha(Picture picture) {
     for (uint32_t &pixel : picture.pixels) pixel &= 0x00FFFFFF;
     return picture;
+}
+
+TEST(Metafile, IsDrawnOnAsIfItWereTransparentBlack) {
+    const TestCanvas canvas(CanvasKind::Metafile, 40, 36, 1);
+    Picture expected = PictureOf(canvas.View());
+    const OwnedBitmap bitmap = NoiseBitmap(9, 8, 32, 5, kOver);
+    const RECT place{5, 6, 14, 14}, fill{20, 20, 30, 34};
+    EXPECT_EQ(1, DrawBitmap(canvas, &place, bitmap, 0));
+    EXPECT_EQ(1, FillPreMulColorRectEx(canvas, 0x40102030, &fill, kOver));
+    const Picture source = PictureOf(ViewOf(bitmap));
+    DrawNearest(expected, expected.Bounds(), place, source, source.Bounds(), [](uint32_t s, uint32_t) { return s; });
+    ForEachPixel(expected, [&](LONG x, LONG y) {
+        if (Contains(fill, x, y)) expected.At(x, y) = 0x40102030;
+    });
+    EXPECT_TRUE(Same(expected, canvas.Pixels()));
 }
 
 /// A window without a frame on the screen, with its device context.
