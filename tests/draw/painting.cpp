@@ -46,7 +46,11 @@ TestCanvas::TestCanvas(CanvasKind kind, LONG width, LONG height, uint32_t seed) 
             dib_.emplace(width, height, kind == CanvasKind::Shallow ? WORD{24} : WORD{32});
             dc_.emplace(dib_->Handle());
 #ifdef _WIN32
-            if (kind == CanvasKind::Mirrored) SetLayout(*dc_, LAYOUT_RTL);
+            if (kind == CanvasKind::Scaled) {
+                SetMapMode(*dc_, MM_ANISOTROPIC);
+                SetWindowExtEx(*dc_, 2, 2, nullptr);
+                SetViewportExtEx(*dc_, 3, 3, nullptr);
+            }
             if (kind == CanvasKind::Metafile) {
                 const RECT screen{0, 0, GetDeviceCaps(*dc_, HORZSIZE) * 100, GetDeviceCaps(*dc_, VERTSIZE) * 100};
                 metafile_ = CreateEnhMetaFileW(*dc_, nullptr, &screen, nullptr);
@@ -65,7 +69,7 @@ SurfaceView TestCanvas::View() const {
 
 void TestCanvas::SetClip(const RECT &clip) const {
     SetCanvasClipRect(*canvas_, &clip);
-    if (kind_ >= CanvasKind::Holed && kind_ <= CanvasKind::Mirrored) ExcludeClipRect(Context(), 12, 9, 17, 16);
+    if (kind_ >= CanvasKind::Holed && kind_ <= CanvasKind::Scaled) ExcludeClipRect(Context(), 12, 9, 17, 16);
 }
 
 void TestCanvas::Play() const {

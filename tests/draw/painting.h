@@ -64,14 +64,14 @@ void ForEachPixel(const Picture &picture, const Function &function) {
 void ExpectSameOutside(const RECT &rect, const Picture &before, const Picture &after);
 
 /// `FromDC` is made around a memory device context with a DIB section. The others have a device context, too, that
-/// draws reach through copies only: its clip has a hole, `Shallow` has 24 bits per pixel and `Mirrored` runs from right
-/// to left; a `Metafile` can't be read at all.
-enum class CanvasKind { Memory, System, FromDC, Holed, Shallow, Mirrored, Metafile };
+/// draws reach through copies only: its clip has a hole, `Shallow` has 24 bits per pixel and `Scaled` larger units; a
+/// `Metafile` can't be read at all.
+enum class CanvasKind { Memory, System, FromDC, Holed, Shallow, Scaled, Metafile };
 constexpr std::initializer_list<CanvasKind> kCanvasKinds{CanvasKind::Memory, CanvasKind::System, CanvasKind::FromDC};
-constexpr std::initializer_list<CanvasKind> kAllCanvasKinds{
-    CanvasKind::Memory,  CanvasKind::System, CanvasKind::FromDC, CanvasKind::Holed, CanvasKind::Shallow,
+constexpr std::initializer_list<CanvasKind> kAllCanvasKinds{CanvasKind::Memory, CanvasKind::System,  CanvasKind::FromDC,
+                                                            CanvasKind::Holed,  CanvasKind::Shallow,
 #ifdef _WIN32
-    CanvasKind::Metafile
+                                                            CanvasKind::Scaled, CanvasKind::Metafile
 #endif
 };
 
