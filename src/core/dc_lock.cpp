@@ -5,8 +5,6 @@
 
 #include <cstring>
 
-#include "core/geometry.h"
-#include "core/surface_view.h"
 #include "platform/mapping.h"
 
 namespace lacquer {
@@ -38,14 +36,6 @@ BITMAPINFO HeaderOf(const SurfaceView &view) {
 }
 
 }  // namespace
-
-bool LockedArea::Cut(const RECT &rect, SurfaceView *out) const {
-    const RECT place = Moved(rect, dx, dy);
-    SurfaceView part = view;
-    if (!NarrowView(part, &place)) return false;
-    *out = part;
-    return true;
-}
 
 bool DcLock::Lock(HDC dc, const RECT &rect, SurfaceView *out) {
     if (IsRectEmpty(&rect)) return false;

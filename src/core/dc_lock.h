@@ -6,6 +6,8 @@
 #include <span>
 
 #include "core/dib_storage.h"
+#include "core/geometry.h"
+#include "core/surface_view.h"
 #include "platform/platform.h"
 
 namespace lacquer {
@@ -17,7 +19,11 @@ struct LockedArea {
     bool copied;     ///< the view shows a copy, of no more than was locked
 
     /// Result: false for an empty rectangle and one that is not inside.
-    bool Cut(const RECT &rect, SurfaceView *out) const;
+    bool Cut(const RECT &rect, SurfaceView *out) const {
+        const RECT place = Moved(rect, dx, dy);
+        *out = view;
+        return NarrowView(*out, &place);
+    }
 };
 
 /// A lock shows the DIB section that is selected in the context where it can, else a copy of the context's pixels,

@@ -25,11 +25,7 @@ LockedPieces::LockedPieces(Canvas &canvas, const RECT &area) : canvas_(canvas), 
     IntersectRect(&area_, &area, &clipBox_);
 }
 
-const SurfaceView *LockedPieces::Lock(const RECT &piece) {
-    if (mode_ == Mode::Unlocked) mode_ = canvas_.LockArea(area_, &shared_) ? Mode::Shared : Mode::Apart;
-    if (mode_ == Mode::Shared && (!shared_.copied || AddToWritten(piece))) {
-        return shared_.Cut(piece, &view_) ? &view_ : nullptr;
-    }
+const SurfaceView *LockedPieces::LockApart(const RECT &piece) {
     Unlock();
     mode_ = Mode::Apart;
     pieceIsLocked_ = canvas_.Lock(&view_, &piece);

@@ -23,9 +23,16 @@ public:
     const RECT &ClipBox() const { return clipBox_; }
 
     /// Locks a part of the clip box until the next call. Result: null when that fails.
-    const SurfaceView *Lock(const RECT &piece);
+    const SurfaceView *Lock(const RECT &piece) {
+        if (mode_ == Mode::Unlocked) mode_ = canvas_.LockArea(area_, &shared_) ? Mode::Shared : Mode::Apart;
+        if (mode_ == Mode::Shared && (!shared_.copied || AddToWritten(piece))) {
+            return shared_.Cut(piece, &view_) ? &view_ : nullptr;
+        }
+        return LockApart(piece);
+    }
 
 private:
+    const SurfaceView *LockApart(const RECT &piece);
     bool AddToWritten(RECT piece);
     void Unlock();
 

@@ -92,15 +92,6 @@ std::optional<DWORD> CentreColour(const TextureDraw &draw, const RECT &sourceCel
     return DrawModeOf(draw.texture.Surface().GetFilter()) == DrawMode::Modulate ? colour : Faded(colour, draw.alpha);
 }
 
-RECT BoundsOf(const NineCellSplit &cells) {
-    RECT bounds{};
-    for (const RECT &cell : cells) {
-        const RECT before = bounds;
-        UnionRect(&bounds, &before, &cell);
-    }
-    return bounds;
-}
-
 /// Whether it takes longer to copy a rectangle of a device context for nothing than to make copies of the eight pieces
 /// around it.
 bool IsLarge(const RECT &rect) {
@@ -126,7 +117,7 @@ int DrawNineGrid(const TextureDraw &draw, const NineGridStyle &style) {
     const NineCellSplit sourceCells = SplitByMargins(slice, sourceMargins);
     const auto fill = style.hollowCentre ? CentreColour(draw, sourceCells[kCentre]) : std::nullopt;
     const bool staysOpen = style.hollowCentre && (!fill || IsVoidFill(*fill, surface.GetFilter()));
-    TexturePieces pieces(draw, staysOpen && IsLarge(destCells[kCentre]) ? RECT{} : BoundsOf(destCells));
+    TexturePieces pieces(draw, staysOpen && IsLarge(destCells[kCentre]) ? RECT{} : draw.dest);
     for (size_t i = 0; i < destCells.size(); ++i) {
         if (!style.hollowCentre || i != kCentre) {
             pieces.Draw(destCells[i], sourceCells[i]);

@@ -99,11 +99,13 @@ TEST_F(Window, IsACanvasForDrawsAndBlends) {
     const OwnedBitmap bitmap = NoiseBitmap(9, 8, 32, 5, kOver);
     const OwnedTexture texture = NoiseTexture(9, 8, 24, 6, 0);
     Show(plain.Pixels());
-    const RECT fill{-4, 3, 12, 20}, stretched{10, 10, 33, 50}, grid{20, 2, 37, 15}, margins{2, 2, 2, 2};
+    const RECT fill{-4, 3, 12, 20}, stretched{10, 10, 33, 50}, grid{20, 2, 37, 15}, tiled{3, 22, 31, 35},
+        margins{2, 2, 2, 2};
     for (const HGCANVAS target : {HGCANVAS(plain), HGCANVAS(canvas)}) {
         EXPECT_EQ(1, FillSolidRect(target, 0x80FF8040, &fill));
         EXPECT_EQ(1, DrawBitmap(target, &stretched, bitmap, 1));
         EXPECT_EQ(1, DrawTexture9Grid(target, &grid, texture, nullptr, &margins, 1, 0, 255, 0, 1.0f, 0));
+        EXPECT_EQ(0, DrawTextureTile(target, &tiled, texture, nullptr, 0, 128, 0, 1.0f));
     }
     EXPECT_TRUE(Same(WithoutAlpha(plain.Pixels()), Shown()));
 
