@@ -3,7 +3,7 @@
 #include <lacquer/lacquer.h>
 
 #include "api/objects.h"
-#include "core/surface_view.h"
+#include "api/surface_exports.h"
 
 using namespace lacquer;
 
@@ -40,25 +40,13 @@ DWORD ReleaseCanvas(HGCANVAS canvas) {
     return ReleaseHandle(HandleType::Canvas, canvas.value);
 }
 
-int LockCanvasBits(HGCANVAS canvas, SurfaceView *out, const RECT *rect) {
-    Canvas *found = Find(canvas);
-    SurfaceView view{};
-    if (!found || !out || !found->Lock(&view, rect)) return 0;
-    WriteBitmapPart(out, view);
-    return 1;
-}
+int LockCanvasBits(HGCANVAS canvas, SurfaceView *out, const RECT *rect) { return LockBits(Find(canvas), out, rect); }
 
 int LockCanvasBitsEx(HGCANVAS canvas, SurfaceView *out, const RECT *rect) {
-    Canvas *found = Find(canvas);
-    return found && out && found->LockEx(out, rect);
+    return LockBitsEx(Find(canvas), out, rect);
 }
 
-int UnlockCanvasBits(HGCANVAS canvas) {
-    Canvas *found = Find(canvas);
-    if (!found) return 0;
-    found->Unlock();
-    return 1;
-}
+int UnlockCanvasBits(HGCANVAS canvas) { return UnlockBits(Find(canvas)); }
 
 HDC GetCanvasHandle(HGCANVAS canvas) {
     Canvas *found = Find(canvas);
@@ -153,12 +141,16 @@ int GetCanvasBkColor(HGCANVAS canvas, DWORD *out) {
 
 int SetCanvasClipRect(HGCANVAS canvas, const RECT *rect) {
     Canvas *found = Find(canvas);
-    return found && rect && found->SetClip(*rect);
+    if (!found || !rect) return 0;
+    found->SetClip(*rect);
+    return 1;
 }
 
 int IntersectCanvasClipRect(HGCANVAS canvas, const RECT *rect) {
     Canvas *found = Find(canvas);
-    return found && rect && found->IntersectClip(*rect);
+    if (!found || !rect) return 0;
+    found->IntersectClip(*rect);
+    return 1;
 }
 
 int GetCanvasClipRect(HGCANVAS canvas, RECT *out) {

@@ -4,6 +4,7 @@
 #include <lacquer/lacquer.h>
 
 #include <memory>
+#include <span>
 #include <utility>
 
 #include "core/dc_lock.h"
@@ -57,6 +58,11 @@ public:
     bool LockEx(SurfaceView *out, const RECT *rect);
     void Unlock();
 
+    /// Describes the pixels that every rectangle inside `area`, a visible part, can be cut from: all of a surface, or
+    /// as of DcLock. `UnlockArea` ends it.
+    bool LockArea(const RECT &area, LockedArea *out);
+    void UnlockArea(std::span<const RECT> written);
+
     /// The device context, made at the first call: that moves the pixels into a DIB section. Result: null on failure.
     HDC GetDeviceContext();
 
@@ -67,11 +73,10 @@ public:
     bool SetViewportOrg(int x, int y, POINT *previous);
     bool SetWindowOrg(int x, int y, POINT *previous);
 
-    /// Logical rectangles; empty and inverted ones make the clip empty. Result: false, with nothing changed, when the
-    /// device context does not take the clip. `ClipBox` is the bounding box of the device context's clip where there is
-    /// one.
-    bool SetClip(const RECT &rect);
-    bool IntersectClip(const RECT &rect);
+    /// Logical rectangles; empty and inverted ones make the clip empty. A device context that does not take them
+    /// changes nothing else. `ClipBox` is the bounding box of the device context's clip where there is one.
+    void SetClip(const RECT &rect);
+    void IntersectClip(const RECT &rect);
     RECT ClipBox() const;
 
     HWND Window() const { return window_; }

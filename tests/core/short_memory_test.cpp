@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/canvas.h"
+#include "core/locked_pieces.h"
 #include "core/surface_copy.h"
 #include "core/texture.h"
 #include "support/failing_allocation.h"
@@ -85,18 +86,41 @@ TEST(ShortMemoryTest, AFailedSliceListKeepsTheOldOne) {
     EXPECT_EQ(5u, texture->SliceCount());
 }
 
-TEST(ShortMemoryTest, AFailedCopyInLockLocksNothing) {
+TEST(ShortMemoryTest, ACopyInLockFailsWithItsDibSectionAndElseReadsNothing) {
     const Dib dib(6, 6);
+    FillWithNoise(dib.View(), 1);
+    const std::vector<uint32_t> pixels = PixelsOf(dib.View());
     const MemoryDC dc(dib.Handle());
     SelectClipWithHole(dc, {0, 0, 6, 6}, {2, 2, 3, 3});
     DcLock lock;
     SurfaceView view{};
-    FailEachAllocation([&] {
+    bool failed = true;
+    for (int count = 0; failed; ++count) {
+        FailAllocationsAfter(count);
         const bool locked = lock.Lock(dc, {0, 0, 6, 6}, &view);
-        if (locked) lock.Unlock();
-        return locked;
-    });
-    EXPECT_TRUE(lock.Lock(dc, {0, 0, 6, 6}, &view));
+        failed = AllocationHasFailed();
+        FailAllocationsAfter(-1);
+        EXPECT_TRUE(locked || count == 0);
+        if (!locked) continue;
+        EXPECT_EQ(failed ? std::vector<uint32_t>(36) : pixels, PixelsOf(view)) << "allocation " << count;
+        lock.Unlock();
+        FillWithNoise(dib.View(), 1);
+    }
+}
+
+TEST(ShortMemoryTest, PiecesAreLockedApartWhenTheirAreaCantBe) {
+    const Dib dib(24, 8);
+    const MemoryDC dc(dib.Handle());
+    SelectClipWithHole(dc, {0, 0, 24, 8}, {2, 2, 3, 3});
+    const std::unique_ptr<Canvas> canvas = MakeCanvasFromDC(dc);
+    LockedPieces pieces(*canvas, {0, 0, 24, 8});
+    FailAllocationsAfter(0);
+    const SurfaceView *first = pieces.Lock({0, 0, 8, 8});
+    FailAllocationsAfter(-1);
+    const SurfaceView *second = pieces.Lock({8, 0, 16, 8});
+    ASSERT_NE(nullptr, second);
+    // Windows makes device contexts and DIB sections without this program's allocations.
+    EXPECT_EQ(first ? 24 * 4 : 8 * 4, second->stride);
 }
 
 }  // namespace
