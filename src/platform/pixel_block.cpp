@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <cstring>
 #include <new>
-#include <utility>
 
 #ifdef __linux__
 #include <sys/mman.h>
@@ -50,7 +49,7 @@ PixelBlock AllocateLarge(std::size_t size) {
 /// The large block that was freed last; its size stands at its beginning.
 class SpareBlock {
 public:
-    ~SpareBlock() { FreeLarge(block_.exchange(nullptr)); }
+    ~SpareBlock() { Free(); }
 
     /// The spare if it has `size` bytes or little more, else null.
     PixelBlock Take(std::size_t size) {
@@ -61,6 +60,13 @@ public:
         if (spareSize >= size && spareSize - size <= size / 8) return {block, {.largeSize = spareSize}};
         Keep(block, spareSize);
         return {};
+    }
+
+    /// Result: whether there was one to free.
+    bool Free() {
+        std::byte *block = block_.exchange(nullptr, std::memory_order_acquire);
+        FreeLarge(block);
+        return block != nullptr;
     }
 
     void Keep(std::byte *block, std::size_t size) {
@@ -80,10 +86,15 @@ SpareBlock spare;
 }  // namespace
 
 PixelBlock AllocatePixels(std::size_t size) {
-    if (size < kLargePage) return AllocateSmall(size);
-    PixelBlock block = spare.Take(size);
-    return block ? std::move(block) : AllocateLarge(size);
+    const bool isLarge = size >= kLargePage;
+    const auto allocate = isLarge ? AllocateLarge : AllocateSmall;
+    PixelBlock block = isLarge ? spare.Take(size) : PixelBlock();
+    if (!block) block = allocate(size);
+    if (!block && FreeSparePixels()) block = allocate(size);
+    return block;
 }
+
+bool FreeSparePixels() { return spare.Free(); }
 
 void PixelBlockDeleter::operator()(std::byte *pixels) const {
     if (largeSize > 0) {
