@@ -117,14 +117,15 @@ DWORD GetTextureSliceCount(HGTEXTURE texture) {
 
 HGTEXTURE CanvasToTexture(HGCANVAS canvas) {
     Canvas *found = Find(canvas);
-    std::unique_ptr<PixelSurface> surface = found ? found->DetachSurface() : nullptr;
+    // The texture first: without memory for it the canvas stays.
+    std::unique_ptr<Texture> texture = found ? MakeSharingTexture(found->Surface(), false) : nullptr;
+    std::unique_ptr<PixelSurface> surface = texture ? found->DetachSurface() : nullptr;
     if (!surface) return {};
-    const HGTEXTURE none{};
-    std::unique_ptr<Texture> texture = MakeSharingTexture(surface.get(), false);
+    texture->Surface().ShareFrom(surface.get(), false);
     Destroy(surface.release());
     UnregisterHandle(canvas.value);
     Destroy(found);
-    return texture ? Register(std::move(texture)) : none;
+    return Register(std::move(texture));
 }
 
 HGTEXTURE BitmapToTexture(HGBITMAP bitmap) {
