@@ -172,8 +172,8 @@ bool Canvas::IntersectClip(const RECT &rect) {
     const RECT ordered = IsRectEmpty(&rect) ? RECT{} : rect;
     if (dc_) {
         // Far coordinates would overflow inside GDI; nothing beyond the clip box counts anyway.
-        const RECT box = ClipBox();
-        RECT inside{};
+        RECT box{}, inside{};
+        if (GetClipBox(dc_, &box) == ERROR) return false;
         IntersectRect(&inside, &ordered, &box);
         if (IntersectClipRect(dc_, inside.left, inside.top, inside.right, inside.bottom) == ERROR) return false;
     }
