@@ -49,7 +49,7 @@ PixelBlock AllocateLarge(std::size_t size) {
 /// The large block that was freed last; its size stands at its beginning.
 class SpareBlock {
 public:
-    ~SpareBlock() { Free(); }
+    ~SpareBlock() { FreeLarge(block_.exchange(nullptr)); }
 
     /// The spare if it has `size` bytes or little more, else null.
     PixelBlock Take(std::size_t size) {

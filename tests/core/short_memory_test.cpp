@@ -1,16 +1,10 @@
-// Memory that runs short at every possible moment: a failure is a result, and nothing changes or leaks.
+// A copy-in lock whose memory runs short at every possible moment.
 
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <vector>
-
 #include "core/canvas.h"
-#include "core/surface_copy.h"
-#include "core/texture.h"
 #include "support/failing_allocation.h"
 #include "support/memory_dc.h"
-#include "support/pixels.h"
 
 namespace lacquer {
 namespace {
@@ -27,75 +21,6 @@ int FailEachAllocation(Act act) {
         EXPECT_EQ(!failed, done) << "allocation " << count;
         if (!failed || count > 100) return count;
     }
-}
-
-TEST(ShortMemoryTest, NothingIsMadeByHalves) {
-    PixelSurface source;
-    ASSERT_TRUE(source.Create(5, 4, 24, 0, SurfaceKind::Memory));
-    const Dib dib(4, 4);
-    const MemoryDC dc(dib.Handle());
-    for (const SurfaceKind kind : {SurfaceKind::Memory, SurfaceKind::System}) {
-        EXPECT_LE(1, FailEachAllocation([&] { return MakeSurface(5, 5, 8, 16, kind) != nullptr; }));
-        EXPECT_LE(1, FailEachAllocation([&] { return MakeCanvas(5, 5, kind) != nullptr; }));
-        EXPECT_LE(1, FailEachAllocation([&] { return ResizedSurface(source, 9, 9, 1, kind) != nullptr; }));
-    }
-    EXPECT_LE(1, FailEachAllocation([&] { return MakeCanvasFromDC(dc) != nullptr; }));
-    EXPECT_LE(1, FailEachAllocation([&] { return MakeTexture(5, 5, 8, 16) != nullptr; }));
-    EXPECT_LE(1, FailEachAllocation([&] { return MakeSharingTexture(&source, true) != nullptr; }));
-    EXPECT_LE(1, FailEachAllocation([&] { return TransformedSurface(source, 1, SurfaceKind::Memory) != nullptr; }));
-}
-
-TEST(ShortMemoryTest, AFailedConversionKeepsThePixels) {
-    PixelSurface surface;
-    SurfaceView view{};
-    ASSERT_TRUE(surface.Create(5, 4, 24, 0, SurfaceKind::Memory));
-    ASSERT_TRUE(surface.Lock(&view));
-    FillWithNoise(view, 1);
-    const std::vector<uint32_t> pixels = PixelsOf(view);
-    EXPECT_LE(1, FailEachAllocation([&] {
-                  if (surface.GetHandle()) return true;
-                  EXPECT_EQ(24, surface.GetBitsPixel());
-                  EXPECT_TRUE(surface.Lock(&view));
-                  EXPECT_EQ(pixels, PixelsOf(view));
-                  return false;
-              }));
-    EXPECT_EQ(32, surface.GetBitsPixel());
-}
-
-TEST(ShortMemoryTest, AFailedDeviceContextCanBeHadLater) {
-    const std::unique_ptr<Canvas> canvas = MakeCanvas(5, 4, SurfaceKind::Memory);
-    ASSERT_TRUE(canvas);
-    canvas->SetClip({1, 1, 3, 3});
-    EXPECT_LE(1, FailEachAllocation([&] { return canvas->GetDeviceContext() != nullptr; }));
-    const RECT box = canvas->ClipBox();
-    EXPECT_EQ(1, box.left);
-    EXPECT_EQ(3, box.bottom);
-}
-
-TEST(ShortMemoryTest, AFailedSliceListKeepsTheOldOne) {
-    const std::unique_ptr<Texture> texture = MakeTexture(9, 9, 32, 0);
-    const std::vector<RECT> old{{0, 0, 1, 2}, {0, 0, 3, 4}}, replacing(5, RECT{1, 1, 2, 2});
-    ASSERT_TRUE(texture->SetSlices(2, old.data()));
-    EXPECT_LE(1, FailEachAllocation([&] {
-                  if (texture->SetSlices(5, replacing.data())) return true;
-                  EXPECT_EQ(2u, texture->SliceCount());
-                  EXPECT_EQ(4, texture->CurrentSlice()->bottom);
-                  return false;
-              }));
-    EXPECT_EQ(5u, texture->SliceCount());
-}
-
-TEST(ShortMemoryTest, AFailedParentKeepsTheOldOne) {
-    const std::unique_ptr<Canvas> child = MakeCanvas(1, 1, SurfaceKind::Memory),
-                                  first = MakeCanvas(1, 1, SurfaceKind::Memory),
-                                  second = MakeCanvas(1, 1, SurfaceKind::Memory);
-    ASSERT_TRUE(child->SetParent(*first));
-    EXPECT_LE(1, FailEachAllocation([&] {
-                  if (child->SetParent(*second)) return true;
-                  EXPECT_EQ(first.get(), child->Parent());
-                  return false;
-              }));
-    EXPECT_EQ(second.get(), child->Parent());
 }
 
 TEST(ShortMemoryTest, AFailedCopyInLockLocksNothing) {
