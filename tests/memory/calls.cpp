@@ -180,6 +180,13 @@ uint64_t MakeLargeRegion(const Values &) {
     return DeleteObject(region) != 0;
 }
 
+/// A bitmap that is not kept for the next one.
+uint64_t MakeLargeBitmap(const Values &) {
+    const HGBITMAP bitmap = CreateMemBitmap(5000, 5000);
+    DeleteBitmap(bitmap);
+    return bitmap.value;
+}
+
 /// More objects than the headless GDI's table has room for at first.
 uint64_t FillGdiTable(const Values &) {
     HRGN regions[200];
@@ -196,6 +203,7 @@ uint64_t OnVelCanvas(const Values &) {
 
 const HandleCall kDeepCalls[] = {
     {"LargeRegion", "", MakeLargeRegion},
+    {"LargeBitmap", "", MakeLargeBitmap},
     {"GdiTable", "", FillGdiTable},
     {"Text", "", OnVelCanvas<DrawText>},
     {"FilledPath", "", OnVelCanvas<DrawFilledPath>},
