@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <cstring>
 #include <new>
-#include <utility>
 
 #include "platform/sanitizers.h"
 
@@ -61,6 +60,13 @@ public:
         return {};
     }
 
+    /// Result: whether there was one to free.
+    bool Free() {
+        std::byte *block = block_.exchange(nullptr, std::memory_order_acquire);
+        FreeLarge(block);
+        return block != nullptr;
+    }
+
     void Keep(std::byte *block, std::size_t size) {
         if (size <= kLargestSpare) {
             std::memcpy(block, &size, sizeof size);
@@ -91,10 +97,15 @@ SpareEnd spareEnd;
 }  // namespace
 
 PixelBlock AllocatePixels(std::size_t size) {
-    if (size < kLargePage) return AllocateSmall(size);
-    PixelBlock block = spare.Take(size);
-    return block ? std::move(block) : AllocateLarge(size);
+    const bool isLarge = size >= kLargePage;
+    const auto allocate = isLarge ? AllocateLarge : AllocateSmall;
+    PixelBlock block = isLarge ? spare.Take(size) : PixelBlock();
+    if (!block) block = allocate(size);
+    if (!block && FreeSparePixels()) block = allocate(size);
+    return block;
 }
+
+bool FreeSparePixels() { return spare.Free(); }
 
 void PixelBlockDeleter::operator()(std::byte *pixels) const {
     if (largeSize > 0) {

@@ -4,9 +4,37 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdint>
+#include <new>
 #include <thread>
 #include <vector>
+
+namespace {
+
+std::atomic<bool> memoryIsShort{false};
+std::atomic<int> largeBlocks{0};
+
+bool IsRefused() { return memoryIsShort && largeBlocks > 0; }
+
+}  // namespace
+
+// Pixels are arrays, those of large blocks aligned: while memory is short, there is none beside a large block.
+void *operator new[](std::size_t size, const std::nothrow_t &) noexcept {
+    return IsRefused() ? nullptr : ::operator new[](size);
+}
+void *operator new[](std::size_t size, std::align_val_t alignment, const std::nothrow_t &) noexcept {
+    void *block = IsRefused() ? nullptr : ::operator new(size, alignment, std::nothrow);
+    if (block) ++largeBlocks;
+    return block;
+}
+void operator delete[](void *block, std::align_val_t alignment) noexcept {
+    if (block) --largeBlocks;
+    ::operator delete(block, alignment);
+}
+void operator delete[](void *block, std::size_t, std::align_val_t alignment) noexcept {
+    operator delete[](block, alignment);
+}
 
 namespace lacquer {
 namespace {
@@ -54,6 +82,16 @@ TEST(PixelBlock, HidesNothingFromTheAddressSanitizer) {
     }
 }
 #endif
+
+/// The block that is kept for the next one is no reason to fail.
+TEST(PixelBlock, MemoryThatIsShortGetsTheKeptBlockBack) {
+    for (const std::size_t size : {std::size_t{1000}, 3 * kMegabyte}) {
+        AllocatePixels(8 * kMegabyte).reset();
+        memoryIsShort = true;
+        EXPECT_TRUE(AllocatePixels(size)) << size;
+        memoryIsShort = false;
+    }
+}
 
 TEST(PixelBlock, IsNullWithoutMemory) { EXPECT_FALSE(AllocatePixels(std::size_t{1} << 62)); }
 

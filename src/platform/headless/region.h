@@ -16,13 +16,15 @@ constexpr LONG Clamped(int64_t value) {
     return static_cast<LONG>(value < INT32_MIN ? INT32_MIN : value > INT32_MAX ? INT32_MAX : value);
 }
 
-/// The functions that may need memory return false when there is none; the region is then empty.
+/// The functions that may need memory return false when there is none; the region then stays as it was, but for
+/// SetBoxes, which leaves it empty.
 class Region {
 public:
     Region() { pixman_region32_init(&pixels_); }
     ~Region() { pixman_region32_fini(&pixels_); }
     Region(const Region &) = delete;
     Region &operator=(const Region &) = delete;
+    Region &operator=(Region &&other) noexcept;
 
     /// Makes the region one rectangle; an inverted one counts as empty.
     void SetRect(const RECT &rect);
@@ -54,6 +56,10 @@ public:
     const pixman_box32_t *Boxes(int &count) const;
 
 private:
+    /// The region becomes what `make` writes, or stays as it was when that gives 0.
+    template <class Make>
+    bool Replace(const Make &make);
+
     pixman_region32_t pixels_;
 };
 

@@ -14,6 +14,10 @@
  *   wherever alpha is honoured. 24-bit pixels are the bytes blue, green, red; 8-bit pixels index a palette of such
  *   words. Rows run top-down; strides are bytes.
  *
+ * - Overlap: source and destination may share pixels. A plain copy at 1:1 within one surface has the result of a copied
+ *   source, whatever the direction. Any other draw or filter then gives unspecified colours inside its destination, on
+ *   another processor perhaps others, and does no other harm.
+ *
  * - Threads: any thread may call any function; one thread at a time works on an object.
  *
  * The header compiles as C11 and as C++17. On Windows the types come from <windows.h>.
