@@ -19,15 +19,15 @@
  * Where it differs from GDI, as Wine has it, within this subset:
  * - HALFTONE stretches as COLORONCOLOR does; GDI interpolates.
  * - BLACKONWHITE and WHITEONBLACK between different formats merge the source's pixels, then convert; GDI sometimes
- *   converts first. A stretch from two pixels to one of which the first lies outside draws nothing; GDI draws the
- * second when the other side keeps its size.
+ *   converts first. A stretch from two pixels, the first of them outside, to one draws nothing; GDI draws the second
+ *   when the other side keeps its size.
  * - A stretch of which nothing is visible gives 1; GDI sometimes gives 0. AC_SRC_ALPHA with a source of fewer than 32
  *   bits is refused also when nothing is visible.
  * - Outside of the clip region, an empty one included, SetPixel and GetPixel give CLR_INVALID; GDI's SetPixel gives the
  *   colour, and neither heeds an empty region in its result.
  * - GetClipBox tells the kind of what it bounds, and its box is empty when nothing is visible; GDI tells the clip
  *   region's own kind, and the box may be inverted. The first IntersectClipRect gives NULLREGION for an empty
- * rectangle; GDI gives SIMPLEREGION. An empty rectangle has no point in a region; in GDI one inside counts.
+ *   rectangle; GDI gives SIMPLEREGION. An empty rectangle has no point in a region; in GDI one inside counts.
  * - What is refused changes nothing; GDI's ExtSelectClipRgn may leave the bitmap's rectangle behind.
  * - Beyond 2^24 GDI rounds logical coordinates, and its sums wrap around.
  *
