@@ -106,9 +106,18 @@ void DibSectionCache::Trim(DWORD now) {
     count_ = static_cast<int>(end - entries_);
 }
 
-DibSectionCache &ProcessDibSectionCache() {
-    static DibSectionCache cache(false, GetTickCount());
-    return cache;
-}
+namespace {
+
+/// Never destroyed, as it never holds anything: calls may come after the library's end.
+union ProcessCache {
+    constexpr ProcessCache() : cache(false, 0) {}
+    constexpr ~ProcessCache() {}
+    DibSectionCache cache;
+};
+constinit ProcessCache process;
+
+}  // namespace
+
+DibSectionCache &ProcessDibSectionCache() { return process.cache; }
 
 }  // namespace lacquer

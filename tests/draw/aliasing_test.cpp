@@ -55,9 +55,14 @@ TEST(Aliasing, OverlappingDrawsStayInsideTheirDestination) {
 TEST(Aliasing, CanvasesOfOneDeviceContextDrawOnThemselves) {
     const TestCanvas canvas(CanvasKind::FromDC, 40, 36, 1);
     const RECT dest{2, 2, 22, 22}, source{10, 12, 30, 32}, outside{30, 30, 50, 50};
+    // Partly outside, the destination is locked by a copy. The source beside it is not.
+    Picture expected = canvas.Pixels();
+    DrawNearest(expected, expected.Bounds(), outside, canvas.Pixels(), dest, [](uint32_t s, uint32_t) { return s; });
+    EXPECT_EQ(1, MixCanvas(canvas, &outside, canvas, &dest, 255));
+    EXPECT_TRUE(Same(expected, canvas.Pixels()));
     SelectClipWithHole(canvas.Context(), {0, 0, 40, 36}, {5, 5, 9, 9});
     EXPECT_EQ(1, MixCanvas(canvas, &dest, canvas, &source, 100)) << "only one copying lock at a time: nothing is drawn";
-    EXPECT_EQ(1, MixCanvas(canvas, &dest, canvas, &outside, 100));
+    EXPECT_TRUE(Same(expected, canvas.Pixels()));
     EXPECT_NE(0, BlendCanvas(canvas, &dest, canvas, &source, 100));
     HDC dc = canvas.Context();
     EXPECT_NE(0, GdiTransCanvas(dc, &dest, canvas, &source, 255));

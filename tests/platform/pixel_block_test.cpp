@@ -65,6 +65,24 @@ TEST(PixelBlock, HasOneOwnerAndItsWholeSize) {
     for (std::thread &thread : threads) thread.join();
 }
 
+#ifndef _WIN32
+/// Of the address sanitizer; null in a program without it.
+extern "C" int __asan_address_is_poisoned(const volatile void *address) __attribute__((weak));
+
+TEST(PixelBlock, HidesNothingFromTheAddressSanitizer) {
+    if (!__asan_address_is_poisoned) GTEST_SKIP();
+    for (const std::size_t size : {std::size_t{8}, 4096 + std::size_t{24}, 3 * kMegabyte}) {
+        PixelBlock block = AllocatePixels(size);
+        const std::byte *pixels = block.get();
+        EXPECT_FALSE(__asan_address_is_poisoned(pixels + size - 1));
+        EXPECT_TRUE(__asan_address_is_poisoned(pixels + size)) << size;
+        EXPECT_TRUE(__asan_address_is_poisoned(pixels - 1)) << size;
+        block.reset();
+        EXPECT_TRUE(__asan_address_is_poisoned(pixels)) << size;
+    }
+}
+#endif
+
 /// The block that is kept for the next one is no reason to fail.
 TEST(PixelBlock, MemoryThatIsShortGetsTheKeptBlockBack) {
     for (const std::size_t size : {std::size_t{1000}, 3 * kMegabyte}) {

@@ -90,10 +90,8 @@ int OffsetClipRgn(HDC dc, int x, int y) {
     DeviceContext *context = FindDC(dc);
     if (context == nullptr) return ERROR;
     DrawState &state = context->state;
-    if (!state.hasClip) state.clip.SetRect(context->BitmapRect());
-    state.hasClip = true;
-    state.clip.Offset(x, y);
-    return state.clip.Kind();
+    if (!state.hasClip) return NULLREGION;
+    return state.clip.Offset(x, y) ? state.clip.Kind() : ERROR;
 }
 
 BOOL PtVisible(HDC dc, int x, int y) {

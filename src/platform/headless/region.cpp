@@ -1,6 +1,7 @@
 // Regions over pixman's region algebra.
 #include "platform/headless/region.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace lacquer::headless {
@@ -32,9 +33,12 @@ void Region::SetRect(const RECT &rect) {
     pixman_region32_reset(&pixels_, &box);
 }
 
-bool Region::SetBoxes(const pixman_box32_t *boxes, int count) {
+bool Region::SetBoxes(pixman_box32_t *boxes, int count) {
+    // pixman prints a complaint about an inverted box that comes alone.
+    const auto isEmpty = [](const pixman_box32_t &box) { return box.x1 >= box.x2 || box.y1 >= box.y2; };
+    const auto kept = static_cast<int>(std::remove_if(boxes, boxes + count, isEmpty) - boxes);
     pixman_region32_fini(&pixels_);
-    if (pixman_region32_init_rects(&pixels_, boxes, count)) return true;
+    if (pixman_region32_init_rects(&pixels_, boxes, kept)) return true;
     pixman_region32_init(&pixels_);
     return false;
 }
@@ -79,7 +83,14 @@ bool Region::IntersectRect(const RECT &rect) {
     return Combine(*this, other, RGN_AND);
 }
 
-void Region::Offset(int x, int y) { pixman_region32_translate(&pixels_, x, y); }
+bool Region::Offset(int x, int y) {
+    // pixman lets sums wrap around, and later complains about the boxes that this turns inside out.
+    const RECT staying{Clamped(int64_t{INT32_MIN} - x), Clamped(int64_t{INT32_MIN} - y),
+                       Clamped(int64_t{INT32_MAX} - x), Clamped(int64_t{INT32_MAX} - y)};
+    if (!IntersectRect(staying)) return false;
+    if (Kind() != NULLREGION) pixman_region32_translate(&pixels_, x, y);
+    return true;
+}
 
 int Region::Kind() const {
     const int count = pixman_region32_n_rects(Mutable(pixels_));

@@ -29,8 +29,8 @@ public:
     /// Makes the region one rectangle; an inverted one counts as empty.
     void SetRect(const RECT &rect);
 
-    /// Makes the region the union of `count` boxes, inverted ones left out.
-    bool SetBoxes(const pixman_box32_t *boxes, int count);
+    /// Makes the region the union of `count` boxes, inverted and empty ones left out; reorders them.
+    bool SetBoxes(pixman_box32_t *boxes, int count);
 
     bool Copy(const Region &other);
 
@@ -40,7 +40,7 @@ public:
     bool IntersectRect(const RECT &rect);
 
     /// Moves the region; what leaves the 32-bit range is lost.
-    void Offset(int x, int y);
+    bool Offset(int x, int y);
 
     /// NULLREGION, SIMPLEREGION or COMPLEXREGION.
     int Kind() const;
