@@ -2,16 +2,18 @@
 
 #include "failing_allocations.h"
 
-#include <execinfo.h>
 #include <link.h>
+#include <unwind.h>
 
+#include <algorithm>
+#include <atomic>
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
-#include <mutex>
+#include <iterator>
 #include <new>
 
-#ifdef __SANITIZE_ADDRESS__
+#ifdef LACQUER_HEAP_OF_SANITIZER
 #define REAL(function) __interceptor_##function
 #else
 #define REAL(function) __libc_##function
@@ -63,12 +65,15 @@ bool Counts(const void *caller, bool throws) {
     isLooking = true;
     Module module = ModuleOf(caller);
     if (module == kPixman) {
-        void *frames[40];
-        const int count = backtrace(frames, 40);
-        for (int i = 0; i < count && module == kPixman; ++i) {
-            const Module above = ModuleOf(frames[i]);
-            if (above == kLacquer || above == kCairo) module = above;
-        }
+        // Not backtrace(): that loads a library at first.
+        _Unwind_Backtrace(
+            [](_Unwind_Context *frame, void *data) {
+                const Module above = ModuleOf(reinterpret_cast<const void *>(_Unwind_GetIP(frame)));
+                if (above != kLacquer && above != kCairo) return _URC_NO_REASON;
+                *static_cast<Module *>(data) = above;
+                return _URC_NORMAL_STOP;
+            },
+            &module);
     }
     isLooking = false;
     return module == kLacquer || (module == kCompanion && !throws);
@@ -86,7 +91,7 @@ bool IsRefused() {
     return true;
 }
 
-/// The addresses of the modules' blocks, in buckets.
+/// The addresses of the modules' blocks, in buckets. A sanitizer's mutexes do not work yet when it allocates first.
 class Blocks {
 public:
     void Add(const void *block) { Replace(block, nullptr, block, 1); }
@@ -95,16 +100,17 @@ public:
 
 private:
     void Replace(const void *block, const void *old, const void *now, int change) {
-        const std::lock_guard guard(mutex_);
-        for (const void *&place : buckets_[reinterpret_cast<uintptr_t>(block) / 16 % 256]) {
-            if (place != old) continue;
-            place = now;
-            count_ += change;
-            return;
+        while (isBusy_.test_and_set(std::memory_order_acquire)) {
         }
+        auto &bucket = buckets_[reinterpret_cast<uintptr_t>(block) / 16 % std::size(buckets_)];
+        if (const void **place = std::find(bucket, std::end(bucket), old); place != std::end(bucket)) {
+            *place = now;
+            count_ += change;
+        }
+        isBusy_.clear(std::memory_order_release);
     }
 
-    std::mutex mutex_;
+    std::atomic_flag isBusy_;
     long count_ = 0;
     const void *buckets_[256][32] = {};
 };
