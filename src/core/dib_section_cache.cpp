@@ -111,7 +111,7 @@ namespace {
 /// Never destroyed, as it never holds anything: calls may come after the library's end.
 union ProcessCache {
     constexpr ProcessCache() : cache(false, 0) {}
-    constexpr ~ProcessCache() {}
+    ~ProcessCache() {}
     DibSectionCache cache;
 };
 constinit ProcessCache process;

@@ -21,7 +21,9 @@ public:
     bool IsLoaded() const { return module_; }
 #else
     explicit Library(const char *path) : module_(dlopen(path, RTLD_NOW | RTLD_LOCAL)) {}
-    ~Library() { dlclose(module_); }
+    ~Library() {
+        if (module_) dlclose(module_);
+    }
     void *Find(const char *name) const { return dlsym(module_, name); }
     bool IsLoaded() const { return module_; }
 #endif

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+
 #include "library.h"
 #include "support/memory_in_use.h"
 
@@ -45,35 +47,52 @@ void DrawAndDelete(const Library &library) {
     LACQUER_CALL(DeleteBitmap)(large);
 }
 
+/// Loads the library, calls `use` and unloads it, over and over. Result: by how much each round makes memory grow.
+template <class Use>
+long GrowthPerRound(Use use) {
+    constexpr int kRounds = 200, kSettled = 20;
+    long settled = 0;
+    for (int round = 0; round < kRounds; ++round) {
+        if (round == kSettled) settled = MemoryInUse();
+        const Library library(LACQUER_LIBRARY_FILE);
+        EXPECT_TRUE(library.IsLoaded());
+        use(library);
+    }
+    return (MemoryInUse() - settled) / (kRounds - kSettled);
+}
+
 TEST(LoadTest, TwoHundredTimesWithObjectsAliveAndNothingElseLeftBehind) {
-    constexpr long kRounds = 200, kSettled = 20;
     // The companion stays: pixman, beneath it, gives back nothing of what it allocates each time it is loaded.
     const Library companion(VELGRAPHIC_LIBRARY_FILE);
     ASSERT_TRUE(companion.IsLoaded());
     // What the objects take, which nobody gives back.
     long objects = 0;
     {
+        constexpr long kTimes = 200;
         const Library library(LACQUER_LIBRARY_FILE);
         ASSERT_TRUE(library.IsLoaded());
-        for (int i = 0; i < kSettled; ++i) LeaveObjectsBehind(library);
+        LeaveObjectsBehind(library);
         const long before = MemoryInUse();
-        for (int i = 0; i < kRounds; ++i) LeaveObjectsBehind(library);
-        objects = (MemoryInUse() - before) / kRounds;
+        for (long i = 0; i < kTimes; ++i) LeaveObjectsBehind(library);
+        objects = (MemoryInUse() - before) / kTimes;
     }
-    EXPECT_GT(objects, 3000);
-    long settled = 0;
-    for (long round = 0; round < kRounds; ++round) {
-        if (round == kSettled) settled = MemoryInUse();
-        const Library library(LACQUER_LIBRARY_FILE);
-        ASSERT_TRUE(library.IsLoaded());
+    const long unused = GrowthPerRound([](const Library &) {});
+    const long used = GrowthPerRound([](const Library &library) {
         // The first handle of a table that is new: the library was really unloaded in between.
-        ASSERT_EQ(0x01010001u, LeaveObjectsBehind(library)) << "round " << round;
+        EXPECT_EQ(0x01010001u, LeaveObjectsBehind(library));
         DrawAndDelete(library);
-    }
-    const long each = (MemoryInUse() - settled) / (kRounds - kSettled);
-    EXPECT_LE(each, objects + 100);
+    });
     RecordProperty("bytes_of_objects", std::to_string(objects));
-    RecordProperty("bytes_left_by_a_round", std::to_string(each));
+    RecordProperty("bytes_left_unused", std::to_string(unused));
+    RecordProperty("bytes_left_used", std::to_string(used));
+    EXPECT_GT(objects, 2000);
+#ifdef _WIN32
+    // The DLL contains a C++ runtime, whose emergency memory for exceptions, 71 KiB, is never given back.
+    EXPECT_LE(used - unused, objects + 100);
+#else
+    EXPECT_LE(unused, 16);
+    EXPECT_LE(used, objects + 100);
+#endif
 }
 
 TEST(LoadTest, TheProgramMayEndWithObjectsAlive) {
