@@ -1,0 +1,21 @@
+// The view of a figure.
+
+#include "clip_geometry.h"
+
+namespace lacquer::vel {
+
+View::View(const Clip &visible, Point translation, double reach) {
+    // Lines between points given as floats are found exactly as long as the points stay as they are; a translation so
+    // large that it would take digits from the borders is applied to the points.
+    constexpr double kLarge = 0x1p33;
+    const bool isLarge = std::fabs(translation.x) > kLarge || std::fabs(translation.y) > kLarge;
+    (isLarge ? before : after) = translation;
+    const auto bounds = [this](double left, double top, double right, double bottom) {
+        return Bounds{Point{left, top} - after, Point{right, bottom} - after};
+    };
+    const double margin = reach + 2;  // what the renderer spreads over pixels, and rounds
+    seen = bounds(visible.left - margin, visible.top - margin, visible.right + margin, visible.bottom + margin);
+    range = bounds(-kSafeCoordinate, -kSafeCoordinate, kSafeCoordinate, kSafeCoordinate);
+}
+
+}  // namespace lacquer::vel
