@@ -162,7 +162,7 @@ bool velCanvas::Stroke(const Outline &outline) {
         clipped_.Clear();
         if (!ClipStroke(outline, View(visible, state.translation, reach), dashes, clipped_)) return false;
         figure = {&clipped_, {}};
-        dashes = {};
+        if (dashes) dashes = Dashes::Whole();
     }
     return Render([&](cairo_t *context) {
         SetSource(context, figure, reach);

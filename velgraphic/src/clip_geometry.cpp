@@ -10,12 +10,14 @@ View::View(const Clip &visible, Point translation, double reach) {
     constexpr double kLarge = 0x1p33;
     const bool isLarge = std::fabs(translation.x) > kLarge || std::fabs(translation.y) > kLarge;
     (isLarge ? before : after) = translation;
-    const auto bounds = [this](double left, double top, double right, double bottom) {
-        return Bounds{Point{left, top} - after, Point{right, bottom} - after};
+    const auto bounds = [&](double margin) {
+        return Bounds{Point{visible.left - margin, visible.top - margin} - after,
+                      Point{visible.right + margin, visible.bottom + margin} - after};
     };
     const double margin = reach + 2;  // what the renderer spreads over pixels, and rounds
-    seen = bounds(visible.left - margin, visible.top - margin, visible.right + margin, visible.bottom + margin);
-    range = bounds(-kSafeCoordinate, -kSafeCoordinate, kSafeCoordinate, kSafeCoordinate);
+    seen = bounds(margin);
+    // A piece of a curve that is seen has to come to lie in range when the curve is halved often enough.
+    range = bounds(std::max(margin + 1000, kSafeCoordinate / 2));
 }
 
 }  // namespace lacquer::vel

@@ -17,7 +17,7 @@ struct View {
     Point before, after;
     /// What lies outside shows nowhere.
     Bounds seen;
-    /// What the renderer can count with; more than `seen`.
+    /// What the renderer can count with; more than `seen` on every side.
     Bounds range;
 };
 

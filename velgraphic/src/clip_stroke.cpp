@@ -96,14 +96,13 @@ private:
     }
 
     void CurveTo(const Bezier &curve, int halvings) {
-        constexpr double kEven = 0.04;  // the length is then in proportion to the parameter, to 0.03 pixels
         const Bounds hull = curve.Hull();
         if (!hull.Touches(view_.seen)) {
             Skip(curve);
             at_ = curve.end;
         } else if (halvings == 0) {
             LineTo(curve.end);
-        } else if (view_.range.Contains(hull) && (!dashes_ || curve.MostBend() <= kEven)) {
+        } else if (view_.range.Contains(hull)) {
             Draw(curve);
             at_ = curve.end;
         } else {
@@ -122,17 +121,59 @@ private:
 
     template <typename Piece>
     void Draw(const Piece &piece) {
-        const double length = dashes_ ? piece.Length() : 0;
-        if (length == 0) {
-            !dashes_ || cursor_.IsOn() ? Put(piece) : Gap();
-            return;
+        if (!dashes_) return Put(piece);
+        dash_ = {};
+        Divide(piece, piece, {0, 1});
+        EndDash(piece);
+    }
+
+    /// Some of a curve or line, by its parameters.
+    struct Range {
+        double from = 0, to = 0;
+    };
+
+    void Divide(const Segment &line, const Segment &, const Range &range) { Divide(line, line.Length(), range); }
+
+    /// Divides the part `range` of a curve, which is `part`, into dashes.
+    void Divide(const Bezier &curve, const Bezier &part, const Range &range) {
+        constexpr double kEven = 0.04;  // the length is then in proportion to the parameter, to 0.03 pixels
+        if (!part.Hull().Touches(view_.seen)) {
+            EndDash(curve);
+            Skip(part);
+        } else if (part.MostBend() <= kEven) {
+            Divide(curve, part.Length(), range);
+        } else {
+            const auto [before, after] = part.SplitAt(0.5);
+            const double middle = 0.5 * (range.from + range.to);
+            Divide(curve, before, {range.from, middle});
+            Divide(curve, after, {middle, range.to});
         }
+    }
+
+    template <typename Piece>
+    void Divide(const Piece &piece, double length, const Range &range) {
+        const auto parameterAt = [&](double rest) { return range.to - (range.to - range.from) * rest / length; };
         for (double rest = length; rest > 0 && phase_ != Phase::kOver && isDone_;) {
             const double step = std::min(cursor_.Left(), rest);
-            cursor_.IsOn() ? Put(piece.Part(1 - rest / length, 1 - (rest - step) / length)) : Gap();
+            if (!cursor_.IsOn()) {
+                Gap();
+            } else if (step > 0) {  // the renderer draws no caps of a dash without length
+                if (dash_.from == dash_.to) dash_.from = parameterAt(rest);
+                dash_.to = parameterAt(rest - step);
+            }
             rest -= step;
-            if (cursor_.GoOn(step)) Gap();
+            if (!cursor_.GoOn(step)) continue;
+            EndDash(piece);
+            Gap();
+            if (++dashEnds_ > 2 * Dashes::kMost) isDone_ = false;
         }
+    }
+
+    /// Puts as much of a dash as lies on one piece: at once, so that it bends as smoothly as the whole.
+    template <typename Piece>
+    void EndDash(const Piece &piece) {
+        if (dash_.from < dash_.to) Put(piece.Part(dash_.from, dash_.to));
+        dash_ = {};
     }
 
     void Gap() {
@@ -145,7 +186,6 @@ private:
     void Put(const Piece &piece) {
         if (phase_ == Phase::kSilent || phase_ == Phase::kOver) return;
         if (!hasPen_) {
-            if (dashes_ && ++written_ > Dashes::kMost) isDone_ = false;
             isDone_ = isDone_ && out_.MoveTo(piece.start + view_.after);
             hasPen_ = true;
         }
@@ -160,10 +200,11 @@ private:
     const Dashes &dashes_;
     Outline &out_;
     DashCursor cursor_;
+    Range dash_;  ///< what is drawn of the present piece since the last gap
     Point at_;
     Phase phase_ = Phase::kWriting;
     bool hasPen_ = false;  ///< whether what comes next continues a line
-    int written_ = 0;      ///< how many dashes
+    int dashEnds_ = 0;     ///< of dashes and gaps, as far as they are seen
     bool isDone_ = true;
 };
 

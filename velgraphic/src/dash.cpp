@@ -46,6 +46,11 @@ Dashes Dashes::Of(DWORD style, double strokeWidth, const DashPattern *pattern) {
     }
 }
 
+Dashes Dashes::Whole() {
+    static constexpr double kLonger = 1e6;  // than any dash
+    return {&kLonger, 1, 0, 1};
+}
+
 void Dashes::ApplyTo(cairo_t *context) const {
     if (scale == 1) {
         cairo_set_dash(context, lengths, count, offset);

@@ -30,6 +30,9 @@ struct Dashes {
     /// Of a style, with the pattern for VEL_DASH_PATTERN; none for a solid stroke.
     static Dashes Of(DWORD style, double strokeWidth, const DashPattern *pattern);
 
+    /// For lines that are dashes already: leaves them as they are, but the renderer joins and ends them as its own.
+    static Dashes Whole();
+
     explicit operator bool() const { return count > 0; }
     void ApplyTo(cairo_t *context) const;
     /// Whether a stroke of this length has more of them than are drawn.
