@@ -74,8 +74,8 @@ TEST_F(VectorInputTest, LongPolygonsAreDrawn) {
     EXPECT_TRUE(Same(WithRectangle(PixelsOn(PlainCanvas()), {5, 5, 15, 12}, 0xFF00FF00), PixelsOn(canvas_)));
     // One with corners as far as they can be covers half of the canvas.
     FillWith(ViewOf(canvas_), kGround);
-    const POINT far[] = {{INT32_MIN, INT32_MIN}, {INT32_MAX, INT32_MIN}, {INT32_MAX, 20}, {INT32_MIN, 20}};
-    EXPECT_EQ(1, DrawPolygon(canvas_, 4, far));
+    const POINT distant[] = {{INT32_MIN, INT32_MIN}, {INT32_MAX, INT32_MIN}, {INT32_MAX, 20}, {INT32_MIN, 20}};
+    EXPECT_EQ(1, DrawPolygon(canvas_, 4, distant));
     EXPECT_TRUE(Same(WithRectangle(PixelsOn(PlainCanvas()), {0, 0, kSceneWidth, 20}, 0xFF00FF00), PixelsOn(canvas_)));
     SetColor(canvas_, 0xFF000000);
 }

@@ -139,16 +139,16 @@ TEST(VelFarTest, CurvesRunWhereTheyRun) {
 }
 
 TEST(VelFarTest, TranslationsMayBeAsFarAway) {
-    for (const float far : {3e6f, 1e15f, 1e20f, FLT_MAX}) {
+    for (const float distant : {3e6f, 1e15f, 1e20f, FLT_MAX}) {
         Painting painting;
-        velCanvasTranslate(painting, far, 0);
-        velCanvasTranslate(painting, 0, -far);
-        ASSERT_EQ(1, velCanvasDrawRectangle(painting, -far, far, far / 4, far / 4));
-        EXPECT_EQ(1024.0, painting.Area()) << far;
+        velCanvasTranslate(painting, distant, 0);
+        velCanvasTranslate(painting, 0, -distant);
+        ASSERT_EQ(1, velCanvasDrawRectangle(painting, -distant, distant, distant / 4, distant / 4));
+        EXPECT_EQ(1024.0, painting.Area()) << distant;
         velCanvasTranslate(painting, 16, 8);
         painting.Fill(0);
-        ASSERT_EQ(1, velCanvasDrawRectangle(painting, -far, far, far / 4, far / 4));
-        if (far < 1e16f) ExpectBox(painting, {16, 8, 32, 32});
+        ASSERT_EQ(1, velCanvasDrawRectangle(painting, -distant, distant, distant / 4, distant / 4));
+        if (distant < 1e16f) ExpectBox(painting, {16, 8, 32, 32});
     }
 }
 
@@ -169,7 +169,7 @@ TEST(VelFarTest, AFarFigureBesideItChangesNoFigure) {
     std::mt19937 random(34);
     const auto number = [&] { return std::uniform_real_distribution<float>(-8, 72)(random); };
     for (DWORD kind = 0; kind < 600; ++kind) {
-        Painting near(64, 64, 0xFF000000), far(64, 64, 0xFF000000);
+        Painting close(64, 64, 0xFF000000), distant(64, 64, 0xFF000000);
         // Along curves the renderer's own dashes are a little off, and it joins them to lines in its own way.
         const bool isDashed = kind % 4 != 3 && kind / 4 % 6 != 0;
         Path path;
@@ -182,14 +182,14 @@ TEST(VelFarTest, AFarFigureBesideItChangesNoFigure) {
             if (kind % 3) velPathLineTo(path, number(), number());
             if (kind / 3 % 2) velPathClose(path);
         }
-        for (const Painting *each : {&near, &far}) {
+        for (const Painting *each : {&close, &distant}) {
             Prepare(*each, kind);
             velCanvasSetSmooth(*each, kind % 7 != 0 || kind % 4 != 3);
             ASSERT_EQ(1, velCanvasDrawPath(*each, path));
             velPathAddRectangle(path, -4e9f, 3e6f, 8e9f, 1e9f);
         }
         // A last digit decides whether a dash that ends at a corner is mitred.
-        EXPECT_LE(Differing(near, far, 10), isDashed ? 12 : 0) << kind;
+        EXPECT_LE(Differing(close, distant, 10), isDashed ? 12 : 0) << kind;
     }
 }
 
@@ -200,14 +200,14 @@ TEST(VelFarTest, StrokesLookLikeThoseCutByHand) {
         const bool isDashed = kind / 4 % 6 != 0;
         const float size = std::ldexp(60.0f, 11 + static_cast<int>(kind * 7 % (isDashed ? 30 : 100)));
         const auto expectSame = [&](const char *name, auto draw) {
-            Painting near, far;
-            for (const Painting *each : {&near, &far}) {
+            Painting close, distant;
+            for (const Painting *each : {&close, &distant}) {
                 Prepare(*each, kind);
                 velCanvasSetDrawStyle(*each, VEL_STYLE_STROKE);
                 velCanvasTranslate(*each, 14, 15);
-                EXPECT_EQ(1, draw(*each, each == &near ? 60.0f : size)) << name << ' ' << kind;
+                EXPECT_EQ(1, draw(*each, each == &close ? 60.0f : size)) << name << ' ' << kind;
             }
-            EXPECT_EQ(0, Differing(near, far, 8)) << name << ' ' << kind << ' ' << size;
+            EXPECT_EQ(0, Differing(close, distant, 8)) << name << ' ' << kind << ' ' << size;
         };
         expectSame("line", [](velCanvas *c, float s) { return velCanvasDrawLine(c, -3 * s, -4 * s, 24, 32); });
         expectSame("line through",
@@ -329,6 +329,30 @@ TEST(VelFarTest, GradientsHaveTheirColours) {
         }
     }
     EXPECT_GT(240, plain) << "the test is to show colours";
+}
+
+TEST(VelFarTest, PicturesAreTheSameOnEverySystem) {
+    Painting painting(96, 96, 0xFFFFFFFF);
+    const float pattern[] = {9, 4, 2, 4};
+    velCanvasSetDashPattern(painting, pattern, 4, 3);
+    velCanvasTranslate(painting, 48, 48);
+    for (int i = 0; i < 7; ++i) {
+        const float size = std::ldexp(1.0f, 16 + 6 * i), shift = static_cast<float>(12 * i - 36);
+        UseGradient(painting, velGradientCreateRadial(size, shift, size),
+                    {{0.9f, 0x00FF0000}, {1 - 16 / size, 0xA0FF2010}, {1, 0xC01040FF}});
+        velCanvasSetDrawStyle(painting, VEL_STYLE_GRADIENT_FILL);
+        velCanvasDrawRectangle(painting, -size, shift, 2 * size, 5);
+        velCanvasSetColor(painting, 0x60107040);
+        velCanvasSetDrawStyle(painting, VEL_STYLE_FILL);
+        velCanvasDrawCircle(painting, -0.6f * size + shift, 0.8f * size, size);
+        velCanvasSetDrawStyle(painting, VEL_STYLE_STROKE);
+        velCanvasSetStrokeCap(painting, static_cast<DWORD>(i % 3));
+        velCanvasSetStrokeWidth(painting, 2.5f);
+        velCanvasSetDashStyle(painting, static_cast<DWORD>(i % 6));
+        velCanvasDrawArc(painting, shift, -size, 3 * size, 2 * size, 90, 270, 1);
+        velCanvasDrawLine(painting, -size, shift - size / 3, size, shift + size / 3);
+    }
+    ExpectDigest(painting, "far", 0x9233e42822c40bdf);
 }
 
 }  // namespace
