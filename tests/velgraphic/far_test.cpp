@@ -229,25 +229,49 @@ TEST(VelFarTest, StrokesLookLikeThoseCutByHand) {
     }
 }
 
-TEST(VelFarTest, DashesFollowCircles) {
+TEST(VelFarTest, DashesGoOnBehindWhatIsNotSeen) {
     constexpr float kPattern[] = {6, 4};
-    for (const float radius : {20000.0f, 2e6f, 3e7f, 1e9f}) {
+    // Draws a stroke that crosses the picture from left to right in the end, or from right to left, and comes to its
+    // left edge, or its middle, after `length` pixels.
+    const auto expectDashes = [&](const char *name, double length, int middle, int direction, const auto &draw) {
         Painting painting;
         velCanvasTranslate(painting, 16, 16);
         velCanvasSetStrokeWidth(painting, 7);
         velCanvasSetDrawStyle(painting, VEL_STYLE_STROKE);
         velCanvasSetDashPattern(painting, kPattern, 2, 1);
         velCanvasSetDashStyle(painting, VEL_DASH_PATTERN);
-        ASSERT_EQ(1, velCanvasDrawCircle(painting, 0, -radius, radius));
-        // It begins on the right and comes to its lowest point, in the middle of the picture, from there.
-        const double quarter = static_cast<double>(radius) * std::numbers::pi / 2;
+        ASSERT_EQ(1, draw(painting));
         for (int x = 0; x < painting.Width(); ++x) {
-            double length = 0;
+            double share = 0;
             for (double part = 1.0 / 64; part < 1; part += 1.0 / 32) {
-                length += std::fmod(1 + quarter + 16 - (x + part), 10) < 6 ? 1.0 / 32 : 0;
+                share += std::fmod(1 + length + direction * (x + part - middle), 10) < 6 ? 1.0 / 32 : 0;
             }
-            EXPECT_NEAR(255 * length, painting.AlphaAt(x, 15), 20) << radius << ' ' << x;
+            EXPECT_NEAR(255 * share, painting.AlphaAt(x, 15), 20) << name << ' ' << length << ' ' << x;
         }
+    };
+    for (const float radius : {20000.0f, 2e6f, 3e7f, 1e9f}) {
+        // It begins on the right and comes to its lowest point, in the middle of the picture, from there.
+        expectDashes("circle", static_cast<double>(radius) * std::numbers::pi / 2, 16, -1,
+                     [=](velCanvas *canvas) { return velCanvasDrawCircle(canvas, 0, -radius, radius); });
+    }
+    for (const float size : {1e5f, 4e6f}) {
+        // A loop with a sharp turn, and back.
+        double length = 0, x = 0, y = 0;
+        for (int i = 1; i <= 2000000; ++i) {
+            const double t = i / 2e6, u = 3 * t * (1 - t);
+            const double nextX = double{-3 * size} * u * (1 - t) - double{size} * u * t,
+                         nextY = double{9 * size} * u * (1 - 2 * t);
+            length += std::hypot(nextX - x, nextY - y);
+            x = nextX;
+            y = nextY;
+        }
+        expectDashes("loop", length, -14, 1, [=](velCanvas *canvas) {
+            Path path;
+            velPathMoveTo(path, -30, 0);
+            velPathBezierCurveTo(path, -30 - 3 * size, 9 * size, -30 - size, -9 * size, -30, 0);
+            velPathLineTo(path, 30, 0);
+            return velCanvasDrawPath(canvas, path);
+        });
     }
 }
 
