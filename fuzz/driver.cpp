@@ -142,7 +142,8 @@ Program Reduced(const Options &options, Program program, Progress &progress) {
     }
     for (size_t calls = program.size() / kRecordSize / 2; calls > 0; calls /= 2) {
         for (size_t at = program.size() / kRecordSize; at-- > 0;) {
-            const auto size = static_cast<ptrdiff_t>(calls * kRecordSize), start = static_cast<ptrdiff_t>(at * kRecordSize);
+            const auto size = static_cast<ptrdiff_t>(calls * kRecordSize),
+                       start = static_cast<ptrdiff_t>(at * kRecordSize);
             if (start + size > static_cast<ptrdiff_t>(program.size())) continue;
             Program candidate = program;
             candidate.erase(candidate.begin() + start, candidate.begin() + start + size);
@@ -277,7 +278,8 @@ int Main(int count, char **arguments) {
             std::fputs(kUsage, stderr);
             return 2;
         } else if (std::filesystem::is_directory(argument)) {
-            for (const auto &entry : std::filesystem::directory_iterator(argument)) options.files.push_back(entry.path());
+            for (const auto &entry : std::filesystem::directory_iterator(argument))
+                options.files.push_back(entry.path());
             std::sort(options.files.begin(), options.files.end());
         } else {
             options.files.push_back(argument);

@@ -15,14 +15,18 @@ DWORD ChooseOperation(Call &call) {
 }
 using Operation = Chosen<DWORD, ChooseOperation>;
 
-int ChooseCombination(Call &call) { return call.choices.Seldom(8) ? ChooseSmallInteger(call) : call.choices.Byte() % 5 + 1; }
+int ChooseCombination(Call &call) {
+    return call.choices.Seldom(8) ? ChooseSmallInteger(call) : call.choices.Byte() % 5 + 1;
+}
 using Combination = Chosen<int, ChooseCombination>;
 
 struct BlendWord {
     explicit BlendWord(Call &call)
         : blend{AC_SRC_OVER, 0, ChooseByte(call), static_cast<BYTE>(call.choices.Byte() & AC_SRC_ALPHA)} {}
     BLENDFUNCTION Value() const { return blend; }
-    void Write(std::ostream &out) const { out << "{0, 0, " << +blend.SourceConstantAlpha << ", " << +blend.AlphaFormat << '}'; }
+    void Write(std::ostream &out) const {
+        out << "{0, 0, " << +blend.SourceConstantAlpha << ", " << +blend.AlphaFormat << '}';
+    }
     BLENDFUNCTION blend;
 };
 
@@ -50,8 +54,8 @@ struct Picture {
     }
     const BITMAPINFO *Info() const { return reinterpret_cast<const BITMAPINFO *>(&info); }
     void Write(std::ostream &out) const {
-        out << "{" << info.header.biWidth << " x " << info.header.biHeight << ", " << info.header.biBitCount << " bits, "
-            << info.header.biClrUsed << " colours}";
+        out << "{" << info.header.biWidth << " x " << info.header.biHeight << ", " << info.header.biBitCount
+            << " bits, " << info.header.biClrUsed << " colours}";
     }
     struct {
         BITMAPINFOHEADER header{};
@@ -71,7 +75,9 @@ struct Scans : Picture {
         count = height - std::min(first, height);
         if (call.choices.Seldom(64)) count = call.choices.Below(caps::kSide) % (count + 1);
     }
-    std::tuple<UINT, UINT, const void *, const BITMAPINFO *> Value() const { return {first, count, pixels.data(), Info()}; }
+    std::tuple<UINT, UINT, const void *, const BITMAPINFO *> Value() const {
+        return {first, count, pixels.data(), Info()};
+    }
     void Write(std::ostream &out) const { Picture::Write(out << first << ", " << count << ", bits, "); }
     UINT first, count;
 };
@@ -113,7 +119,8 @@ HDC NewDcWithBitmap(const BITMAPINFO *info) {
 std::vector<Row> GdiCalls() {
     return {
         CALL_AS(CreateCompatibleDC, (+[](HDC dc) { return Owned<HDC>{CreateCompatibleDC(dc)}; }), Dc),
-        CALL_AS(CreateDcWithBitmap, (+[](const BITMAPINFO *info) { return Owned<HDC>{NewDcWithBitmap(info)}; }), Layout),
+        CALL_AS(CreateDcWithBitmap, (+[](const BITMAPINFO *info) { return Owned<HDC>{NewDcWithBitmap(info)}; }),
+                Layout),
         CALL(DeleteDC, OwnDc),
         CALL(SaveDC, Dc),
         CALL(RestoreDC, Dc, Integer),
@@ -124,7 +131,8 @@ std::vector<Row> GdiCalls() {
         CALL(SetStretchBltMode, Dc, Integer),
         CALL(GetStretchBltMode, Dc),
         CALL(GdiFlush),
-        CALL_AS(SelectObject, (+[](HDC dc, HBITMAP bitmap) { return SelectObject(dc, bitmap) != nullptr; }), Dc, GdiBitmap),
+        CALL_AS(SelectObject, (+[](HDC dc, HBITMAP bitmap) { return SelectObject(dc, bitmap) != nullptr; }), Dc,
+                GdiBitmap),
         CALL_AS(DeleteObject, (+[](HBITMAP bitmap) { return DeleteObject(bitmap); }), Ended<HBITMAP>),
         CALL_AS(DeleteRegion, (+[](HRGN region) { return DeleteObject(region); }), Ended<HRGN>),
         CALL_AS(CreateDIBSection, (+[](const BITMAPINFO *info) {
@@ -132,11 +140,13 @@ std::vector<Row> GdiCalls() {
                 }),
                 Layout),
         CALL_AS(CreateBitmap, (+[](DWORD width, DWORD height) {
-                    return Owned<HBITMAP>{CreateBitmap(static_cast<int>(width), static_cast<int>(height), 1, 32, nullptr)};
+                    return Owned<HBITMAP>{
+                        CreateBitmap(static_cast<int>(width), static_cast<int>(height), 1, 32, nullptr)};
                 }),
                 Extent),
         CALL_AS(CreateCompatibleBitmap, (+[](HDC dc, DWORD width, DWORD height) {
-                    return Owned<HBITMAP>{CreateCompatibleBitmap(dc, static_cast<int>(width), static_cast<int>(height))};
+                    return Owned<HBITMAP>{
+                        CreateCompatibleBitmap(dc, static_cast<int>(width), static_cast<int>(height))};
                 }),
                 Dc, Extent),
         CALL(GetClipBox, Dc, Out<RECT>),
@@ -149,8 +159,8 @@ std::vector<Row> GdiCalls() {
         CALL(PtVisible, Dc, Coordinate, Coordinate),
         CALL(RectVisible, Dc, Rect),
         CALL(CreateRectRgn, Coordinate, Coordinate, Coordinate, Coordinate),
-        CALL_AS(ExtCreateRegion, (+[](DWORD size, const RGNDATA *data) { return ExtCreateRegion(nullptr, size, data); }),
-                RegionData),
+        CALL_AS(ExtCreateRegion,
+                (+[](DWORD size, const RGNDATA *data) { return ExtCreateRegion(nullptr, size, data); }), RegionData),
         CALL(SetRectRgn, Region, Coordinate, Coordinate, Coordinate, Coordinate),
         CALL(CombineRgn, Region, Region, Region, Combination),
         CALL(GetRgnBox, Region, Out<RECT>),
@@ -164,8 +174,9 @@ std::vector<Row> GdiCalls() {
         CALL(PatBlt, Dc, Coordinate, Coordinate, Coordinate, Coordinate, Operation),
         CALL(GdiAlphaBlend, Dc, Coordinate, Coordinate, Coordinate, Coordinate, Dc, Coordinate, Coordinate, Coordinate,
              Coordinate, BlendWord),
-        CALL_AS(SetDIBitsToDevice, (+[](HDC dc, int x, int y, DWORD width, DWORD height, int sourceX, int sourceY,
-                                        UINT first, UINT count, const void *bits, const BITMAPINFO *info) {
+        CALL_AS(SetDIBitsToDevice,
+                (+[](HDC dc, int x, int y, DWORD width, DWORD height, int sourceX, int sourceY, UINT first, UINT count,
+                     const void *bits, const BITMAPINFO *info) {
                     return SetDIBitsToDevice(dc, x, y, width, height, sourceX, sourceY, first, count, bits, info,
                                              DIB_RGB_COLORS);
                 }),

@@ -26,22 +26,22 @@ namespace invoking {
 template <class Type>
 struct ResultTraits {
     static constexpr bool kIsHandle = kShape<Type>.own != 0 && !std::is_same_v<Type, DWORD>;
-    static constexpr Part kPart =
-        std::is_same_v<Type, HDC> || std::is_same_v<Type, HBITMAP> ? Part::Lent : Part::Own;
+    static constexpr Section kSection =
+        std::is_same_v<Type, HDC> || std::is_same_v<Type, HBITMAP> ? Section::Lent : Section::Own;
     using Handle = Type;
     static Type Get(Type value) { return value; }
 };
 template <class Type>
 struct ResultTraits<Owned<Type>> {
     static constexpr bool kIsHandle = true;
-    static constexpr Part kPart = Part::Own;
+    static constexpr Section kSection = Section::Own;
     using Handle = Type;
     static Type Get(Owned<Type> value) { return value.handle; }
 };
 template <class Type>
 struct ResultTraits<Alias<Type>> {
     static constexpr bool kIsHandle = true;
-    static constexpr Part kPart = Part::Lent;
+    static constexpr Section kSection = Section::Lent;
     using Handle = Type;
     static Type Get(Alias<Type> value) { return value.handle; }
 };
@@ -63,9 +63,9 @@ uint64_t Number(Type result) {
 
 /// The place for a new handle: one without a live handle, if there is one.
 template <class Handle>
-size_t PlaceFor(Call &call, Part part) {
+size_t PlaceFor(Call &call, Section section) {
     const auto &pool = call.world.PoolOf<Handle>();
-    const size_t first = pool.First(part), count = pool.Count(part), start = call.choices.Byte();
+    const size_t first = pool.First(section), count = pool.Count(section), start = call.choices.Byte();
     for (size_t i = 0; i < count; ++i) {
         if (!IsLive(pool[first + (start + i) % count])) return first + (start + i) % count;
     }
@@ -98,7 +98,7 @@ void Invoke(Call &call, const char *name, Function function) {
     using Result = decltype(std::apply(function, arguments));
     using Traits = ResultTraits<std::conditional_t<std::is_void_v<Result>, int, Result>>;
     size_t place = 0;
-    if constexpr (Traits::kIsHandle) place = PlaceFor<typename Traits::Handle>(call, Traits::kPart);
+    if constexpr (Traits::kIsHandle) place = PlaceFor<typename Traits::Handle>(call, Traits::kSection);
     if (call.isUndefined) return;
     if (call.text) {
         if constexpr (Traits::kIsHandle) {
@@ -119,7 +119,7 @@ void Invoke(Call &call, const char *name, Function function) {
         call.Add(number);
         if (call.text) *call.text << "  // " << std::hex << "0x" << number << std::dec;
         if constexpr (Traits::kIsHandle) {
-            if (call.done) call.world.Put(result, place, Traits::kPart);
+            if (call.done) call.world.Put(result, place, Traits::kSection);
             if constexpr (std::is_class_v<typename Traits::Handle>) {
                 if (call.done && std::string_view(name).starts_with("Create")) call.Paint(result);
             }

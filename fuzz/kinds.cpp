@@ -5,9 +5,9 @@
 namespace fuzz {
 namespace {
 
-constexpr int kExtremes[] = {INT_MIN,  INT_MIN + 1, -(1 << 30), -(1 << 27) - 1, -(1 << 27),    -65537,  -32769,
-                             -1,       0,           1,          32767,          32768,         65535,   65536,
-                             1 << 24,  1 << 26,     1 << 27,    (1 << 27) - 1,  (1 << 27) + 1, 1 << 30, INT_MAX - 1,
+constexpr int kExtremes[] = {INT_MIN, INT_MIN + 1, -(1 << 30), -(1 << 27) - 1, -(1 << 27),    -65537,  -32769,
+                             -1,      0,           1,          32767,          32768,         65535,   65536,
+                             1 << 24, 1 << 26,     1 << 27,    (1 << 27) - 1,  (1 << 27) + 1, 1 << 30, INT_MAX - 1,
                              INT_MAX};
 
 constexpr float kInfinity = std::numeric_limits<float>::infinity();
@@ -128,8 +128,12 @@ Entry::Entry(Call &call) {
     const World &world = call.world;
     const size_t place = call.choices.Byte();
     switch (place % 4) {
-        case 0: handle = static_cast<DWORD>(world.PoolOf<HGCANVAS>()[kShape<HGCANVAS>.own + place / 4 % 2].value); break;
-        case 1: handle = static_cast<DWORD>(world.PoolOf<HGBITMAP>()[kShape<HGBITMAP>.own + place / 4 % 2].value); break;
+        case 0:
+            handle = static_cast<DWORD>(world.PoolOf<HGCANVAS>()[kShape<HGCANVAS>.own + place / 4 % 2].value);
+            break;
+        case 1:
+            handle = static_cast<DWORD>(world.PoolOf<HGBITMAP>()[kShape<HGBITMAP>.own + place / 4 % 2].value);
+            break;
         default: handle = world.PoolOf<DWORD>()[place / 4 % kShape<DWORD>.own];
     }
     if (place >= 250) handle += 0x80000000;
@@ -170,15 +174,20 @@ RECT ChooseRect(Call &call) {
     return rect;
 }
 
+RECT ChoosePart(Call &call) {
+    if (call.choices.Seldom(48)) return ChooseRect(call);
+    const auto left = static_cast<LONG>(call.choices.Below(4)), top = static_cast<LONG>(call.choices.Below(4));
+    const auto side = [&] { return static_cast<LONG>(1 + call.choices.Below(call.choices.Seldom(64) ? 40 : 8)); };
+    return {left, top, left + side(), top + side()};
+}
+
 RECT ChooseMargins(Call &call) {
     if (call.choices.Seldom(32)) return ChooseRect(call);
     const auto margin = [&] { return static_cast<LONG>(call.choices.Below(9)); };
     return {margin(), margin(), margin(), margin()};
 }
 
-TextureMode ChooseTextureMode(Call &call) {
-    return {ChooseCode<7>(call), ChooseCode<32>(call), ChooseMargins(call)};
-}
+TextureMode ChooseTextureMode(Call &call) { return {ChooseCode<7>(call), ChooseCode<32>(call), ChooseMargins(call)}; }
 RGBRecord ChooseRgb(Call &call) { return {call.choices.Byte(), call.choices.Byte(), call.choices.Byte()}; }
 HSLRecord ChooseHsl(Call &call) { return {call.choices.Byte(), call.choices.Byte(), call.choices.Byte()}; }
 

@@ -139,20 +139,28 @@ struct Handle {
     void Disguise(Call &call, int how) {
         isDisguised = true;
         if constexpr (std::is_class_v<Type>) {
+            constexpr bool kIsCanvas = std::is_same_v<Type, HGCANVAS>, kIsTexture = std::is_same_v<Type, HGTEXTURE>;
             uintptr_t value = handle.value;
             const World &world = call.world;
             switch (how) {
-                case 0: case 1: value = 0; break;
-                case 2: case 3: case 4: value |= static_cast<uintptr_t>(0xDEADBEEFu) << 16 << 16; break;
-                case 5: value += 0x80000000u; value &= 0xFFFFFFFF; break;
+                case 0:
+                case 1: value = 0; break;
+                case 2:
+                case 3:
+                case 4: value |= static_cast<uintptr_t>(0xDEADBEEFu) << 16 << 16; break;
+                case 5:
+                    value += 0x80000000u;
+                    value &= 0xFFFFFFFF;
+                    break;
                 case 6: value |= 0x8000; break;
                 case 7: value &= 0xFF00FFFF; break;
                 case 8: value |= 0x00FF0000; break;
                 case 9: value = static_cast<uintptr_t>(0xFFFFFFFFFFFFFFFF); break;
                 case 10: value = 0x7FFF | static_cast<uintptr_t>(how) << 16; break;
-                case 11: case 12: value = world.PoolOf<HGCANVAS>()[0].value; break;
-                case 13: value = world.PoolOf<HGBITMAP>()[0].value; break;
-                case 14: value = world.PoolOf<HGTEXTURE>()[0].value; break;
+                case 11:
+                case 12: value = world.PoolOf<std::conditional_t<kIsCanvas, HGBITMAP, HGCANVAS>>()[0].value; break;
+                case 13:
+                case 14: value = world.PoolOf<std::conditional_t<kIsTexture, HGBITMAP, HGTEXTURE>>()[0].value; break;
                 default: value = world.PoolOf<DWORD>()[0]; break;
             }
             handle = {value};
@@ -231,15 +239,16 @@ void WriteRecord(std::ostream &out, const RGBRecord &colour);
 void WriteRecord(std::ostream &out, const HSLRecord &colour);
 
 RECT ChooseRect(Call &call);
+RECT ChoosePart(Call &call);
 RECT ChooseMargins(Call &call);
 TextureMode ChooseTextureMode(Call &call);
 RGBRecord ChooseRgb(Call &call);
 HSLRecord ChooseHsl(Call &call);
 
-/// A pointer to a record, seldom null.
-template <class Record, Record (*kChoose)(Call &)>
+/// A pointer to a record, `kNull` times in 256 null.
+template <class Record, Record (*kChoose)(Call &), int kNull = 24>
 struct In {
-    explicit In(Call &call) : isNull(call.choices.Seldom(24)), record(kChoose(call)) {}
+    explicit In(Call &call) : isNull(call.choices.Seldom(kNull)), record(kChoose(call)) {}
     const Record *Value() const { return isNull ? nullptr : &record; }
     void Write(std::ostream &out) const {
         if (isNull) {
@@ -252,6 +261,7 @@ struct In {
     Record record;
 };
 using Rect = In<RECT, ChooseRect>;
+using Part = In<RECT, ChoosePart, 100>;  // of a surface; null stands for all of it
 using Margins = In<RECT, ChooseMargins>;
 
 /// A pointer to a record that the call writes, seldom null.

@@ -16,8 +16,6 @@
 #endif
 #ifdef LACQUER_FUZZ_SANITIZED
 extern "C" size_t __sanitizer_get_current_allocated_bytes();
-#elif defined(__GLIBC__)
-#include <malloc.h>
 #endif
 
 namespace fuzz {
@@ -75,9 +73,6 @@ Program MakeProgram(uint64_t seed, uint64_t index, const Rules &rules) {
 size_t BytesInUse() {
 #ifdef LACQUER_FUZZ_SANITIZED
     return __sanitizer_get_current_allocated_bytes();
-#elif defined(__GLIBC__)
-    const struct mallinfo2 info = mallinfo2();
-    return info.uordblks + info.hblkhd;
 #else
     return 0;
 #endif

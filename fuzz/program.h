@@ -35,7 +35,7 @@ void NameRow(uint8_t *record, const Row &row);
 void RunProgram(std::span<const uint8_t> program, const Rules &rules, std::ostream *text,
                 const Listener &listener = nullptr);
 
-/// What the program has allocated, bytes; 0 where the system can't tell.
+/// What the process has allocated, bytes; 0 without the address sanitizer, which counts.
 size_t BytesInUse();
 
 }  // namespace fuzz

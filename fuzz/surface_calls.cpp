@@ -26,8 +26,7 @@ struct Window {
 };
 
 using Slices = List<RECT, ChooseRect, 5>;
-using DimensionlessMode = In<TextureMode, ChooseTextureMode>;
-using OldBitmap = Handle<HGBITMAP>;
+using Mode = In<TextureMode, ChooseTextureMode>;
 using BitmapAlias = Handle<HGBITMAP, Use::LentOnly>;
 using CanvasAlias = Handle<HGCANVAS, Use::LentOnly>;
 using DrawableBitmap = Drawable<HGBITMAP>;
@@ -66,13 +65,13 @@ std::vector<Row> SurfaceCalls() {
         CALL(DeleteBitmap, Bitmap),
         CALL(GetBitmapHandle, Bitmap),
         CALL(GetBitmapSize, Bitmap, Out<SIZE>),
-        CALL(LockBitmapBits, Bitmap, View, Rect),
-        CALL(LockBitmapBitsEx, Bitmap, View, Rect),
+        CALL(LockBitmapBits, Bitmap, View, Part),
+        CALL(LockBitmapBitsEx, Bitmap, View, Part),
         CALL(UnlockBitmapBits, Bitmap),
         CALL(GetBitmapFilter, Bitmap, Out<DWORD>),
         CALL(SetBitmapFilter, Bitmap, ModeWord),
         CALL(GetBitmapBitsPixel, Bitmap, Out<BYTE>),
-        CALL(CopyBitmap, Bitmap, Rect, Bitmap, Rect),
+        CALL(CopyBitmap, Bitmap, Part, Bitmap, Part),
         CALL(ResizeBitmap, DrawableBitmap, Extent, KernelMode),
         CALL(TransformBitmap, DrawableBitmap, Code<9>),
         CALL_AS(RotateBitmap, (+[](HGBITMAP b, DWORD c) { return RotateBitmap(b, static_cast<int>(c)); }),
@@ -88,13 +87,13 @@ std::vector<Row> SurfaceCalls() {
         CALL(GetTextureFromVelCanvas, VelCanvas),
         CALL(GetTextureHandle, Texture),
         CALL(GetTextureSize, Texture, Out<SIZE>),
-        CALL(LockTextureBits, Texture, View, Rect),
-        CALL(LockTextureBitsEx, Texture, View, Rect),
+        CALL(LockTextureBits, Texture, View, Part),
+        CALL(LockTextureBitsEx, Texture, View, Part),
         CALL(UnlockTextureBits, Texture),
         CALL(GetTextureFilter, Texture, Out<DWORD>),
         CALL(SetTextureFilter, Texture, ModeWord),
         CALL(GetTextureBitsPixel, Texture, Out<BYTE>),
-        CALL(SetTextureMode, Texture, DimensionlessMode),
+        CALL(SetTextureMode, Texture, Mode),
         CALL(GetTextureMode, Texture, Out<TextureMode>),
         CALL_AS(SetTextureSlice, (+[](HGTEXTURE texture, const RECT *rects, int count) {
                     return SetTextureSlice(texture, static_cast<DWORD>(std::max(count, 0)), rects);
@@ -104,8 +103,8 @@ std::vector<Row> SurfaceCalls() {
         CALL(GetTextureCurSlice, Texture, Out<RECT>),
         CALL(GetTextureSliceCount, Texture),
         CALL(CanvasToTexture, Canvas),
-        CALL(BitmapToTexture, OldBitmap),
-        CALL(CopyTexture, Texture, Rect, Texture, Rect),
+        CALL(BitmapToTexture, Bitmap),
+        CALL(CopyTexture, Texture, Part, Texture, Part),
         CALL(ResizeTexture, DrawableTexture, Extent, KernelMode),
         CALL(TransformTexture, DrawableTexture, Code<9>),
         CALL_AS(RotateTexture, (+[](HGTEXTURE t, DWORD c) { return RotateTexture(t, static_cast<int>(c)); }),
@@ -117,8 +116,8 @@ std::vector<Row> SurfaceCalls() {
         CALL(CreateCanvasFromDC, Dc),
         CALL(DeleteCanvas, Canvas),
         CALL(ReleaseCanvas, CanvasAlias),
-        CALL(LockCanvasBits, Canvas, View, Rect),
-        CALL(LockCanvasBitsEx, Canvas, View, Rect),
+        CALL(LockCanvasBits, Canvas, View, Part),
+        CALL(LockCanvasBitsEx, Canvas, View, Part),
         CALL(UnlockCanvasBits, Canvas),
         CALL(GetCanvasHandle, Canvas),
         CALL(GetCanvasSize, Canvas, Out<SIZE>),
@@ -144,25 +143,36 @@ std::vector<Row> SurfaceCalls() {
         CALL(GetStretchKernelMode),
         CALL(DrawBitmap, Canvas, Rect, Bitmap, KernelMode),
         CALL(DrawBitmapEx, Canvas, Rect, Bitmap, KernelMode, Alpha),
-        CALL(DrawBitmapRectEx, Canvas, Rect, Bitmap, Rect, KernelMode, Alpha),
+        CALL(DrawBitmapRectEx, Canvas, Rect, Bitmap, Part, KernelMode, Alpha),
         CALL(DrawTexture, Canvas, Rect, Texture, KernelMode),
         CALL(DrawTextureEx, Canvas, Rect, Texture, KernelMode, Alpha, Scale, Flag),
-        CALL(DrawTextureCenter, Canvas, Rect, Texture, Rect, KernelMode, Alpha),
-        CALL(DrawTextureTile, Canvas, Rect, Texture, Rect, KernelMode, Alpha, Code<32>, Scale),
-        CALL(DrawTextureTopTile, Canvas, Rect, Texture, Rect, Margins, KernelMode, Alpha),
-        CALL(DrawTexture9Grid, Canvas, Rect, Texture, Rect, Margins, KernelMode, Flag, Alpha, Code<32>, Scale, Flag),
+        CALL(DrawTextureCenter, Canvas, Rect, Texture, Part, KernelMode, Alpha),
+        // These two give 0 always.
+        CALL_AS(DrawTextureTile,
+                (+[](HGCANVAS canvas, const RECT *dest, HGTEXTURE texture, const RECT *slice, DWORD kernelMode,
+                     BYTE alpha, DWORD flags, float scale) {
+                    return !DrawTextureTile(canvas, dest, texture, slice, kernelMode, alpha, flags, scale);
+                }),
+                Canvas, Rect, Texture, Part, KernelMode, Alpha, Code<32>, Scale),
+        CALL_AS(DrawTextureTopTile,
+                (+[](HGCANVAS canvas, const RECT *dest, HGTEXTURE texture, const RECT *slice, const RECT *margins,
+                     DWORD kernelMode, BYTE alpha) {
+                    return !DrawTextureTopTile(canvas, dest, texture, slice, margins, kernelMode, alpha);
+                }),
+                Canvas, Rect, Texture, Part, Margins, KernelMode, Alpha),
+        CALL(DrawTexture9Grid, Canvas, Rect, Texture, Part, Margins, KernelMode, Flag, Alpha, Code<32>, Scale, Flag),
 
         CALL(FillSolidRect, Canvas, Colour, Rect),
         CALL(FillSolidRectEx, Canvas, Colour, Rect, ModeWord),
         CALL(FillPreMulColorRectEx, Canvas, Colour, Rect, ModeWord),
         CALL(FillGradualRect, Canvas, Colour, Colour, Rect, Integer),
 
-        CALL(MixCanvas, Canvas, Rect, Canvas, Rect, Alpha),
-        CALL(MixCanvasWithColor, Canvas, Rect, Colour, Word),
-        CALL(BlendCanvas, Canvas, Rect, Canvas, Rect, Alpha),
-        CALL(GdiTransCanvas, Dc, Rect, Canvas, Rect, Alpha),
+        CALL(MixCanvas, Canvas, Part, Canvas, Part, Alpha),
+        CALL(MixCanvasWithColor, Canvas, Part, Colour, Word),
+        CALL(BlendCanvas, Canvas, Rect, Canvas, Part, Alpha),
+        CALL(GdiTransCanvas, Dc, Rect, Canvas, Part, Alpha),
         CALL(CanvasScroll, Canvas, ScrollX, Coordinate),
-        CALL(DrawModulation, Canvas, Coordinate, Coordinate, Bitmap, Rect, Colour),
+        CALL(DrawModulation, Canvas, Coordinate, Coordinate, Bitmap, Part, Colour),
 
         CALL(ARGBtoAHSL, Colour),
         CALL(AHSLtoARGB, Colour),
@@ -183,12 +193,12 @@ std::vector<Row> SurfaceCalls() {
         CALL(ColorizeTexture, Texture, Fraction, Fraction, Fraction),
 
         CALL(BlurBitmap, Bitmap, Bitmap),
-        CALL(BlurBitmapEx, Bitmap, Rect, Bitmap, Rect),
+        CALL(BlurBitmapEx, Bitmap, Part, Bitmap, Part),
         CALL(BlurTexture, Texture, Texture),
-        CALL(BlurTextureEx, Texture, Rect, Texture, Rect),
+        CALL(BlurTextureEx, Texture, Part, Texture, Part),
         CALL(GaussianBlurBitmap, Bitmap, Bitmap),
         CALL(GaussianBlurTexture, Texture, Texture),
-        CALL(GaussianBlurCanvas, Canvas, Rect, Canvas, Rect),
+        CALL(GaussianBlurCanvas, Canvas, Part, Canvas, Part),
         CALL(GrayBitmap, Bitmap),
         CALL(GrayTexture, Texture),
         CALL(NormalizeBitmap, Bitmap),
@@ -198,12 +208,12 @@ std::vector<Row> SurfaceCalls() {
         CALL(TranslateTexture, Texture, Colour, Colour),
         CALL(ShuffleBitmap, Bitmap, Code<8>),
         CALL(ShuffleTexture, Texture, Code<8>),
-        CALL(ShuffleBitmapEx, Bitmap, Rect, Code<8>),
-        CALL(ShuffleTextureEx, Texture, Rect, Code<8>),
+        CALL(ShuffleBitmapEx, Bitmap, Part, Code<8>),
+        CALL(ShuffleTextureEx, Texture, Part, Code<8>),
         CALL(LightBitmap, Bitmap),
         CALL(LightTexture, Texture),
-        CALL(LightTextureEx, Texture, Rect),
-        CALL(CreateTextureRgn, Texture, Rect),
+        CALL(LightTextureEx, Texture, Part),
+        CALL(CreateTextureRgn, Texture, Part),
     };
 }
 

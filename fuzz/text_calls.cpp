@@ -10,8 +10,8 @@ constexpr Group kGroup = kText;
 /// A family name, zero-terminated.
 struct FontName {
     explicit FontName(Call &call) {
-        constexpr const char *kNames[] = {"DejaVu Sans", "Sans", "DejaVu Serif", "No Such Family", "",
-                                          "A name of more than thirty-one units is refused"};
+        constexpr const char *kNames[] = {"DejaVu Sans",    "Sans", "DejaVu Serif",
+                                          "No Such Family", "",     "A name of more than thirty-one units is refused"};
         isNull = call.choices.Seldom(8);
         const int how = call.choices.Byte();
         text = kNames[how < 128 ? 0 : how % 6];

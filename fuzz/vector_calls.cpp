@@ -25,7 +25,6 @@ float ChooseAngle(Call &call) {
 }
 using Angle = Chosen<float, ChooseAngle>;
 
-using DrawnPath = Path;
 using VelRect = Out<velRectF>;
 
 /// Pixels of the program's own, with a stride that may be refused.
@@ -64,6 +63,14 @@ struct VelView : Out<velBitmapData> {
     }
 };
 
+velCanvas *NewVelCanvasWithBitmap(void *bits, LONG width, LONG height, LONG stride) {
+    velCanvas *canvas = velCanvasCreate();
+    velBitmap *bitmap = velBitmapCreateFromData(bits, width, height, stride);
+    velCanvasSetBitmap(canvas, bitmap);
+    velBitmapDestroy(bitmap);
+    return canvas;
+}
+
 }  // namespace
 
 std::vector<Row> VectorCalls() {
@@ -75,13 +82,12 @@ std::vector<Row> VectorCalls() {
         CALL(DrawCircle, Canvas, Length, Length, Length),
         CALL(DrawArc, Canvas, Length, Length, Length, Length, Angle, Angle, Flag),
         CALL(DrawEllipse, Canvas, Length, Length, Length, Length),
-        CALL_AS(DrawPolygon, (+[](HGCANVAS canvas, const POINT *points, int count) {
-                    return DrawPolygon(canvas, count, points);
-                }),
+        CALL_AS(DrawPolygon,
+                (+[](HGCANVAS canvas, const POINT *points, int count) { return DrawPolygon(canvas, count, points); }),
                 Canvas, Points),
         CALL(DrawColor, Canvas, Colour),
         CALL(DrawBezier, Canvas, Length, Length, Length, Length, Length, Length, Length, Length),
-        CALL(DrawPath, Canvas, DrawnPath),
+        CALL(DrawPath, Canvas, Path),
         CALL(Save, Canvas),
         CALL(Restore, Canvas),
         CALL(SetDrawStyle, Canvas, Code<4>),
@@ -121,6 +127,7 @@ std::vector<Row> VectorCalls() {
         CALL(GradientDestroy, Ended<velGradient *>),
 
         CALL(velCanvasCreate),
+        CALL_AS(CreateVelCanvasWithBitmap, NewVelCanvasWithBitmap, VelPixels),
         CALL(velCanvasDestroy, Ended<velCanvas *>),
         CALL(velBitmapCreateFromData, VelPixels),
         CALL(velBitmapDestroy, Ended<velBitmap *>),
@@ -153,7 +160,7 @@ std::vector<Row> VectorCalls() {
         CALL(velCanvasDrawArc, VelCanvas, Length, Length, Length, Length, Angle, Angle, Flag),
         CALL(velCanvasDrawEllipse, VelCanvas, Length, Length, Length, Length),
         CALL(velCanvasDrawColor, VelCanvas, Colour),
-        CALL(velCanvasDrawPath, VelCanvas, DrawnPath),
+        CALL(velCanvasDrawPath, VelCanvas, Path),
         CALL(velPathCreate),
         CALL(velPathDestroy, Ended<velPath *>),
         CALL(velPathBegin, Path),

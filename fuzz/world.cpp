@@ -62,8 +62,9 @@ bool IsLive(HGTEXTURE texture) {
 const void *PixelsOf(HBITMAP bitmap, SurfaceView &view) {
     BITMAP described{};
     if (!GetObjectW(bitmap, sizeof described, &described) || !described.bmBits) return nullptr;
-    view = {0, described.bmWidth, described.bmHeight, described.bmWidthBytes, 1, described.bmBitsPixel,
-            described.bmBits, 0, nullptr};
+    view = {0,      described.bmWidth,     described.bmHeight, described.bmWidthBytes,
+            1,      described.bmBitsPixel, described.bmBits,   0,
+            nullptr};
     return view.bits;
 }
 const void *PixelsOf(HDC dc, SurfaceView &view) {
@@ -93,33 +94,33 @@ World::World(const Rules &rulesToKeep) : rules(rulesToKeep) { SetStretchKernelMo
 World::~World() { Clear(); }
 
 template <class Handle>
-void World::Put(Handle handle, size_t place, Part part) {
+void World::Put(Handle handle, size_t place, Section section) {
     Handle &kept = PoolOf<Handle>()[place];
     if constexpr (kIsLibraryHandle<Handle>) {
         // Objects whose handle is displaced live on until the end.
         if constexpr (std::is_class_v<Handle>) {
-            received_.emplace_back(static_cast<DWORD>(handle.value), part);
+            received_.emplace_back(static_cast<DWORD>(handle.value), section);
         } else {
-            received_.emplace_back(handle, Part::Lent);
+            received_.emplace_back(handle, Section::Lent);
         }
-    } else if (part == Part::Own && IsLive(kept)) {
+    } else if (section == Section::Own && IsLive(kept)) {
         views.clear();
         Delete(kept);
     }
     kept = handle;
 }
-template void World::Put(HGCANVAS, size_t, Part);
-template void World::Put(HGBITMAP, size_t, Part);
-template void World::Put(HGTEXTURE, size_t, Part);
-template void World::Put(DWORD, size_t, Part);
-template void World::Put(HDC, size_t, Part);
-template void World::Put(HBITMAP, size_t, Part);
-template void World::Put(HRGN, size_t, Part);
-template void World::Put(velPath *, size_t, Part);
-template void World::Put(velGradient *, size_t, Part);
-template void World::Put(velLottie *, size_t, Part);
-template void World::Put(velCanvas *, size_t, Part);
-template void World::Put(velBitmap *, size_t, Part);
+template void World::Put(HGCANVAS, size_t, Section);
+template void World::Put(HGBITMAP, size_t, Section);
+template void World::Put(HGTEXTURE, size_t, Section);
+template void World::Put(DWORD, size_t, Section);
+template void World::Put(HDC, size_t, Section);
+template void World::Put(HBITMAP, size_t, Section);
+template void World::Put(HRGN, size_t, Section);
+template void World::Put(velPath *, size_t, Section);
+template void World::Put(velGradient *, size_t, Section);
+template void World::Put(velLottie *, size_t, Section);
+template void World::Put(velCanvas *, size_t, Section);
+template void World::Put(velBitmap *, size_t, Section);
 
 void *World::Buffer(size_t size) {
     buffers_.emplace_back(new std::byte[size]());
@@ -189,8 +190,8 @@ uint64_t World::PixelDigest() {
 
 bool World::Clear() {
     views.clear();
-    for (const auto &[handle, part] : received_) {
-        if (part == Part::Lent) e_DelHandleEntry(nullptr, handle);
+    for (const auto &[handle, section] : received_) {
+        if (section == Section::Lent) e_DelHandleEntry(nullptr, handle);
         const HGCANVAS canvas{handle};
         const HGBITMAP bitmap{handle};
         const HGTEXTURE texture{handle};
@@ -199,7 +200,7 @@ bool World::Clear() {
         Delete(texture);
     }
     const auto clear = [](auto &pool) {
-        for (size_t i = 0; i < pool.Count(Part::Own); ++i) {
+        for (size_t i = 0; i < pool.Count(Section::Own); ++i) {
             if (IsLive(pool[i])) Delete(pool[i]);
         }
         pool = {};
@@ -209,7 +210,7 @@ bool World::Clear() {
 
     // An empty table gives its slots in order, from the first one or with the one freed last before the others.
     DWORD last = 0;
-    for (const auto &[handle, part] : received_) last = std::max(last, handle & 0xFFFF);
+    for (const auto &[handle, section] : received_) last = std::max(last, handle & 0xFFFF);
     received_.clear();
     bool isEmpty = true;
     std::vector<DWORD> entries;

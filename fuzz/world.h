@@ -18,7 +18,7 @@
 namespace fuzz {
 
 /// Own: the program deletes it. Lent: it belongs to another object; of library handles, an alias.
-enum class Part { Own, Lent };
+enum class Section { Own, Lent };
 
 struct PoolShape {
     const char *name;
@@ -53,8 +53,10 @@ inline constexpr PoolShape kShape<velBitmap *>{"velBitmap", 2, 0};
 
 template <class Handle>
 struct Pool : std::array<Handle, kShape<Handle>.own + kShape<Handle>.lent> {
-    static constexpr size_t First(Part part) { return part == Part::Own ? 0 : kShape<Handle>.own; }
-    static constexpr size_t Count(Part part) { return part == Part::Own ? kShape<Handle>.own : kShape<Handle>.lent; }
+    static constexpr size_t First(Section section) { return section == Section::Own ? 0 : kShape<Handle>.own; }
+    static constexpr size_t Count(Section section) {
+        return section == Section::Own ? kShape<Handle>.own : kShape<Handle>.lent;
+    }
 };
 
 template <class Handle>
@@ -99,7 +101,7 @@ public:
 
     /// Puts a new handle into a place; what the program owns there goes first.
     template <class Handle>
-    void Put(Handle handle, size_t place, Part part);
+    void Put(Handle handle, size_t place, Section section);
 
     /// Memory that lasts as long as the world.
     void *Buffer(size_t size);
@@ -122,7 +124,7 @@ private:
     std::tuple<Pool<HGCANVAS>, Pool<HGBITMAP>, Pool<HGTEXTURE>, Pool<DWORD>, Pool<HDC>, Pool<HBITMAP>, Pool<HRGN>,
                Pool<velPath *>, Pool<velGradient *>, Pool<velLottie *>, Pool<velCanvas *>, Pool<velBitmap *>>
         pools_{};
-    std::vector<std::pair<DWORD, Part>> received_;  ///< every library handle
+    std::vector<std::pair<DWORD, Section>> received_;  ///< every library handle
     std::vector<std::unique_ptr<std::byte[]>> buffers_;
 };
 
