@@ -72,7 +72,12 @@ Program ProgramAt(const Options &options, uint64_t index) {
 }
 
 void RunOne(const Options &options, uint64_t index, const Program &program, Progress &progress) {
-    if (options.tables) return CompareTables(program, options.rules);
+    if (options.tables) {
+        const unsigned first = options.files.empty() ? static_cast<unsigned>(index % kTableGroups) : 0;
+        const unsigned end = options.files.empty() ? first + 1 : kTableGroups;
+        for (unsigned group = first; group < end; ++group) CompareTables(group, program, options.rules);
+        return;
+    }
     uint64_t number = 0;
     RunProgram(program, options.rules, options.print ? &std::cout : nullptr, [&](const CallReport &call) {
         auto &counts = progress.rows[&call.row - Calls().data()];
@@ -133,7 +138,7 @@ Program Reduced(const Options &options, Program program, Progress &progress) {
     const auto fails = [&](const Program &candidate) {
         return !Succeeds(true, [&] {
             StartWatch();
-            RunOne(quiet, 0, candidate, progress);
+            RunOne(quiet, progress.program, candidate, progress);
         });
     };
     if (!fails(program)) {

@@ -70,16 +70,17 @@ struct Layout : Picture {
 /// startScan, lines, bits, info.
 struct Scans : Picture {
     explicit Scans(Call &call) : Picture(call) {
+        // The rows from the first one on are there; a number beyond the picture's height counts as far as it goes.
         const auto height = static_cast<UINT>(std::abs(info.header.biHeight));
-        first = call.choices.Seldom(64) ? call.choices.Below(caps::kSide) : 0;
-        count = height - std::min(first, height);
-        if (call.choices.Seldom(64)) count = call.choices.Below(caps::kSide) % (count + 1);
+        const bool isPart = call.choices.Seldom(64);
+        first = isPart ? call.choices.Below(caps::kSide) : 0;
+        count = isPart ? call.choices.Below(2 * caps::kSide) : height;
     }
     std::tuple<UINT, UINT, const void *, const BITMAPINFO *> Value() const {
         return {first, count, pixels.data(), Info()};
     }
     void Write(std::ostream &out) const { Picture::Write(out << first << ", " << count << ", bits, "); }
-    UINT first, count;
+    UINT first = 0, count = 0;
 };
 
 /// Rectangles as a region's data.

@@ -43,30 +43,27 @@ std::vector<Outcome> OutcomesOn(const CpuFeatures &features, std::span<const uin
 
 }  // namespace
 
-void CompareTables(std::span<const uint8_t> program, const Rules &rules) {
-    constexpr CpuFeatures kNone{}, kSse{true, false, true, false}, kSse2{true, false, true, true},
-        kMmx{true, true, false, false}, kMmxSse{true, true, true, false}, kAll{true, true, true, true};
+void CompareTables(unsigned group, std::span<const uint8_t> program, const Rules &rules) {
+    // Bicubic weights are finer with MMX.
+    static const std::vector<CpuFeatures> kGroups[kTableGroups] = {
+        {{}, {true, false, true, false}, {true, false, true, true}},
+        {{true, true, false, false}, {true, true, true, false}, {true, true, true, true}},
+        {{}, {true, true, true, true}}};
     Rules comparable = rules;
     comparable.comparable = true;
-    const auto compare = [&](std::initializer_list<CpuFeatures> processors) {
-        std::vector<Outcome> expected;
-        for (const CpuFeatures &features : processors) {
-            const std::vector<Outcome> outcomes = OutcomesOn(features, program, comparable);
-            if (expected.empty()) expected = outcomes;
-            for (size_t i = 0; i < outcomes.size(); ++i) {
-                if (outcomes[i] == expected[i]) continue;
-                std::fprintf(stderr, "lacquer_fuzz: call %zu, %s, gives other %s with mmx %d, sse %d, sse2 %d\n", i + 1,
-                             outcomes[i].name, outcomes[i].results == expected[i].results ? "pixels" : "results",
-                             features.mmx, features.sse, features.sse2);
-                std::abort();
-            }
+    comparable.fineWeights = group != 2;
+    std::vector<Outcome> expected;
+    for (const CpuFeatures &features : kGroups[group]) {
+        const std::vector<Outcome> outcomes = OutcomesOn(features, program, comparable);
+        if (expected.empty()) expected = outcomes;
+        for (size_t i = 0; i < outcomes.size(); ++i) {
+            if (outcomes[i] == expected[i]) continue;
+            std::fprintf(stderr, "lacquer_fuzz: call %zu, %s, gives other %s with mmx %d, sse %d, sse2 %d\n", i + 1,
+                         outcomes[i].name, outcomes[i].results == expected[i].results ? "pixels" : "results",
+                         features.mmx, features.sse, features.sse2);
+            std::abort();
         }
-    };
-    compare({kNone, kSse, kSse2});
-    compare({kMmx, kMmxSse, kAll});
-    // Bicubic weights are finer with MMX.
-    comparable.fineWeights = false;
-    compare({kNone, kAll});
+    }
 }
 
 }  // namespace fuzz

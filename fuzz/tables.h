@@ -7,8 +7,11 @@
 
 namespace fuzz {
 
-/// Runs a program on every table, under comparable rules. Ends the process with a message when two of the tables that
-/// should agree differ, in a result or in a pixel, after a call.
-void CompareTables(std::span<const uint8_t> program, const Rules &rules);
+/// Groups of tables that agree by design.
+constexpr unsigned kTableGroups = 3;
+
+/// Runs a program on every table of a group, under comparable rules. Ends the process with a message when two of them
+/// differ, in a result or in a pixel, after a call.
+void CompareTables(unsigned group, std::span<const uint8_t> program, const Rules &rules);
 
 }  // namespace fuzz

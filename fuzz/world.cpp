@@ -32,15 +32,22 @@ std::byte *RowAt(const SurfaceView &view, LONG y) {
 
 /// Alpha is at least as much as each colour channel.
 uint32_t Premultiplied(uint32_t pixel) {
-    const uint32_t most = std::max({pixel & 0xFF, pixel >> 8 & 0xFF, pixel >> 16 & 0xFF, pixel >> 24});
+    const uint32_t most =
+        std::max(std::max(pixel & 0xFF, pixel >> 8 & 0xFF), std::max(pixel >> 16 & 0xFF, pixel >> 24));
     return (pixel & 0xFFFFFF) | most << 24;
 }
 
-void PremultiplyWords(void *words, size_t count) {
-    auto *next = static_cast<uint32_t *>(words);
-    for (; count > 0; --count, ++next) {
-        const uint32_t pixel = Premultiplied(*next);
-        if (pixel != *next) *next = pixel;
+void Premultiply(uint32_t *pixels, size_t count) {
+    uint32_t wrong = 0;
+    for (size_t i = 0; i < count; ++i) wrong |= pixels[i] ^ Premultiplied(pixels[i]);
+    // The shared palette, which is never wrong, can't be written.
+    for (size_t i = 0; wrong != 0 && i < count; ++i) pixels[i] = Premultiplied(pixels[i]);
+}
+
+void Premultiply(const SurfaceView &view) {
+    if (view.palette) Premultiply(reinterpret_cast<uint32_t *>(view.palette), view.paletteCount);
+    for (LONG y = 0; view.bitsPerPixel == 32 && y < view.height; ++y) {
+        Premultiply(reinterpret_cast<uint32_t *>(RowAt(view, y)), static_cast<size_t>(view.width));
     }
 }
 
@@ -165,19 +172,22 @@ template void World::Paint(HGTEXTURE, uint32_t);
 template void World::Paint(HBITMAP, uint32_t);
 
 uint64_t World::PixelDigest() {
-    Digest digest;
+    Digest all;
+    size_t place = 0;
     const auto addAll = [&](const auto &pool) {
         for (const auto &handle : pool) {
+            if (seen_.size() == place) seen_.push_back(0);
+            uint64_t &seen = seen_[place++];
             SurfaceView view{};
-            digest.Add(0);
-            if (!PixelsOf(handle, view)) continue;
-            digest.Add(static_cast<uint64_t>(view.width) << 32 | static_cast<uint32_t>(view.height));
-            for (LONG y = 0; y < view.height; ++y) digest.AddBytes(RowAt(view, y), BytesInRow(view));
-            if (view.palette) digest.AddBytes(view.palette, view.paletteCount * sizeof(DWORD));
-            if (!rules.comparable) continue;
-            if (view.palette) PremultiplyWords(view.palette, view.paletteCount);
-            if (view.bitsPerPixel != 32) continue;
-            for (LONG y = 0; y < view.height; ++y) PremultiplyWords(RowAt(view, y), static_cast<size_t>(view.width));
+            Digest digest;
+            if (PixelsOf(handle, view)) {
+                digest.Add(static_cast<uint64_t>(view.width) << 32 | static_cast<uint32_t>(view.height));
+                for (LONG y = 0; y < view.height; ++y) digest.AddBytes(RowAt(view, y), BytesInRow(view));
+                if (view.palette) digest.AddBytes(view.palette, view.paletteCount * sizeof(DWORD));
+                if (digest.Value() != seen) Premultiply(view);
+            }
+            seen = digest.Value();
+            all.Add(seen);
         }
     };
     addAll(PoolOf<HGCANVAS>());
@@ -185,7 +195,7 @@ uint64_t World::PixelDigest() {
     addAll(PoolOf<HGTEXTURE>());
     addAll(PoolOf<HBITMAP>());
     addAll(PoolOf<HDC>());
-    return digest.Value();
+    return all.Value();
 }
 
 bool World::Clear() {

@@ -111,7 +111,7 @@ public:
     void Paint(Handle handle, uint32_t seed);
     void PaintView(const SurfaceView &view, uint32_t seed) const;
 
-    /// Checksum of all pixels that the program can reach. Under comparable rules it then makes them premultiplied.
+    /// Checksum of all pixels that the program can reach. Then makes them premultiplied.
     uint64_t PixelDigest();
 
     /// Deletes whatever lives. Result: whether the handle table is empty then.
@@ -126,6 +126,7 @@ private:
         pools_{};
     std::vector<std::pair<DWORD, Section>> received_;  ///< every library handle
     std::vector<std::unique_ptr<std::byte[]>> buffers_;
+    std::vector<uint64_t> seen_;  ///< checksums of single surfaces, by place
 };
 
 /// Where the pixels behind a handle begin; null when they can't be reached.
