@@ -11,7 +11,7 @@
 namespace fuzz {
 
 /// Kinds of call, as bits.
-enum Group : unsigned { kSurfaces = 1, kVector = 2, kText = 4, kGdi = 8 };
+enum Group : unsigned { kSurfaces = 1, kVector = 2, kText = 4, kContexts = 8, kTransfers = 16 };
 
 /// One call while it is made.
 class Call {
@@ -57,6 +57,7 @@ const Row &RowFor(uint32_t code);
 std::vector<Row> SurfaceCalls();
 std::vector<Row> VectorCalls();
 std::vector<Row> TextCalls();
-std::vector<Row> GdiCalls();
+std::vector<Row> ContextCalls();
+std::vector<Row> TransferCalls();
 
 }  // namespace fuzz

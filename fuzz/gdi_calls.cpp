@@ -5,9 +5,15 @@
 namespace fuzz {
 namespace {
 
-constexpr Group kGroup = kGdi;
-
 using OwnDc = Ended<HDC>;
+int ChooseLevel(Call &call) {
+    return call.choices.Seldom(20) ? ChooseCoordinate(call) % 1000 : call.choices.Byte() % 6 - 3;
+}
+using Level = Chosen<int, ChooseLevel>;
+
+using NeededRect = In<RECT, ChooseRect, 0>;
+template <class Record>
+using Needed = Out<Record, 0>;
 
 DWORD ChooseOperation(Call &call) {
     constexpr DWORD kOperations[] = {SRCCOPY, SRCCOPY, SRCCOPY, BLACKNESS, WHITENESS};
@@ -117,18 +123,19 @@ HDC NewDcWithBitmap(const BITMAPINFO *info) {
 
 }  // namespace
 
-std::vector<Row> GdiCalls() {
+std::vector<Row> ContextCalls() {
+    constexpr Group kGroup = kContexts;
     return {
         CALL_AS(CreateCompatibleDC, (+[](HDC dc) { return Owned<HDC>{CreateCompatibleDC(dc)}; }), Dc),
         CALL_AS(CreateDcWithBitmap, (+[](const BITMAPINFO *info) { return Owned<HDC>{NewDcWithBitmap(info)}; }),
                 Layout),
         CALL(DeleteDC, OwnDc),
         CALL(SaveDC, Dc),
-        CALL(RestoreDC, Dc, Integer),
-        CALL(SetViewportOrgEx, Dc, Coordinate, Coordinate, Out<POINT>),
-        CALL(SetWindowOrgEx, Dc, Coordinate, Coordinate, Out<POINT>),
-        CALL(GetViewportOrgEx, Dc, Out<POINT>),
-        CALL(GetWindowOrgEx, Dc, Out<POINT>),
+        CALL(RestoreDC, Dc, Level),
+        CALL(SetViewportOrgEx, Dc, Origin, Origin, Out<POINT>),
+        CALL(SetWindowOrgEx, Dc, Origin, Origin, Out<POINT>),
+        CALL(GetViewportOrgEx, Dc, Needed<POINT>),
+        CALL(GetWindowOrgEx, Dc, Needed<POINT>),
         CALL(SetStretchBltMode, Dc, Integer),
         CALL(GetStretchBltMode, Dc),
         CALL(GdiFlush),
@@ -150,7 +157,7 @@ std::vector<Row> GdiCalls() {
                         CreateCompatibleBitmap(dc, static_cast<int>(width), static_cast<int>(height))};
                 }),
                 Dc, Extent),
-        CALL(GetClipBox, Dc, Out<RECT>),
+        CALL(GetClipBox, Dc, Needed<RECT>),
         CALL(GetClipRgn, Dc, Region),
         CALL(SelectClipRgn, Dc, Region),
         CALL(ExtSelectClipRgn, Dc, Region, Combination),
@@ -158,17 +165,23 @@ std::vector<Row> GdiCalls() {
         CALL(ExcludeClipRect, Dc, Coordinate, Coordinate, Coordinate, Coordinate),
         CALL(OffsetClipRgn, Dc, Coordinate, Coordinate),
         CALL(PtVisible, Dc, Coordinate, Coordinate),
-        CALL(RectVisible, Dc, Rect),
+        CALL(RectVisible, Dc, NeededRect),
         CALL(CreateRectRgn, Coordinate, Coordinate, Coordinate, Coordinate),
         CALL_AS(ExtCreateRegion,
                 (+[](DWORD size, const RGNDATA *data) { return ExtCreateRegion(nullptr, size, data); }), RegionData),
         CALL(SetRectRgn, Region, Coordinate, Coordinate, Coordinate, Coordinate),
         CALL(CombineRgn, Region, Region, Region, Combination),
-        CALL(GetRgnBox, Region, Out<RECT>),
+        CALL(GetRgnBox, Region, Needed<RECT>),
         CALL(EqualRgn, Region, Region),
         CALL(OffsetRgn, Region, Coordinate, Coordinate),
         CALL(PtInRegion, Region, Coordinate, Coordinate),
-        CALL(RectInRegion, Region, Rect),
+        CALL(RectInRegion, Region, NeededRect),
+    };
+}
+
+std::vector<Row> TransferCalls() {
+    constexpr Group kGroup = kTransfers;
+    return {
         CALL(BitBlt, Dc, Coordinate, Coordinate, Coordinate, Coordinate, Dc, Coordinate, Coordinate, Operation),
         CALL(StretchBlt, Dc, Coordinate, Coordinate, Coordinate, Coordinate, Dc, Coordinate, Coordinate, Coordinate,
              Coordinate, Operation),

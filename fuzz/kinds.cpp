@@ -52,6 +52,13 @@ int ChooseCoordinate(Call &call) {
     return call.choices.OneOf(kExtremes);
 }
 
+int ChooseOrigin(Call &call) {
+    // GDI computes its clip box in single precision.
+    constexpr int kExact = 1 << 23;
+    const int origin = ChooseCoordinate(call);
+    return call.world.rules.comparable ? std::clamp(origin, -kExact, kExact) : origin;
+}
+
 int ChooseSmallInteger(Call &call) {
     return call.choices.Seldom(20) ? call.choices.OneOf(kExtremes) : static_cast<int>(call.choices.Below(12)) - 2;
 }
@@ -116,12 +123,13 @@ Extent::Extent(Call &call) {
     if (how >= 250) (how & 1 ? height : width) = side(3);
 }
 
-Depth::Depth(Call &call) {
+Format::Format(Call &call) : Extent(call) {
     constexpr DWORD kDepths[] = {8, 24, 32};
     constexpr DWORD kOddDepths[] = {0, 1, 2, 4, 7, 9, 15, 16, 31, 33, 48, 64, 65535, 65544, 0x80000020};
     bits = call.choices.Seldom(24) ? call.choices.OneOf(kOddDepths) : call.choices.OneOf(kDepths);
     constexpr DWORD kCounts[] = {0, 0, 256, 255, 16, 1, 257, 65535, 65536};
     paletteCount = call.choices.Seldom(64) ? call.choices.Below(caps::kPaletteCount) : call.choices.OneOf(kCounts);
+    if (bits > caps::kDepthOfLarge) width %= 9, height %= 9;
 }
 
 Entry::Entry(Call &call) {

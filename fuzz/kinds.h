@@ -36,6 +36,7 @@ struct Chosen {
 };
 
 int ChooseCoordinate(Call &call);    // about the size of a surface; seldom anything
+int ChooseOrigin(Call &call);        // as a coordinate
 int ChooseSmallInteger(Call &call);  // -2 to 9; seldom anything
 DWORD ChooseColour(Call &call);
 DWORD ChooseKernelMode(Call &call);
@@ -54,6 +55,7 @@ DWORD ChooseCode(Call &call) {
 }
 
 using Coordinate = Chosen<int, ChooseCoordinate>;
+using Origin = Chosen<int, ChooseOrigin>;
 using Integer = Chosen<int, ChooseSmallInteger>;
 using Flag = Chosen<int, ChooseFlag>;
 using Colour = Chosen<DWORD, ChooseColour>;
@@ -85,11 +87,14 @@ struct Extent {
     DWORD width = 0, height = 0;
 };
 
-/// Bits per pixel and palette entries.
-struct Depth {
-    explicit Depth(Call &call);
-    std::tuple<DWORD, DWORD> Value() const { return {bits, paletteCount}; }
-    void Write(std::ostream &out) const { out << bits << ", " << paletteCount; }
+/// Width, height, bits per pixel and palette entries.
+struct Format : Extent {
+    explicit Format(Call &call);
+    std::tuple<DWORD, DWORD, DWORD, DWORD> Value() const { return {width, height, bits, paletteCount}; }
+    void Write(std::ostream &out) const {
+        Extent::Write(out);
+        out << ", " << bits << ", " << paletteCount;
+    }
     DWORD bits = 32, paletteCount = 0;
 };
 
@@ -264,14 +269,18 @@ using Rect = In<RECT, ChooseRect>;
 using Part = In<RECT, ChoosePart, 100>;  // of a surface; null stands for all of it
 using Margins = In<RECT, ChooseMargins>;
 
-/// A pointer to a record that the call writes, seldom null.
-template <class Record>
+/// A pointer to a record that the call writes, `kNull` times in 256 null.
+template <class Record, int kNull = 8>
 struct Out {
-    explicit Out(Call &call) : isNull(call.choices.Seldom(8)) {}
+    explicit Out(Call &call) : isNull(call.choices.Seldom(kNull)) {}
     Record *Value() { return isNull ? nullptr : &record; }
     void Write(std::ostream &out) const { out << (isNull ? "0" : "&out"); }
     void After(Call &call) {
-        if (call.done && !isNull) call.digest.AddBytes(&record, sizeof record);
+        if (!call.done || isNull) return;
+        call.digest.AddBytes(&record, sizeof record);
+        if constexpr (requires { WriteRecord(*call.text, record); }) {
+            if (call.text) WriteRecord(*call.text << "// gives ", record), *call.text << '\n';
+        }
     }
     bool isNull;
     Record record{};

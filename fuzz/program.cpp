@@ -23,7 +23,7 @@ namespace fuzz {
 const std::vector<Row> &Calls() {
     static const std::vector<Row> calls = [] {
         std::vector<Row> all;
-        for (const auto &part : {SurfaceCalls(), VectorCalls(), TextCalls(), GdiCalls()}) {
+        for (const auto &part : {SurfaceCalls(), VectorCalls(), TextCalls(), ContextCalls(), TransferCalls()}) {
             all.insert(all.end(), part.begin(), part.end());
         }
         std::sort(all.begin(), all.end(), [](const Row &a, const Row &b) { return a.code < b.code; });
@@ -53,7 +53,7 @@ Program MakeProgram(uint64_t seed, uint64_t index, const Rules &rules) {
     uint64_t state = seed * 0xD1342543DE82EF95 + index;
     // Every other program knows few calls only, which meet more often then.
     if (NextRandom(state) & 1) {
-        const size_t few = 6 + NextRandom(state) % 40;
+        const size_t few = std::min(6 + NextRandom(state) % 40, rows.size());
         for (size_t i = 0; i < few; ++i) std::swap(rows[i], rows[i + NextRandom(state) % (rows.size() - i)]);
         rows.resize(few);
     }
