@@ -1,5 +1,6 @@
 // Every row of the kernel table for every source depth, against memcpy of the destination's bytes. Stretching rows
-// enlarge by 1.7; averages reduce by 4. Rows that draw a visible part show all but a border.
+// enlarge by 1.7; averages reduce by 4. Rows that draw a visible part show all but a border. Then nearest samples that
+// lie far apart, against the base tier.
 
 #include <benchmark/benchmark.h>
 
@@ -69,6 +70,18 @@ void DrawRow(benchmark::State &state, Row row, WORD bitsPerPixel) {
         static_cast<double>(width) * height);
 }
 
+void ShrinkStrongly(benchmark::State &state, WORD bitsPerPixel) {
+    static const KernelTable base = BuildKernelTable({});
+    constexpr LONG kRows = 256;
+    const Pixels source(static_cast<LONG>(state.range(0)), kRows, bitsPerPixel);
+    const Pixels dest(static_cast<LONG>(state.range(1)), kRows, 32);
+    const auto draw = [&](const KernelTable &table) {
+        CallRow(table, Row::StretchCopyRow, dest.View(), source.View(), {});
+    };
+    bench::MeasureAgainst(
+        state, [&] { draw(Kernels()); }, [&] { draw(base); });
+}
+
 }  // namespace
 
 int main(int argc, char **argv) {
@@ -77,12 +90,19 @@ int main(int argc, char **argv) {
         for (const WORD depth : {WORD{8}, WORD{24}, WORD{32}}) {
             const std::string name = std::string(TraitsOf(row).name) + "/" + std::to_string(depth) + "bit";
             benchmark::RegisterBenchmark(name.c_str(), DrawRow, row, depth)
+                ->Args({16, 16})
                 ->Args({64, 64})
                 ->Args({256, 256})
                 ->Args({1024, 1024})
                 ->Args({3840, 2160})
                 ->UseManualTime();
         }
+    }
+    for (const WORD depth : {WORD{8}, WORD{24}, WORD{32}}) {
+        const std::string name = "ShrinkStrongly/" + std::to_string(depth) + "bit";
+        benchmark::RegisterBenchmark(name.c_str(), ShrinkStrongly, depth)
+            ->ArgsProduct({{4096, 8192, 16384, 32767}, {64, 256}})
+            ->UseManualTime();
     }
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;

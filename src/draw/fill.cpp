@@ -31,4 +31,10 @@ void FillRectangle(Canvas &canvas, const RECT &rect, DWORD colour, DWORD modeWor
     if (target.View()) FillView(target.View(), colour, modeWord);
 }
 
+void FillPiece(LockedPieces &target, const RECT &rect, DWORD colour, DWORD modeWord) {
+    RECT visible{};
+    if (IsVoidFill(colour, modeWord) || !IntersectRect(&visible, &rect, &target.ClipBox())) return;
+    if (const SurfaceView *view = target.Lock(visible)) FillView(view, colour, modeWord);
+}
+
 }  // namespace lacquer

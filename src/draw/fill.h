@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/canvas.h"
+#include "core/locked_pieces.h"
 
 namespace lacquer {
 
@@ -18,5 +19,8 @@ bool IsVoidFill(DWORD colour, DWORD modeWord);
 /// Fills the visible part of a logical rectangle with a premultiplied colour; the mode word's top byte is the fill's
 /// rule.
 void FillRectangle(Canvas &canvas, const RECT &rect, DWORD colour, DWORD modeWord);
+
+/// As FillRectangle, for one piece of a draw of several.
+void FillPiece(LockedPieces &target, const RECT &rect, DWORD colour, DWORD modeWord);
 
 }  // namespace lacquer

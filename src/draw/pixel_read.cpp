@@ -21,7 +21,7 @@ bool ReadPixel(PixelSurface &surface, LONG x, LONG y, DWORD *colour) {
             *colour = 0xFF000000 | static_cast<DWORD>(bytes[2]) << 16 | static_cast<DWORD>(bytes[1]) << 8 | bytes[0];
             break;
         case 32: std::memcpy(colour, bytes, sizeof *colour); break;
-        default: break;
+        default: return false;
     }
     return true;
 }

@@ -36,8 +36,6 @@ KernelTable MakeBaseTable() {
     };
 }
 
-const KernelTable processTable = BuildKernelTable(CachedCpuFeatures());
-
 }  // namespace
 
 KernelTable BuildKernelTable(const CpuFeatures &features) {
@@ -53,6 +51,9 @@ int DrawNothing(const SurfaceView * /*dest*/, const SurfaceView * /*source*/, ui
     return 1;
 }
 
-const KernelTable &Kernels() { return processTable; }
+const KernelTable &Kernels() {
+    static const KernelTable table = BuildKernelTable(CachedCpuFeatures());
+    return table;
+}
 
 }  // namespace lacquer

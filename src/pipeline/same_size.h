@@ -4,10 +4,10 @@
 #include <algorithm>
 
 #include "pipeline/combine_ref.h"
+#include "pipeline/copy_rows.h"
 #include "pipeline/draw_area.h"
 #include "pipeline/lookahead.h"
 #include "pipeline/source_pixels.h"
-#include "pipeline/streaming.h"
 
 namespace lacquer {
 
@@ -40,22 +40,21 @@ private:
     template <class Combine>
     static void DrawWords(const SurfaceView &dest, const SurfaceView &source, const Combine &combine) {
         const Runs runs = CommonRuns(dest, source);
-        if constexpr (!Combine::kCopies) {
+        if constexpr (Combine::kCopies) {
+            CopyRows(dest, source, runs.length * kPixelBytes, runs.count);
+        } else {
             const auto drawPiece = [&](BYTE *out, const BYTE *in, ptrdiff_t first, ptrdiff_t count) {
                 combine.Run(out + first * kPixelBytes, in + first * kPixelBytes, count);
             };
             if (Lookahead::Pays(CommonPart(dest, source))) return DrawPieces(dest, source, runs, drawPiece);
-        }
-        const bool streams = StreamingPays(int64_t{runs.length} * runs.count * kPixelBytes);
-        for (ptrdiff_t y = 0; y < runs.count; ++y) {
-            BYTE *const out = RowOf(dest, y);
-            const BYTE *const in = RowOf(source, y);
-            if constexpr (Combine::kCopies) {
-                CopyRun(out, in, runs.length * kPixelBytes, streams);
-            } else if constexpr (requires { combine.RunInline(out, in, runs.length); }) {
-                combine.RunInline(out, in, runs.length);
-            } else {
-                combine.Run(out, in, runs.length);
+            for (ptrdiff_t y = 0; y < runs.count; ++y) {
+                BYTE *const out = RowOf(dest, y);
+                const BYTE *const in = RowOf(source, y);
+                if constexpr (requires { combine.RunInline(out, in, runs.length); }) {
+                    combine.RunInline(out, in, runs.length);
+                } else {
+                    combine.Run(out, in, runs.length);
+                }
             }
         }
     }
@@ -83,12 +82,6 @@ private:
             Fetcher::Fetch(fetched, read, in, first, count, runs.length);
             combine.Run(out + first * kPixelBytes, fetched, count);
         });
-    }
-
-    static void CopyRun(BYTE *dest, const BYTE *source, ptrdiff_t bytes, bool streams) {
-        const bool overlap = dest < source + bytes && source < dest + bytes;
-        if (streams && !overlap) return StreamBytes(dest, source, bytes);
-        std::memmove(dest, source, static_cast<size_t>(bytes));
     }
 
     /// Calls drawPiece(dest row, source row, first column, columns) for pieces of at most Lookahead::kPiecePixels.

@@ -10,6 +10,10 @@
 namespace lacquer {
 
 void StreamBytes(BYTE *dest, const BYTE *source, ptrdiff_t count) {
+    if (dest < source + count && source < dest + count) {
+        std::memmove(dest, source, static_cast<size_t>(count));
+        return;
+    }
 #ifdef LACQUER_SSE2
     constexpr ptrdiff_t kVector = 16, kLine = kCacheLineBytes, kAhead = 16 * kLine;
     const auto unaligned = static_cast<ptrdiff_t>(-reinterpret_cast<uintptr_t>(dest) % kVector);

@@ -13,7 +13,7 @@ namespace lacquer {
 /// Whether a result of so many bytes should go past the caches.
 constexpr bool StreamingPays(int64_t bytes) { return bytes >= int64_t{8} << 20; }
 
-/// Copies bytes that don't overlap, past the caches. Ends with FinishStreaming.
+/// Copies bytes past the caches, and ends with FinishStreaming; bytes that overlap are moved as usual.
 void StreamBytes(BYTE *dest, const BYTE *source, ptrdiff_t count);
 
 #ifdef LACQUER_SSE2

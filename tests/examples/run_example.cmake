@@ -1,5 +1,15 @@
-# Runs COMMAND and fails unless its result is RESULT and its output and errors match OUTPUT and ERRORS.
+# Runs COMMAND and fails unless its result is RESULT, its output and errors match OUTPUT and ERRORS, and PICTURE, a file
+# that it wrote if one is named, has the digest SHA256.
+if(PICTURE)
+  file(REMOVE ${PICTURE})
+endif()
 execute_process(COMMAND ${COMMAND} RESULT_VARIABLE result OUTPUT_VARIABLE output ERROR_VARIABLE errors)
 if(NOT result STREQUAL RESULT OR NOT output MATCHES "${OUTPUT}" OR NOT errors MATCHES "${ERRORS}")
   message(FATAL_ERROR "result ${result}, expected ${RESULT}\noutput: ${output}\nerrors: ${errors}")
+endif()
+if(PICTURE)
+  file(SHA256 ${PICTURE} digest)
+  if(NOT digest STREQUAL SHA256)
+    message(FATAL_ERROR "${PICTURE} has the digest ${digest}, expected ${SHA256}")
+  endif()
 endif()

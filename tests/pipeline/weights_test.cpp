@@ -3,8 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <numeric>
+#include <utility>
 
+#include "pipeline/bicubic.h"
 #include "pipeline/stretch_weights.h"
 
 namespace lacquer {
@@ -44,12 +48,38 @@ TEST_P(Weights, AreTheCubicRounded) {
     }
     EXPECT_EQ(q8[512], 0);
     EXPECT_EQ(q14[512], 0);
-    for (std::size_t f = 0; f < 256; ++f) {
-        const int sum8 = q8[256 + f] + q8[f] + q8[256 - f] + q8[512 - f];
-        const int sum14 = Half(q14[256 + f]) + Half(q14[f]) + Half(q14[256 - f]) + Half(q14[512 - f]);
-        EXPECT_LE(std::abs(sum8 - 256), 2) << f;
-        EXPECT_LE(std::abs(sum14 - 16384), 2) << f;
+}
+
+/// How far the samples of an even area are from its value, over all positions and values.
+template <class Form>
+std::pair<int, int> DeviationOfEvenAreas(DWORD mode) {
+    const StretchWeightTable table = BuildStretchWeightTable(mode, Form::kForm);
+    const auto weights = [&](std::size_t f) {
+        std::array<int32_t, 4> four{table[256 + f], table[f], table[256 - f], table[512 - f]};
+        for (int32_t &weight : four) weight = Form::Unpack(weight);
+        return four;
+    };
+    std::pair<int, int> range{0, 0};
+    for (std::size_t fx = 0; fx < 256; ++fx) {
+        const auto across = weights(fx);
+        const int32_t sumAcross = std::accumulate(across.begin(), across.end(), 0);
+        for (std::size_t fy = 0; fy < 256; ++fy) {
+            const auto down = weights(fy);
+            for (int value = 0; value < 256; ++value) {
+                int32_t sum = 0;
+                for (const int32_t weight : down) sum += Form::FinishRow(value * sumAcross) * weight;
+                const int error = static_cast<int>(Form::FinishChannel(sum, ByteClamps().data() + 256)) - value;
+                range = {std::min(range.first, error), std::max(range.second, error)};
+            }
+        }
     }
+    return range;
+}
+
+TEST(WeightTables, EvenAreasKeepTheirValue) {
+    for (const DWORD mode : {0u, 1u, 4u}) EXPECT_EQ(DeviationOfEvenAreas<WeightsQ14>(mode), std::pair(0, 0)) << mode;
+    EXPECT_EQ(DeviationOfEvenAreas<WeightsQ8>(1), std::pair(-2, 1));
+    for (const DWORD mode : {0u, 4u}) EXPECT_EQ(DeviationOfEvenAreas<WeightsQ8>(mode), std::pair(0, 3)) << mode;
 }
 
 TEST(WeightTables, KnownEntries) {
