@@ -1,0 +1,23 @@
+// What calls are kept below for the fuzzer's sake: numbers by which the work of a call grows, where the library itself
+// sets no bound near enough for thousands of programs in a second. A cap goes when the library bounds the work.
+#pragma once
+
+namespace fuzz::caps {
+
+constexpr int kSide = 64;           // of most surfaces
+constexpr int kLargeSide = 300;     // of some
+constexpr int kWideSide = 32767;    // of one side, the other one small
+constexpr int kDepthOfLarge = 64;   // deeper surfaces are small
+constexpr int kPaletteCount = 256;  // beyond it creation cuts anyway
+
+// The companion.
+constexpr int kGlyphs = 8;
+constexpr float kTextSize = 64;
+constexpr int kDashes = 6;
+constexpr float kShortestDash = 0.25f;
+constexpr float kStrokeWidth = 2000;
+constexpr float kVectorCoordinate = 1000000;  // finite coordinates of vector drawing
+constexpr float kAnimationSide = 128;         // as drawn
+constexpr int kAnimationChanges = 4;          // digits changed in the text of an animation
+
+}  // namespace fuzz::caps

@@ -1,0 +1,69 @@
+// The linker sends every reference to `lacquer::Kernels` here (`--wrap`), so that the library itself has no part in it.
+
+#include "tables.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "pipeline/kernel_table.h"
+
+namespace {
+const lacquer::KernelTable *tableInUse = nullptr;
+}
+
+extern "C" {
+const lacquer::KernelTable &__real__ZN7lacquer7KernelsEv();
+const lacquer::KernelTable &__wrap__ZN7lacquer7KernelsEv();
+const lacquer::KernelTable &__wrap__ZN7lacquer7KernelsEv() {
+    return tableInUse ? *tableInUse : __real__ZN7lacquer7KernelsEv();
+}
+}
+
+namespace fuzz {
+namespace {
+
+using lacquer::CpuFeatures;
+
+struct Outcome {
+    const char *name;
+    uint64_t results, pixels;
+    bool operator==(const Outcome &) const = default;
+};
+
+std::vector<Outcome> OutcomesOn(const CpuFeatures &features, std::span<const uint8_t> program, const Rules &rules) {
+    const lacquer::KernelTable table = lacquer::BuildKernelTable(features);
+    std::vector<Outcome> outcomes;
+    tableInUse = &table;
+    RunProgram(program, rules, nullptr, [&](const CallReport &call) {
+        outcomes.push_back({call.row.name, call.results, call.pixels});
+    });
+    tableInUse = nullptr;
+    return outcomes;
+}
+
+}  // namespace
+
+void CompareTables(unsigned group, std::span<const uint8_t> program, const Rules &rules) {
+    // Bicubic weights are finer with MMX.
+    static const std::vector<CpuFeatures> kGroups[kTableGroups] = {
+        {{}, {true, false, true, false}, {true, false, true, true}},
+        {{true, true, false, false}, {true, true, true, false}, {true, true, true, true}},
+        {{}, {true, true, true, true}}};
+    Rules comparable = rules;
+    comparable.comparable = true;
+    comparable.fineWeights = group != 2;
+    std::vector<Outcome> expected;
+    for (const CpuFeatures &features : kGroups[group]) {
+        const std::vector<Outcome> outcomes = OutcomesOn(features, program, comparable);
+        if (expected.empty()) expected = outcomes;
+        for (size_t i = 0; i < outcomes.size(); ++i) {
+            if (outcomes[i] == expected[i]) continue;
+            std::fprintf(stderr, "lacquer_fuzz: call %zu, %s, gives other %s with mmx %d, sse %d, sse2 %d\n", i + 1,
+                         outcomes[i].name, outcomes[i].results == expected[i].results ? "pixels" : "results",
+                         features.mmx, features.sse, features.sse2);
+            std::abort();
+        }
+    }
+}
+
+}  // namespace fuzz

@@ -1,0 +1,235 @@
+// Pixels of the objects of a program, and the end of the objects.
+
+#include "world.h"
+
+#include <algorithm>
+#include <new>
+
+namespace fuzz {
+namespace {
+
+void Delete(HGCANVAS canvas) { DeleteCanvas(canvas); }
+void Delete(HGBITMAP bitmap) { DeleteBitmap(bitmap); }
+void Delete(HGTEXTURE texture) { DeleteTexture(texture); }
+void Delete(DWORD entry) { e_DelHandleEntry(nullptr, entry); }
+void Delete(HDC dc) { DeleteDC(dc); }
+void Delete(HBITMAP bitmap) { DeleteObject(bitmap); }
+void Delete(HRGN region) { DeleteObject(region); }
+void Delete(velPath *path) { velPathDestroy(path); }
+void Delete(velGradient *gradient) { velGradientDestroy(gradient); }
+void Delete(velLottie *lottie) { velLottieDestroy(lottie); }
+void Delete(velCanvas *canvas) { velCanvasDestroy(canvas); }
+void Delete(velBitmap *bitmap) { velBitmapDestroy(bitmap); }
+
+template <class Handle>
+constexpr bool kIsLibraryHandle = std::is_class_v<Handle> || std::is_same_v<Handle, DWORD>;
+
+size_t BytesInRow(const SurfaceView &view) { return static_cast<size_t>(view.width) * view.bitsPerPixel / 8; }
+
+std::byte *RowAt(const SurfaceView &view, LONG y) {
+    return static_cast<std::byte *>(view.bits) + static_cast<ptrdiff_t>(view.stride) * y;
+}
+
+/// Alpha is at least as much as each colour channel.
+uint32_t Premultiplied(uint32_t pixel) {
+    const uint32_t most =
+        std::max(std::max(pixel & 0xFF, pixel >> 8 & 0xFF), std::max(pixel >> 16 & 0xFF, pixel >> 24));
+    return (pixel & 0xFFFFFF) | most << 24;
+}
+
+void Premultiply(uint32_t *pixels, size_t count) {
+    uint32_t wrong = 0;
+    for (size_t i = 0; i < count; ++i) wrong |= pixels[i] ^ Premultiplied(pixels[i]);
+    // The shared palette, which is never wrong, can't be written.
+    for (size_t i = 0; wrong != 0 && i < count; ++i) pixels[i] = Premultiplied(pixels[i]);
+}
+
+void Premultiply(const SurfaceView &view) {
+    if (view.palette) Premultiply(reinterpret_cast<uint32_t *>(view.palette), view.paletteCount);
+    for (LONG y = 0; view.bitsPerPixel == 32 && y < view.height; ++y) {
+        Premultiply(reinterpret_cast<uint32_t *>(RowAt(view, y)), static_cast<size_t>(view.width));
+    }
+}
+
+}  // namespace
+
+bool IsLive(HGCANVAS canvas) {
+    DWORD filter = 0;
+    return GetCanvasFilter(canvas, &filter) != 0;
+}
+bool IsLive(HGBITMAP bitmap) {
+    DWORD filter = 0;
+    return GetBitmapFilter(bitmap, &filter) != 0;
+}
+bool IsLive(HGTEXTURE texture) {
+    DWORD filter = 0;
+    return GetTextureFilter(texture, &filter) != 0;
+}
+
+const void *PixelsOf(HBITMAP bitmap, SurfaceView &view) {
+    BITMAP described{};
+    if (!GetObjectW(bitmap, sizeof described, &described) || !described.bmBits) return nullptr;
+    view = {0,      described.bmWidth,     described.bmHeight, described.bmWidthBytes,
+            1,      described.bmBitsPixel, described.bmBits,   0,
+            nullptr};
+    return view.bits;
+}
+const void *PixelsOf(HDC dc, SurfaceView &view) {
+    return PixelsOf(static_cast<HBITMAP>(GetCurrentObject(dc, OBJ_BITMAP)), view);
+}
+const void *PixelsOf(HGCANVAS canvas, SurfaceView &view) {
+    SIZE size{};
+    if (!IsLive(canvas)) return nullptr;
+    if (!GetCanvasSize(canvas, &size)) return PixelsOf(GetCanvasHandle(canvas), view);
+    // Without a rectangle, origins play no part.
+    if (!LockCanvasBitsEx(canvas, &view, nullptr)) return nullptr;
+    UnlockCanvasBits(canvas);
+    return view.bits;
+}
+const void *PixelsOf(HGBITMAP bitmap, SurfaceView &view) {
+    if (!LockBitmapBitsEx(bitmap, &view, nullptr)) return nullptr;
+    UnlockBitmapBits(bitmap);
+    return view.bits;
+}
+const void *PixelsOf(HGTEXTURE texture, SurfaceView &view) {
+    if (!LockTextureBitsEx(texture, &view, nullptr)) return nullptr;
+    UnlockTextureBits(texture);
+    return view.bits;
+}
+
+World::World(const Rules &rulesToKeep) : rules(rulesToKeep) { SetStretchKernelMode(1); }
+World::~World() { Clear(); }
+
+template <class Handle>
+void World::Put(Handle handle, size_t place, Section section) {
+    Handle &kept = PoolOf<Handle>()[place];
+    if constexpr (kIsLibraryHandle<Handle>) {
+        // Objects whose handle is displaced live on until the end.
+        if constexpr (std::is_class_v<Handle>) {
+            received_.emplace_back(static_cast<DWORD>(handle.value), section);
+        } else {
+            received_.emplace_back(handle, Section::Lent);
+        }
+    } else if (section == Section::Own && IsLive(kept)) {
+        views.clear();
+        Delete(kept);
+    }
+    kept = handle;
+}
+template void World::Put(HGCANVAS, size_t, Section);
+template void World::Put(HGBITMAP, size_t, Section);
+template void World::Put(HGTEXTURE, size_t, Section);
+template void World::Put(DWORD, size_t, Section);
+template void World::Put(HDC, size_t, Section);
+template void World::Put(HBITMAP, size_t, Section);
+template void World::Put(HRGN, size_t, Section);
+template void World::Put(velPath *, size_t, Section);
+template void World::Put(velGradient *, size_t, Section);
+template void World::Put(velLottie *, size_t, Section);
+template void World::Put(velCanvas *, size_t, Section);
+template void World::Put(velBitmap *, size_t, Section);
+
+void *World::Buffer(size_t size) {
+    buffers_.emplace_back(new std::byte[size]());
+    return buffers_.back().get();
+}
+
+void World::PaintView(const SurfaceView &view, uint32_t seed) const {
+    enum { Noise, Solid, OpaqueNoise, TranslucentNoise };
+    uint64_t state = seed;
+    const unsigned style = seed % 4;
+    const auto word = static_cast<uint32_t>(NextRandom(state));
+    for (LONG y = 0; y < view.height; ++y) {
+        std::byte *row = RowAt(view, y);
+        size_t size = BytesInRow(view);
+        for (uint64_t next = word; size > 0; next >>= 32) {
+            if (style != Solid && next >> 32 == 0) next = NextRandom(state);
+            auto pixel = style == Solid ? word : static_cast<uint32_t>(next);
+            if (style == OpaqueNoise) pixel |= 0xFF000000;
+            if (style == TranslucentNoise) pixel &= 0x7F3F7F1F;
+            if (rules.comparable) pixel = Premultiplied(pixel);
+            const size_t part = std::min<size_t>(size, 4);
+            std::memcpy(row, &pixel, part);
+            row += part;
+            size -= part;
+        }
+    }
+    const bool isShared = view.paletteCount == 256 && view.palette && view.palette[1] == 0xFF010101;
+    for (DWORD i = 0; view.palette && !isShared && i < view.paletteCount; ++i) {
+        const auto entry = static_cast<uint32_t>(NextRandom(state));
+        view.palette[i] = rules.comparable ? Premultiplied(entry) : entry;
+    }
+}
+
+template <class Handle>
+void World::Paint(Handle handle, uint32_t seed) {
+    SurfaceView view{};
+    if (PixelsOf(handle, view)) PaintView(view, seed);
+}
+template void World::Paint(HGCANVAS, uint32_t);
+template void World::Paint(HGBITMAP, uint32_t);
+template void World::Paint(HGTEXTURE, uint32_t);
+template void World::Paint(HBITMAP, uint32_t);
+
+uint64_t World::PixelDigest() {
+    Digest all;
+    size_t place = 0;
+    const auto addAll = [&](const auto &pool) {
+        for (const auto &handle : pool) {
+            if (seen_.size() == place) seen_.push_back(0);
+            uint64_t &seen = seen_[place++];
+            SurfaceView view{};
+            Digest digest;
+            if (PixelsOf(handle, view)) {
+                digest.Add(static_cast<uint64_t>(view.width) << 32 | static_cast<uint32_t>(view.height));
+                for (LONG y = 0; y < view.height; ++y) digest.AddBytes(RowAt(view, y), BytesInRow(view));
+                if (view.palette) digest.AddBytes(view.palette, view.paletteCount * sizeof(DWORD));
+                if (digest.Value() != seen) Premultiply(view);
+            }
+            seen = digest.Value();
+            all.Add(seen);
+        }
+    };
+    addAll(PoolOf<HGCANVAS>());
+    addAll(PoolOf<HGBITMAP>());
+    addAll(PoolOf<HGTEXTURE>());
+    addAll(PoolOf<HBITMAP>());
+    addAll(PoolOf<HDC>());
+    return all.Value();
+}
+
+bool World::Clear() {
+    views.clear();
+    for (const auto &[handle, section] : received_) {
+        if (section == Section::Lent) e_DelHandleEntry(nullptr, handle);
+        const HGCANVAS canvas{handle};
+        const HGBITMAP bitmap{handle};
+        const HGTEXTURE texture{handle};
+        Delete(canvas);
+        Delete(bitmap);
+        Delete(texture);
+    }
+    const auto clear = [](auto &pool) {
+        for (size_t i = 0; i < pool.Count(Section::Own); ++i) {
+            if (IsLive(pool[i])) Delete(pool[i]);
+        }
+        pool = {};
+    };
+    std::apply([&](auto &...pools) { (clear(pools), ...); }, pools_);
+    buffers_.clear();
+
+    // An empty table gives its slots in order, from the first one or with the one freed last before the others.
+    DWORD last = 0;
+    for (const auto &[handle, section] : received_) last = std::max(last, handle & 0xFFFF);
+    received_.clear();
+    bool isEmpty = true;
+    std::vector<DWORD> entries;
+    for (DWORD i = 0; i <= last; ++i) entries.push_back(e_NewHandleEntry(nullptr, 9, this));
+    for (const DWORD entry : entries) isEmpty = isEmpty && (entry & 0xFFFF) >= 1 && (entry & 0xFFFF) <= last + 1;
+    // The first slot is the one freed last, and so the next program begins as this one did.
+    std::sort(entries.begin(), entries.end(), [](DWORD a, DWORD b) { return (a & 0xFFFF) > (b & 0xFFFF); });
+    for (const DWORD entry : entries) e_DelHandleEntry(nullptr, entry);
+    return isEmpty;
+}
+
+}  // namespace fuzz
