@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "pipeline/kernel_table.h"
+#include "pipeline/table/kernel_table.h"
 #include "ratio.h"
 
 namespace {

@@ -6,7 +6,7 @@
 #include <cstring>
 
 #include "core/surface_view.h"
-#include "pipeline/blit_dispatch.h"
+#include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
 

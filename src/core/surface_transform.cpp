@@ -6,8 +6,8 @@
 
 #include "core/surface_copy.h"
 #include "core/surface_view.h"
-#include "pipeline/lookahead.h"
-#include "pipeline/streaming.h"
+#include "pipeline/memory/lookahead.h"
+#include "pipeline/memory/streaming_sse2.h"
 #include "platform/simd.h"
 
 namespace lacquer {

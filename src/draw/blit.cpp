@@ -4,7 +4,7 @@
 
 #include "core/geometry.h"
 #include "core/locked.h"
-#include "pipeline/blit_dispatch.h"
+#include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
 

@@ -8,8 +8,8 @@
 #include "core/geometry.h"
 #include "core/locked.h"
 #include "core/surface_view.h"
-#include "pipeline/blit_dispatch.h"
-#include "pipeline/kernel_table.h"
+#include "pipeline/table/blit_dispatch.h"
+#include "pipeline/table/kernel_table.h"
 
 namespace lacquer {
 

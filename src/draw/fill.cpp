@@ -3,7 +3,7 @@
 #include "draw/fill.h"
 
 #include "core/locked.h"
-#include "pipeline/blit_dispatch.h"
+#include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
 

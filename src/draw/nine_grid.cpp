@@ -9,7 +9,7 @@
 #include "draw/blit.h"
 #include "draw/fill.h"
 #include "draw/pixel_read.h"
-#include "pipeline/blit_dispatch.h"
+#include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
 

@@ -7,7 +7,7 @@
 #include <cstdint>
 
 #include "core/surface_view.h"
-#include "pipeline/pixel.h"
+#include "pipeline/pixel/pixel.h"
 #include "platform/simd.h"
 
 namespace lacquer {

@@ -4,7 +4,7 @@
 
 #include "filters/box_blur.h"
 #include "filters/map_pixels.h"
-#include "pipeline/pixel.h"
+#include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
 

@@ -8,9 +8,9 @@
 #include <cstdint>
 
 #include "core/surface_view.h"
-#include "pipeline/change_run.h"
-#include "pipeline/grey_ramp.h"
-#include "pipeline/lookahead.h"
+#include "pipeline/combine/map_run_sse2.h"
+#include "pipeline/memory/lookahead.h"
+#include "pipeline/pixel/grey_ramp.h"
 
 namespace lacquer {
 

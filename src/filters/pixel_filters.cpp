@@ -7,8 +7,8 @@
 
 #include "core/surface_view.h"
 #include "filters/map_pixels.h"
-#include "pipeline/pixel.h"
-#include "pipeline/vector_pixels.h"
+#include "pipeline/pixel/pixel.h"
+#include "pipeline/pixel/pixel_sse2.h"
 
 namespace lacquer {
 

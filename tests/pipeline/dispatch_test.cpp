@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "pipeline/blit_dispatch.h"
+#include "pipeline/table/blit_dispatch.h"
 #include "row_check.h"
 
 namespace lacquer {

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "allocation_count.h"
-#include "pipeline/blit_dispatch.h"
+#include "pipeline/table/blit_dispatch.h"
 #include "row_check.h"
 
 namespace lacquer {

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "model.h"
-#include "pipeline/kernel_table.h"
+#include "pipeline/table/kernel_table.h"
 
 namespace lacquer {
 

@@ -6,7 +6,7 @@
 #include <array>
 #include <cmath>
 
-#include "pipeline/stretch.h"
+#include "pipeline/sample/stretch.h"
 #include "row_check.h"
 
 namespace lacquer {

@@ -6,8 +6,8 @@
 #include <tuple>
 #include <vector>
 
-#include "pipeline/grey_ramp.h"
-#include "pipeline/kernel_table.h"
+#include "pipeline/pixel/grey_ramp.h"
+#include "pipeline/table/kernel_table.h"
 
 namespace lacquer {
 namespace {

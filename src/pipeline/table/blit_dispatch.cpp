@@ -1,0 +1,143 @@
+// The selection rules of draws and fills.
+
+#include "pipeline/table/blit_dispatch.h"
+
+#include "pipeline/memory/draw_area.h"
+
+namespace lacquer {
+namespace {
+
+constexpr DWORD kColourBits = 0x00FFFFFF;
+constexpr DWORD kNearestMode = 0, kBicubicMode = 4, kAreaMode = 5;
+
+/// The rows of one combine rule: for equal sizes, and by kernel mode for a stretch.
+struct RowChoice {
+    Row same, nearest, bilinear, bicubic, area;
+
+    Row Stretching(DWORD kernelMode) const {
+        switch (kernelMode) {
+            case kNearestMode: return nearest;
+            case kBicubicMode: return bicubic;
+            case kAreaMode: return area;
+            default: return bilinear;
+        }
+    }
+};
+
+/// Behind, modulate and the colour key are sampled nearest whatever the kernel mode.
+constexpr RowChoice NearestOnly(Row same, Row stretched) { return {same, stretched, stretched, stretched, stretched}; }
+
+struct Rows {
+    RowChoice copy, over, constAlpha, behind, modulate, colorKey;
+};
+
+constexpr Rows kWholeRows = {
+    .copy = {Row::CopyRow, Row::StretchCopyRow, Row::FilterCopyRow, Row::BicubicCopyRow, Row::AreaCopyRow},
+    .over = {Row::OverRow, Row::StretchOverRow, Row::FilterOverRow, Row::BicubicOverRow, Row::FilterOverRow},
+    .constAlpha = {Row::ConstAlphaRow, Row::StretchConstAlphaRow, Row::FilterConstAlphaRow, Row::BicubicConstAlphaRow,
+                   Row::FilterConstAlphaRow},
+    .behind = NearestOnly(Row::BehindRow, Row::StretchBehindRow),
+    .modulate = NearestOnly(Row::ModulateRow, Row::StretchModulateRow),
+    .colorKey = NearestOnly(Row::ColorKeyRow, Row::StretchColorKeyRow),
+};
+
+/// A visible part of an unstretched draw is a whole draw of the matching part of the source; behind takes the
+/// stretching row for it, which samples equal sizes 1:1.
+constexpr Rows kPartRows = {
+    .copy = {Row::CopyRow, Row::SubRectCopyRow, Row::SubRectFilterCopyRow, Row::SubRectBicubicCopyRow,
+             Row::SubRectAreaCopyRow},
+    .over = {Row::OverRow, Row::SubRectOverRow, Row::SubRectFilterOverRow, Row::SubRectBicubicOverRow,
+             Row::SubRectFilterOverRow},
+    .constAlpha = {Row::ConstAlphaRow, Row::SubRectConstAlphaRow, Row::SubRectFilterConstAlphaRow,
+                   Row::SubRectBicubicConstAlphaRow, Row::SubRectFilterConstAlphaRow},
+    .behind = NearestOnly(Row::StretchBehindRow, Row::SubRectBehindRow),
+    .modulate = NearestOnly(Row::ModulateRow, Row::SubRectModulateRow),
+    .colorKey = NearestOnly(Row::ColorKeyRow, Row::SubRectColorKeyRow),
+};
+
+/// A 24-bit source has opaque pixels, and an opaque key. Pixels of other depths match only when they are transparent.
+DWORD KeyWord(const SurfaceView &source, DWORD modeWord) {
+    const DWORD colour = modeWord & kColourBits;
+    return source.bitsPerPixel == 24 ? colour | kOpaque : colour;
+}
+
+int Draw(const Rows &rows, bool sameSize, const SurfaceView &dest, const SurfaceView &source, DWORD modeWord,
+         BYTE alpha, RowArguments arguments) {
+    const auto call = [&](const RowChoice &choice) {
+        const Row row = sameSize ? choice.same : choice.Stretching(arguments.kernelMode);
+        return CallRow(Kernels(), row, &dest, &source, arguments);
+    };
+    const DrawMode mode = DrawModeOf(modeWord);
+    if (mode == DrawMode::Behind) return call(rows.behind);
+    if (mode == DrawMode::Modulate) return call(rows.modulate);
+    if (alpha == 0) return 1;
+    if (alpha < 255) {
+        arguments.parameter = alpha;
+        return call(rows.constAlpha);
+    }
+    if (mode == DrawMode::Over) return call(rows.over);
+    if (mode == DrawMode::ColorKey) {
+        // A filtered stretch of pixels with alpha has no key: it is drawn over.
+        const bool keyed = sameSize || source.bitsPerPixel == 24 || arguments.kernelMode == kNearestMode;
+        if (!keyed) return call(rows.over);
+        arguments.parameter = KeyWord(source, modeWord);
+        return call(rows.colorKey);
+    }
+    return call(rows.copy);
+}
+
+}  // namespace
+
+int BlitSameRect(const SurfaceView *dest, const SurfaceView *source, DWORD modeWord, DWORD kernelMode, BYTE alpha) {
+    if (!dest || !source) return 0;
+    const bool sameSize = source->width == dest->width && source->height == dest->height;
+    return Draw(kWholeRows, sameSize, *dest, *source, modeWord, alpha, {.kernelMode = kernelMode});
+}
+
+int BlitSubRect(const SurfaceView *dest, const SurfaceView *source, SIZE fullSize, POINT visibleOffset, DWORD modeWord,
+                DWORD kernelMode, BYTE alpha) {
+    if (!dest || !source) return 0;
+    const RowArguments arguments = {.kernelMode = kernelMode, .fullSize = fullSize, .visibleOffset = visibleOffset};
+    if (source->width != fullSize.cx || source->height != fullSize.cy) {
+        return Draw(kPartRows, false, *dest, *source, modeWord, alpha, arguments);
+    }
+    if (!CanDraw(*dest, *source, source->bitsPerPixel, {fullSize, visibleOffset})) return 1;
+    SurfaceView shown = *source;
+    shown.bits = RowOf(*source, visibleOffset.y) + ptrdiff_t{visibleOffset.x} * (source->bitsPerPixel / 8);
+    shown.width = dest->width;
+    shown.height = dest->height;
+    return Draw(kPartRows, true, *dest, shown, modeWord, alpha, arguments);
+}
+
+int FillView(const SurfaceView *dest, DWORD colour, DWORD modeWord) {
+    if (!dest) return 0;
+    const KernelTable &kernels = Kernels();
+    const uint32_t alpha = Alpha(colour);
+    const DrawMode mode = DrawModeOf(modeWord);
+    switch (mode) {
+        case DrawMode::Copy: return kernels.fillCopy(dest, colour);
+        case DrawMode::Modulate:
+        case DrawMode::FillOr:
+            // The shortcuts are those of modulation, for both modes: white changes nothing, and 0 clears.
+            if (colour == 0xFFFFFFFF) return 1;
+            if (colour == 0) return kernels.fillCopy(dest, 0);
+            return (mode == DrawMode::Modulate ? kernels.fillModulate : kernels.fillOr)(dest, colour);
+        case DrawMode::FillGreyTint: return alpha == 0 ? 1 : kernels.fillGreyTint(dest, colour);
+        case DrawMode::Behind: return kernels.fillBehind(dest, colour);
+        default:
+            if (alpha == 0) return 1;
+            return (alpha == 255 ? kernels.fillCopy : kernels.fillOver)(dest, colour);
+    }
+}
+
+void ConvertCopy(const SurfaceView &dest, const SurfaceView &source) {
+    CallRow(Kernels(), Row::CopyRow, &dest, &source, {});
+}
+
+void ResampleCopy(const SurfaceView &dest, const SurfaceView &source, DWORD kernelMode) {
+    BlitSameRect(&dest, &source, 0, kernelMode, 255);
+}
+
+void ForceOpaqueView(const SurfaceView &view) { Kernels().forceOpaque(&view, &view); }
+
+}  // namespace lacquer

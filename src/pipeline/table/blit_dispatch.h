@@ -1,0 +1,50 @@
+// From a draw's mode, kernel mode and alpha to the kernel that draws it. Works on locked views; clipping and locking
+// lie with the callers.
+#pragma once
+
+#include <lacquer/lacquer.h>
+
+#include "pipeline/table/kernel_table.h"
+
+namespace lacquer {
+
+/// The top byte of a mode word.
+enum class DrawMode : DWORD {
+    Copy = 0,
+    Over = 1,
+    ColorKey = 2,
+    Modulate = 3,
+    FillOr = 4,
+    FillGreyTint = 5,
+    Behind = 6
+};
+constexpr DrawMode DrawModeOf(DWORD modeWord) { return static_cast<DrawMode>(modeWord >> 24); }
+
+/// Draws `source` into all of `dest`, stretched when the sizes differ.
+/// `modeWord`: the draw mode in the top byte, the key colour of mode 2 below it.
+/// `kernelMode`: the sampler of a stretch: 0 nearest, 4 bicubic, 5 area for copies, any other bilinear.
+/// `alpha`: 255 for none; 0..254 is a constant alpha for every mode but 3 and 6.
+/// Result: 0 when a view is null, else 1, also when nothing is drawn: for alpha 0, for empty views, and for depths
+/// other than 32 (destination) and 8, 24 or 32 (source).
+int BlitSameRect(const SurfaceView *dest, const SurfaceView *source, DWORD modeWord, DWORD kernelMode, BYTE alpha);
+
+/// Draws the part of a draw that `dest` shows. `source`: the whole source rectangle. `fullSize`: of the whole
+/// destination rectangle, pixels. `visibleOffset`: of `dest` inside it. Each pixel is the one that the whole draw has
+/// there; a part that sticks out of the full size draws nothing. Otherwise as BlitSameRect.
+int BlitSubRect(const SurfaceView *dest, const SurfaceView *source, SIZE fullSize, POINT visibleOffset, DWORD modeWord,
+                DWORD kernelMode, BYTE alpha);
+
+/// Fills a view. `colour`: a premultiplied word 0xAARRGGBB. `modeWord`: only its top byte counts. Result: 0 for a null
+/// view, else 1, also for a view that is not 32-bit, which stays as it is.
+int FillView(const SurfaceView *dest, DWORD colour, DWORD modeWord);
+
+/// Copies the pixels of the common top-left part, converted from the source's depth.
+void ConvertCopy(const SurfaceView &dest, const SurfaceView &source);
+
+/// Copies the whole source into the whole destination, resampled when the sizes differ.
+void ResampleCopy(const SurfaceView &dest, const SurfaceView &source, DWORD kernelMode);
+
+/// Sets the alpha of every pixel to 255.
+void ForceOpaqueView(const SurfaceView &view);
+
+}  // namespace lacquer
