@@ -11,7 +11,7 @@ namespace lacquer {
 void Glow(const SurfaceView &object, const SurfaceView &scratch) {
     if (object.bitsPerPixel != 32) return;
     BoxBlur(scratch, object);
-    MapWords(scratch, scratch.width, [](uint32_t c) { return Alpha(c) != 0 ? 0xFFFFFFFF : c; });
+    MapWords(scratch, [](uint32_t c) { return Alpha(c) != 0 ? 0xFFFFFFFF : c; });
     BoxBlur(object, scratch);
     BoxBlur(scratch, object);
     BoxBlur(object, scratch);

@@ -9,7 +9,7 @@ namespace lacquer {
 namespace {
 
 /// Far enough for memory to answer, near enough to be in the cache still.
-constexpr int kPiecesAhead = 4;
+constexpr ptrdiff_t kPixelsAhead = 4 * Lookahead::kPiecePixels;
 
 }  // namespace
 
@@ -17,22 +17,32 @@ void PrefetchBytes(const BYTE *bytes, ptrdiff_t count) {
     for (ptrdiff_t i = 0; i < count; i += kCacheLineBytes) PrefetchLine(bytes + i);
 }
 
-Lookahead::Lookahead(const SurfaceView &view, ptrdiff_t length, ptrdiff_t count)
-    : run_(RowOf(view, 0)),
-      stride_(view.stride),
-      runBytes_(length * view.bitsPerPixel / 8),
-      pieceBytes_(kPiecePixels * view.bitsPerPixel / 8),
-      runsLeft_(Pays(view) ? count : 0) {
-    for (int i = 0; i < kPiecesAhead; ++i) Advance();
+void Lookahead::Begin(const SurfaceView &view, const Runs &runs, const Tiles &tiles) {
+    const ptrdiff_t pixelBytes = view.bitsPerPixel / 8;
+    piece_ = tile_ = RowOf(view, 0);
+    stride_ = view.stride;
+    lengthBytes_ = runs.length * pixelBytes;
+    columnBytes_ = tiles.columns * pixelBytes;
+    runsLeft_ = runs.count;
+    tileRuns_ = tiles.runs;
+    doneBytes_ = doneRuns_ = 0;
+    for (ptrdiff_t pixels = 0; pixels < kPixelsAhead; pixels += tiles.columns) Advance();
 }
 
 void Lookahead::FetchPiece() {
-    PrefetchBytes(run_ + done_, std::min(pieceBytes_, runBytes_ - done_));
-    done_ += pieceBytes_;
-    if (done_ < runBytes_) return;
-    done_ = 0;
-    run_ += stride_;
-    --runsLeft_;
+    PrefetchBytes(piece_, std::min(columnBytes_, lengthBytes_ - doneBytes_));
+    piece_ += stride_;
+    if (++doneRuns_ < std::min(tileRuns_, runsLeft_)) return;
+    // The next tile.
+    doneRuns_ = 0;
+    doneBytes_ += columnBytes_;
+    tile_ += columnBytes_;
+    if (doneBytes_ >= lengthBytes_) {
+        tile_ += tileRuns_ * stride_ - doneBytes_;
+        doneBytes_ = 0;
+        runsLeft_ -= tileRuns_;
+    }
+    piece_ = runsLeft_ > 0 ? tile_ : nullptr;
 }
 
 }  // namespace lacquer

@@ -4,16 +4,18 @@
 
 #include <array>
 
+#include "pipeline/pixel/pixel.h"
+
 namespace lacquer {
 namespace {
 
-constexpr std::array<DWORD, 256> MakeRamp() {
-    std::array<DWORD, 256> ramp{};
-    for (DWORD i = 0; i < 256; ++i) ramp[i] = 0xFF000000u | i * 0x010101u;
+constexpr std::array<DWORD, kGreyRampSize> MakeRamp() {
+    std::array<DWORD, kGreyRampSize> ramp{};
+    for (DWORD i = 0; i < kGreyRampSize; ++i) ramp[i] = kOpaque | Grey(i);
     return ramp;
 }
 
-constexpr std::array<DWORD, 256> kRamp = MakeRamp();
+constexpr std::array<DWORD, kGreyRampSize> kRamp = MakeRamp();
 
 }  // namespace
 

@@ -10,6 +10,7 @@
 namespace lacquer {
 
 inline constexpr uint32_t kOpaque = 0xFF000000u;
+inline constexpr uint32_t kColours = ~kOpaque;  ///< the channels beside alpha
 inline constexpr uint32_t kPair = 0x00FF00FFu;
 inline constexpr int kPixelBytes = 4;
 
@@ -57,5 +58,17 @@ constexpr uint32_t Multiply(uint32_t word, uint32_t factors) {
 constexpr uint32_t AddModulo(uint32_t a, uint32_t b) {
     return JoinLower(BlueRed(a) + BlueRed(b), GreenAlpha(a) + GreenAlpha(b));
 }
+
+/// The colours of one word with the alpha of another.
+constexpr uint32_t WithAlphaOf(uint32_t alpha, uint32_t colours) { return (alpha & kOpaque) | (colours & kColours); }
+
+/// Straight colours multiplied by their alpha: c × (A + 1) >> 8.
+constexpr uint32_t Premultiplied(uint32_t word) { return WithAlphaOf(word, Scale(word, Alpha(word) + 1)); }
+
+/// The grey level of a word: a quarter of B + 2 G + R, truncated.
+constexpr uint32_t GreyOf(uint32_t word) { return ((word & 0xFF) + 2 * (word >> 8 & 0xFF) + (word >> 16 & 0xFF)) >> 2; }
+
+/// A word with one level in its three colours, and no alpha.
+constexpr uint32_t Grey(uint32_t level) { return level * 0x010101u; }
 
 }  // namespace lacquer

@@ -2,14 +2,14 @@
 // red and alpha, of one word.
 #pragma once
 
+#include <emmintrin.h>
+
 #include "pipeline/pixel/pixel.h"
-#include "platform/simd.h"
 
-#ifdef LACQUER_SSE2
+namespace lacquer::sse2 {
 
-namespace lacquer {
-
-inline constexpr int kVectorPixels = 4;
+inline constexpr ptrdiff_t kRegisterPixels = 4;
+inline constexpr ptrdiff_t kRegisterBytes = kRegisterPixels * kPixelBytes;
 
 struct EightWords {
     __m128i first, second;
@@ -19,10 +19,16 @@ struct EightWords {
 inline __m128i LoadFour(const BYTE *pixels) { return _mm_loadu_si128(reinterpret_cast<const __m128i *>(pixels)); }
 inline void StoreFour(BYTE *pixels, __m128i words) { _mm_storeu_si128(reinterpret_cast<__m128i *>(pixels), words); }
 
+inline EightWords LoadEight(const BYTE *pixels) { return {LoadFour(pixels), LoadFour(pixels + kRegisterBytes)}; }
+inline void StoreEight(BYTE *pixels, const EightWords &words) {
+    StoreFour(pixels, words.first);
+    StoreFour(pixels + kRegisterBytes, words.second);
+}
+
 /// Stores the first `count` words, 1 to 4.
-inline void StoreSome(BYTE *pixels, __m128i words, int count) {
-    if (count >= kVectorPixels) return StoreFour(pixels, words);
-    BYTE buffer[kVectorPixels * kPixelBytes];
+inline void StoreSome(BYTE *pixels, __m128i words, ptrdiff_t count) {
+    if (count >= kRegisterPixels) return StoreFour(pixels, words);
+    BYTE buffer[kRegisterBytes];
     StoreFour(buffer, words);
     std::memcpy(pixels, buffer, static_cast<size_t>(count) * kPixelBytes);
 }
@@ -83,6 +89,20 @@ inline __m128i InverseAlpha(__m128i words) {
     return _mm_sub_epi16(EachLane(256), _mm_or_si128(alpha, _mm_slli_epi32(alpha, 16)));
 }
 
-}  // namespace lacquer
+/// The colours of each word of one register with the alphas of the other.
+inline __m128i WithAlphaOf(__m128i alpha, __m128i colours) {
+    return _mm_or_si128(_mm_and_si128(alpha, EachWord(kOpaque)), _mm_and_si128(colours, EachWord(kColours)));
+}
 
-#endif
+/// The alphas of eight words, in a lane each.
+inline __m128i AlphasOf(const EightWords &words) {
+    return _mm_packs_epi32(_mm_srli_epi32(words.first, 24), _mm_srli_epi32(words.second, 24));
+}
+
+/// ScaleFour of eight words, of which each has its factor in a lane.
+inline EightWords ScaleEight(const EightWords &words, __m128i factors) {
+    return {ScaleFour(words.first, _mm_unpacklo_epi16(factors, factors)),
+            ScaleFour(words.second, _mm_unpackhi_epi16(factors, factors))};
+}
+
+}  // namespace lacquer::sse2

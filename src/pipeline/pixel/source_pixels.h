@@ -21,6 +21,11 @@ public:
     Reader GetReader() const { return {}; }
 };
 
+/// The opaque word of three bytes.
+inline uint32_t LoadPacked(const BYTE *pixel) {
+    return kOpaque | uint32_t{pixel[2]} << 16 | uint32_t{pixel[1]} << 8 | pixel[0];
+}
+
 /// 24-bit pixels, bytes blue, green, red: always opaque.
 class PackedPixels {
 public:
@@ -30,10 +35,7 @@ public:
     explicit PackedPixels(const SurfaceView & /*view*/) {}
 
     struct Reader {
-        uint32_t operator()(const BYTE *row, ptrdiff_t column) const {
-            const BYTE *pixel = row + column * 3;
-            return kOpaque | uint32_t{pixel[2]} << 16 | uint32_t{pixel[1]} << 8 | pixel[0];
-        }
+        uint32_t operator()(const BYTE *row, ptrdiff_t column) const { return LoadPacked(row + column * 3); }
     };
     Reader GetReader() const { return {}; }
 };
@@ -64,5 +66,11 @@ private:
     const DWORD *palette_;
     DWORD completed_[kPaletteEntries];
 };
+
+/// Writes the words of `count` pixels; the row goes on for `available` pixels.
+template <class Reader>
+void ExpandPixels(BYTE *out, Reader read, const BYTE *pixels, ptrdiff_t count, ptrdiff_t /*available*/) {
+    for (ptrdiff_t i = 0; i < count; ++i) StorePixel(out + i * kPixelBytes, read(pixels, i));
+}
 
 }  // namespace lacquer

@@ -1,4 +1,4 @@
-// Fetching runs of 8- and 24-bit pixels without a loop over single ones.
+// Expanding runs of 8- and 24-bit pixels without a loop over single ones.
 #pragma once
 
 #include <algorithm>
@@ -7,9 +7,8 @@
 #include "pipeline/pixel/pixel_sse2.h"
 #include "pipeline/pixel/source_pixels.h"
 
-namespace lacquer {
+namespace lacquer::sse2 {
 
-#ifdef LACQUER_SSE2
 /// 24-bit pixels become words eight at a time. Registers loaded three bytes apart have the pixels 0 and 4, 1 and 5, 2
 /// and 6, 3 and 7 in their first and last words, each below a byte of the next pixel; alpha takes its place.
 namespace packed_eight {
@@ -22,7 +21,7 @@ inline void Expand(BYTE *out, const BYTE *in, __m128i threeAndSeven) {
     const __m128i zeroAndOne = PickWords<0, 3>(LoadFour(in), LoadFour(in + 3));
     const __m128i twoAndThree = PickWords<0, 3>(LoadFour(in + 6), threeAndSeven);
     StoreFour(out, _mm_or_si128(PickWords<0, 2>(zeroAndOne, twoAndThree), opaque));
-    StoreFour(out + kVectorPixels * kPixelBytes, _mm_or_si128(PickWords<1, 3>(zeroAndOne, twoAndThree), opaque));
+    StoreFour(out + kRegisterBytes, _mm_or_si128(PickWords<1, 3>(zeroAndOne, twoAndThree), opaque));
 }
 
 /// For pixels with another one behind them, of which a byte is read.
@@ -32,35 +31,28 @@ inline void ExpandInner(BYTE *out, const BYTE *in) { Expand(out, in, LoadFour(in
 inline void ExpandExactly(BYTE *out, const BYTE *in) { Expand(out, in, _mm_srli_si128(LoadFour(in + 8), 1)); }
 
 }  // namespace packed_eight
-#endif
 
-struct FetchFour {
-    /// As FetchEach::Fetch.
-    template <class Reader>
-    static void Fetch(BYTE *out, const Reader &read, const BYTE *row, ptrdiff_t first, ptrdiff_t count,
-                      ptrdiff_t width) {
-        ptrdiff_t i = 0;
-#ifdef LACQUER_SSE2
-        if constexpr (std::is_same_v<Reader, PackedPixels::Reader>) {
-            using packed_eight::kPixels;
-            const auto outAt = [=](ptrdiff_t pixel) { return out + pixel * kPixelBytes; };
-            const auto inAt = [=](ptrdiff_t pixel) { return row + (first + pixel) * 3; };
-            const ptrdiff_t inner = std::min(count, width - 1 - first);
-            for (; i + 2 * kPixels <= inner; i += 2 * kPixels) {
-                packed_eight::ExpandInner(outAt(i), inAt(i));
-                packed_eight::ExpandInner(outAt(i + kPixels), inAt(i + kPixels));
-            }
-            for (; i + kPixels <= count; i += kPixels) packed_eight::ExpandExactly(outAt(i), inAt(i));
-        } else {
-            for (; i + kVectorPixels <= count; i += kVectorPixels) {
-                const ptrdiff_t x = first + i;
-                StoreFour(out + i * kPixelBytes,
-                          FourWords(read(row, x), read(row, x + 1), read(row, x + 2), read(row, x + 3)));
-            }
+/// As the base tier's.
+template <class Reader>
+void ExpandPixels(BYTE *out, Reader read, const BYTE *pixels, ptrdiff_t count, ptrdiff_t available) {
+    ptrdiff_t i = 0;
+    if constexpr (std::is_same_v<Reader, PackedPixels::Reader>) {
+        using packed_eight::kPixels;
+        const auto outAt = [=](ptrdiff_t pixel) { return out + pixel * kPixelBytes; };
+        const auto inAt = [=](ptrdiff_t pixel) { return pixels + pixel * 3; };
+        const ptrdiff_t inner = std::min(count, available - 1);
+        for (; i + 2 * kPixels <= inner; i += 2 * kPixels) {
+            packed_eight::ExpandInner(outAt(i), inAt(i));
+            packed_eight::ExpandInner(outAt(i + kPixels), inAt(i + kPixels));
         }
-#endif
-        for (; i < count; ++i) StorePixel(out + i * kPixelBytes, read(row, first + i));
+        for (; i + kPixels <= count; i += kPixels) packed_eight::ExpandExactly(outAt(i), inAt(i));
+    } else {
+        for (; i + kRegisterPixels <= count; i += kRegisterPixels) {
+            StoreFour(out + i * kPixelBytes,
+                      FourWords(read(pixels, i), read(pixels, i + 1), read(pixels, i + 2), read(pixels, i + 3)));
+        }
     }
-};
+    for (; i < count; ++i) StorePixel(out + i * kPixelBytes, read(pixels, i));
+}
 
-}  // namespace lacquer
+}  // namespace lacquer::sse2

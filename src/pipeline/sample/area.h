@@ -60,6 +60,10 @@ class AreaFetch {
 public:
     using Pixels = Source;
 
+    static bool Suits(const SurfaceView &source, SIZE fullSize) {
+        return source.width >= fullSize.cx && source.height >= fullSize.cy;
+    }
+
     AreaFetch(const SurfaceView &source, SIZE fullSize)
         : source_(source),
           pixels_(source),
@@ -67,16 +71,17 @@ public:
           down_(CornerSteps(source.height, fullSize.cy)),
           isWide_(across_.step > kNarrowStep || down_.step > kNarrowStep) {}
 
-    void SetColumns(int64_t first, int count) {
-        for (int i = 0; i < count; ++i) columns_[i] = FootprintOf(across_, first + i);
+    void SetColumns(int64_t first, ptrdiff_t count) {
+        for (ptrdiff_t i = 0; i < count; ++i) columns_[i] = FootprintOf(across_, first + i);
     }
 
     void SetRow(int64_t row) { rows_ = FootprintOf(down_, row); }
 
-    void Read(BYTE *out, int count) const {
-        for (int i = 0; i < count; ++i) {
-            StorePixel(out + i * kPixelBytes, isWide_ ? Mean<uint64_t>(columns_[i]) : Mean<uint32_t>(columns_[i]));
+    const BYTE *Read(BYTE *buffer, ptrdiff_t count) const {
+        for (ptrdiff_t i = 0; i < count; ++i) {
+            StorePixel(buffer + i * kPixelBytes, isWide_ ? Mean<uint64_t>(columns_[i]) : Mean<uint32_t>(columns_[i]));
         }
+        return buffer;
     }
 
 private:
@@ -116,21 +121,6 @@ private:
     bool isWide_;
     Footprint rows_ = {};
     Footprint columns_[kBlockColumns];
-};
-
-/// Averages where the whole draw keeps or reduces both dimensions; otherwise samples as `Otherwise` does.
-template <class Area, class Otherwise>
-struct AreaOr {
-    using Pixels = typename Area::Pixels;
-
-    template <class Combine>
-    static void Draw(const SurfaceView &dest, const SurfaceView &source, const DrawArea &area, const Combine &combine) {
-        if (source.width >= area.fullSize.cx && source.height >= area.fullSize.cy) {
-            Stretched<Area>::Draw(dest, source, area, combine);
-        } else {
-            Stretched<Otherwise>::Draw(dest, source, area, combine);
-        }
-    }
 };
 
 }  // namespace lacquer

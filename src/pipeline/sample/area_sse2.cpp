@@ -2,13 +2,9 @@
 
 #include "pipeline/sample/area_sse2.h"
 
-#ifdef LACQUER_SSE2
-
-namespace lacquer {
+namespace lacquer::sse2 {
 
 namespace {
-
-constexpr ptrdiff_t kVectorBytes = kVectorPixels * kPixelBytes;
 
 /// Sums of lanes and of their upper bytes; that of the lower bytes follows from them, modulo 2^16.
 struct LaneSums {
@@ -34,28 +30,28 @@ __m128i SumsOfPairs(__m128i a, __m128i b) { return _mm_add_epi16(PickWords<0, 2>
 
 /// Four blocks that are two pixels wide.
 __m128i MeansOfTwoColumns(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
-    LaneSums a(pixels), b(pixels + kVectorBytes);
+    LaneSums a(pixels), b(pixels + kRegisterBytes);
     for (int y = 1; y < ratio.rows; ++y) {
         pixels += source.stride;
         a.Add(pixels);
-        b.Add(pixels + kVectorBytes);
+        b.Add(pixels + kRegisterBytes);
     }
     return MeansOf(SumsOfPairs(a.lanes, b.lanes), SumsOfPairs(a.upper, b.upper), EachLane(ratio.inverse));
 }
 
 /// Four blocks whose width is a multiple of 4 pixels.
-__m128i MeansOfVectors(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
+__m128i MeansOfRegisters(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
     const ptrdiff_t width = ptrdiff_t{ratio.columns} * kPixelBytes;
     LaneSums a(pixels), b(pixels + width), c(pixels + 2 * width), d(pixels + 3 * width);
     const auto addRow = [&](ptrdiff_t first) {
-        for (ptrdiff_t x = first; x < width; x += kVectorBytes) {
+        for (ptrdiff_t x = first; x < width; x += kRegisterBytes) {
             a.Add(pixels + x);
             b.Add(pixels + x + width);
             c.Add(pixels + x + 2 * width);
             d.Add(pixels + x + 3 * width);
         }
     };
-    addRow(kVectorBytes);
+    addRow(kRegisterBytes);
     for (int y = 1; y < ratio.rows; ++y) {
         pixels += source.stride;
         addRow(0);
@@ -91,8 +87,8 @@ __m128i MeansOfSixteen(const BYTE *pixels, const WordRows &source, const WholeRa
         const auto row = [&](ptrdiff_t y) { return LoadFour(top + y * source.stride); };
         return MeansOfBoth(MeansOfBoth(row(0), row(1)), MeansOfBoth(row(2), row(3)));
     };
-    const RoundedMeans a = columnMeans(pixels), b = columnMeans(pixels + kVectorBytes);
-    const RoundedMeans c = columnMeans(pixels + 2 * kVectorBytes), d = columnMeans(pixels + 3 * kVectorBytes);
+    const RoundedMeans a = columnMeans(pixels), b = columnMeans(pixels + kRegisterBytes);
+    const RoundedMeans c = columnMeans(pixels + 2 * kRegisterBytes), d = columnMeans(pixels + 3 * kRegisterBytes);
     const RoundedMeans all = MeansOfPairs(MeansOfPairs(a, b), MeansOfPairs(c, d));
     const __m128i excess = _mm_sub_epi8(all.means, _mm_srli_epi16(all.sums, 4));
     return _mm_sub_epi8(all.means, _mm_and_si128(excess, _mm_set1_epi8(15)));
@@ -107,7 +103,7 @@ uint32_t MeanOfBlock(const BYTE *pixels, const WordRows &source, const WholeRati
     __m128i sums = zero;
     for (int y = 0; y < ratio.rows; ++y, pixels += source.stride) {
         ptrdiff_t x = 0;
-        for (; x + kVectorBytes <= width; x += kVectorBytes) {
+        for (; x + kRegisterBytes <= width; x += kRegisterBytes) {
             const __m128i words = LoadFour(pixels + x);
             sums = _mm_add_epi16(sums, _mm_add_epi16(_mm_unpacklo_epi8(words, zero), _mm_unpackhi_epi8(words, zero)));
         }
@@ -193,7 +189,8 @@ private:
 
 }  // namespace
 
-WholeRatio::WholeRatio(const Steps &across, const Steps &down) {
+WholeRatio::WholeRatio(const SurfaceView &source, SIZE fullSize) {
+    const Steps across = CornerSteps(source.width, fullSize.cx), down = CornerSteps(source.height, fullSize.cy);
     const int64_t wholeColumns = across.step >> 16, wholeRows = down.step >> 16;
     const bool isWhole = across.step == wholeColumns << 16 && down.step == wholeRows << 16;
     if (!isWhole || wholeColumns > kLongestFootprint || wholeRows > kLongestFootprint) return;
@@ -211,13 +208,13 @@ void MeansOfBlocks(BYTE *out, ptrdiff_t count, const WordRows &source, const Who
     const ptrdiff_t width = ptrdiff_t{ratio.columns} * kPixelBytes;
     const BYTE *pixels = source.pixels;
     const auto forEachFour = [&](const auto &means) {
-        for (; count >= kVectorPixels; count -= kVectorPixels, pixels += kVectorPixels * width, out += kVectorBytes) {
+        for (; count >= kRegisterPixels; count -= kRegisterPixels, pixels += kRegisterPixels * width, out += kRegisterBytes) {
             StoreFour(out, means(pixels, source, ratio));
         }
     };
     if (ratio.columns == 2) forEachFour(MeansOfTwoColumns);
-    if (ratio.columns == kVectorPixels && ratio.rows == kVectorPixels) forEachFour(MeansOfSixteen);
-    if (ratio.columns % kVectorPixels == 0) forEachFour(MeansOfVectors);
+    if (ratio.columns == 4 && ratio.rows == 4) forEachFour(MeansOfSixteen);
+    if (ratio.columns % kRegisterPixels == 0) forEachFour(MeansOfRegisters);
     for (; count > 0; --count, pixels += width, out += kPixelBytes) StorePixel(out, MeanOfBlock(pixels, source, ratio));
 }
 
@@ -234,6 +231,4 @@ void MeansOfFootprints(BYTE *out, ptrdiff_t count, const WordRows &source, const
     }
 }
 
-}  // namespace lacquer
-
-#endif
+}  // namespace lacquer::sse2

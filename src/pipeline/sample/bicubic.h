@@ -56,8 +56,8 @@ public:
           across_(CentredSteps(source.width, fullSize.cx)),
           down_(CentredSteps(source.height, fullSize.cy)) {}
 
-    void SetColumns(int64_t first, int count) {
-        for (int i = 0; i < count; ++i) columns_[i] = CubicTapsAt<Weights>(across_.At(first + i), source_.width);
+    void SetColumns(int64_t first, ptrdiff_t count) {
+        for (ptrdiff_t i = 0; i < count; ++i) columns_[i] = CubicTapsAt<Weights>(across_.At(first + i), source_.width);
     }
 
     void SetRow(int64_t row) {
@@ -68,8 +68,9 @@ public:
         }
     }
 
-    void Read(BYTE *out, int count) const {
-        for (int i = 0; i < count; ++i) StorePixel(out + i * kPixelBytes, Mix(columns_[i]));
+    const BYTE *Read(BYTE *buffer, ptrdiff_t count) const {
+        for (ptrdiff_t i = 0; i < count; ++i) StorePixel(buffer + i * kPixelBytes, Mix(columns_[i]));
+        return buffer;
     }
 
 private:

@@ -5,25 +5,23 @@
 #include "pipeline/pixel/pixel_sse2.h"
 #include "pipeline/sample/bicubic.h"
 
-#ifdef LACQUER_SSE2
-
-namespace lacquer {
+namespace lacquer::sse2 {
 
 template <class Source>
-class VectorBicubicFetch {
+class BicubicFetch {
 public:
     using Pixels = Source;
 
-    VectorBicubicFetch(const SurfaceView &source, SIZE fullSize)
+    BicubicFetch(const SurfaceView &source, SIZE fullSize)
         : source_(source),
           pixels_(source),
           across_(CentredSteps(source.width, fullSize.cx)),
           down_(CentredSteps(source.height, fullSize.cy)) {}
 
-    void SetColumns(int64_t first, int count) {
-        columns_ = (count + kVectorPixels - 1) & ~(kVectorPixels - 1);
-        for (int i = 0; i < columns_; ++i) {
-            // The columns that fill up the last vector repeat the last one.
+    void SetColumns(int64_t first, ptrdiff_t count) {
+        columns_ = (count + kRegisterPixels - 1) & -kRegisterPixels;
+        for (ptrdiff_t i = 0; i < columns_; ++i) {
+            // The columns that fill up the last register repeat the last one.
             const CubicTaps taps = CubicTapsAt<WeightsQ14>(across_.At(first + std::min(i, count - 1)), source_.width);
             std::memcpy(taps_[i].index, taps.index, sizeof taps.index);
             taps_[i].inside = taps.index[3] == taps.index[0] + 3 && IsReadable(taps.index[0]);
@@ -38,22 +36,23 @@ public:
         rowWeights_ = PairedWeights(taps);
     }
 
-    void Read(BYTE *out, int count) const {
+    const BYTE *Read(BYTE *buffer, ptrdiff_t count) const {
         const __m128i upper = rowWeights_.first, lower = rowWeights_.second;
         const __m128i half = _mm_set1_epi32(1 << 19), opaque = EachWord(Source::kIsOpaque ? kOpaque : 0);
         const auto channels = [&](__m128i first, __m128i second) {
             const __m128i sum = _mm_add_epi32(_mm_madd_epi16(first, upper), _mm_madd_epi16(second, lower));
             return _mm_srai_epi32(_mm_add_epi32(sum, half), 20);
         };
-        const auto twoPixels = [&](int i) {
+        const auto twoPixels = [&](ptrdiff_t i) {
             const __m128i a = rows_[0][i], b = rows_[1][i], c = rows_[2][i], d = rows_[3][i];
             return _mm_packs_epi32(channels(_mm_unpacklo_epi16(a, b), _mm_unpacklo_epi16(c, d)),
                                    channels(_mm_unpackhi_epi16(a, b), _mm_unpackhi_epi16(c, d)));
         };
-        for (int i = 0; i < count; i += kVectorPixels) {
+        for (ptrdiff_t i = 0; i < count; i += kRegisterPixels) {
             const __m128i words = _mm_packus_epi16(twoPixels(i / 2), twoPixels(i / 2 + 1));
-            StoreSome(out + i * kPixelBytes, _mm_or_si128(words, opaque), count - i);
+            StoreSome(buffer + i * kPixelBytes, _mm_or_si128(words, opaque), count - i);
         }
+        return buffer;
     }
 
 private:
@@ -87,7 +86,7 @@ private:
         if (line.row == row) return line;
         line.row = row;
         const BYTE *const pixels = RowOf(source_, row);
-        for (int i = 0; i < columns_; i += 2) {
+        for (ptrdiff_t i = 0; i < columns_; i += 2) {
             line.sums[i / 2] = _mm_packs_epi32(SumTaps(pixels, taps_[i]), SumTaps(pixels, taps_[i + 1]));
         }
         return line;
@@ -95,7 +94,7 @@ private:
 
     bool IsReadable(ptrdiff_t column) const {
         constexpr ptrdiff_t kBytes = Source::kBitsPerPixel / 8;
-        return column * kBytes + kVectorPixels * kPixelBytes <= source_.width * kBytes;
+        return column * kBytes + kRegisterBytes <= source_.width * kBytes;
     }
 
     /// Channels in pairs: those of the first pixel beside those of the second, the third beside the fourth.
@@ -121,7 +120,7 @@ private:
                                 read(pixels, taps.index[3])));
     }
 
-    /// WeightsQ14::FinishSum of the row's four taps, for each channel.
+    /// WeightsQ14::FinishRow of the row's four taps, for each channel.
     __m128i SumTaps(const BYTE *pixels, const Taps &taps) const {
         const __m128i zero = _mm_setzero_si128(), pairs = PairsOf(pixels, taps);
         const __m128i sum = _mm_add_epi32(_mm_madd_epi16(_mm_unpacklo_epi8(pairs, zero), taps.weights.first),
@@ -132,13 +131,11 @@ private:
     const SurfaceView &source_;
     Source pixels_;
     Steps across_, down_;
-    int columns_ = 0;
+    ptrdiff_t columns_ = 0;
     Taps taps_[kBlockColumns];
     Line lines_[4];
     const __m128i *rows_[4] = {};
     WeightPairs rowWeights_ = {};
 };
 
-}  // namespace lacquer
-
-#endif
+}  // namespace lacquer::sse2

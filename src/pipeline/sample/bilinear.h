@@ -37,8 +37,8 @@ public:
           across_(CentredSteps(source.width, fullSize.cx)),
           down_(CentredSteps(source.height, fullSize.cy)) {}
 
-    void SetColumns(int64_t first, int count) {
-        for (int i = 0; i < count; ++i) columns_[i] = LinearTapsAt(across_.At(first + i), source_.width);
+    void SetColumns(int64_t first, ptrdiff_t count) {
+        for (ptrdiff_t i = 0; i < count; ++i) columns_[i] = LinearTapsAt(across_.At(first + i), source_.width);
     }
 
     void SetRow(int64_t row) {
@@ -48,17 +48,18 @@ public:
         fraction_ = static_cast<uint32_t>(taps.fraction);
     }
 
-    void Read(BYTE *out, int count) const {
+    const BYTE *Read(BYTE *buffer, ptrdiff_t count) const {
         const auto read = pixels_.GetReader();
         const BYTE *const top = nearRow_;
         const BYTE *const bottom = farRow_;
         const uint32_t fy = fraction_;
-        for (int i = 0; i < count; ++i) {
+        for (ptrdiff_t i = 0; i < count; ++i) {
             const LinearTaps taps = columns_[i];
-            StorePixel(out + i * kPixelBytes,
+            StorePixel(buffer + i * kPixelBytes,
                        MixFour(read(top, taps.nearIndex), read(top, taps.farIndex), read(bottom, taps.nearIndex),
                                read(bottom, taps.farIndex), static_cast<uint32_t>(taps.fraction), fy));
         }
+        return buffer;
     }
 
 private:

@@ -12,99 +12,64 @@
 #include "pipeline/pixel/pixel_sse2.h"
 #include "pipeline/sample/bilinear.h"
 
-#ifdef LACQUER_SSE2
+namespace lacquer::sse2 {
 
-namespace lacquer {
-
+/// Where the columns of a block find their taps.
 template <class Source>
-class VectorBilinearFetch {
+class BilinearColumns {
 public:
-    using Pixels = Source;
-
-    VectorBilinearFetch(const SurfaceView &source, SIZE fullSize)
-        : source_(source),
-          pixels_(source),
-          across_(CentredSteps(source.width, fullSize.cx)),
-          down_(CentredSteps(source.height, fullSize.cy)),
-          prepares_(down_.step < kDirectStep) {}
-
-    void SetColumns(int64_t first, int count) {
-        columns_ = count;
-        for (int i = 0; i < count; ++i) {
-            const LinearTaps taps = LinearTapsAt(across_.At(first + i), source_.width);
-            near_[i] = static_cast<int>(taps.nearIndex * kSourceBytes);
-            // One pixel that is both taps needs no weight for the second.
-            fractions_[i] = taps.farIndex == taps.nearIndex ? 0 : static_cast<uint32_t>(taps.fraction) * kBothLanes;
-        }
-        // The columns that fill up the last vector repeat the last one.
-        for (int i = count; i % kVectorPixels != 0; ++i) {
-            near_[i] = near_[count - 1];
-            fractions_[i] = fractions_[count - 1];
-        }
-        inside_ = std::upper_bound(near_, near_ + count, source_.width * kSourceBytes - kTapBytes) - near_;
-        lines_[0].row = lines_[1].row = -1;
-    }
-
-    void SetRow(int64_t row) {
-        if (prepares_) {
-            taps_ = LinearTapsAt(down_.At(row), source_.height);
-            top_ = &LineOf(taps_.nearIndex);
-            bottom_ = &LineOf(taps_.farIndex);
-            if (top_->row != taps_.nearIndex)
-                Prepare(*top_, taps_.nearIndex, [](ptrdiff_t, const FourColumns &, int) {});
-        } else {
-            rows_ = row == nextRow_ ? next_ : RowsAt(row);
-            nextRow_ = row + 1;
-            next_ = RowsAt(nextRow_);
-        }
-    }
-
-    void Read(BYTE *out, int count) {
-        if (!prepares_) {
-            ReadDirectly(out, count);
-        } else if (bottom_->row == taps_.farIndex) {
-            ReadPrepared(out, count);
-        } else {
-            ReadPreparing(out);
-        }
-    }
-
-private:
-    /// From this vertical step on, preparing rows costs more than it saves.
-    static constexpr int64_t kDirectStep = 1 << 16;
-    static constexpr uint32_t kBothLanes = 0x00010001;
-    static constexpr ptrdiff_t kSourceBytes = Source::kBitsPerPixel / 8;
-    /// What TapsInside reads.
-    static constexpr ptrdiff_t kTapBytes = Source::kBitsPerPixel == 8 ? 2 : 8;
-
-    /// The source rows of a destination row, and fy.
-    struct Rows {
-        const BYTE *top, *bottom;
-        uint32_t fraction;
-    };
-
-    /// One source row at four columns, two channels of each: P, E and 256 P + fx E.
-    struct Channels {
-        __m128i nearPixels, steps, blends;
-    };
-
-    struct FourColumns {
-        Channels blueRed, greenAlpha;
-    };
-
-    struct Line {
-        int row;
-        FourColumns columns[kBlockColumns / kVectorPixels];
-    };
-
     /// The near and the far words of four columns.
     struct FourTaps {
         __m128i nearWords, farWords;
     };
 
+    BilinearColumns(const SurfaceView &source, SIZE fullSize)
+        : width_(source.width), pixels_(source), across_(CentredSteps(source.width, fullSize.cx)) {}
+
+    void Set(int64_t first, ptrdiff_t count) {
+        for (ptrdiff_t i = 0; i < count; ++i) {
+            const LinearTaps taps = LinearTapsAt(across_.At(first + i), width_);
+            near_[i] = static_cast<int>(taps.nearIndex * kSourceBytes);
+            // One pixel that is both taps needs no weight for the second.
+            fractions_[i] = taps.farIndex == taps.nearIndex ? 0 : static_cast<uint32_t>(taps.fraction) * kBothLanes;
+        }
+        // The columns that fill up the last register repeat the last one.
+        for (ptrdiff_t i = count; i % kRegisterPixels != 0; ++i) {
+            near_[i] = near_[count - 1];
+            fractions_[i] = fractions_[count - 1];
+        }
+        inside_ = std::upper_bound(near_, near_ + count, width_ * kSourceBytes - kTapBytes) - near_;
+    }
+
+    /// fx in both lanes of four columns.
+    __m128i FractionsAt(ptrdiff_t i) const { return _mm_load_si128(reinterpret_cast<const __m128i *>(fractions_ + i)); }
+
+    void PrefetchAt(const BYTE *pixels, ptrdiff_t i) const { PrefetchLine(pixels + near_[i]); }
+
+    /// Calls work(taps, i, left) for the block's first `count` columns, four at a time; taps(row, i) gives their taps,
+    /// `left` says how many columns are left where fewer than four are.
+    template <class Prefetch, class Work>
+    void ForEachFour(ptrdiff_t count, const Prefetch &prefetch, const Work &work) const {
+        const auto inside = [this](const BYTE *pixels, ptrdiff_t i) { return TapsInside(pixels, i); };
+        const auto anywhere = [this](const BYTE *pixels, ptrdiff_t i) { return Taps(pixels, i); };
+        const ptrdiff_t end = std::min(inside_, count);
+        ptrdiff_t i = 0;
+        for (; i + kRegisterPixels <= end; i += kRegisterPixels) {
+            prefetch(i);
+            work(inside, i, kRegisterPixels);
+        }
+        for (; i < count; i += kRegisterPixels) work(anywhere, i, count - i);
+    }
+
+private:
+    static constexpr uint32_t kBothLanes = 0x00010001;
+    static constexpr ptrdiff_t kSourceBytes = Source::kBitsPerPixel / 8;
+    /// What TapsInside reads.
+    static constexpr ptrdiff_t kTapBytes = Source::kBitsPerPixel == 8 ? 2 : 8;
+
     /// The pixels of the four columns from i on, and those that follow them; at the row's end the last one twice.
     FourTaps Taps(const BYTE *pixels, ptrdiff_t i) const {
-        const ptrdiff_t last = (source_.width - 1) * kSourceBytes;
+        const ptrdiff_t last = (width_ - 1) * kSourceBytes;
         return TapsOf(pixels, i, [last](ptrdiff_t pixel) { return std::min(pixel + kSourceBytes, last); });
     }
 
@@ -142,10 +107,64 @@ private:
         return _mm_castps_si128(_mm_loadh_pi(first, reinterpret_cast<const __m64 *>(b)));
     }
 
-    /// fx in both lanes of four columns.
-    __m128i FractionsAt(ptrdiff_t i) const { return _mm_load_si128(reinterpret_cast<const __m128i *>(fractions_ + i)); }
+    int width_;
+    Source pixels_;
+    Steps across_;
+    ptrdiff_t inside_ = 0;                           ///< the leading columns where TapsInside may be used
+    int near_[kBlockColumns];                        ///< the byte of the near pixel in its row
+    alignas(16) uint32_t fractions_[kBlockColumns];  ///< fx in both lanes
+};
 
-    void PrefetchAt(const BYTE *pixels, ptrdiff_t i) const { PrefetchLine(pixels + near_[i]); }
+/// The way with prepared rows.
+template <class Source>
+class PreparedBilinearFetch {
+public:
+    using Pixels = Source;
+
+    /// For larger vertical steps, preparing rows costs more than it saves.
+    static bool Suits(const SurfaceView &source, SIZE fullSize) {
+        return CentredSteps(source.height, fullSize.cy).step < 1 << 16;
+    }
+
+    PreparedBilinearFetch(const SurfaceView &source, SIZE fullSize)
+        : source_(source), columns_(source, fullSize), down_(CentredSteps(source.height, fullSize.cy)) {}
+
+    void SetColumns(int64_t first, ptrdiff_t count) {
+        columns_.Set(first, count);
+        count_ = count;
+        lines_[0].row = lines_[1].row = -1;
+    }
+
+    void SetRow(int64_t row) {
+        taps_ = LinearTapsAt(down_.At(row), source_.height);
+        top_ = &LineOf(taps_.nearIndex);
+        bottom_ = &LineOf(taps_.farIndex);
+        if (top_->row != taps_.nearIndex) Prepare(*top_, taps_.nearIndex, [](ptrdiff_t, const FourColumns &, ptrdiff_t) {});
+    }
+
+    const BYTE *Read(BYTE *buffer, ptrdiff_t count) {
+        if (bottom_->row == taps_.farIndex) {
+            ReadPrepared(buffer, count);
+        } else {
+            ReadPreparing(buffer);
+        }
+        return buffer;
+    }
+
+private:
+    /// One source row at four columns, two channels of each: P, E and 256 P + fx E.
+    struct Channels {
+        __m128i nearPixels, steps, blends;
+    };
+
+    struct FourColumns {
+        Channels blueRed, greenAlpha;
+    };
+
+    struct Line {
+        int row;
+        FourColumns columns[kBlockColumns / kRegisterPixels];
+    };
 
     /// The two rows that a destination row needs are neighbours, so they have a line each.
     Line &LineOf(int row) { return lines_[row & 1]; }
@@ -157,10 +176,10 @@ private:
         const BYTE *const pixels = RowOf(source_, row);
         const BYTE *const next = RowOf(source_, std::min<int64_t>(row + 1, source_.height - 1));
         FourColumns *prepared = line.columns;
-        ForEachFour(
-            columns_, [&](ptrdiff_t i) { PrefetchAt(next, i); },
-            [&](const auto &taps, ptrdiff_t i, int left) {
-                const __m128i fx = FractionsAt(i);
+        columns_.ForEachFour(
+            count_, [&](ptrdiff_t i) { columns_.PrefetchAt(next, i); },
+            [&](const auto &taps, ptrdiff_t i, ptrdiff_t left) {
+                const __m128i fx = columns_.FractionsAt(i);
                 const auto prepare = [&](__m128i nearPixels, __m128i farPixels) -> Channels {
                     const __m128i steps = _mm_sub_epi16(farPixels, nearPixels);
                     return {nearPixels, steps,
@@ -198,39 +217,60 @@ private:
     void ReadPreparing(BYTE *out) {
         const Mean mean(static_cast<uint32_t>(taps_.fraction));
         const FourColumns *top = top_->columns;
-        Prepare(*bottom_, taps_.farIndex, [&](ptrdiff_t i, const FourColumns &below, int left) {
-            StoreSome(out + i * kPixelBytes, mean(*top++, below, FractionsAt(i)), left);
+        Prepare(*bottom_, taps_.farIndex, [&](ptrdiff_t i, const FourColumns &below, ptrdiff_t left) {
+            StoreSome(out + i * kPixelBytes, mean(*top++, below, columns_.FractionsAt(i)), left);
         });
     }
 
-    void ReadPrepared(BYTE *out, int count) const {
+    void ReadPrepared(BYTE *out, ptrdiff_t count) const {
         const Mean mean(static_cast<uint32_t>(taps_.fraction));
         const FourColumns *top = top_->columns, *bottom = bottom_->columns;
         ptrdiff_t i = 0;
-        for (; i + kVectorPixels <= count; i += kVectorPixels)
-            StoreFour(out + i * kPixelBytes, mean(*top++, *bottom++, FractionsAt(i)));
+        for (; i + kRegisterPixels <= count; i += kRegisterPixels)
+            StoreFour(out + i * kPixelBytes, mean(*top++, *bottom++, columns_.FractionsAt(i)));
         if (i < count)
-            StoreSome(out + i * kPixelBytes, mean(*top, *bottom, FractionsAt(i)), static_cast<int>(count - i));
+            StoreSome(out + i * kPixelBytes, mean(*top, *bottom, columns_.FractionsAt(i)), count - i);
     }
 
-    Rows RowsAt(int64_t row) const {
-        const LinearTaps taps = LinearTapsAt(down_.At(row), source_.height);
-        return {RowOf(source_, taps.nearIndex), RowOf(source_, taps.farIndex), static_cast<uint32_t>(taps.fraction)};
+    const SurfaceView &source_;
+    BilinearColumns<Source> columns_;
+    Steps down_;
+    ptrdiff_t count_ = 0;
+    LinearTaps taps_{};
+    Line lines_[2];
+    Line *top_ = nullptr, *bottom_ = nullptr;
+};
+
+/// The direct way.
+template <class Source>
+class DirectBilinearFetch {
+public:
+    using Pixels = Source;
+
+    DirectBilinearFetch(const SurfaceView &source, SIZE fullSize)
+        : source_(source), columns_(source, fullSize), down_(CentredSteps(source.height, fullSize.cy)) {}
+
+    void SetColumns(int64_t first, ptrdiff_t count) { columns_.Set(first, count); }
+
+    void SetRow(int64_t row) {
+        rows_ = row == nextRow_ ? next_ : RowsAt(row);
+        nextRow_ = row + 1;
+        next_ = RowsAt(nextRow_);
     }
 
-    void ReadDirectly(BYTE *out, int count) const {
+    const BYTE *Read(BYTE *buffer, ptrdiff_t count) const {
         const uint32_t fraction = rows_.fraction;
         const __m128i fy = EachLane(fraction), upperFy = EachLane(fraction << 8), upper = EachLane(256 - fraction);
         const Rows rows = rows_, next = next_;
-        ForEachFour(
+        columns_.ForEachFour(
             count,
             [&](ptrdiff_t i) {
-                PrefetchAt(next.top, i);
-                PrefetchAt(next.bottom, i);
+                columns_.PrefetchAt(next.top, i);
+                columns_.PrefetchAt(next.bottom, i);
             },
-            [&](const auto &taps, ptrdiff_t i, int left) {
+            [&](const auto &taps, ptrdiff_t i, ptrdiff_t left) {
                 // The middle weights negated: the fewest steps from w11 to all four.
-                const __m128i fx = FractionsAt(i), w11 = _mm_mulhi_epu16(fx, upperFy);
+                const __m128i fx = columns_.FractionsAt(i), w11 = _mm_mulhi_epu16(fx, upperFy);
                 const __m128i minus01 = _mm_sub_epi16(w11, fx), minus10 = _mm_sub_epi16(w11, fy);
                 const __m128i w00 = _mm_add_epi16(minus01, upper);
                 const auto sum = [&](__m128i p00, __m128i p01, __m128i p10, __m128i p11) {
@@ -243,41 +283,28 @@ private:
                 // A whole lane is 256 × its upper byte + its lower byte; so is the sum, modulo 2^16, and no byte needs
                 // a mask.
                 const __m128i blueRed = _mm_sub_epi16(sum(p00, p01, p10, p11), _mm_slli_epi16(greenAlpha, 8));
-                StoreSome(out + i * kPixelBytes, JoinUpperBytes(blueRed, greenAlpha), left);
+                StoreSome(buffer + i * kPixelBytes, JoinUpperBytes(blueRed, greenAlpha), left);
             });
+        return buffer;
     }
 
-    /// Calls work(taps, i, left) for the block's first `count` columns, four at a time; `taps` gives their taps,
-    /// `left` says how many columns are left where fewer than four are.
-    template <class Prefetch, class Work>
-    void ForEachFour(ptrdiff_t count, const Prefetch &prefetch, const Work &work) const {
-        const auto inside = [this](const BYTE *pixels, ptrdiff_t i) { return TapsInside(pixels, i); };
-        const auto anywhere = [this](const BYTE *pixels, ptrdiff_t i) { return Taps(pixels, i); };
-        const ptrdiff_t end = std::min(inside_, count);
-        ptrdiff_t i = 0;
-        for (; i + kVectorPixels <= end; i += kVectorPixels) {
-            prefetch(i);
-            work(inside, i, kVectorPixels);
-        }
-        for (; i < count; i += kVectorPixels) work(anywhere, i, static_cast<int>(count - i));
+private:
+    /// The source rows of a destination row, and fy.
+    struct Rows {
+        const BYTE *top, *bottom;
+        uint32_t fraction;
+    };
+
+    Rows RowsAt(int64_t row) const {
+        const LinearTaps taps = LinearTapsAt(down_.At(row), source_.height);
+        return {RowOf(source_, taps.nearIndex), RowOf(source_, taps.farIndex), static_cast<uint32_t>(taps.fraction)};
     }
 
     const SurfaceView &source_;
-    Source pixels_;
-    Steps across_, down_;
-    bool prepares_;
-    ptrdiff_t columns_ = 0, inside_ = 0;             ///< inside: the leading columns where TapsInside may be used
-    int near_[kBlockColumns];                        ///< the byte of the near pixel in its row
-    alignas(16) uint32_t fractions_[kBlockColumns];  ///< fx in both lanes
-    // The way with prepared rows.
-    LinearTaps taps_{};
-    Line lines_[2];
-    Line *top_ = nullptr, *bottom_ = nullptr;
-    // The direct way.
+    BilinearColumns<Source> columns_;
+    Steps down_;
     Rows rows_{}, next_{};  ///< of this destination row and of the one below it
     int64_t nextRow_ = -1;
 };
 
-}  // namespace lacquer
-
-#endif
+}  // namespace lacquer::sse2

@@ -16,16 +16,17 @@ public:
           across_(CornerSteps(source.width, fullSize.cx)),
           down_(CornerSteps(source.height, fullSize.cy)) {}
 
-    void SetColumns(int64_t first, int count) {
-        for (int i = 0; i < count; ++i) columns_[i] = static_cast<int>(across_.At(first + i) >> 16);
+    void SetColumns(int64_t first, ptrdiff_t count) {
+        for (ptrdiff_t i = 0; i < count; ++i) columns_[i] = static_cast<int>(across_.At(first + i) >> 16);
     }
 
     void SetRow(int64_t row) { row_ = RowOf(source_, down_.At(row) >> 16); }
 
-    void Read(BYTE *out, int count) const {
+    const BYTE *Read(BYTE *buffer, ptrdiff_t count) const {
         const auto read = pixels_.GetReader();
         const BYTE *const row = row_;
-        for (int i = 0; i < count; ++i) StorePixel(out + i * kPixelBytes, read(row, columns_[i]));
+        for (ptrdiff_t i = 0; i < count; ++i) StorePixel(buffer + i * kPixelBytes, read(row, columns_[i]));
+        return buffer;
     }
 
 private:

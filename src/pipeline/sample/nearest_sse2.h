@@ -5,23 +5,24 @@
 #include "pipeline/pixel/pixel_sse2.h"
 #include "pipeline/sample/stretch.h"
 
-namespace lacquer {
+namespace lacquer::sse2 {
 
 template <class Source>
-class VectorNearestFetch {
+class NearestFetch {
 public:
     using Pixels = Source;
 
-    VectorNearestFetch(const SurfaceView &source, SIZE fullSize)
+    NearestFetch(const SurfaceView &source, SIZE fullSize)
         : source_(source),
           pixels_(source),
           across_(CornerSteps(source.width, fullSize.cx)),
           down_(CornerSteps(source.height, fullSize.cy)),
           looksAhead_(Lookahead::Pays(source)) {}
 
-    void SetColumns(int64_t first, int count) {
+    void SetColumns(int64_t first, ptrdiff_t count) {
         int64_t position = across_.At(first);
-        for (int i = 0; i < count; ++i, position += across_.step) columns_[i] = static_cast<uint32_t>(position >> 16);
+        for (ptrdiff_t i = 0; i < count; ++i, position += across_.step)
+            columns_[i] = static_cast<uint32_t>(position >> 16);
         // Four bytes are read for each 24-bit pixel: all but the row's last have one more behind them.
         const int64_t end = Source::kBitsPerPixel == 24 ? source_.width - 1 : source_.width;
         inside_ = count;
@@ -36,28 +37,24 @@ public:
         next_ = RowOf(source_, std::min(down_.At(row + 1) >> 16, int64_t{source_.height} - 1));
     }
 
-    void Read(BYTE *out, int count) {
-        if (last_) {
-            if (last_ != out) std::memmove(out, last_, static_cast<size_t>(count) * kPixelBytes);
-            return;
-        }
-        last_ = out;
+    const BYTE *Read(BYTE *buffer, ptrdiff_t count) {
+        if (last_) return last_;
+        last_ = buffer;
         const auto read = pixels_.GetReader();
         const BYTE *const row = row_;
         if (looksAhead_) {
             const ptrdiff_t begin = ptrdiff_t{columns_[0]} * kSourceBytes;
             PrefetchBytes(next_ + begin, ptrdiff_t{columns_[count - 1]} * kSourceBytes - begin);
         }
-        int i = 0;
-#ifdef LACQUER_SSE2
-        for (; i + kVectorPixels <= inside_; i += kVectorPixels) StoreFour(out + i * kPixelBytes, FourAt(row, i));
-#endif
-        for (; i < count; ++i) StorePixel(out + i * kPixelBytes, read(row, columns_[i]));
+        ptrdiff_t i = 0;
+        for (; i + kRegisterPixels <= inside_; i += kRegisterPixels) StoreFour(buffer + i * kPixelBytes, FourAt(row, i));
+        for (; i < count; ++i) StorePixel(buffer + i * kPixelBytes, read(row, columns_[i]));
+        return buffer;
     }
 
 private:
     static constexpr ptrdiff_t kSourceBytes = Source::kBitsPerPixel / 8;
-#ifdef LACQUER_SSE2
+
     /// The four columns from i on, all of them inside.
     __m128i FourAt(const BYTE *row, ptrdiff_t i) const {
         const auto four = [&](const auto &read) {
@@ -70,16 +67,15 @@ private:
             return four([row, read = pixels_.GetReader()](ptrdiff_t column) { return read(row, column); });
         }
     }
-#endif
 
     const SurfaceView &source_;
     Source pixels_;
     Steps across_, down_;
     bool looksAhead_;
-    int inside_ = 0;                               ///< the leading columns that FourAt may read
+    ptrdiff_t inside_ = 0;                         ///< the leading columns that FourAt may read
     const BYTE *row_ = nullptr, *next_ = nullptr;  ///< of this destination row and the next one
     const BYTE *last_ = nullptr;                   ///< where the present row was written last
     uint32_t columns_[kBlockColumns];
 };
 
-}  // namespace lacquer
+}  // namespace lacquer::sse2

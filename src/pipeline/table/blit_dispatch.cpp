@@ -2,13 +2,11 @@
 
 #include "pipeline/table/blit_dispatch.h"
 
-#include "pipeline/memory/draw_area.h"
+#include "pipeline/pixel/pixel.h"
+#include "pipeline/sample/draw_area.h"
 
 namespace lacquer {
 namespace {
-
-constexpr DWORD kColourBits = 0x00FFFFFF;
-constexpr DWORD kNearestMode = 0, kBicubicMode = 4, kAreaMode = 5;
 
 /// The rows of one combine rule: for equal sizes, and by kernel mode for a stretch.
 struct RowChoice {
@@ -16,9 +14,9 @@ struct RowChoice {
 
     Row Stretching(DWORD kernelMode) const {
         switch (kernelMode) {
-            case kNearestMode: return nearest;
-            case kBicubicMode: return bicubic;
-            case kAreaMode: return area;
+            case LACQUER_NEAREST: return nearest;
+            case LACQUER_BICUBIC: return bicubic;
+            case LACQUER_AREA: return area;
             default: return bilinear;
         }
     }
@@ -57,7 +55,7 @@ constexpr Rows kPartRows = {
 
 /// A 24-bit source has opaque pixels, and an opaque key. Pixels of other depths match only when they are transparent.
 DWORD KeyWord(const SurfaceView &source, DWORD modeWord) {
-    const DWORD colour = modeWord & kColourBits;
+    const DWORD colour = modeWord & kColours;
     return source.bitsPerPixel == 24 ? colour | kOpaque : colour;
 }
 
@@ -78,7 +76,7 @@ int Draw(const Rows &rows, bool sameSize, const SurfaceView &dest, const Surface
     if (mode == DrawMode::Over) return call(rows.over);
     if (mode == DrawMode::ColorKey) {
         // A filtered stretch of pixels with alpha has no key: it is drawn over.
-        const bool keyed = sameSize || source.bitsPerPixel == 24 || arguments.kernelMode == kNearestMode;
+        const bool keyed = sameSize || source.bitsPerPixel == 24 || arguments.kernelMode == LACQUER_NEAREST;
         if (!keyed) return call(rows.over);
         arguments.parameter = KeyWord(source, modeWord);
         return call(rows.colorKey);

@@ -50,7 +50,21 @@ enum class Row : int {
 
 /// Area means: averages where the draw keeps or reduces both dimensions, else bicubic.
 enum class SamplerKind { SameSize, Nearest, Bilinear, Bicubic, Area };
-enum class CombineKind { Copy, Over, Behind, Modulate, ColorKey, ConstAlpha };
+/// The first six are those of rows, the others those of single slots.
+enum class CombineKind {
+    Copy,
+    Over,
+    Behind,
+    Modulate,
+    ColorKey,
+    ConstAlpha,
+    Or,
+    GreyTint,
+    Opaque,
+    CrossFade,
+    Mix,
+    AddWeighted
+};
 enum class Extent { Whole, Part };
 
 struct RowTraits {

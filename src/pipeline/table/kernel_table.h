@@ -7,8 +7,10 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "pipeline/sample/stretch_weights.h"
 #include "pipeline/table/cpu_features.h"
 #include "pipeline/table/kernel_rows.h"
+#include "pipeline/table/kernel_slots.h"
 
 namespace lacquer {
 
@@ -53,27 +55,23 @@ using MixColorKernel = int (*)(const SurfaceView *dest, DWORD colour, BYTE weigh
 struct KernelTable {
     KernelRow rows[kRowCount];
 
-    // Fills with a premultiplied colour.
-    FillKernel fillCopy;
-    FillKernel fillOver;
-    FillKernel fillBehind;
-    FillKernel fillModulate;
-    FillKernel fillOr;
-    FillKernel fillGreyTint;
+#define LACQUER_SLOT_FIELD(name, kind, sampler, rule, tiers) kind##Kernel name;
+    LACQUER_KERNEL_SLOTS(LACQUER_SLOT_FIELD)
+#undef LACQUER_SLOT_FIELD
 
-    ConvertKernel forceOpaque;    ///< copies with alpha 255; source and destination may be one view
-    MixKernel blendSame;          ///< cross-fade by an alpha byte, equal sizes
-    ConvertKernel stretchOpaque;  ///< nearest stretch with alpha 255
-    MixKernel blendStretch;       ///< cross-fade with nearest stretch
-    MixKernel mixSame;            ///< mix by a weight byte, equal sizes
-    MixKernel mixStretch;         ///< mix with nearest stretch
-    MixColorKernel mixColor;      ///< mix with a colour whose channels carry their weight already
-
+    KernelRow &operator[](Row row) { return rows[static_cast<std::size_t>(row)]; }
     const KernelRow &operator[](Row row) const { return rows[static_cast<std::size_t>(row)]; }
 };
 
-/// The table for a processor. Depends on nothing else; no slot is null.
+/// The base tier, of which the processor decides nothing but the bicubic weights.
+KernelTable BaseKernels(WeightForm weights);
+
+/// The table for a processor: the base tier and over it the faster tiers that the processor and this build have.
+/// Depends on nothing else; no slot is null.
 KernelTable BuildKernelTable(const CpuFeatures &features);
+
+/// The bicubic weights of a processor, whatever this build's tiers are: both paint the same pictures.
+WeightForm WeightFormOf(const CpuFeatures &features);
 
 /// The table for this processor.
 const KernelTable &Kernels();

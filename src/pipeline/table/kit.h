@@ -1,7 +1,9 @@
-// The base tier's parts, by the names of the row list.
+// The base tier's parts, by the names of the lists of rows and single slots.
 #pragma once
 
 #include "pipeline/combine/rules.h"
+#include "pipeline/combine/run.h"
+#include "pipeline/fill/fill.h"
 #include "pipeline/sample/area.h"
 #include "pipeline/sample/bicubic.h"
 #include "pipeline/sample/bilinear.h"
@@ -17,17 +19,33 @@ struct BaseKit {
     using Nearest = Stretched<NearestFetch<Source>>;
     template <class Source>
     using Bilinear = Stretched<BilinearFetch<Source>>;
-    template <class Source>
-    using Bicubic = Stretched<BicubicFetch<Source, WeightsQ8>>;
-    template <class Source>
-    using Area = AreaOr<AreaFetch<Source>, BicubicFetch<Source, WeightsQ8>>;
+    template <class /*Source*/>
+    using OneColour = lacquer::OneColour;
 
-    using Copy = CopyCombine;
-    using Over = PerPixel<OverRule>;
-    using Behind = PerPixel<BehindRule>;
-    using Modulate = PerPixel<ModulateRule>;
-    using ColorKey = PerPixel<ColorKeyRule>;
-    using ConstAlpha = PerPixel<ConstAlphaRule>;
+    template <class Rule>
+    using Combine = PerPixel<Rule>;
+
+    using Copy = CopyRule;
+    using Over = OverRule;
+    using Behind = BehindRule;
+    using Modulate = ModulateRule;
+    using ColorKey = ColorKeyRule;
+    using ConstAlpha = ConstAlphaRule;
+    using Or = OrRule;
+    using GreyTint = GreyTintRule;
+    using Opaque = OpaqueRule;
+    using CrossFade = CrossFadeRule;
+    using Mix = MixRule;
+    using AddWeighted = AddWeightedRule;
+};
+
+/// What depends on the bicubic weights.
+template <class Weights>
+struct BaseRowKit : BaseKit {
+    template <class Source>
+    using Bicubic = Stretched<BicubicFetch<Source, Weights>>;
+    template <class Source>
+    using Area = Stretched<AreaFetch<Source>, BicubicFetch<Source, Weights>>;
 };
 
 }  // namespace lacquer

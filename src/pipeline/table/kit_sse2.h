@@ -1,53 +1,53 @@
-// The faster tiers' parts, by the names of the row list.
+// The faster tiers' parts, by the names of the lists of rows and single slots.
 #pragma once
 
 #include "pipeline/combine/rules_sse2.h"
-#include "pipeline/pixel/source_pixels_sse2.h"
+#include "pipeline/combine/run_sse2.h"
+#include "pipeline/fill/fill_sse2.h"
 #include "pipeline/sample/area_sse2.h"
 #include "pipeline/sample/bicubic_sse2.h"
 #include "pipeline/sample/bilinear_sse2.h"
 #include "pipeline/sample/nearest_sse2.h"
-#include "pipeline/table/kit.h"
+#include "pipeline/sample/same_size_sse2.h"
 
-namespace lacquer {
+namespace lacquer::sse2 {
 
-#ifndef LACQUER_SSE2
-template <class Source>
-using VectorBilinearFetch = BilinearFetch<Source>;
-template <class Source>
-using VectorBicubicFetch = BicubicFetch<Source, WeightsQ14>;
-template <class Source>
-using VectorAreaFetch = AreaFetch<Source>;
-#endif
+template <class Source, class EnlargingFetch>
+using AreaOr = Stretched<BlockFetch<Source>, FootprintFetch<Source>, AreaFetch<Source>, EnlargingFetch>;
 
-/// The MMX tier. Its averages are the base tier's.
-struct MmxKit {
+struct Kit {
     template <class Source>
-    using SameSize = lacquer::SameSize<Source, FetchFour>;
+    using SameSize = lacquer::SameSize<Source, SourceRuns>;
     template <class Source>
-    using Nearest = Stretched<VectorNearestFetch<Source>>;
+    using Nearest = Stretched<NearestFetch<Source>>;
     template <class Source>
-    using Bilinear = Stretched<VectorBilinearFetch<Source>>;
+    using Bilinear = Stretched<PreparedBilinearFetch<Source>, DirectBilinearFetch<Source>>;
     template <class Source>
-    using Bicubic = Stretched<VectorBicubicFetch<Source>>;
+    using Bicubic = Stretched<BicubicFetch<Source>>;
     template <class Source>
-    using Area = AreaOr<AreaFetch<Source>, VectorBicubicFetch<Source>>;
+    using Area = AreaOr<Source, BicubicFetch<Source>>;
+    template <class /*Source*/>
+    using OneColour = sse2::OneColour;
 
-    using Copy = CopyCombine;
-    using Over = PerVector<VectorOver>;
-    using Behind = PerVector<VectorBehind>;
-    using Modulate = PerVector<VectorModulate>;
-    using ColorKey = PerVector<VectorColorKey>;
-    using ConstAlpha = PerVector<VectorConstAlpha>;
+    template <class Rule>
+    using Combine = PerFour<Rule>;
+
+    using Copy = CopyRule;
+    using Over = OverRule;
+    using Behind = BehindRule;
+    using Modulate = ModulateRule;
+    using ColorKey = ColorKeyRule;
+    using ConstAlpha = ConstAlphaRule;
+    using Or = OrRule;
+    using CrossFade = CrossFadeRule;
+    using Mix = MixRule;
+    using AddWeighted = AddWeightedRule;
 };
 
-/// What the SSE2 tier adds. `EnlargingFetch`: the bicubic sampler of the tiers below.
-template <template <class> class EnlargingFetch>
-struct Sse2Kit {
+/// For processors without the finer bicubic weights.
+struct CoarseKit : Kit {
     template <class Source>
-    using Area = AreaOr<VectorAreaFetch<Source>, EnlargingFetch<Source>>;
-    using Copy = CopyCombine;
-    using Over = PerVector<VectorOver>;
+    using Area = AreaOr<Source, lacquer::BicubicFetch<Source, WeightsQ8>>;
 };
 
-}  // namespace lacquer
+}  // namespace lacquer::sse2

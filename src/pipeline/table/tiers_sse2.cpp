@@ -1,47 +1,80 @@
-// The SSE and SSE2 tiers: what they replace beyond the MMX tier.
+// Which entries the tiers of an x86 processor replace. Their code may use SSE2 whatever feature selects it.
 
-#include "pipeline/fill_mix/fill_sse2.h"
-#include "pipeline/fill_mix/mix_sse2.h"
+#include "pipeline/filter/box_blur_sse2.h"
+#include "pipeline/filter/pixel_rules_sse2.h"
 #include "pipeline/table/kit_sse2.h"
-#include "pipeline/table/make_row.h"
+#include "pipeline/table/make_kernels.h"
 #include "pipeline/table/tiers.h"
+#include "pipeline/transform/turn_sse2.h"
 
 namespace lacquer {
+namespace sse2 {
 namespace {
 
-template <class Source>
-using BaseBicubicFetch = BicubicFetch<Source, WeightsQ8>;
-
-/// Large copies as one move of all rows; the platform's own is the fastest there is.
-int MoveWords(const SurfaceView *dest, const SurfaceView *source, uint64_t third, uint64_t fourth, uint64_t fifth) {
-    return DrawByRow<SameSize<WordPixels>, CopyCombine, Extent::Whole>(dest, source, third, fourth, fifth);
+/// The averaging rows, or all others.
+template <class TierKit, bool averaging>
+void SetRows(KernelTable &table) {
+#define LACQUER_SET_ROW(name, sampler, combine, extent)                                               \
+    if constexpr ((SamplerKind::sampler == SamplerKind::Area) == averaging) {                         \
+        constexpr KernelRow kRow =                                                                    \
+            MakeRow<TierKit, TierKit::template sampler, typename TierKit::combine, Extent::extent>(); \
+        table[Row::name] = kRow;                                                                      \
+    }
+    LACQUER_KERNEL_ROWS(LACQUER_SET_ROW)
+#undef LACQUER_SET_ROW
 }
 
-KernelRow &At(KernelTable &table, Row row) { return table.rows[static_cast<std::size_t>(row)]; }
+template <class TierKit, unsigned tier>
+void SetSlots(KernelTable &table) {
+#define LACQUER_SET_SLOT(name, kind, sampler, rule, tiers) \
+    if constexpr (((tiers)&tier) != 0)                     \
+        table.name = SlotKernels<TierKit, TierKit::template sampler, typename TierKit::rule>::kind;
+    LACQUER_KERNEL_SLOTS(LACQUER_SET_SLOT)
+#undef LACQUER_SET_SLOT
+}
 
-template <class Kit>
-void SetAreaRows(KernelTable &table) {
-    At(table, Row::AreaCopyRow) = MakeRow<Kit, Kit::template Area, CopyCombine, Extent::Whole>();
-    At(table, Row::SubRectAreaCopyRow) = MakeRow<Kit, Kit::template Area, CopyCombine, Extent::Part>();
+/// The copy of words, which two tiers have.
+void SetCopy(KernelTable &table) {
+    constexpr int kWords = DepthSlot(32);
+    table[Row::CopyRow].slots[kWords] = MakeRow<Kit, Kit::SameSize, CopyRule, Extent::Whole>().slots[kWords];
+}
+
+void ApplyMmxTier(KernelTable &table) {
+    SetRows<Kit, false>(table);
+    SetSlots<Kit, kMmxTier>(table);
+}
+
+void ApplySseTier(KernelTable &table) {
+    SetCopy(table);
+    SetSlots<Kit, kSseTier>(table);
+}
+
+void ApplySse2Tier(KernelTable &table, WeightForm weights) {
+    SetCopy(table);
+    if (weights == WeightForm::Q14) {
+        SetRows<Kit, true>(table);
+    } else {
+        SetRows<CoarseKit, true>(table);
+    }
+}
+
+void ApplySse2Tier(ImageTable &table) {
+#define LACQUER_SET_KERNEL(type, name, function) table.name = function;
+    LACQUER_IMAGE_KERNELS(LACQUER_SET_KERNEL)
+#undef LACQUER_SET_KERNEL
 }
 
 }  // namespace
+}  // namespace sse2
 
-void ApplySseTier(KernelTable &table) {
-    At(table, Row::CopyRow).slots[DepthSlot(32)] = MoveWords;
-    table.fillCopy = StringFillCopy;
-    table.fillOr = VectorFillOr;
-    table.blendSame = VectorBlendSame;
-    table.blendStretch = VectorBlendStretch;
+void ApplyTiers(KernelTable &table, const CpuFeatures &features) {
+    if (features.mmx) sse2::ApplyMmxTier(table);
+    if (features.sse) sse2::ApplySseTier(table);
+    if (features.sse2) sse2::ApplySse2Tier(table, WeightFormOf(features));
 }
 
-void ApplySse2Tier(KernelTable &table, bool hasMmx) {
-    At(table, Row::CopyRow).slots[DepthSlot(32)] = MoveWords;
-    if (hasMmx) {
-        SetAreaRows<Sse2Kit<VectorBicubicFetch>>(table);
-    } else {
-        SetAreaRows<Sse2Kit<BaseBicubicFetch>>(table);
-    }
+void ApplyTiers(ImageTable &table, const CpuFeatures &features) {
+    if (features.sse2) sse2::ApplySse2Tier(table);
 }
 
 }  // namespace lacquer

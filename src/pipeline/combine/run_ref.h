@@ -7,15 +7,15 @@
 
 namespace lacquer {
 
-/// Refers to a combine rule that lives longer, or to none.
-class CombineRef {
+/// Refers to a rule for runs that lives longer, or to none where the rule copies: a fetch then writes into the
+/// destination itself.
+class RunRef {
 public:
-    CombineRef() = default;
-
     template <class Combine>
-    explicit CombineRef(const Combine &combine) : combine_(&combine), run_(&RunOf<Combine>) {}
+    explicit RunRef(const Combine &combine)
+        : combine_(&combine), run_(Combine::kCopies ? nullptr : &RunOf<Combine>) {}
 
-    explicit operator bool() const { return run_ != nullptr; }
+    bool Copies() const { return run_ == nullptr; }
 
     void Run(BYTE *dest, const BYTE *source, ptrdiff_t count) const { run_(combine_, dest, source, count); }
 
@@ -25,8 +25,8 @@ private:
         static_cast<const Combine *>(combine)->Run(dest, source, count);
     }
 
-    const void *combine_ = nullptr;
-    void (*run_)(const void *, BYTE *, const BYTE *, ptrdiff_t) = nullptr;
+    const void *combine_;
+    void (*run_)(const void *, BYTE *, const BYTE *, ptrdiff_t);
 };
 
 }  // namespace lacquer
