@@ -2,6 +2,9 @@
 
 #include <benchmark/benchmark.h>
 #include <lacquer/lacquer.h>
+#ifndef _WIN32
+#include <lacquer/headless_gdi.h>
+#endif
 
 #include <cstring>
 
@@ -66,5 +69,33 @@ void DrawOnePixel(benchmark::State &state) {
     for (auto _ : state) DrawBitmap(scene.canvas, &scene.place, scene.bitmap, LACQUER_NEAREST);
 }
 BENCHMARK(DrawOnePixel);
+
+/// Layouts of many pieces, on a canvas in process memory and where locks cost more: on a system canvas, and on a device
+/// context whose clip has a hole, so that what is drawn on is copied in and written back.
+enum Target { kMemory, kSystem, kCopied };
+
+void DrawLayout(benchmark::State &state, Target target, DWORD layout, const RECT &dest) {
+    constexpr int kWidth = 800, kHeight = 600;
+    const HGCANVAS pixels = (target == kMemory ? CreateCanvas : CreateSystemCanvas)(kWidth, kHeight, {});
+    HDC dc = target == kCopied ? GetCanvasHandle(pixels) : nullptr;
+    if (dc) ExcludeClipRect(dc, 10, 10, 20, 20);
+    const HGCANVAS canvas = dc ? CreateCanvasFromDC(dc) : pixels;
+    const HGTEXTURE texture = CreateTexture(8, 8);
+    const TextureMode mode = {layout, 0, {3, 3, 3, 3}};
+    SetTextureMode(texture, &mode);
+    SetTextureFilter(texture, LACQUER_DRAW_OVER << 24);
+    for (auto _ : state) DrawTexture(canvas, &dest, texture, LACQUER_BILINEAR);
+    DeleteTexture(texture);
+    if (dc) DeleteCanvas(canvas);
+    DeleteCanvas(pixels);
+}
+
+constexpr RECT kWindow{0, 0, 800, 600}, kButton{30, 30, 110, 60};
+BENCHMARK_CAPTURE(DrawLayout, tile_memory, kMemory, LACQUER_LAYOUT_TILE, kWindow);
+BENCHMARK_CAPTURE(DrawLayout, tile_system, kSystem, LACQUER_LAYOUT_TILE, kWindow);
+BENCHMARK_CAPTURE(DrawLayout, tile_copied, kCopied, LACQUER_LAYOUT_TILE, kWindow);
+BENCHMARK_CAPTURE(DrawLayout, nine_grid_memory, kMemory, LACQUER_LAYOUT_NINE_GRID, kButton);
+BENCHMARK_CAPTURE(DrawLayout, nine_grid_system, kSystem, LACQUER_LAYOUT_NINE_GRID, kButton);
+BENCHMARK_CAPTURE(DrawLayout, nine_grid_copied, kCopied, LACQUER_LAYOUT_NINE_GRID, kButton);
 
 }  // namespace

@@ -37,6 +37,19 @@ void CreateBesideManyLiveBitmaps(benchmark::State &state) {
 }
 BENCHMARK(CreateBesideManyLiveBitmaps);
 
+/// A parent that a child has asked for, as every window of a user interface does: two canvases, one with an alias.
+void CreateAndDeleteParentWithAlias(benchmark::State &state) {
+    const HGCANVAS child = CreateCanvas(1, 1, {});
+    for (auto _ : state) {
+        const HGCANVAS parent = CreateCanvas(kSide, kSide, {});
+        SetCanvasParent(child, parent);
+        if (state.range(0) != 0) benchmark::DoNotOptimize(GetCanvasParent(child));
+        DeleteCanvas(parent);
+    }
+    DeleteCanvas(child);
+}
+BENCHMARK(CreateAndDeleteParentWithAlias)->Arg(0)->Arg(1);
+
 void LookUpHandle(benchmark::State &state) {
     const HGBITMAP bitmap = CreateMemBitmap(kSide, kSide);
     BYTE depth = 0;

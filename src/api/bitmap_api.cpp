@@ -19,15 +19,12 @@ HGBITMAP CreateMemBitmapEx(DWORD width, DWORD height, DWORD bitsPerPixel, DWORD 
 }
 
 void DeleteBitmap(HGBITMAP bitmap) {
-    PixelSurface *found = Find(bitmap);
-    if (!found) return;
-    UnregisterHandle(bitmap.value);
-    Destroy(found);
+    BitmapRemains remains;
+    HeldTable table(ProcessHandleTable());
+    remains = Take(table, bitmap);
 }
 
-void ReleaseBitmap(HGBITMAP bitmap) {
-    if (Find(bitmap)) UnregisterHandle(bitmap.value);
-}
+void ReleaseBitmap(HGBITMAP bitmap) { ReleaseHandle(HandleType::Bitmap, bitmap.value); }
 
 HBITMAP GetBitmapHandle(HGBITMAP bitmap) {
     PixelSurface *found = Find(bitmap);
@@ -79,10 +76,22 @@ HGBITMAP RotateBitmap(HGBITMAP bitmap, int code) {
 HGBITMAP FlipBitmap(HGBITMAP bitmap, DWORD code) { return IsFlip(code) ? TransformBitmap(bitmap, code) : HGBITMAP{}; }
 
 HGBITMAP CanvasToBitmap(HGCANVAS canvas) {
-    Canvas *found = Find(canvas);
-    std::unique_ptr<PixelSurface> surface = found ? found->DetachSurface() : nullptr;
-    if (!surface) return {};
-    UnregisterHandle(canvas.value);
-    Destroy(found);
-    return Register(std::move(surface));
+    std::unique_ptr<Canvas> taken;
+    {
+        HeldTable table(ProcessHandleTable());
+        const Canvas *found = Find(table, canvas);
+        if (!found || !found->HasPixels()) return {};
+        taken = Take(table, canvas);
+    }
+    std::unique_ptr<PixelSurface> surface = taken->DetachSurface();
+    HeldTable table(ProcessHandleTable());
+    // Handles of the surface are current all the time. Until it has one of its own, who deletes one only empties it.
+    surface->SetBelongsToCanvas(false);
+    const HGBITMAP bitmap{RegisterAlias(table, HandleType::Bitmap, surface.get())};
+    if (bitmap) {
+        surface.release();
+    } else {
+        table.Revoke(surface.get());
+    }
+    return bitmap;
 }

@@ -3,7 +3,7 @@
 #include <lacquer/lacquer.h>
 
 #include "api/objects.h"
-#include "core/surface_view.h"
+#include "api/surface_exports.h"
 
 using namespace lacquer;
 
@@ -28,38 +28,25 @@ HGCANVAS CreateSystemCanvas(DWORD width, DWORD height, HGCANVAS template_) {
 HGCANVAS CreateCanvasFromDC(HDC dc) { return Register(MakeCanvasFromDC(dc)); }
 
 void DeleteCanvas(HGCANVAS canvas) {
-    Canvas *found = Find(canvas);
-    if (!found) return;
-    UnregisterHandle(canvas.value);
-    Destroy(found);
+    std::unique_ptr<Canvas> taken;
+    HeldTable table(ProcessHandleTable());
+    taken = Take(table, canvas);
+    if (taken) table.Revoke(taken->Surface());
 }
 
 DWORD ReleaseCanvas(HGCANVAS canvas) {
-    const auto handle = static_cast<DWORD>(canvas.value);
-    const DWORD type = handle & 0xFF0000;
+    const DWORD type = static_cast<DWORD>(canvas.value) & 0xFF0000;
     if (type != static_cast<DWORD>(HandleType::Canvas) << 16) return type;
-    return Find(canvas) && ProcessHandleTable().DelHandleEntry(handle);
+    return ReleaseHandle(HandleType::Canvas, canvas.value);
 }
 
-int LockCanvasBits(HGCANVAS canvas, SurfaceView *out, const RECT *rect) {
-    Canvas *found = Find(canvas);
-    SurfaceView view{};
-    if (!found || !out || !found->Lock(&view, rect)) return 0;
-    WriteBitmapPart(out, view);
-    return 1;
-}
+int LockCanvasBits(HGCANVAS canvas, SurfaceView *out, const RECT *rect) { return LockBits(Find(canvas), out, rect); }
 
 int LockCanvasBitsEx(HGCANVAS canvas, SurfaceView *out, const RECT *rect) {
-    Canvas *found = Find(canvas);
-    return found && out && found->LockEx(out, rect);
+    return LockBitsEx(Find(canvas), out, rect);
 }
 
-int UnlockCanvasBits(HGCANVAS canvas) {
-    Canvas *found = Find(canvas);
-    if (!found) return 0;
-    found->Unlock();
-    return 1;
-}
+int UnlockCanvasBits(HGCANVAS canvas) { return UnlockBits(Find(canvas)); }
 
 HDC GetCanvasHandle(HGCANVAS canvas) {
     Canvas *found = Find(canvas);
@@ -109,16 +96,20 @@ HWND GetCanvasWindow(HGCANVAS canvas) {
 }
 
 int SetCanvasParent(HGCANVAS canvas, HGCANVAS parent) {
-    Canvas *found = Find(canvas), *foundParent = Find(parent);
-    return found && foundParent && found->SetParent(*foundParent);
+    // Allocated before and freed after the table is held.
+    const Ref<CanvasAnchor> spare = NewAnchor();
+    Ref<CanvasAnchor> dropped;
+    const HeldTable table(ProcessHandleTable());
+    Canvas *found = Find(table, canvas), *foundParent = Find(table, parent);
+    if (!found || !foundParent || !spare) return 0;
+    dropped = found->SetParent(*foundParent, spare);
+    return 1;
 }
 
 HGCANVAS GetCanvasParent(HGCANVAS canvas) {
-    const Canvas *found = Find(canvas);
-    Canvas *parent = found ? found->Parent() : nullptr;
-    if (!parent) return {};
-    parent->MarkAliased();
-    return {ProcessHandleTable().NewHandleEntry(static_cast<int>(HandleType::Canvas), parent)};
+    HeldTable table(ProcessHandleTable());
+    const Canvas *found = Find(table, canvas);
+    return {RegisterAlias(table, HandleType::Canvas, found ? found->Parent() : nullptr)};
 }
 
 int GetCanvasFilter(HGCANVAS canvas, DWORD *out) {
@@ -150,12 +141,16 @@ int GetCanvasBkColor(HGCANVAS canvas, DWORD *out) {
 
 int SetCanvasClipRect(HGCANVAS canvas, const RECT *rect) {
     Canvas *found = Find(canvas);
-    return found && rect && found->SetClip(*rect);
+    if (!found || !rect) return 0;
+    found->SetClip(*rect);
+    return 1;
 }
 
 int IntersectCanvasClipRect(HGCANVAS canvas, const RECT *rect) {
     Canvas *found = Find(canvas);
-    return found && rect && found->IntersectClip(*rect);
+    if (!found || !rect) return 0;
+    found->IntersectClip(*rect);
+    return 1;
 }
 
 int GetCanvasClipRect(HGCANVAS canvas, RECT *out) {
@@ -166,9 +161,7 @@ int GetCanvasClipRect(HGCANVAS canvas, RECT *out) {
 }
 
 HGBITMAP GetBitmap(HGCANVAS canvas) {
-    Canvas *found = Find(canvas);
-    PixelSurface *surface = found ? found->Surface() : nullptr;
-    if (!surface) return {};
-    surface->MarkAliased();
-    return {ProcessHandleTable().NewHandleEntry(static_cast<int>(HandleType::Bitmap), surface)};
+    HeldTable table(ProcessHandleTable());
+    Canvas *found = Find(table, canvas);
+    return {RegisterAlias(table, HandleType::Bitmap, found ? found->Surface() : nullptr)};
 }

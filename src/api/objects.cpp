@@ -1,19 +1,25 @@
-// Destroying what handles named.
+// Taking back what handles named.
 
 #include "api/objects.h"
 
 namespace lacquer {
 
-void Destroy(PixelSurface *bitmap) {
-    if (bitmap->BelongsToCanvas()) {
-        bitmap->Destroy();
+BitmapRemains Take(HeldTable &table, HGBITMAP bitmap) {
+    BitmapRemains remains;
+    PixelSurface *found = Find(table, bitmap);
+    if (found && found->BelongsToCanvas()) {
+        table.DelHandleEntry(static_cast<uint32_t>(bitmap.value));
+        remains.pixels = found->TakeStorage();
     } else {
-        delete bitmap;
+        remains.surface = TakeObject<PixelSurface>(table, HandleType::Bitmap, bitmap.value);
     }
+    return remains;
 }
 
-void Destroy(Texture *texture) { delete texture; }
-
-void Destroy(Canvas *canvas) { delete canvas; }
+std::unique_ptr<Canvas> Take(HeldTable &table, HGCANVAS canvas) {
+    std::unique_ptr<Canvas> taken = TakeObject<Canvas>(table, HandleType::Canvas, canvas.value);
+    if (taken) taken->LeaveChildren();
+    return taken;
+}
 
 }  // namespace lacquer

@@ -13,14 +13,28 @@
 namespace lacquer {
 
 /// Result: null unless the handle is current and of this type.
-inline PixelSurface *Find(HGBITMAP bitmap) { return FindObject<PixelSurface>(HandleType::Bitmap, bitmap.value); }
-inline Texture *Find(HGTEXTURE texture) { return FindObject<Texture>(HandleType::Texture, texture.value); }
-inline Canvas *Find(HGCANVAS canvas) { return FindObject<Canvas>(HandleType::Canvas, canvas.value); }
+inline PixelSurface *Find(HGBITMAP bitmap) {
+    return FindObject<PixelSurface>(ProcessHandleTable(), HandleType::Bitmap, bitmap.value);
+}
+inline Texture *Find(HGTEXTURE texture) {
+    return FindObject<Texture>(ProcessHandleTable(), HandleType::Texture, texture.value);
+}
+inline Canvas *Find(HGCANVAS canvas) {
+    return FindObject<Canvas>(ProcessHandleTable(), HandleType::Canvas, canvas.value);
+}
 
 /// The surface that a texture handle names, else null.
 inline PixelSurface *FindSurface(HGTEXTURE texture) {
     Texture *found = Find(texture);
     return found ? &found->Surface() : nullptr;
+}
+
+/// The same in a table that is held: as long as it is, no other thread can take the object away.
+inline PixelSurface *Find(const HeldTable &table, HGBITMAP bitmap) {
+    return FindObject<PixelSurface>(table, HandleType::Bitmap, bitmap.value);
+}
+inline Canvas *Find(const HeldTable &table, HGCANVAS canvas) {
+    return FindObject<Canvas>(table, HandleType::Canvas, canvas.value);
 }
 
 /// Result: the new object's handle, 0 when there is none or no slot is free; the object is destroyed then.
@@ -34,10 +48,16 @@ inline HGCANVAS Register(std::unique_ptr<Canvas> canvas) {
     return {RegisterObject(HandleType::Canvas, std::move(canvas))};
 }
 
-/// Destroys what a handle named, whose slot is already free, and with it every other handle that names it. A surface
-/// that belongs to a canvas is only emptied.
-void Destroy(PixelSurface *bitmap);
-void Destroy(Texture *texture);
-void Destroy(Canvas *canvas);
+/// What a deleted bitmap leaves to destroy: the surface, or, where a canvas owns that, no more than its pixels.
+struct BitmapRemains {
+    std::unique_ptr<PixelSurface> surface;
+    StorageRef pixels;
+};
+
+/// Take what a handle names out of a table that is held, so that no call can find it any more and no other call takes
+/// it; null, or nothing, unless the handle is current and of this type. To be destroyed when the table is no longer
+/// held. Bitmap handles of a canvas's surface stay, whether the canvas or one of them is taken.
+BitmapRemains Take(HeldTable &table, HGBITMAP bitmap);
+std::unique_ptr<Canvas> Take(HeldTable &table, HGCANVAS canvas);
 
 }  // namespace lacquer

@@ -1,16 +1,40 @@
-// The exported functions that bitmaps and textures have in common, on the surface that a handle named; null for a
-// refused one.
+// The exported functions that bitmaps and textures have in common, on the surface that a handle named, and the locks,
+// which canvases have too. Null stands for a refused handle.
 #pragma once
 
 #include <lacquer/lacquer.h>
 
 #include "core/pixel_surface.h"
+#include "core/surface_view.h"
 
 namespace lacquer {
 
-int LockBits(PixelSurface *surface, SurfaceView *out, const RECT *rect);
-int LockBitsEx(PixelSurface *surface, SurfaceView *out, const RECT *rect);
-int UnlockBits(PixelSurface *surface);
+/// The plain lock writes no more than a BITMAP. A lock that fails leaves zeros, so that nobody draws by a view that was
+/// refused.
+template <class Object>
+int LockBits(Object *object, SurfaceView *out, const RECT *rect) {
+    if (!object || !out) return 0;
+    SurfaceView view{};
+    const bool locked = object->Lock(&view, rect);
+    WriteBitmapPart(out, locked ? view : SurfaceView{});
+    return locked;
+}
+
+template <class Object>
+int LockBitsEx(Object *object, SurfaceView *out, const RECT *rect) {
+    if (!object || !out) return 0;
+    const bool locked = object->LockEx(out, rect);
+    if (!locked) *out = {};
+    return locked;
+}
+
+template <class Object>
+int UnlockBits(Object *object) {
+    if (!object) return 0;
+    object->Unlock();
+    return 1;
+}
+
 int GetFilter(const PixelSurface *surface, DWORD *out);
 int SetFilter(PixelSurface *surface, DWORD filter);
 int GetBitsPixel(const PixelSurface *surface, BYTE *out);

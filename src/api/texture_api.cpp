@@ -26,17 +26,21 @@ HGTEXTURE CreateTextureEx(DWORD width, DWORD height, DWORD bitsPerPixel, DWORD p
 }
 
 void DeleteTexture(HGTEXTURE texture) {
-    Texture *found = Find(texture);
-    if (!found) return;
-    UnregisterHandle(texture.value);
-    Destroy(found);
+    std::unique_ptr<Texture> taken;
+    HeldTable table(ProcessHandleTable());
+    taken = TakeObject<Texture>(table, HandleType::Texture, texture.value);
 }
 
 void ReleaseTexture(HGTEXTURE texture) { DeleteTexture(texture); }
 
 HGTEXTURE GetTexture(HGCANVAS canvas) {
-    Canvas *found = Find(canvas);
-    return found ? Register(MakeSharingTexture(found->Surface(), true)) : HGTEXTURE{};
+    std::unique_ptr<Texture> texture = NewTexture();
+    {
+        const HeldTable table(ProcessHandleTable());
+        Canvas *found = Find(table, canvas);
+        if (!texture || !found || !texture->Surface().ShareFrom(found->Surface(), true)) return {};
+    }
+    return Register(std::move(texture));
 }
 
 HGTEXTURE GetTextureFromVelCanvas(velCanvas *canvas) {
@@ -116,23 +120,27 @@ DWORD GetTextureSliceCount(HGTEXTURE texture) {
 }
 
 HGTEXTURE CanvasToTexture(HGCANVAS canvas) {
-    Canvas *found = Find(canvas);
-    std::unique_ptr<PixelSurface> surface = found ? found->DetachSurface() : nullptr;
-    if (!surface) return {};
-    const HGTEXTURE none{};
-    std::unique_ptr<Texture> texture = MakeSharingTexture(surface.get(), false);
-    Destroy(surface.release());
-    UnregisterHandle(canvas.value);
-    Destroy(found);
-    return texture ? Register(std::move(texture)) : none;
+    std::unique_ptr<Texture> texture = NewTexture();
+    std::unique_ptr<Canvas> taken;
+    {
+        HeldTable table(ProcessHandleTable());
+        const Canvas *found = Find(table, canvas);
+        if (!texture || !found || !found->HasPixels()) return {};
+        taken = Take(table, canvas);
+        table.Revoke(taken->Surface());
+    }
+    texture->Surface().ShareFrom(taken->DetachSurface().get(), false);
+    return Register(std::move(texture));
 }
 
 HGTEXTURE BitmapToTexture(HGBITMAP bitmap) {
-    PixelSurface *found = Find(bitmap);
-    if (!found) return {};
-    std::unique_ptr<Texture> texture = MakeSharingTexture(found, false);
-    if (!texture) return {};
-    DeleteBitmap(bitmap);
+    std::unique_ptr<Texture> texture = NewTexture();
+    BitmapRemains remains;
+    {
+        HeldTable table(ProcessHandleTable());
+        if (!texture || !texture->Surface().ShareFrom(Find(table, bitmap), false)) return {};
+        remains = Take(table, bitmap);
+    }
     return Register(std::move(texture));
 }
 

@@ -7,7 +7,6 @@
 #include <utility>
 
 #include "core/geometry.h"
-#include "core/handle_table.h"
 #include "core/surface_view.h"
 #include "pipeline/table/blit_dispatch.h"
 
@@ -25,14 +24,25 @@ void ClearPixels(const SurfaceView &view) {
     for (LONG y = 0; y < view.height; ++y) std::memset(RowOf(view, y), 0, static_cast<size_t>(view.stride));
 }
 
+/// Cuts the rectangle to what a region can hold, as far coordinates would overflow inside GDI; not to what is visible
+/// at present, which may grow. An inverted rectangle becomes empty; GDI would turn it the right way round.
+void NarrowContextClip(HDC dc, const RECT &rect) {
+    POINT viewport{}, window{};
+    GetViewportOrgEx(dc, &viewport);
+    GetWindowOrgEx(dc, &window);
+    const RECT range =
+        Moved(kRegionRange, static_cast<int64_t>(window.x) - viewport.x, static_cast<int64_t>(window.y) - viewport.y);
+    RECT bounded{};
+    IntersectRect(&bounded, &rect, &range);
+    IntersectClipRect(dc, bounded.left, bounded.top, bounded.right, bounded.bottom);
+}
+
 POINT Exchanged(POINT &stored, int x, int y) { return std::exchange(stored, POINT{x, y}); }
 
 }  // namespace
 
 Canvas::~Canvas() {
-    if (anchor_) anchor_->canvas.store(nullptr, std::memory_order_release);
     if (!foreignDC_) DeleteDeviceContext();
-    if (aliased_) ProcessHandleTable().Revoke(this);
 }
 
 bool Canvas::CreateSurface(DWORD width, DWORD height, SurfaceKind kind) {
@@ -57,13 +67,13 @@ void Canvas::AttachDeviceContext(HDC dc) {
 }
 
 std::unique_ptr<PixelSurface> Canvas::DetachSurface() {
-    SurfaceView view{};
-    if (!surface_ || !surface_->Lock(&view)) return nullptr;
     DeleteDeviceContext();
     surface_->SetFilter(filter_);
-    if (filter_ >> 24 != kOverMode) ForceOpaqueView(view);
-    surface_->Unlock();
-    surface_->SetBelongsToCanvas(false);
+    SurfaceView view{};
+    if (filter_ >> 24 != kOverMode && surface_->Lock(&view)) {
+        ForceOpaqueView(view);
+        surface_->Unlock();
+    }
     return std::move(surface_);
 }
 
@@ -126,6 +136,23 @@ void Canvas::Unlock() {
     }
 }
 
+bool Canvas::LockArea(const RECT &area, LockedArea *out) {
+    if (foreignDC_) return dc_ && dcLock_.LockArea(dc_, area, out);
+    *out = {{},
+            static_cast<int64_t>(viewportOrg_.x) - windowOrg_.x,
+            static_cast<int64_t>(viewportOrg_.y) - windowOrg_.y,
+            false};
+    return surface_ && surface_->Lock(&out->view);
+}
+
+void Canvas::UnlockArea(std::span<const RECT> written) {
+    if (foreignDC_) {
+        dcLock_.UnlockArea(written);
+    } else {
+        surface_->Unlock();
+    }
+}
+
 bool Canvas::SetViewportOrg(int x, int y, POINT *previous) {
     const POINT stored = Exchanged(viewportOrg_, x, y);
     if (dc_) return SetViewportOrgEx(dc_, x, y, previous) != 0;
@@ -157,29 +184,21 @@ bool Canvas::ApplyClip(const RECT &device) const {
     return applied;
 }
 
-bool Canvas::SetClip(const RECT &rect) {
+void Canvas::SetClip(const RECT &rect) {
     RECT device = ToDevice(rect);
     if (surface_) {
         const RECT wanted = device, whole{0, 0, surface_->GetWidth(), surface_->GetHeight()};
         IntersectRect(&device, &wanted, &whole);
+        clip_ = device;
     }
-    if (dc_ && !ApplyClip(device)) return false;
-    if (surface_) clip_ = device;
-    return true;
+    if (dc_) ApplyClip(device);
 }
 
-bool Canvas::IntersectClip(const RECT &rect) {
-    const RECT ordered = IsRectEmpty(&rect) ? RECT{} : rect;
-    if (dc_) {
-        // Far coordinates would overflow inside GDI; nothing beyond the clip box counts anyway.
-        const RECT box = ClipBox();
-        RECT inside{};
-        IntersectRect(&inside, &ordered, &box);
-        if (IntersectClipRect(dc_, inside.left, inside.top, inside.right, inside.bottom) == ERROR) return false;
-    }
-    const RECT device = ToDevice(ordered), before = clip_;
+void Canvas::IntersectClip(const RECT &rect) {
+    if (dc_) NarrowContextClip(dc_, rect);
+    // An inverted rectangle stays empty, wherever clamping moves its edges.
+    const RECT device = ToDevice(IsRectEmpty(&rect) ? RECT{} : rect), before = clip_;
     IntersectRect(&clip_, &device, &before);
-    return true;
 }
 
 RECT Canvas::ClipBox() const {
@@ -192,13 +211,15 @@ RECT Canvas::ClipBox() const {
     return box;
 }
 
-bool Canvas::SetParent(Canvas &parent) {
-    if (!parent.anchor_) parent.anchor_ = Ref<CanvasAnchor>(new (std::nothrow) CanvasAnchor);
-    if (!parent.anchor_) return false;
-    parent.anchor_->canvas.store(&parent, std::memory_order_release);
-    parent_ = parent.anchor_;
-    return true;
+Ref<CanvasAnchor> Canvas::SetParent(Canvas &parent, const Ref<CanvasAnchor> &spare) {
+    if (!parent.anchor_) {
+        parent.anchor_ = spare;
+        spare->canvas = &parent;
+    }
+    return std::exchange(parent_, parent.anchor_);
 }
+
+Ref<CanvasAnchor> NewAnchor() { return Ref<CanvasAnchor>(new (std::nothrow) CanvasAnchor); }
 
 bool Canvas::SetFilter(DWORD filter) {
     if (foreignDC_) return false;

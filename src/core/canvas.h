@@ -3,8 +3,8 @@
 
 #include <lacquer/lacquer.h>
 
-#include <atomic>
 #include <memory>
+#include <span>
 #include <utility>
 
 #include "core/dc_lock.h"
@@ -17,10 +17,13 @@ namespace lacquer {
 class Canvas;
 
 /// Stands for a canvas beyond its life: the canvas and its children share it, and it names null once the canvas is
-/// gone.
+/// gone. The lock of the handle table guards it.
 struct CanvasAnchor : Shared {
-    std::atomic<Canvas *> canvas{nullptr};
+    Canvas *canvas = nullptr;
 };
+
+/// A new anchor, or null.
+Ref<CanvasAnchor> NewAnchor();
 
 /// The vector companion's canvas and what destroys it, so that nothing here has to know the companion.
 using OwnedCompanion = std::unique_ptr<velCanvas, int (*)(velCanvas *)>;
@@ -44,15 +47,21 @@ public:
     /// Null for a device-context canvas.
     PixelSurface *Surface() { return surface_.get(); }
 
-    /// Takes the pixels out of a surface canvas, which is then good for nothing but deletion: its device context is
-    /// deleted, and every alpha becomes 255 unless the filter word says per-pixel alpha. Result: null, with nothing
-    /// changed, without pixels.
+    bool HasPixels() const { return surface_ && surface_->HasPixels(); }
+
+    /// Takes the surface out of a surface canvas, which is then good for nothing but deletion: its device context is
+    /// deleted, and every alpha becomes 255 unless the filter word says per-pixel alpha.
     std::unique_ptr<PixelSurface> DetachSurface();
 
     /// Describe a rectangle; null is the whole surface. Result: false outside the surface or the selected DIB section.
     bool Lock(SurfaceView *out, const RECT *rect);
     bool LockEx(SurfaceView *out, const RECT *rect);
     void Unlock();
+
+    /// Describes the pixels that every rectangle inside `area`, a visible part, can be cut from: all of a surface, or
+    /// as of DcLock. `UnlockArea` ends it.
+    bool LockArea(const RECT &area, LockedArea *out);
+    void UnlockArea(std::span<const RECT> written);
 
     /// The device context, made at the first call: that moves the pixels into a DIB section. Result: null on failure.
     HDC GetDeviceContext();
@@ -64,19 +73,25 @@ public:
     bool SetViewportOrg(int x, int y, POINT *previous);
     bool SetWindowOrg(int x, int y, POINT *previous);
 
-    /// Logical rectangles; empty and inverted ones make the clip empty. Result: false, with nothing changed, when the
-    /// device context does not take the clip. `ClipBox` is the bounding box of the device context's clip where there is
-    /// one.
-    bool SetClip(const RECT &rect);
-    bool IntersectClip(const RECT &rect);
+    /// Logical rectangles; empty and inverted ones make the clip empty. A device context that does not take them
+    /// changes nothing else. `ClipBox` is the bounding box of the device context's clip where there is one.
+    void SetClip(const RECT &rect);
+    void IntersectClip(const RECT &rect);
     RECT ClipBox() const;
 
     HWND Window() const { return window_; }
     void SetWindow(HWND window) { window_ = window; }
 
-    /// Result of `SetParent`: false without memory. `Parent` is null without a parent and when it is gone.
-    bool SetParent(Canvas &parent);
-    Canvas *Parent() const { return parent_ ? parent_->canvas.load(std::memory_order_acquire) : nullptr; }
+    /// For use under the lock of the handle table, so that no parent dies meanwhile. `spare` becomes the anchor of a
+    /// parent that has none yet. Result of `SetParent`: the old parent's anchor, which the caller drops. `Parent` is
+    /// null without a parent and when it is gone.
+    Ref<CanvasAnchor> SetParent(Canvas &parent, const Ref<CanvasAnchor> &spare);
+    Canvas *Parent() const { return parent_ ? parent_->canvas : nullptr; }
+
+    /// Lets the children forget this canvas, which is about to be destroyed; under the same lock.
+    void LeaveChildren() {
+        if (anchor_) anchor_->canvas = nullptr;
+    }
 
     /// A device-context canvas refuses a filter word.
     DWORD Filter() const { return filter_; }
@@ -90,9 +105,6 @@ public:
     velCanvas *Companion() const { return companion_.get(); }
     void SetCompanion(OwnedCompanion companion) { companion_ = std::move(companion); }
 
-    /// Says that further handles name this canvas; they become invalid with it.
-    void MarkAliased() { aliased_ = true; }
-
 private:
     RECT ToDevice(const RECT &rect) const;
     bool ApplyClip(const RECT &device) const;
@@ -100,7 +112,6 @@ private:
 
     DcLock dcLock_;
     bool foreignDC_ = false;
-    bool aliased_ = false;
     HWND window_ = nullptr;
     Ref<CanvasAnchor> anchor_;  ///< made when the canvas first becomes a parent
     Ref<CanvasAnchor> parent_;

@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "platform/pixel_block.h"
+
 namespace lacquer {
 
 namespace {
@@ -26,7 +28,9 @@ HBITMAP MakeDibSection(int width, int height, BITMAP *description) {
     info.bmiHeader.biCompression = BI_RGB;
     info.bmiHeader.biSizeImage = static_cast<DWORD>(static_cast<int64_t>(width) * height * 4);
     void *bits = nullptr;
-    HBITMAP bitmap = CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0);
+    const auto create = [&] { return CreateDIBSection(nullptr, &info, DIB_RGB_COLORS, &bits, nullptr, 0); };
+    HBITMAP bitmap = create();
+    if (!bitmap && FreeSparePixels()) bitmap = create();
     if (!bitmap) return nullptr;
     BITMAP made{};
     if (GetObjectW(bitmap, sizeof made, &made) == 0 || !made.bmBits) {
@@ -102,9 +106,18 @@ void DibSectionCache::Trim(DWORD now) {
     count_ = static_cast<int>(end - entries_);
 }
 
-DibSectionCache &ProcessDibSectionCache() {
-    static DibSectionCache cache(false, GetTickCount());
-    return cache;
-}
+namespace {
+
+/// Never destroyed, as it never holds anything: calls may come after the library's end.
+union ProcessCache {
+    constexpr ProcessCache() : cache(false, 0) {}
+    constexpr ~ProcessCache() {}
+    DibSectionCache cache;
+};
+constinit ProcessCache process;
+
+}  // namespace
+
+DibSectionCache &ProcessDibSectionCache() { return process.cache; }
 
 }  // namespace lacquer

@@ -17,7 +17,7 @@ HBITMAP MakeDibSection(int width, int height, BITMAP *description);
 /// counts in milliseconds, which wrap. Not guarded against threads.
 class DibSectionCache {
 public:
-    DibSectionCache(bool enabled, DWORD now) : enabled_(enabled), lastTrim_(now) {}
+    constexpr DibSectionCache(bool enabled, DWORD now) : enabled_(enabled), lastTrim_(now) {}
     ~DibSectionCache();
     DibSectionCache(const DibSectionCache &) = delete;
     DibSectionCache &operator=(const DibSectionCache &) = delete;
@@ -50,10 +50,10 @@ private:
     DWORD lastTrim_;
     int count_ = 0;
     int64_t bytes_ = 0;
-    Entry entries_[kMostEntries];
+    Entry entries_[kMostEntries]{};
 };
 
-/// The library's own cache, disabled, made at its first use.
+/// The library's own cache, disabled.
 DibSectionCache &ProcessDibSectionCache();
 
 }  // namespace lacquer

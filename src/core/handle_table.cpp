@@ -1,110 +1,142 @@
-// The handle table: slots, generations and the hint.
+// The handle table: its life, slots, generations and the hint.
 
 #include "core/handle_table.h"
 
 #include <new>
+#include <type_traits>
+
+#include "pipeline/table/kernel_table.h"
 
 namespace {
 
-constexpr uint16_t kSlotCount = 32768;
+constexpr uint32_t kSlotCount = lacquer::ObjectChains::kSlots;
 constexpr uint32_t kIndexMask = 0xFFFF;
 constexpr int kTagShift = 16;
 constexpr uint32_t kTypeMask = 0xFF0000;
 
-class Locked {
-public:
-    explicit Locked(CRITICAL_SECTION &lock) : lock_(lock) { EnterCriticalSection(&lock_); }
-    ~Locked() { LeaveCriticalSection(&lock_); }
-    Locked(const Locked &) = delete;
-    Locked &operator=(const Locked &) = delete;
+constinit HandleTable processTable;
+static_assert(std::is_trivially_destructible_v<HandleTable>, "calls come after every destructor has run");
 
-private:
-    CRITICAL_SECTION &lock_;
+/// The library's load and its end.
+struct ProcessTableLife {
+    ProcessTableLife() {
+        // No object exists before the kernels that draw it.
+        lacquer::Kernels();
+        processTable.Open();
+    }
+    ~ProcessTableLife() { processTable.Close(); }
 };
-
-HandleTable processTable;
+ProcessTableLife processTableLife;
 
 }  // namespace
 
-HandleTable::HandleTable() {
-    slots_ = new (std::nothrow) lacquer::HandleSlot[kSlotCount];
-    if (!slots_) return;
-    InitializeCriticalSection(&lock_);
+void HandleTable::Open() {
+    auto *slots = new (std::nothrow) lacquer::HandleSlot[kSlotCount];
+    chains_ = new (std::nothrow) lacquer::ObjectChains;
+    if (!slots || !chains_) {
+        delete[] slots;
+        delete chains_;
+        return;
+    }
+    // Without debug information a lock that is never deleted leaves nothing behind.
+    InitializeCriticalSectionEx(&lock_, 0, CRITICAL_SECTION_NO_DEBUG_INFO);
     count_ = kSlotCount;
     hint_ = 1;
     // Slot 0 never looks free, so it is never handed out.
-    slots_[0].object = reinterpret_cast<void *>(UINTPTR_MAX);
+    slots[0].object = reinterpret_cast<void *>(UINTPTR_MAX);
+    slots_.store(slots, std::memory_order_release);
 }
 
-HandleTable::~HandleTable() {
-    if (!slots_) return;
-    DeleteCriticalSection(&lock_);
-    delete[] slots_;
-    slots_ = nullptr;
-    count_ = 0;
+void HandleTable::Close() {
+    if (!slots_.load(std::memory_order_relaxed)) return;
+    const bool entered = TryEnterCriticalSection(&lock_) != FALSE;
+    lacquer::HandleSlot *slots = slots_.exchange(nullptr, std::memory_order_relaxed);
+    if (!entered) return;
+    LeaveCriticalSection(&lock_);
+    delete[] slots;
+    delete chains_;
 }
 
 uint32_t HandleTable::NewHandleEntry(int type, void *object) {
+    return lacquer::HeldTable(*this).NewHandleEntry(type, object);
+}
+
+bool HandleTable::DelHandleEntry(uint32_t handle) { return lacquer::HeldTable(*this).DelHandleEntry(handle); }
+
+void *HandleTable::LookupHandleEntry(uint32_t handle) { return lacquer::HeldTable(*this).LookupHandleEntry(handle); }
+
+namespace lacquer {
+
+HeldTable::HeldTable(HandleTable &table) : table_(table) {
+    // A table that was never open has no lock yet.
+    if (!table.slots_.load(std::memory_order_acquire)) return;
+    EnterCriticalSection(&table.lock_);
+    // The table may have been closed meanwhile. If it is closed from now on, the slots stay.
+    slots_ = table.slots_.load(std::memory_order_relaxed);
+    if (!slots_) LeaveCriticalSection(&table.lock_);
+}
+
+HeldTable::~HeldTable() {
+    if (slots_) LeaveCriticalSection(&table_.lock_);
+}
+
+uint32_t HeldTable::NewHandleEntry(int type, void *object) {
     if (!slots_) return 0;
-    const Locked locked(lock_);
     const uint32_t index = FindFreeSlot();
     if (index == 0) return 0;
-    lacquer::HandleSlot &slot = slots_[index];
+    HandleSlot &slot = slots_[index];
     slot.type = static_cast<uint8_t>(type & 0xFF);
     slot.object = object;
+    if (object) table_.chains_->Enter(index, object);
     return slot.Tag() << kTagShift | index;
 }
 
-uint32_t HandleTable::FindFreeSlot() {
-    if (hint_ != 0) {
-        if (!slots_[hint_].object) return hint_;
-        hint_ = 0;
+uint32_t HeldTable::FindFreeSlot() {
+    if (table_.hint_ != 0) {
+        if (!slots_[table_.hint_].object) return table_.hint_;
+        table_.hint_ = 0;
     }
-    while (lowestFree_ < count_ && slots_[lowestFree_].object) ++lowestFree_;
-    return lowestFree_ < count_ ? lowestFree_ : 0;
+    uint32_t &lowest = table_.lowestFree_;
+    while (lowest < table_.count_ && slots_[lowest].object) ++lowest;
+    return lowest < table_.count_ ? lowest : 0;
 }
 
-lacquer::HandleSlot *HandleTable::CurrentSlot(uint32_t handle) {
+HandleSlot *HeldTable::CurrentSlot(uint32_t handle) const {
     const uint32_t index = handle & kIndexMask;
-    if (index >= count_ || (handle & kTypeMask) == 0) return nullptr;
-    lacquer::HandleSlot &slot = slots_[index];
+    if (!slots_ || index >= table_.count_ || (handle & kTypeMask) == 0) return nullptr;
+    HandleSlot &slot = slots_[index];
     return slot.Tag() == handle >> kTagShift ? &slot : nullptr;
 }
 
-void HandleTable::Free(uint32_t index) {
-    lacquer::HandleSlot &slot = slots_[index];
-    slot.type = static_cast<uint8_t>(lacquer::HandleType::Free);
+void HeldTable::Free(uint32_t index) {
+    HandleSlot &slot = slots_[index];
+    if (slot.object) table_.chains_->Leave(index, slot.object);
+    slot.type = static_cast<uint8_t>(HandleType::Free);
     ++slot.generation;
     slot.zero = 0;
     slot.object = nullptr;
-    if (index < lowestFree_) lowestFree_ = index;
+    if (index < table_.lowestFree_) table_.lowestFree_ = index;
 }
 
-bool HandleTable::DelHandleEntry(uint32_t handle) {
-    if (!slots_) return false;
-    const Locked locked(lock_);
+bool HeldTable::DelHandleEntry(uint32_t handle) {
     if (!CurrentSlot(handle)) return false;
     Free(handle & kIndexMask);
-    hint_ = static_cast<uint16_t>(handle & kIndexMask);
+    table_.hint_ = static_cast<uint16_t>(handle & kIndexMask);
     return true;
 }
 
-void *HandleTable::LookupHandleEntry(uint32_t handle) {
-    if (!slots_) return nullptr;
-    const Locked locked(lock_);
-    const lacquer::HandleSlot *slot = CurrentSlot(handle);
+void *HeldTable::LookupHandleEntry(uint32_t handle) const {
+    const HandleSlot *slot = CurrentSlot(handle);
     return slot ? slot->object : nullptr;
 }
 
-void HandleTable::Revoke(const void *object) {
+void HeldTable::Revoke(const void *object) {
     if (!slots_) return;
-    const Locked locked(lock_);
-    for (uint32_t index = 1; index < count_; ++index) {
+    for (uint32_t index = table_.chains_->First(object), next = 0; index != 0; index = next) {
+        next = table_.chains_->Next(index);
         if (slots_[index].object == object) Free(index);
     }
 }
-
-namespace lacquer {
 
 HandleTable &ProcessHandleTable() { return processTable; }
 

@@ -3,9 +3,9 @@
 #include "core/pixel_surface.h"
 
 #include <new>
+#include <utility>
 
 #include "core/dib_storage.h"
-#include "core/handle_table.h"
 #include "core/memory_storage.h"
 #include "core/surface_view.h"
 #include "pipeline/table/blit_dispatch.h"
@@ -27,10 +27,6 @@ StorageRef MakeStorage(SurfaceKind kind) {
 
 }  // namespace
 
-PixelSurface::~PixelSurface() {
-    if (aliased_) ProcessHandleTable().Revoke(this);
-}
-
 bool PixelSurface::Create(int width, int height, int bitsPerPixel, uint16_t paletteCount, SurfaceKind kind) {
     Destroy();
     if (!IsSide(width) || !IsSide(height)) return false;
@@ -46,11 +42,11 @@ bool PixelSurface::Create(int width, int height, int bitsPerPixel, uint16_t pale
     return true;
 }
 
-void PixelSurface::Destroy() {
-    storage_ = StorageRef();
+StorageRef PixelSurface::TakeStorage() {
     ownsStorage_ = true;
     view_ = {};
     filter_ = 0;
+    return std::exchange(storage_, StorageRef());
 }
 
 bool PixelSurface::ShareFrom(const PixelSurface *source, bool borrow) {

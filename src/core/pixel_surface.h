@@ -18,7 +18,6 @@ public:
     static constexpr int kLargestSide = 32767;
 
     PixelSurface() = default;
-    ~PixelSurface();
     PixelSurface(const PixelSurface &) = delete;
     PixelSurface &operator=(const PixelSurface &) = delete;
 
@@ -27,7 +26,10 @@ public:
     bool Create(int width, int height, int bitsPerPixel, uint16_t paletteCount, SurfaceKind kind);
 
     /// Leaves the surface empty and its filter word 0. A storage that others refer to lives on.
-    void Destroy();
+    void Destroy() { TakeStorage(); }
+
+    /// `Destroy`, but for the storage, which the caller drops.
+    StorageRef TakeStorage();
 
     /// Drops what the surface held, then takes the source's filter word, kind and storage; borrowing does not make it
     /// an owner. Result: false, with the surface empty, when the source has no pixels in a storage.
@@ -64,10 +66,10 @@ public:
     /// The storage, so that a device context can keep the bitmap that it has selected.
     const StorageRef &Storage() const { return storage_; }
 
-    /// Says that further handles name this surface; they become invalid with it.
-    void MarkAliased() { aliased_ = true; }
+    bool HasPixels() const { return storage_ && !storage_->IsEmpty(); }
 
-    /// Whether a canvas owns this object, so that deleting it through a handle may only empty it.
+    /// Whether a canvas owns this object, so that deleting it through a handle may only empty it. The lock of the
+    /// handle table guards this once the surface can be found.
     bool BelongsToCanvas() const { return belongsToCanvas_; }
     void SetBelongsToCanvas(bool belongs) { belongsToCanvas_ = belongs; }
 
@@ -79,7 +81,6 @@ private:
     StorageRef storage_;
     SurfaceKind kind_ = SurfaceKind::Memory;
     bool ownsStorage_ = true;
-    bool aliased_ = false;
     bool belongsToCanvas_ = false;
     SurfaceView view_{};
 };

@@ -3,24 +3,19 @@
 #include "core/surface_copy.h"
 
 #include <algorithm>
-#include <cstring>
 
 #include "core/surface_view.h"
 #include "pipeline/table/blit_dispatch.h"
+#include "pipeline/table/image_table.h"
 
 namespace lacquer {
 
 namespace {
 
 /// Views of one depth; they may overlap, as parts of one surface.
-void CopyRows(const SurfaceView &dest, const SurfaceView &source) {
-    const LONG rows = std::min(dest.height, source.height);
-    const size_t bytes = static_cast<size_t>(std::min(dest.width, source.width)) * (source.bitsPerPixel / 8);
-    const bool downwards = dest.bits <= source.bits;
-    for (LONG i = 0; i < rows; ++i) {
-        const LONG y = downwards ? i : rows - 1 - i;
-        std::memmove(RowOf(dest, y), RowOf(source, y), bytes);
-    }
+void CopyCommonPart(const SurfaceView &dest, const SurfaceView &source) {
+    const ptrdiff_t columns = std::min(dest.width, source.width), rows = std::min(dest.height, source.height);
+    ImageKernels().copyRows(dest, source, columns * (source.bitsPerPixel / 8), rows);
 }
 
 }  // namespace
@@ -31,7 +26,7 @@ void CopySurface(PixelSurface &dest, const RECT *destRect, PixelSurface &source,
     if (dest.LockEx(&to, destRect)) {
         if (from.bitsPerPixel == to.bitsPerPixel && from.paletteCount == to.paletteCount) {
             dest.SetFilter(source.GetFilter());
-            CopyRows(to, from);
+            CopyCommonPart(to, from);
             CopyPalette(to, from);
         } else if (to.bitsPerPixel == 32) {
             dest.SetFilter(source.GetFilter());

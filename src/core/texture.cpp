@@ -41,18 +41,20 @@ bool Texture::GetSize(SIZE *out) const {
     return slice != nullptr;
 }
 
+std::unique_ptr<Texture> NewTexture() { return std::unique_ptr<Texture>(new (std::nothrow) Texture); }
+
 std::unique_ptr<Texture> MakeTexture(DWORD width, DWORD height, DWORD bitsPerPixel, DWORD paletteCount) {
     return MakeSharingTexture(MakeSurface(width, height, bitsPerPixel, paletteCount, SurfaceKind::Memory).get(), false);
 }
 
 std::unique_ptr<Texture> MakeSharingTexture(const PixelSurface *surface, bool borrow) {
-    std::unique_ptr<Texture> texture(new (std::nothrow) Texture);
+    std::unique_ptr<Texture> texture = NewTexture();
     if (texture && !texture->Surface().ShareFrom(surface, borrow)) texture.reset();
     return texture;
 }
 
 std::unique_ptr<Texture> MakeTextureOf(const SurfaceView &pixels) {
-    std::unique_ptr<Texture> texture(new (std::nothrow) Texture);
+    std::unique_ptr<Texture> texture = NewTexture();
     if (texture) texture->Surface().AttachPixels(pixels);
     return texture;
 }

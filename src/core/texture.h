@@ -40,6 +40,9 @@ private:
     int currentSlice_ = -1;
 };
 
+/// A new texture without pixels, or null.
+std::unique_ptr<Texture> NewTexture();
+
 /// A new texture in process memory, or null.
 std::unique_ptr<Texture> MakeTexture(DWORD width, DWORD height, DWORD bitsPerPixel, DWORD paletteCount);
 

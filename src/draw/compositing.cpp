@@ -15,7 +15,7 @@ namespace lacquer {
 
 namespace {
 
-bool HasPixelAlpha(const Canvas &canvas) { return DrawModeOf(canvas.Filter()) == DrawMode::Over; }
+bool HasPixelAlpha(const Canvas &canvas) { return DrawModeOf(canvas.Filter()) == LACQUER_DRAW_OVER; }
 
 bool SameSize(const RECT &a, const RECT &b) { return WidthOf(a) == WidthOf(b) && HeightOf(a) == HeightOf(b); }
 

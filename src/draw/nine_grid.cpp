@@ -4,11 +4,12 @@
 
 #include <algorithm>
 #include <array>
+#include <optional>
 
 #include "core/geometry.h"
-#include "draw/blit.h"
-#include "draw/fill.h"
 #include "draw/pixel_read.h"
+#include "draw/texture_pieces.h"
+#include "pipeline/pixel/pixel.h"
 #include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
@@ -77,22 +78,19 @@ bool ReadMiddle(PixelSurface &surface, const RECT &cell, DWORD *colour) {
     return ReadPixel(surface, middle(cell.left, cell.right), middle(cell.top, cell.bottom), colour);
 }
 
-/// Each byte * (alpha + 1) / 256, truncated.
-DWORD Faded(DWORD colour, BYTE alpha) {
-    const DWORD factor = alpha + 1u;
-    const auto faded = [&](int shift) { return ((colour >> shift & 0xFF) * factor >> 8) << shift; };
-    return faded(24) | faded(16) | faded(8) | faded(0);
+/// What fills a hollow centre: its middle pixel at the draw's strength; none where there is none, or none that can be
+/// drawn.
+std::optional<DWORD> CentreColour(const TextureDraw &draw, const RECT &sourceCell) {
+    DWORD colour = 0;
+    if (!ReadMiddle(draw.texture.Surface(), sourceCell, &colour)) return std::nullopt;
+    return DrawModeOf(draw.texture.Surface().GetFilter()) == LACQUER_DRAW_MODULATE ? colour
+                                                                                   : Scale(colour, draw.alpha + 1u);
 }
 
-/// Fills with the texture's filter word as the fill's mode word.
-void FillCentre(const TextureDraw &draw, const RECT &destCell, const RECT &sourceCell, DWORD filter) {
-    const RECT clipBox = draw.canvas.ClipBox();
-    RECT visible{};
-    DWORD colour = 0;
-    if (!IntersectRect(&visible, &destCell, &clipBox) || !ReadMiddle(draw.texture.Surface(), sourceCell, &colour))
-        return;
-    if (DrawModeOf(filter) != DrawMode::Modulate) colour = Faded(colour, draw.alpha);
-    FillRectangle(draw.canvas, destCell, colour, filter);
+/// Whether it takes longer to copy a rectangle of a device context for nothing than to make copies of the eight pieces
+/// around it.
+bool IsLarge(const RECT &rect) {
+    return static_cast<double>(WidthOf(rect)) * static_cast<double>(HeightOf(rect)) > 0x10000;
 }
 
 }  // namespace
@@ -112,12 +110,14 @@ int DrawNineGrid(const TextureDraw &draw, const NineGridStyle &style) {
 
     const NineCellSplit destCells = SplitByMargins(draw.dest, destMargins);
     const NineCellSplit sourceCells = SplitByMargins(slice, sourceMargins);
-    const DWORD filter = surface.GetFilter();
+    const auto fill = style.hollowCentre ? CentreColour(draw, sourceCells[kCentre]) : std::nullopt;
+    const bool staysOpen = style.hollowCentre && (!fill || IsVoidFill(*fill, surface.GetFilter()));
+    TexturePieces pieces(draw, staysOpen && IsLarge(destCells[kCentre]) ? RECT{} : draw.dest);
     for (size_t i = 0; i < destCells.size(); ++i) {
-        if (style.hollowCentre && i == kCentre) {
-            FillCentre(draw, destCells[i], sourceCells[i], filter);
-        } else {
-            Blit(draw.canvas, destCells[i], surface, &sourceCells[i], {filter, draw.kernelMode, draw.alpha});
+        if (!style.hollowCentre || i != kCentre) {
+            pieces.Draw(destCells[i], sourceCells[i]);
+        } else if (fill) {
+            pieces.Fill(destCells[i], *fill);
         }
     }
     return 1;

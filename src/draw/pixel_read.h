@@ -5,8 +5,8 @@
 
 namespace lacquer {
 
-/// Reads the pixel at (x, y): 32-bit as stored, 24-bit opaque, 8-bit through the palette (0 beyond its end). `colour`
-/// is left as it was for other depths. Result: false outside the surface.
+/// Reads the pixel at (x, y): 32-bit as stored, 24-bit opaque, 8-bit through the palette (0 beyond its end). Result:
+/// false, with nothing written, outside the surface and for other depths.
 bool ReadPixel(PixelSurface &surface, LONG x, LONG y, DWORD *colour);
 
 }  // namespace lacquer

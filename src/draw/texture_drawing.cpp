@@ -7,15 +7,14 @@
 #include <utility>
 
 #include "core/geometry.h"
-#include "draw/blit.h"
+#include "draw/texture_pieces.h"
 
 namespace lacquer {
 
 namespace {
 
-void BlitPiece(const TextureDraw &draw, const RECT &dest, const RECT &piece) {
-    PixelSurface &surface = draw.texture.Surface();
-    Blit(draw.canvas, dest, surface, &piece, {surface.GetFilter(), draw.kernelMode, draw.alpha});
+void DrawOnePiece(const TextureDraw &draw, const RECT &dest, const RECT &piece) {
+    Blit(draw.canvas, dest, draw.texture.Surface(), &piece, StyleOf(draw));
 }
 
 RECT ClampedRect(int64_t left, int64_t top, int64_t right, int64_t bottom) {
@@ -45,7 +44,7 @@ bool ResolveSlice(const PixelSurface &surface, const RECT *slice, RECT *out) {
 int DrawStretched(const TextureDraw &draw) {
     RECT slice{};
     if (!ResolveSlice(draw.texture.Surface(), draw.slice, &slice)) return 0;
-    BlitPiece(draw, draw.dest, slice);
+    DrawOnePiece(draw, draw.dest, slice);
     return 1;
 }
 
@@ -63,8 +62,8 @@ int DrawCentred(const TextureDraw &draw) {
         insetX = std::max<int64_t>(0, (destWidth - byHeight / sliceHeight) / 2);
     }
     const RECT &dest = draw.dest;
-    BlitPiece(draw, ClampedRect(dest.left + insetX, dest.top + insetY, dest.right - insetX, dest.bottom - insetY),
-              slice);
+    DrawOnePiece(draw, ClampedRect(dest.left + insetX, dest.top + insetY, dest.right - insetX, dest.bottom - insetY),
+                 slice);
     return 1;
 }
 
@@ -82,16 +81,14 @@ void DrawTiled(const TextureDraw &draw, DWORD scaleFlags, float scale) {
         cellHeight = scaled(piece.top, cellHeight);
     }
     const RECT &dest = draw.dest;
-    const RECT clipBox = draw.canvas.ClipBox();
-    if (cellWidth <= 0 || cellHeight <= 0 || !IntersectRect(&visible, &dest, &clipBox)) return;
+    TexturePieces pieces(draw, dest);
+    if (cellWidth <= 0 || cellHeight <= 0 || !IntersectRect(&visible, &dest, &pieces.ClipBox())) return;
     for (int64_t y = dest.top; y < visible.bottom;) {
         if (y + cellHeight > dest.bottom) {
             cellHeight = dest.bottom - y;
             piece.bottom = PieceEnd(piece.top, cellHeight, scale);
         }
-        const auto drawCell = [&](int64_t x) {
-            BlitPiece(draw, ClampedRect(x, y, x + cellWidth, y + cellHeight), piece);
-        };
+        const auto drawCell = [&](int64_t x) { pieces.Draw(ClampedRect(x, y, x + cellWidth, y + cellHeight), piece); };
         const int64_t wholeCells = WidthOf(dest) / cellWidth;
         const int64_t cutX = dest.left + wholeCells * cellWidth;
         const int64_t firstVisible = (static_cast<int64_t>(visible.left) - dest.left) / cellWidth;
@@ -117,19 +114,21 @@ void DrawTopTiled(const TextureDraw &draw, const RECT &margins) {
     RECT slice{};
     if (!ResolveSlice(draw.texture.Surface(), draw.slice, &slice)) return;
     const RECT &dest = draw.dest;
-    const RECT clipBox = draw.canvas.ClipBox();
     const int64_t width = WidthOf(slice);
     const int64_t bandBottom = static_cast<int64_t>(dest.top) + margins.top;
     // A negative top margin carries the bottom band above the destination, so only columns are counted out here.
+    TexturePieces pieces(draw,
+                         {dest.left, ClampToLong(std::min<int64_t>(dest.top, bandBottom)), dest.right, dest.bottom});
+    const RECT &clipBox = pieces.ClipBox();
     const int64_t firstVisible = std::max<int64_t>(0, static_cast<int64_t>(clipBox.left) - dest.left) / width;
     const LONG end = std::min(dest.right, clipBox.right);
     for (int64_t x = dest.left + firstVisible * width; x < end; x += width) {
         const int64_t right = std::min<int64_t>(x + width, dest.right), sourceRight = slice.left + (right - x);
         const int64_t topHeight = std::min<int64_t>(margins.top, HeightOf(dest));
-        BlitPiece(draw, ClampedRect(x, dest.top, right, dest.top + topHeight),
-                  ClampedRect(slice.left, slice.top, sourceRight, slice.top + topHeight));
-        BlitPiece(
-            draw, ClampedRect(x, bandBottom, right, dest.bottom),
+        pieces.Draw(ClampedRect(x, dest.top, right, dest.top + topHeight),
+                    ClampedRect(slice.left, slice.top, sourceRight, slice.top + topHeight));
+        pieces.Draw(
+            ClampedRect(x, bandBottom, right, dest.bottom),
             ClampedRect(slice.left, static_cast<int64_t>(slice.bottom) - margins.bottom, sourceRight, slice.bottom));
     }
 }

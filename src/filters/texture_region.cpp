@@ -1,9 +1,11 @@
-// Runs of visible pixels, gathered into rectangles that are handed to GDI in batches.
+// Runs of visible pixels, gathered into rectangles that are handed to GDI in batches. The regions of the batches are
+// merged in pairs of equal rank, so that each run takes part in few merges.
 
 #include "filters/texture_region.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <utility>
 
 #include "core/locked.h"
 #include "core/surface_view.h"
@@ -13,8 +15,9 @@ namespace lacquer {
 
 namespace {
 
-constexpr DWORD kGrowth = 100;  ///< rectangles
-constexpr DWORD kBatch = 2000;  ///< most rectangles in one call of ExtCreateRegion
+constexpr DWORD kGrowth = 100;      ///< rectangles
+constexpr DWORD kBatch = 2000;      ///< most rectangles in one call of ExtCreateRegion
+constexpr std::size_t kRanks = 32;  ///< 2^32 batches are more than a surface has pixels
 
 /// A region in the making. Without memory it becomes null for good.
 class RegionBuilder {
@@ -27,7 +30,9 @@ public:
     ~RegionBuilder() {
         if (data_) GlobalUnlock(block_);
         if (block_) GlobalFree(block_);
-        if (region_) DeleteObject(region_);
+        for (HRGN region : merged_) {
+            if (region) DeleteObject(region);
+        }
     }
     RegionBuilder(const RegionBuilder &) = delete;
     RegionBuilder &operator=(const RegionBuilder &) = delete;
@@ -45,13 +50,26 @@ public:
     /// The finished region, the caller's, or null.
     HRGN Finish() {
         if (!failed_) Flush();
-        if (failed_) return nullptr;
-        HRGN region = region_;
-        region_ = nullptr;
-        return region;
+        HRGN whole = nullptr;
+        for (HRGN &region : merged_) {
+            if (failed_ || !region) continue;
+            HRGN part = std::exchange(region, nullptr);
+            whole = whole ? Union(part, whole) : part;
+            failed_ = !whole;
+        }
+        return whole;
     }
 
 private:
+    /// One region of two, which are gone afterwards; null without memory.
+    static HRGN Union(HRGN first, HRGN second) {
+        const bool isMerged = CombineRgn(first, first, second, RGN_OR) != ERROR;
+        DeleteObject(second);
+        if (isMerged) return first;
+        DeleteObject(first);
+        return nullptr;
+    }
+
     static DWORD BytesFor(DWORD rectangles) {
         return static_cast<DWORD>(sizeof(RGNDATAHEADER) + rectangles * sizeof(RECT));
     }
@@ -72,24 +90,20 @@ private:
         return !failed_;
     }
 
-    /// Merges the batch into the region.
+    /// Makes the batch a region of rank 0, and of two regions of one rank one of the next, as a binary counter carries.
     void Flush() {
         HRGN part = ExtCreateRegion(nullptr, BytesFor(capacity_), data_);
         Reset();
-        if (!part) {
-            failed_ = true;
-        } else if (!region_) {
-            region_ = part;
-        } else {
-            failed_ = CombineRgn(region_, region_, part, RGN_OR) == ERROR;
-            DeleteObject(part);
-        }
+        std::size_t rank = 0;
+        for (; part && merged_[rank]; ++rank) part = Union(std::exchange(merged_[rank], nullptr), part);
+        merged_[rank] = part;
+        failed_ = !part;
     }
 
     DWORD capacity_ = kGrowth;
     HGLOBAL block_;
     RGNDATA *data_ = nullptr;
-    HRGN region_ = nullptr;
+    HRGN merged_[kRanks] = {};  ///< by rank: of 1, 2, 4 ... batches, or null
     bool failed_ = false;
 };
 

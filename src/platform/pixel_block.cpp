@@ -7,7 +7,8 @@
 #include <cstdint>
 #include <cstring>
 #include <new>
-#include <utility>
+
+#include "platform/sanitizers.h"
 
 #ifdef __linux__
 #include <sys/mman.h>
@@ -21,13 +22,10 @@ constexpr std::size_t kLargePage = std::size_t{2} << 20;
 constexpr std::align_val_t kLargeAlignment{kLargePage};
 
 constexpr std::size_t kLine = 64;
-#ifdef __SANITIZE_ADDRESS__
-// So that the sanitizer sees each byte outside, and each use after the free.
-constexpr std::size_t kLineSlack = 0, kLargestSpare = 0;
-#else
-// The allocator's own alignment is a quarter of a line.
-constexpr std::size_t kLineSlack = kLine - 16, kLargestSpare = std::size_t{64} << 20;
-#endif
+// The allocator's own alignment is a quarter of a line. A sanitizer is to see each byte outside, and each use after the
+// free.
+constexpr std::size_t kLineSlack = kHasAddressSanitizer ? 0 : kLine - 16;
+constexpr std::size_t kLargestSpare = kHasAddressSanitizer ? 0 : std::size_t{64} << 20;
 
 PixelBlock AllocateSmall(std::size_t size) {
     auto *bytes = new (std::nothrow) std::byte[size + kLineSlack];
@@ -47,11 +45,10 @@ PixelBlock AllocateLarge(std::size_t size) {
     return {block, {.largeSize = size}};
 }
 
-/// The large block that was freed last; its size stands at its beginning.
+/// The large block that was freed last; its size stands at its beginning. It has no destructor: calls may come after
+/// the library's end.
 class SpareBlock {
 public:
-    ~SpareBlock() { FreeLarge(block_.exchange(nullptr)); }
-
     /// The spare if it has `size` bytes or little more, else null.
     PixelBlock Take(std::size_t size) {
         std::byte *block = block_.exchange(nullptr, std::memory_order_acquire);
@@ -63,27 +60,52 @@ public:
         return {};
     }
 
+    /// Result: whether there was one to free.
+    bool Free() {
+        std::byte *block = block_.exchange(nullptr, std::memory_order_acquire);
+        FreeLarge(block);
+        return block != nullptr;
+    }
+
     void Keep(std::byte *block, std::size_t size) {
         if (size <= kLargestSpare) {
             std::memcpy(block, &size, sizeof size);
-            block = block_.exchange(block, std::memory_order_acq_rel);
+            block = block_.exchange(block);
         }
         FreeLarge(block);
+        if (hasEnded_) FreeLarge(block_.exchange(nullptr));
+    }
+
+    /// Frees the spare, and from now on each block that would become it.
+    void End() {
+        hasEnded_ = true;
+        FreeLarge(block_.exchange(nullptr));
     }
 
 private:
     std::atomic<std::byte *> block_{nullptr};
+    std::atomic<bool> hasEnded_{false};
 };
 
-SpareBlock spare;
+constinit SpareBlock spare;
+
+struct SpareEnd {
+    ~SpareEnd() { spare.End(); }
+};
+SpareEnd spareEnd;
 
 }  // namespace
 
 PixelBlock AllocatePixels(std::size_t size) {
-    if (size < kLargePage) return AllocateSmall(size);
-    PixelBlock block = spare.Take(size);
-    return block ? std::move(block) : AllocateLarge(size);
+    const bool isLarge = size >= kLargePage;
+    const auto allocate = isLarge ? AllocateLarge : AllocateSmall;
+    PixelBlock block = isLarge ? spare.Take(size) : PixelBlock();
+    if (!block) block = allocate(size);
+    if (!block && FreeSparePixels()) block = allocate(size);
+    return block;
 }
+
+bool FreeSparePixels() { return spare.Free(); }
 
 void PixelBlockDeleter::operator()(std::byte *pixels) const {
     if (largeSize > 0) {

@@ -15,14 +15,6 @@
 namespace lacquer {
 namespace {
 
-constexpr const char *kExportsWithoutHandles =
-    "AHSLColorize AHSLtoARGB ARGBColorize ARGBtoAHSL CreateCanvasFromDC CreateMemBitmap CreateMemBitmapEx "
-    "CreateSystemBitmap CreateTexture CreateTextureEx e_NewHandleEntry GetStretchKernelMode "
-    "GetTextureFromVelCanvas GradientAddColorStop GradientCreateLinear GradientCreateRadial GradientDestroy "
-    "HSLColorize HSLtoRGB PathAddArc PathAddCircle PathAddEllipse PathAddRectangle PathArcTo PathBegin "
-    "PathBezierCurveTo PathClose PathCreate PathDestroy PathGetBounds PathLineTo PathMoveTo PathOvalCurveTo "
-    "PathQuadraticCurveTo PathSetFillType RGBColorize RGBtoHSL SetStretchKernelMode";
-
 // Exported under names that encode their argument types, so not in the list of plain names.
 constexpr const char *kDecoratedExports = "DrawTexture9Grid DrawTextureCenter DrawTextureTile DrawTextureTopTile";
 
@@ -35,7 +27,6 @@ TEST(BadHandleTest, TheTableKnowsEveryExport) {
     std::set<std::string> exported, known;
     AddWords(std::ifstream(LACQUER_EXPORTS_FILE), exported);
     AddWords(std::istringstream(kDecoratedExports), exported);
-    AddWords(std::istringstream(kExportsWithoutHandles), known);
     for (const HandleCall &row : HandleCalls()) AddWords(std::istringstream(row.name), known);
     EXPECT_EQ(exported, known);
 }
@@ -62,7 +53,7 @@ TEST_P(BadHandleTest, IsRefusedAndChangesNothing) {
             cases.push_back(handles);
         }
     }
-    cases.push_back({});
+    if (count > 0) cases.push_back({});
     for (const HandleCall::Values &handles : cases) {
         out.Reset();
         ASSERT_EQ(row.refused, row.call(handles)) << Described(handles);

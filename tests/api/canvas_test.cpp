@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <climits>
+#include <cstring>
 
 #include "objects.h"
 #include "support/memory_dc.h"
@@ -173,6 +174,44 @@ TEST_P(CanvasTest, ItsDeviceContextHasItsClip) {
     // A complex clip counts by its box.
     SelectClipWithHole(dc, {6, 5, 13, 15}, {8, 8, 9, 9});
     EXPECT_EQ(Rect(2, 2, 9, 12), ClipOf(canvas));
+}
+
+TEST(RefusedLockTest, ClearsTheRecordOfAnObjectAndLeavesAWrongHandles) {
+    const OwnedBitmap bitmap = NoisyBitmap(4, 4, 1);
+    const OwnedTexture texture = NoisyTexture(4, 4, 1);
+    const OwnedCanvas canvas = NoisyCanvas(4, 4, 1);
+    const Dib dib(4, 4);
+    const MemoryDC dc(dib.Handle());
+    const OwnedCanvas foreign(CreateCanvasFromDC(dc));
+    constexpr size_t kPlain = sizeof(BITMAP), kAll = sizeof(SurfaceView);
+    const RECT inside{0, 0, 4, 4}, outside{0, 0, 5, 4}, inverted{3, 0, 1, 4};
+    const auto check = [](auto lock, auto handle, const RECT *rect, size_t cleared) {
+        SurfaceView record;
+        BYTE expected[kAll] = {};
+        std::memset(&record, 0xA5, kAll);
+        std::memset(expected + cleared, 0xA5, kAll - cleared);
+        EXPECT_EQ(0, lock(handle, &record, rect));
+        EXPECT_EQ(0, std::memcmp(expected, &record, kAll)) << "not " << cleared << " bytes are cleared";
+    };
+    for (const RECT *rect : {&outside, &inverted}) {
+        check(LockBitmapBits, HGBITMAP(bitmap), rect, kPlain);
+        check(LockBitmapBitsEx, HGBITMAP(bitmap), rect, kAll);
+        check(LockTextureBits, HGTEXTURE(texture), rect, kPlain);
+        check(LockTextureBitsEx, HGTEXTURE(texture), rect, kAll);
+        check(LockCanvasBits, HGCANVAS(canvas), rect, kPlain);
+        check(LockCanvasBitsEx, HGCANVAS(canvas), rect, kAll);
+    }
+    for (const RECT *rect : {static_cast<const RECT *>(nullptr), &inverted}) {
+        check(LockCanvasBits, HGCANVAS(foreign), rect, kPlain);
+    }
+    for (const RECT *rect : {static_cast<const RECT *>(nullptr), &inside}) {
+        check(LockCanvasBitsEx, HGCANVAS(foreign), rect, kAll);
+    }
+    check(LockBitmapBits, HGBITMAP{}, &inside, 0);
+    check(LockBitmapBitsEx, HGBITMAP{}, &inside, 0);
+    check(LockTextureBitsEx, HGTEXTURE{HGBITMAP(bitmap).value}, &inside, 0);
+    check(LockCanvasBits, HGCANVAS{}, &inside, 0);
+    check(LockCanvasBitsEx, HGCANVAS{HGBITMAP(bitmap).value}, &inside, 0);
 }
 
 TEST(CanvasParentTest, IsForgottenWhenItEnds) {

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+#include <utility>
+
 #include "objects.h"
 #include "support/memory_dc.h"
 
@@ -35,9 +38,6 @@ TEST_F(DcCanvasTest, HasNoSurface) {
 TEST_F(DcCanvasTest, LocksARectangleInPlace) {
     const RECT rect{1, 2, 5, 6};
     SurfaceView view{};
-    EXPECT_EQ(0, LockCanvasBits(canvas_, &view, nullptr));
-    EXPECT_EQ(0, LockCanvasBitsEx(canvas_, &view, &rect));
-    EXPECT_EQ(0, LockCanvasBitsEx(canvas_, &view, nullptr));
     ASSERT_EQ(1, LockCanvasBits(canvas_, &view, &rect));
     EXPECT_EQ(4, view.width);
     EXPECT_EQ(static_cast<char *>(dib_.View().bits) + 2 * dib_.View().stride + 4, view.bits);
@@ -102,6 +102,39 @@ TEST_F(DcCanvasTest, ClipsThroughTheContext) {
     EXPECT_EQ(1, SetCanvasClipRect(canvas_, &clip));
     EXPECT_EQ(1, IntersectCanvasClipRect(canvas_, &inverted));
     EXPECT_TRUE(ClipOf(canvas_).IsEmpty());
+}
+
+TEST_F(DcCanvasTest, TheClipLastsWhenTheVisiblePartChanges) {
+    const Dib smaller(5, 4), larger(30, 25);  // the larger one is (-4, 1, 26, 26) in logical coordinates
+    constexpr std::pair<RECT, RECT> kCases[] = {{{2, 3, 22, 23}, {2, 3, 22, 23}},
+                                                {{-9, -9, 100, 14}, {-4, 1, 26, 14}},
+                                                {{12, 12, 20, 20}, {12, 12, 20, 20}},
+                                                {{INT_MIN, INT_MIN, INT_MAX, INT_MAX}, {-4, 1, 26, 26}},
+                                                {{INT_MAX - 3, 0, INT_MAX, 9}, {}}};
+    for (const auto &[rect, shown] : kCases) {
+        for (const auto narrow : {SetCanvasClipRect, IntersectCanvasClipRect}) {
+            const MemoryDC dc(smaller.Handle());
+            SetViewportOrgEx(dc, 4, -1, nullptr);
+            const OwnedCanvas canvas(CreateCanvasFromDC(dc));
+            EXPECT_EQ(1, narrow(canvas, &rect));
+            SelectObject(dc, larger.Handle());
+            const Rect clip = ClipOf(canvas);
+            EXPECT_TRUE(clip == shown || (clip.IsEmpty() && Rect(shown).IsEmpty())) << testing::PrintToString(clip);
+        }
+    }
+}
+
+TEST(RefusingDcTest, ClipsAreAcceptedAllTheSame) {
+    const OwnedCanvas system(CreateSystemCanvas(4, 4, {}));
+    HDC gone = CreateCompatibleDC(nullptr);
+    const OwnedCanvas foreign(CreateCanvasFromDC(gone));
+    DeleteDC(gone);
+    DeleteDC(GetCanvasHandle(system));
+    const RECT rect{1, 1, 3, 3};
+    for (const HGCANVAS canvas : {HGCANVAS(system), HGCANVAS(foreign)}) {
+        EXPECT_EQ(1, SetCanvasClipRect(canvas, &rect));
+        EXPECT_EQ(1, IntersectCanvasClipRect(canvas, &rect));
+    }
 }
 
 TEST(NullDcCanvasTest, CanBeMadeButNotLocked) {

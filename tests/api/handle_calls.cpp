@@ -1,4 +1,4 @@
-// The table of exported functions that take handles.
+// The table of exported functions.
 
 #include "handle_calls.h"
 
@@ -33,7 +33,7 @@ uint64_t Number(Result result) {
     }
 }
 
-#define CALL(expression) [](const Values &h) { return Number(expression); }
+#define CALL(expression) []([[maybe_unused]] const Values &h) { return Number(expression); }
 
 template <class Handle, auto Delete>
 bool Made(uint64_t result, const Values &) {
@@ -55,18 +55,57 @@ bool Always(uint64_t, const Values &) { return true; }
 
 /// For creation with a template: a wrong one is ignored, a right one lends its filter word.
 DWORD TakeFilter(HGCANVAS canvas) {
-    const OwnedCanvas made(canvas);
-    return FilterOf(made);
+    DWORD filter = 0;
+    GetCanvasFilter(canvas, &filter);
+    DeleteCanvas(canvas);
+    return filter;
 }
 
+template <class Use>
+uint64_t WithPath(const Use &use) {
+    velPath *path = PathCreate();
+    PathMoveTo(path, 1, 1);
+    const uint64_t result = Number(use(path));
+    PathDestroy(path);
+    return result;
+}
+#define ON_PATH(expression) [](const Values &) { return WithPath([](velPath *path) { return expression; }); }
+
+template <class Use>
+uint64_t WithGradient(velGradient *gradient, const Use &use) {
+    const uint64_t result = Number(use(gradient));
+    GradientDestroy(gradient);
+    return result;
+}
+
+/// A texture of a companion canvas over pixels of its own.
+HGTEXTURE TextureOfVelCanvas() {
+    static DWORD pixels[16];
+    velCanvas *canvas = velCanvasCreate();
+    velBitmap *bitmap = velBitmapCreateFromData(pixels, 4, 4, 16);
+    const HGTEXTURE texture = velCanvasSetBitmap(canvas, bitmap) ? GetTextureFromVelCanvas(canvas) : HGTEXTURE{};
+    velBitmapDestroy(bitmap);
+    velCanvasDestroy(canvas);
+    return texture;
+}
+
+HSLRecord hsl{1, 2, 3};
+RGBRecord rgb{1, 2, 3};
+velRectF bounds{};
+
 const HandleCall kHandleCalls[] = {
+    {"e_NewHandleEntry", "", CALL(e_NewHandleEntry(nullptr, 9, &out)), 0,
+     [](uint64_t result, const Values &) { return e_DelHandleEntry(nullptr, static_cast<DWORD>(result)) != 0; }},
     {"e_DelHandleEntry", "e", CALL(e_DelHandleEntry(nullptr, static_cast<DWORD>(h[0])))},
 
+    {"CreateSystemBitmap", "", CALL(CreateSystemBitmap(5, 5)), 0, Made<HGBITMAP, DeleteBitmap>},
+    {"CreateMemBitmap", "", CALL(CreateMemBitmap(5, 5)), 0, Made<HGBITMAP, DeleteBitmap>},
+    {"CreateMemBitmapEx", "", CALL(CreateMemBitmapEx(5, 5, 8, 16)), 0, Made<HGBITMAP, DeleteBitmap>},
     {"DeleteBitmap", "b", CALL((DeleteBitmap({h[0]}), 0)), 0, IsGone<HGBITMAP>},
     {"ReleaseBitmap", "a", CALL((ReleaseBitmap({h[0]}), 0)), 0, IsGone<HGBITMAP>},
     {"GetBitmapHandle", "b", CALL(GetBitmapHandle({h[0]}))},
     {"GetBitmapSize", "b", CALL(GetBitmapSize({h[0]}, &out.size))},
-    {"LockBitmapBits", "b", CALL(LockBitmapBits({h[0]}, &out.view, nullptr))},
+    {"LockBitmapBits", "b", CALL(LockBitmapBits({h[0]}, &out.view, &kRect) && UnlockBitmapBits({h[0]}))},
     {"LockBitmapBitsEx", "b", CALL(LockBitmapBitsEx({h[0]}, &out.view, nullptr))},
     {"UnlockBitmapBits", "b", CALL(UnlockBitmapBits({h[0]}))},
     {"GetBitmapFilter", "b", CALL(GetBitmapFilter({h[0]}, &out.word))},
@@ -79,12 +118,15 @@ const HandleCall kHandleCalls[] = {
     {"FlipBitmap", "b", CALL(FlipBitmap({h[0]}, 4)), 0, Made<HGBITMAP, DeleteBitmap>},
     {"CanvasToBitmap", "c", CALL(CanvasToBitmap({h[0]})), 0, MadeOf<HGBITMAP, DeleteBitmap, HGCANVAS>},
 
+    {"CreateTexture", "", CALL(CreateTexture(5, 5)), 0, Made<HGTEXTURE, DeleteTexture>},
+    {"CreateTextureEx", "", CALL(CreateTextureEx(5, 5, 8, 16)), 0, Made<HGTEXTURE, DeleteTexture>},
+    {"GetTextureFromVelCanvas", "", CALL(TextureOfVelCanvas()), 0, Made<HGTEXTURE, DeleteTexture>},
     {"DeleteTexture", "t", CALL((DeleteTexture({h[0]}), 0)), 0, IsGone<HGTEXTURE>},
     {"ReleaseTexture", "t", CALL((ReleaseTexture({h[0]}), 0)), 0, IsGone<HGTEXTURE>},
     {"GetTexture", "c", CALL(GetTexture({h[0]})), 0, Made<HGTEXTURE, DeleteTexture>},
     {"GetTextureHandle", "t", CALL(GetTextureHandle({h[0]}))},
     {"GetTextureSize", "t", CALL(GetTextureSize({h[0]}, &out.size))},
-    {"LockTextureBits", "t", CALL(LockTextureBits({h[0]}, &out.view, nullptr))},
+    {"LockTextureBits", "t", CALL(LockTextureBits({h[0]}, &out.view, &kRect) && UnlockTextureBits({h[0]}))},
     {"LockTextureBitsEx", "t", CALL(LockTextureBitsEx({h[0]}, &out.view, nullptr))},
     {"UnlockTextureBits", "t", CALL(UnlockTextureBits({h[0]}))},
     {"GetTextureFilter", "t", CALL(GetTextureFilter({h[0]}, &out.word))},
@@ -106,11 +148,12 @@ const HandleCall kHandleCalls[] = {
 
     {"CreateCanvas", "c", CALL(TakeFilter(CreateCanvas(2, 2, {h[0]})))},
     {"CreateSystemCanvas", "c", CALL(TakeFilter(CreateSystemCanvas(2, 2, {h[0]})))},
+    {"CreateCanvasFromDC", "", CALL(CreateCanvasFromDC(nullptr)), 0, Made<HGCANVAS, DeleteCanvas>},
     {"DeleteCanvas", "c", CALL((DeleteCanvas({h[0]}), 0)), 0, IsGone<HGCANVAS>},
     // A handle of another type is answered with its type bits.
     {"ReleaseCanvas", "p",
      CALL(ReleaseCanvas({h[0]}) != ((h[0] & 0xFF0000) == 0x10000 ? 0 : h[0] & 0xFF0000)), 0, IsGone<HGCANVAS>},
-    {"LockCanvasBits", "c", CALL(LockCanvasBits({h[0]}, &out.view, nullptr))},
+    {"LockCanvasBits", "c", CALL(LockCanvasBits({h[0]}, &out.view, &kRect) && UnlockCanvasBits({h[0]}))},
     {"LockCanvasBitsEx", "c", CALL(LockCanvasBitsEx({h[0]}, &out.view, nullptr))},
     {"UnlockCanvasBits", "c", CALL(UnlockCanvasBits({h[0]}))},
     {"GetCanvasHandle", "c", CALL(GetCanvasHandle({h[0]}))},
@@ -155,8 +198,9 @@ const HandleCall kHandleCalls[] = {
     {"BlendCanvas", "cc", CALL(BlendCanvas({h[0]}, &kRect, {h[1]}, &kRect, 255))},
     {"GdiTransCanvas", "c",
      [](const Values &h) {
-         const Dib dib(4, 4);
-         return Number(GdiTransCanvas(MemoryDC(dib.Handle()), &kRect, {h[0]}, &kRect, 255));
+         static const Dib dib(4, 4);
+         static const MemoryDC dc(dib.Handle());
+         return Number(GdiTransCanvas(dc, &kRect, {h[0]}, &kRect, 255));
      }},
     {"CanvasScroll", "c", CALL(CanvasScroll({h[0]}, 0, 1))},
     {"DrawModulation", "cb", CALL(DrawModulation({h[0]}, 0, 0, {h[1]}, &kRect, 0xFF112233))},
@@ -200,11 +244,8 @@ const HandleCall kHandleCalls[] = {
     {"DrawBezier", "c", CALL(DrawBezier({h[0]}, 0, 0, 1, 2, 2, 1, 3, 3))},
     {"DrawPath", "c",
      [](const Values &h) {
-         velPath *path = PathCreate();
-         PathAddRectangle(path, 0, 0, 2, 2);
-         const int result = DrawPath({h[0]}, path);
-         PathDestroy(path);
-         return Number(result);
+         return WithPath(
+             [&](velPath *path) { return PathAddRectangle(path, 0, 0, 2, 2) ? DrawPath({h[0]}, path) : 0; });
      }},
     // Without an animation it gives 0 always.
     {"DrawLottie", "c", CALL(DrawLottie({h[0]}, nullptr, 0, 0, 0, 2, 2)), 0, Always},
@@ -223,10 +264,8 @@ const HandleCall kHandleCalls[] = {
     {"SetStrokeJoin", "c", CALL(SetStrokeJoin({h[0]}, 1))},
     {"SetGradient", "c",
      [](const Values &h) {
-         velGradient *gradient = GradientCreateLinear(0, 0, 1, 1);
-         const int result = SetGradient({h[0]}, gradient);
-         GradientDestroy(gradient);
-         return Number(result);
+         return WithGradient(GradientCreateLinear(0, 0, 1, 1),
+                             [&](velGradient *gradient) { return SetGradient({h[0]}, gradient); });
      }},
     {"SetStrokeWidth", "c", CALL(SetStrokeWidth({h[0]}, 5.0f))},
     {"GetStrokeWidth", "c", CALL(GetStrokeWidth({h[0]}) == 1.0f), 1},
@@ -235,6 +274,47 @@ const HandleCall kHandleCalls[] = {
     {"SetFontFaceName", "c", CALL(SetFontFaceName({h[0]}, kFontName))},
     {"SetFontStyle", "c", CALL(SetFontStyle({h[0]}, 1))},
     {"SetTextSize", "c", CALL(SetTextSize({h[0]}, 9.0f))},
+
+    {"SetStretchKernelMode", "",
+     [](const Values &) {
+         const int set = SetStretchKernelMode(2);
+         SetStretchKernelMode(1);
+         return Number(set);
+     }},
+    {"GetStretchKernelMode", "", CALL(GetStretchKernelMode())},
+    {"ARGBtoAHSL", "", CALL(ARGBtoAHSL(0xFF112233))},
+    {"AHSLtoARGB", "", CALL(AHSLtoARGB(0xFF112233))},
+    {"RGBtoHSL", "", CALL(RGBtoHSL(&hsl, &rgb))},
+    {"HSLtoRGB", "", CALL(HSLtoRGB(&rgb, &hsl))},
+    {"ARGBColorize", "", CALL(ARGBColorize(0xFF112233, 0.5f, 0, 0))},
+    {"AHSLColorize", "", CALL(AHSLColorize(0xFF112233, 0.5f, 0, 0))},
+    {"RGBColorize", "", CALL(RGBColorize(&rgb, &rgb, 0.5f, 0, 0))},
+    {"HSLColorize", "", CALL(HSLColorize(&hsl, &hsl, 0.5f, 0, 0))},
+
+    {"PathCreate", "", ON_PATH(path != nullptr)},
+    {"PathDestroy", "", CALL(PathDestroy(PathCreate()))},
+    {"PathBegin", "", ON_PATH(PathBegin(path))},
+    {"PathClose", "", ON_PATH(PathClose(path))},
+    {"PathSetFillType", "", ON_PATH(PathSetFillType(path, 1))},
+    {"PathMoveTo", "", ON_PATH(PathMoveTo(path, 2, 2))},
+    {"PathLineTo", "", ON_PATH(PathLineTo(path, 3, 2))},
+    {"PathArcTo", "", ON_PATH(PathArcTo(path, 0, 0, 4, 4, 0, 270, 0))},
+    {"PathOvalCurveTo", "", ON_PATH(PathOvalCurveTo(path, 2, 1, 0, 1, 1, 3, 3))},
+    {"PathBezierCurveTo", "", ON_PATH(PathBezierCurveTo(path, 1, 2, 3, 4, 5, 6))},
+    {"PathQuadraticCurveTo", "", ON_PATH(PathQuadraticCurveTo(path, 1, 2, 3, 4))},
+    {"PathAddArc", "", ON_PATH(PathAddArc(path, 0, 0, 4, 4, 0, 270))},
+    {"PathAddRectangle", "", ON_PATH(PathAddRectangle(path, 0, 0, 2, 2))},
+    {"PathAddCircle", "", ON_PATH(PathAddCircle(path, 2, 2, 2))},
+    {"PathAddEllipse", "", ON_PATH(PathAddEllipse(path, 2, 2, 2, 1))},
+    {"PathGetBounds", "", ON_PATH(PathAddCircle(path, 2, 2, 2) ? PathGetBounds(path, &bounds) : 0)},
+    {"GradientCreateLinear", "", CALL(GradientDestroy(GradientCreateLinear(0, 0, 1, 1)))},
+    {"GradientCreateRadial", "", CALL(GradientDestroy(GradientCreateRadial(0, 0, 1)))},
+    {"GradientDestroy", "", CALL(GradientDestroy(GradientCreateLinear(0, 0, 1, 1)))},
+    {"GradientAddColorStop", "",
+     [](const Values &) {
+         return WithGradient(GradientCreateLinear(0, 0, 1, 1),
+                             [](velGradient *gradient) { return GradientAddColorStop(gradient, 0.5f, 0xFF112233); });
+     }},
 };
 
 }  // namespace

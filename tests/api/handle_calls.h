@@ -1,4 +1,4 @@
-// All exported functions that take handles, in a table.
+// All exported functions in a table, each with a call of it.
 #pragma once
 
 #include <array>
@@ -8,12 +8,12 @@
 
 namespace lacquer {
 
-/// One exported function, called with handles.
+/// One exported function and a call of it.
 struct HandleCall {
     using Values = std::array<uintptr_t, 2>;
 
     const char *name;
-    const char *handles;  ///< a letter for each handle argument, as HandleWorld::Valid takes it
+    const char *handles;  ///< a letter for each handle argument, as HandleWorld::Valid takes it, or none
     uint64_t (*call)(const Values &handles);
     uint64_t refused = 0;
 
@@ -23,7 +23,7 @@ struct HandleCall {
     friend void PrintTo(const HandleCall &call, std::ostream *out) { *out << call.name; }
 };
 
-/// One row for each exported function with a handle argument.
+/// One row for each exported function.
 const std::vector<HandleCall> &HandleCalls();
 
 }  // namespace lacquer

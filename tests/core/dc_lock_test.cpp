@@ -7,6 +7,8 @@
 #include <climits>
 #include <vector>
 
+#include "core/locked.h"
+#include "core/locked_pieces.h"
 #include "support/memory_dc.h"
 #include "support/pixels.h"
 
@@ -171,18 +173,32 @@ TEST_F(DcLockTest, ABitmapThatIsNoDibSectionIsCopied) {
     DeleteDC(plain);
 }
 
-TEST_F(DcLockTest, OnlyOneCopyAtATime) {
+TEST_F(DcLockTest, OneCopyAtATimeWithLocksInPlaceInsideIt) {
+    ASSERT_TRUE(lock_.Lock(dc_, {0, 0, 2, 2}, &view_)) << "in place, before the copy";
     SelectClipWithHole(dc_, {0, 0, kSide, kSide}, {3, 3, 5, 5});
     ASSERT_TRUE(lock_.Lock(dc_, {0, 0, 4, 4}, &view_));
     FillWith(view_, 0x01020304);
     SurfaceView second{};
-    EXPECT_FALSE(lock_.Lock(dc_, {0, 0, kSide, kSide}, &second));
+    EXPECT_FALSE(lock_.Lock(dc_, {0, 0, kSide, kSide}, &second)) << "a second copy";
     ExtSelectClipRgn(dc_, nullptr, RGN_COPY);
-    EXPECT_FALSE(lock_.Lock(dc_, {4, 4, 6, 6}, &second)) << "also in place";
+    const uint32_t before = At(0, 0);
+    for (int nested = 0; nested < 2; ++nested) {
+        ASSERT_TRUE(lock_.Lock(dc_, {4, 4, 6, 6}, &second));
+        EXPECT_EQ(At(5, 4), PixelAt(second, 1, 0));
+    }
+    EXPECT_FALSE(lock_.Lock(dc_, {4, 4, 4, 6}, &second)) << "a refused lock has no unlock";
     lock_.Unlock();
-    EXPECT_EQ(0x01020304u, At(0, 0)) << "the refused lock has not replaced the rectangle";
-    EXPECT_EQ(0x01020304u, At(3, 3));
-    EXPECT_TRUE(lock_.Lock(dc_, {4, 4, 6, 6}, &second));
+    lock_.Unlock();
+    EXPECT_EQ(before, At(0, 0)) << "these unlocks end the locks in place";
+    lock_.Unlock();
+    EXPECT_EQ(0x01020304u, At(0, 0));
+    EXPECT_EQ(0x01020304u, At(3, 3)) << "the copy has kept its rectangle";
+    EXPECT_NE(0x01020304u, At(4, 4));
+    FillWith(dib_.View(), 0);
+    for (int more = 0; more < 3; ++more) lock_.Unlock();
+    EXPECT_EQ(0u, At(0, 0)) << "the copy is written once";
+    SelectClipWithHole(dc_, {0, 0, kSide, kSide}, {3, 3, 5, 5});
+    EXPECT_TRUE(lock_.Lock(dc_, {0, 0, kSide, kSide}, &second));
 }
 
 TEST_F(DcLockTest, ACopyThatIsNeverUnlockedIsFreed) {
@@ -204,9 +220,14 @@ TEST_F(DcLockTest, RefusesEmptyAndImpossibleRectangles) {
         EXPECT_FALSE(lock_.Lock(dc_, rect, &view_)) << rect.left << ' ' << rect.right;
         lock_.Unlock();
     }
+}
+
+TEST_F(DcLockTest, WhatCantBeReadIsTransparentBlack) {
     HDC gone = CreateCompatibleDC(nullptr);
     DeleteDC(gone);
-    EXPECT_FALSE(lock_.Lock(gone, {0, 0, 2, 2}, &view_));
+    ASSERT_TRUE(lock_.Lock(gone, {0, 0, 3, 2}, &view_));
+    EXPECT_EQ(std::vector<uint32_t>(6), PixelsOf(view_));
+    lock_.Unlock();
 }
 
 TEST_F(DcLockTest, ExtremeOriginsReachNoForeignPixels) {
@@ -221,6 +242,46 @@ TEST_F(DcLockTest, ExtremeOriginsReachNoForeignPixels) {
                 lock_.Unlock();
             }
         }
+    }
+}
+
+/// What a piece may do to a view: read and write every pixel, alpha included.
+void Change(const SurfaceView &view) {
+    for (LONG y = 0; y < view.height; ++y) {
+        for (LONG x = 0; x < view.width; ++x) PutPixel(view, x, y, PixelAt(view, x, y) * 31 + 0x9A070503);
+    }
+}
+
+TEST(LockedPiecesTest, SeeAndLeaveWhatLocksOfTheirOwnDo) {
+    constexpr LONG kWidth = 30, kHeight = 20;
+    for (uint32_t round = 0; round < 300; ++round) {
+        uint32_t next = 0;
+        const auto below = [&](LONG end) {
+            return static_cast<LONG>(Noise(round, ++next) % static_cast<uint32_t>(end));
+        };
+        const Dib shared(kWidth, kHeight, 24), apart(kWidth, kHeight, 24);
+        const MemoryDC sharedDC(shared.Handle()), apartDC(apart.Handle());
+        for (const Dib *dib : {&shared, &apart}) FillWithNoise(dib->View(), round);
+        for (HDC dc : {HDC(sharedDC), HDC(apartDC)}) {
+            if (round % 4 != 0) SelectClipWithHole(dc, {0, 0, kWidth, kHeight}, {7, 4, 12, 15});
+        }
+        const std::unique_ptr<Canvas> sharing = MakeCanvasFromDC(sharedDC), single = MakeCanvasFromDC(apartDC);
+        {
+            LockedPieces pieces(*sharing, {0, 0, kWidth - below(3), kHeight + below(3)});
+            for (LONG i = 0; i < 12; ++i) {
+                // Columns that do not touch, cells from left to right, or anything.
+                RECT rect{2 * i, 3, 2 * i + 1, 9};
+                if (round % 3 == 1) rect = {i % 4 * 5, i / 4 * 4, i % 4 * 5 + 5, i / 4 * 4 + 4};
+                if (round % 3 == 2) rect = {below(20), below(12), 20 + below(11), 12 + below(9)};
+                const SurfaceView *view = pieces.Lock(rect);
+                const LockedCanvas own(*single, &rect);
+                ASSERT_NE(nullptr, view);
+                ASSERT_EQ(PixelsOf(*own.View()), PixelsOf(*view)) << "round " << round << " piece " << i;
+                Change(*view);
+                Change(*own.View());
+            }
+        }
+        ASSERT_EQ(PixelsOf(apart.View()), PixelsOf(shared.View())) << "round " << round;
     }
 }
 

@@ -5,6 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <bit>
+#include <optional>
 #include <set>
 #include <thread>
 #include <vector>
@@ -17,11 +19,16 @@ constexpr uint32_t kUsableSlots = 32767;
 
 int objects[4];
 
+struct OpenTable : HandleTable {
+    OpenTable() { Open(); }
+    ~OpenTable() { Close(); }
+};
+
 uint32_t IndexOf(uint32_t handle) { return handle & 0xFFFF; }
 uint32_t GenerationOf(uint32_t handle) { return handle >> 24; }
 
 TEST(HandleTableTest, FirstHandlesNameTypeGenerationAndIndex) {
-    HandleTable bitmaps, canvases;
+    OpenTable bitmaps, canvases;
     EXPECT_EQ(0x01020001u, bitmaps.NewHandleEntry(kBitmap, &objects[0]));
     EXPECT_EQ(0x01030002u, bitmaps.NewHandleEntry(kTexture, &objects[1]));
     EXPECT_EQ(0x01010001u, canvases.NewHandleEntry(kCanvas, &objects[2]));
@@ -31,13 +38,13 @@ TEST(HandleTableTest, FirstHandlesNameTypeGenerationAndIndex) {
 }
 
 TEST(HandleTableTest, OnlyTheLowByteOfTheTypeCounts) {
-    HandleTable table;
+    OpenTable table;
     EXPECT_EQ(0x01FF0001u, table.NewHandleEntry(-1, &objects[0]));
     EXPECT_EQ(0x01020002u, table.NewHandleEntry(0x7F02, &objects[0]));
 }
 
 TEST(HandleTableTest, RefusesWhatIsNotCurrent) {
-    HandleTable table;
+    OpenTable table;
     const uint32_t handle = table.NewHandleEntry(kBitmap, &objects[0]);
     const std::array<uint32_t, 12> wrong{
         0,
@@ -65,7 +72,7 @@ TEST(HandleTableTest, RefusesWhatIsNotCurrent) {
 }
 
 TEST(HandleTableTest, TypeZeroIsNeverCurrent) {
-    HandleTable table;
+    OpenTable table;
     const uint32_t handle = table.NewHandleEntry(0x100, &objects[0]);
     EXPECT_EQ(0x01000001u, handle);
     EXPECT_EQ(nullptr, table.LookupHandleEntry(handle));
@@ -74,7 +81,7 @@ TEST(HandleTableTest, TypeZeroIsNeverCurrent) {
 }
 
 TEST(HandleTableTest, ASlotWithoutAnObjectIsHandedOutAgain) {
-    HandleTable table;
+    OpenTable table;
     const uint32_t empty = table.NewHandleEntry(kBitmap, nullptr);
     EXPECT_EQ(1u, IndexOf(empty));
     EXPECT_EQ(nullptr, table.LookupHandleEntry(empty));
@@ -84,7 +91,7 @@ TEST(HandleTableTest, ASlotWithoutAnObjectIsHandedOutAgain) {
 }
 
 TEST(HandleTableTest, ReusesTheSlotFreedLastThenTheLowestFreeOne) {
-    HandleTable table;
+    OpenTable table;
     std::vector<uint32_t> handles;
     for (int i = 0; i < 6; ++i) handles.push_back(table.NewHandleEntry(kBitmap, &objects[0]));
     EXPECT_EQ(6u, IndexOf(handles.back()));
@@ -97,7 +104,7 @@ TEST(HandleTableTest, ReusesTheSlotFreedLastThenTheLowestFreeOne) {
 }
 
 TEST(HandleTableTest, GenerationsWrapAfter256Frees) {
-    HandleTable table;
+    OpenTable table;
     const uint32_t first = table.NewHandleEntry(kBitmap, &objects[0]);
     EXPECT_TRUE(table.DelHandleEntry(first));
     std::set<uint32_t> generations{GenerationOf(first)};
@@ -113,7 +120,7 @@ TEST(HandleTableTest, GenerationsWrapAfter256Frees) {
 }
 
 TEST(HandleTableTest, HoldsEveryUsableSlotAndNoMore) {
-    HandleTable table;
+    OpenTable table;
     std::vector<uint32_t> handles;
     while (const uint32_t handle = table.NewHandleEntry(kBitmap, &objects[0])) {
         ASSERT_LT(handles.size(), kUsableSlots);
@@ -133,22 +140,65 @@ TEST(HandleTableTest, HoldsEveryUsableSlotAndNoMore) {
         EXPECT_EQ(index, IndexOf(table.NewHandleEntry(kCanvas, &objects[2])));
 }
 
-TEST(HandleTableTest, RevokeFreesEveryHandleOfOneObject) {
-    HandleTable table;
-    const uint32_t other = table.NewHandleEntry(kBitmap, &objects[1]),
-                   first = table.NewHandleEntry(kBitmap, &objects[0]),
-                   alias = table.NewHandleEntry(kCanvas, &objects[0]);
-    table.Revoke(&objects[0]);
-    EXPECT_EQ(nullptr, table.LookupHandleEntry(first));
-    EXPECT_EQ(nullptr, table.LookupHandleEntry(alias));
-    EXPECT_EQ(&objects[1], table.LookupHandleEntry(other));
-    EXPECT_EQ(0x02020002u, table.NewHandleEntry(kBitmap, &objects[2]));
-    EXPECT_EQ(0x02020003u, table.NewHandleEntry(kBitmap, &objects[2]));
+TEST(HandleTableTest, RevokeFreesTheHandlesOfOneObjectWhicheverWereFreedBefore) {
+    constexpr size_t kObjects = 3, kHandles = 24;
+    for (uint32_t freed = 0; freed < 1u << (kHandles / kObjects); ++freed) {
+        OpenTable table;
+        std::array<uint32_t, kHandles> handles{};
+        for (size_t i = 0; i < kHandles; ++i) {
+            handles[i] = table.NewHandleEntry(kCanvas, &objects[i % kObjects]);
+            ASSERT_EQ(i + 1, IndexOf(handles[i]));
+        }
+        // Some handles of every object, the first and the last one in turn.
+        for (size_t i = 0; i < kHandles; ++i) {
+            if (freed >> i / kObjects & 1) {
+                EXPECT_TRUE(table.DelHandleEntry(handles[i]));
+            }
+        }
+        HeldTable(table).Revoke(&objects[1]);
+        for (size_t i = 0; i < kHandles; ++i) {
+            const bool isGone = i % kObjects == 1 || (freed >> i / kObjects & 1);
+            ASSERT_EQ(isGone ? nullptr : &objects[i % kObjects], table.LookupHandleEntry(handles[i])) << freed;
+        }
+        // The hint is the slot freed by its handle; none that was revoked.
+        if (freed == 0) {
+            EXPECT_EQ(0x02020002u, table.NewHandleEntry(kBitmap, &objects[3]));
+            EXPECT_EQ(0x02020005u, table.NewHandleEntry(kBitmap, &objects[3]));
+        } else {
+            const auto last = static_cast<uint32_t>(std::bit_width(freed)) * kObjects;
+            EXPECT_EQ(0x02020000u | last, table.NewHandleEntry(kBitmap, &objects[3]));
+        }
+    }
+}
+
+TEST(HandleTableTest, IsEmptyAndFullBeforeItOpensAndAfterItClosesWhateverHoldsTheLock) {
+    for (const bool held : {false, true}) {
+        HandleTable table;
+        EXPECT_EQ(0u, table.NewHandleEntry(kBitmap, &objects[0]));
+        EXPECT_EQ(nullptr, table.LookupHandleEntry(0x01020001));
+        table.Open();
+        const uint32_t handle = table.NewHandleEntry(kBitmap, &objects[0]);
+        EXPECT_EQ(0x01020001u, handle);
+        std::optional<HeldTable> holder;
+        if (held) holder.emplace(table);
+        std::thread([&] {
+            table.Close();
+            EXPECT_EQ(0u, table.NewHandleEntry(kBitmap, &objects[0]));
+            EXPECT_EQ(nullptr, table.LookupHandleEntry(handle));
+            EXPECT_FALSE(table.DelHandleEntry(handle));
+            HeldTable(table).Revoke(&objects[0]);
+        }).join();
+        if (!held) continue;
+        EXPECT_EQ(&objects[0], holder->LookupHandleEntry(handle)) << "who is inside goes on with what it has";
+        EXPECT_TRUE(holder->DelHandleEntry(handle));
+        holder.reset();
+        EXPECT_EQ(nullptr, table.LookupHandleEntry(handle));
+    }
 }
 
 TEST(HandleTableTest, NoHandleIsHandedOutTwiceToThreads) {
     constexpr int kThreads = 4, kRounds = 4000, kHeld = 8;
-    HandleTable table;
+    OpenTable table;
     std::array<int, kThreads> faults{};
     std::vector<std::thread> threads;
     for (size_t t = 0; t < kThreads; ++t) {
@@ -163,7 +213,7 @@ TEST(HandleTableTest, NoHandleIsHandedOutTwiceToThreads) {
                 }
                 handles[i] = table.NewHandleEntry(1 + round % 3, &mine[i]);
                 fault += table.LookupHandleEntry(handles[i]) != &mine[i];
-                if (round % 1000 == 0) table.Revoke(&fault);
+                if (round % 1000 == 0) HeldTable(table).Revoke(&fault);
             }
             for (const uint32_t handle : handles) fault += !table.DelHandleEntry(handle);
         });

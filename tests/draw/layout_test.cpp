@@ -81,7 +81,7 @@ void ForRandomDraws(uint32_t seed, int rounds, const Case &test) {
         const Draw draw{random.Inside({-25, -25, 65, 60}), sheets[random.Word() % std::size(sheets)],
                         random.AnyOrder(random.Inside({0, 0, 23, 17})), random.Of<DWORD>({0u, 1u, 4u, 5u}),
                         random.Of<BYTE>({255, 120})};
-        const Twins twins(random.Of(kCanvasKinds), random.Inside({0, 0, 40, 36}), random.Word());
+        const Twins twins(random.Of(kAllCanvasKinds), random.Inside({0, 0, 40, 36}), random.Word());
         test(random, draw, twins);
         twins.ExpectSame();
         ASSERT_FALSE(::testing::Test::HasFailure()) << "round " << round;

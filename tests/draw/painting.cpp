@@ -37,16 +37,27 @@ void ExpectSameOutside(const RECT &rect, const Picture &before, const Picture &a
     EXPECT_TRUE(Same(expected, after));
 }
 
-TestCanvas::TestCanvas(CanvasKind kind, LONG width, LONG height, uint32_t seed) {
+TestCanvas::TestCanvas(CanvasKind kind, LONG width, LONG height, uint32_t seed) : kind_(kind) {
     const auto w = static_cast<DWORD>(width), h = static_cast<DWORD>(height);
     switch (kind) {
         case CanvasKind::Memory: canvas_.emplace(CreateCanvas(w, h, {})); break;
         case CanvasKind::System: canvas_.emplace(CreateSystemCanvas(w, h, {})); break;
-        case CanvasKind::FromDC:
-            dib_.emplace(width, height);
+        default:
+            dib_.emplace(width, height, kind == CanvasKind::Shallow ? WORD{24} : WORD{32});
             dc_.emplace(dib_->Handle());
-            canvas_.emplace(CreateCanvasFromDC(*dc_));
-            break;
+#ifdef _WIN32
+            if (kind == CanvasKind::Scaled) {
+                SetMapMode(*dc_, MM_ANISOTROPIC);
+                SetWindowExtEx(*dc_, 2, 2, nullptr);
+                SetViewportExtEx(*dc_, 3, 3, nullptr);
+            }
+            if (kind == CanvasKind::Metafile) {
+                const RECT screen{0, 0, GetDeviceCaps(*dc_, HORZSIZE) * 100, GetDeviceCaps(*dc_, VERTSIZE) * 100};
+                metafile_ = CreateEnhMetaFileW(*dc_, nullptr, &screen, nullptr);
+            }
+#endif
+            canvas_.emplace(CreateCanvasFromDC(Context()));
+            SetClip({0, 0, width, height});
     }
     FillWithNoise(View(), seed);
 }
@@ -54,6 +65,22 @@ TestCanvas::TestCanvas(CanvasKind kind, LONG width, LONG height, uint32_t seed) 
 SurfaceView TestCanvas::View() const {
     GdiFlush();
     return dib_ ? dib_->View() : lacquer::ViewOf(*canvas_);
+}
+
+void TestCanvas::SetClip(const RECT &clip) const {
+    SetCanvasClipRect(*canvas_, &clip);
+    if (kind_ >= CanvasKind::Holed && kind_ <= CanvasKind::Scaled) ExcludeClipRect(Context(), 12, 9, 17, 16);
+}
+
+void TestCanvas::Play() const {
+#ifdef _WIN32
+    if (!metafile_) return;
+    HENHMETAFILE closed = CloseEnhMetaFile(std::exchange(metafile_, nullptr));
+    // The whole screen, in pixels: nothing is scaled.
+    const RECT screen{0, 0, GetDeviceCaps(*dc_, HORZRES), GetDeviceCaps(*dc_, VERTRES)};
+    EXPECT_TRUE(PlayEnhMetaFile(*dc_, closed, &screen));
+    DeleteEnhMetaFile(closed);
+#endif
 }
 
 OwnedBitmap NoiseBitmap(LONG width, LONG height, WORD bitsPerPixel, uint32_t seed, DWORD filter) {

@@ -63,27 +63,48 @@ void ForEachPixel(const Picture &picture, const Function &function) {
 /// Outside `rect` nothing has changed.
 void ExpectSameOutside(const RECT &rect, const Picture &before, const Picture &after);
 
-/// `FromDC` is made around a memory device context with a DIB section.
-enum class CanvasKind { Memory, System, FromDC };
+/// `FromDC` is made around a memory device context with a DIB section. The others have a device context, too, that
+/// draws reach through copies only: its clip has a hole, `Shallow` has 24 bits per pixel and `Scaled` larger units; a
+/// `Metafile` can't be read at all.
+enum class CanvasKind { Memory, System, FromDC, Holed, Shallow, Scaled, Metafile };
 constexpr std::initializer_list<CanvasKind> kCanvasKinds{CanvasKind::Memory, CanvasKind::System, CanvasKind::FromDC};
+constexpr std::initializer_list<CanvasKind> kAllCanvasKinds{CanvasKind::Memory, CanvasKind::System,  CanvasKind::FromDC,
+                                                            CanvasKind::Holed,  CanvasKind::Shallow,
+#ifdef _WIN32
+                                                            CanvasKind::Scaled, CanvasKind::Metafile
+#endif
+};
 
 /// A canvas filled with premultiplied noise.
 class TestCanvas {
 public:
     TestCanvas(CanvasKind kind, LONG width, LONG height, uint32_t seed);
+    ~TestCanvas() { Play(); }
 
     operator HGCANVAS() const { return *canvas_; }
 
     /// Every pixel, clip and origins apart.
     SurfaceView View() const;
-    Picture Pixels() const { return PictureOf(View()); }
 
-    /// The caller's context of `FromDC`.
-    HDC Context() const { return *dc_; }
+    /// Ends a metafile, which is drawn on no more then, and plays it.
+    Picture Pixels() const {
+        Play();
+        return PictureOf(View());
+    }
+
+    /// The caller's context, null without one.
+    HDC Context() const { return metafile_ ? metafile_ : dc_ ? HDC(*dc_) : nullptr; }
+
+    /// Makes a rectangle the clip, with a hole where the kind says so.
+    void SetClip(const RECT &clip) const;
 
 private:
+    void Play() const;
+
+    CanvasKind kind_;
     std::optional<Dib> dib_;
     std::optional<MemoryDC> dc_;
+    mutable HDC metafile_ = nullptr;
     std::optional<OwnedCanvas> canvas_;
 };
 
@@ -101,13 +122,16 @@ struct Sheet {
           bitmap(NoiseBitmap(width, height, bits, seed, filter)) {}
 };
 
-/// Two canvases with the same pixels and the same clip: one for the operation under test, one for what it must equal.
+/// Two canvases with the same pixels, origins and clip: one for the operation under test, one for what it must equal.
 struct Twins {
     TestCanvas drawn, expected;
 
     Twins(CanvasKind kind, const RECT &clip, uint32_t seed) : drawn(kind, 40, 36, seed), expected(kind, 40, 36, seed) {
-        SetCanvasClipRect(drawn, &clip);
-        SetCanvasClipRect(expected, &clip);
+        for (const TestCanvas *canvas : {&drawn, &expected}) {
+            SetViewportOrg(*canvas, static_cast<int>(seed % 7), -2, nullptr);
+            SetWindowOrg(*canvas, 3, static_cast<int>(seed % 5) - 4, nullptr);
+            canvas->SetClip(clip);
+        }
     }
     void ExpectSame() const { EXPECT_TRUE(Same(expected.Pixels(), drawn.Pixels())); }
 };

@@ -1,4 +1,5 @@
-// A real window's device context as the target. Needs a screen; cmake/run-under-xvfb provides one.
+// Device contexts that only Windows has as the target: a metafile's, and a real window's. The latter needs a screen;
+// cmake/run-under-xvfb provides one.
 
 #include "painting.h"
 
@@ -8,6 +9,21 @@ namespace {
 Picture WithoutAlpha(Picture picture) {
     for (uint32_t &pixel : picture.pixels) pixel &= 0x00FFFFFF;
     return picture;
+}
+
+TEST(Metafile, IsDrawnOnAsIfItWereTransparentBlack) {
+    const TestCanvas canvas(CanvasKind::Metafile, 40, 36, 1);
+    Picture expected = PictureOf(canvas.View());
+    const OwnedBitmap bitmap = NoiseBitmap(9, 8, 32, 5, kOver);
+    const RECT place{5, 6, 14, 14}, fill{20, 20, 30, 34};
+    EXPECT_EQ(1, DrawBitmap(canvas, &place, bitmap, 0));
+    EXPECT_EQ(1, FillPreMulColorRectEx(canvas, 0x40102030, &fill, kOver));
+    const Picture source = PictureOf(ViewOf(bitmap));
+    DrawNearest(expected, expected.Bounds(), place, source, source.Bounds(), [](uint32_t s, uint32_t) { return s; });
+    ForEachPixel(expected, [&](LONG x, LONG y) {
+        if (Contains(fill, x, y)) expected.At(x, y) = 0x40102030;
+    });
+    EXPECT_TRUE(Same(expected, canvas.Pixels()));
 }
 
 /// A window without a frame on the screen, with its device context.
@@ -83,11 +99,13 @@ TEST_F(Window, IsACanvasForDrawsAndBlends) {
     const OwnedBitmap bitmap = NoiseBitmap(9, 8, 32, 5, kOver);
     const OwnedTexture texture = NoiseTexture(9, 8, 24, 6, 0);
     Show(plain.Pixels());
-    const RECT fill{-4, 3, 12, 20}, stretched{10, 10, 33, 50}, grid{20, 2, 37, 15}, margins{2, 2, 2, 2};
+    const RECT fill{-4, 3, 12, 20}, stretched{10, 10, 33, 50}, grid{20, 2, 37, 15}, tiled{3, 22, 31, 35},
+        margins{2, 2, 2, 2};
     for (const HGCANVAS target : {HGCANVAS(plain), HGCANVAS(canvas)}) {
         EXPECT_EQ(1, FillSolidRect(target, 0x80FF8040, &fill));
         EXPECT_EQ(1, DrawBitmap(target, &stretched, bitmap, 1));
         EXPECT_EQ(1, DrawTexture9Grid(target, &grid, texture, nullptr, &margins, 1, 0, 255, 0, 1.0f, 0));
+        EXPECT_EQ(0, DrawTextureTile(target, &tiled, texture, nullptr, 0, 128, 0, 1.0f));
     }
     EXPECT_TRUE(Same(WithoutAlpha(plain.Pixels()), Shown()));
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <vector>
 
@@ -70,7 +71,8 @@ TEST(Memory, LargeImagesAreDrawnAsSmallOnes) {
     }
 }
 
-/// Copies that go past the caches, at any alignment and with any gap between the rows; an overlap moves as one block.
+/// Copies that go past the caches, at any alignment and with any gap between the rows; where the two sides overlap, as
+/// if the whole source had been read first.
 TEST(Memory, HugeCopiesAreWhole) {
     constexpr LONG kWidth = 1453, kHeight = 1459;
     Random random = CaseRandom(3);
@@ -81,7 +83,9 @@ TEST(Memory, HugeCopiesAreWhole) {
         ptrdiff_t source, dest;  ///< where the views begin
     };
     const ptrdiff_t half = static_cast<ptrdiff_t>(bytes.size() / 2);
-    for (const Case &c : {Case{0, 3, half + 1}, Case{4, 0, half}, Case{0, 4000, 0}, Case{0, 0, 4001}}) {
+    for (const Case &c : {Case{0, 3, half + 1}, Case{4, 0, half}, Case{0, 4000, 0}, Case{0, 0, 4001}, Case{4, 0, 70000},
+                          Case{4, 70000, 4}, Case{4, 4, 8}}) {
+        const std::vector<BYTE> before = bytes;
         std::vector<BYTE> expected = bytes;
         SurfaceView view{};
         view.width = kWidth;
@@ -91,10 +95,9 @@ TEST(Memory, HugeCopiesAreWhole) {
         SurfaceView source = view, dest = view;
         source.bits = bytes.data() + c.source;
         dest.bits = bytes.data() + c.dest;
-        const size_t run = static_cast<size_t>(kWidth) * 4 * (c.gap == 0 ? kHeight : 1);
-        for (LONG y = 0; y < (c.gap == 0 ? 1 : kHeight); ++y) {
+        for (LONG y = 0; y < kHeight; ++y) {
             const ptrdiff_t row = ptrdiff_t{y} * view.stride;
-            std::memmove(expected.data() + c.dest + row, expected.data() + c.source + row, run);
+            std::memcpy(expected.data() + c.dest + row, before.data() + c.source + row, size_t{kWidth} * 4);
         }
         CallRow(Kernels(), Row::CopyRow, &dest, &source, {});
         ASSERT_TRUE(bytes == expected) << c.gap << ' ' << c.source << ' ' << c.dest;
@@ -179,23 +182,49 @@ TEST(Memory, ShortAndMissingPalettes) {
     }
 }
 
+/// Any two rectangles of one image. Copies at 1:1, whole rows among them, give what a second image would have given;
+/// other draws leave what lies around alone.
 TEST(Memory, OneSurfaceMayBeBothSourceAndDestination) {
     Random random = CaseRandom(3);
-    for (int index = 0; index < kRowCount; ++index) {
-        TestImage image(40, 40);
-        image.Fill(random);
-        const SurfaceView destView = image.View({5, 5, 37, 35});
-        for (const RECT rect : {RECT{5, 5, 37, 35}, RECT{0, 0, 32, 30}, RECT{8, 10, 40, 40}, RECT{4, 5, 9, 31}}) {
-            const SurfaceView sourceView = image.View(rect);
-            EXPECT_EQ(CallRow(Kernels(), RowAt(index), &destView, &sourceView, {.parameter = 99, .fullSize = {32, 30}}),
-                      1);
+    const auto part = [&random](int size) {
+        const int first = Between(random, 0, size - 1), second = Between(random, 0, size - 1);
+        return std::minmax({first, second});
+    };
+    for (const TableUnderTest &tier : TablesUnderTest()) {
+        for (int round = 0; round < 20000 / kSlice; ++round) {
+            const int width = Between(random, 1, 40), height = Between(random, 1, 12);
+            TestImage image(width, height, 32, Between(random, 0, 1) * 4, round % 4);
+            image.Fill(random);
+            const TestImage before = image.Copy();
+            const auto [left, right] = part(width);
+            const auto [top, bottom] = part(height);
+            RECT dest{left, top, right + 1, bottom + 1};
+            if (Between(random, 0, 3) == 0) dest = {0, top, width, bottom + 1};
+            const int x = Between(random, 0, width - (dest.right - dest.left)),
+                      y = Between(random, 0, height - (dest.bottom - dest.top));
+            const RECT source{x, y, x + dest.right - dest.left, y + dest.bottom - dest.top};
+            const SurfaceView to = image.View(dest), from = image.View(source);
+            const int index = Between(random, 0, 2 * kRowCount);
+            const bool copies = index >= kRowCount;
+            const Row row = copies ? Row::CopyRow : RowAt(index);
+            if (index == 2 * kRowCount) {
+                tier.table.mixSame(&to, &from, 255);
+            } else {
+                CallRow(tier.table, row, &to, &from, {.parameter = 99, .fullSize = {to.width, to.height}});
+            }
+            for (int line = 0; line < height; ++line) {
+                for (int column = 0; column < width; ++column) {
+                    const bool inside =
+                        column >= dest.left && column < dest.right && line >= dest.top && line < dest.bottom;
+                    if (inside && !copies) continue;
+                    const uint32_t expected =
+                        inside ? before.At(column - dest.left + x, line - dest.top + y) : before.At(column, line);
+                    ASSERT_EQ(image.At(column, line), expected) << tier.name << " round " << round << " row " << index;
+                }
+            }
+            ASSERT_TRUE(image.GuardsAreIntact());
         }
     }
-    // A one-line copy moves pixels as if there were a buffer between.
-    TestImage line(100, 1);
-    for (int x = 0; x < 100; ++x) line.Set(x, 0, static_cast<uint32_t>(x));
-    ConvertCopy(line.View({10, 0, 100, 1}), line.View({0, 0, 90, 1}));
-    for (int x = 10; x < 100; ++x) EXPECT_EQ(line.At(x, 0), static_cast<uint32_t>(x - 10));
 }
 
 TEST(Memory, NoDrawAsksForHeap) {

@@ -132,6 +132,7 @@ TEST(Bitmap, DeviceBitmapsKeepTheirPixelsToThemselves) {
 
     EXPECT_EQ(CreateBitmap(3, 2, 2, 32, nullptr), nullptr);
     EXPECT_EQ(CreateBitmap(0, 2, 1, 32, nullptr), initial);
+    EXPECT_EQ(CreateBitmap(2, 0, 0, 0, nullptr), initial);
 }
 
 }  // namespace

@@ -142,6 +142,7 @@ TEST(BlendGeometry, Refusals) {
     };
     EXPECT_FALSE(within(0, 0));
     EXPECT_FALSE(within(0, 2));
+    EXPECT_EQ(GdiAlphaBlend(picture, 0, 0, 3, 1, picture, 1, 0, 0, 1, PerPixel(255)), FALSE);
     EXPECT_TRUE(within(0, 3));
     EXPECT_TRUE(within(5, 0));
 }

@@ -1,6 +1,7 @@
 // BitBlt and PatBlt: placement, clipping, overlap, depths and alpha.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 
 #include "gdi_objects.h"
@@ -97,19 +98,89 @@ TEST(Blit, ConvertsBetweenDepths) {
     indices.Bytes()[1] = 0;
     BitBlt(otherTable, 0, 0, 3, 1, indices, 0, 0, SRCCOPY);
     EXPECT_EQ(std::memcmp(otherTable.Bytes(), "\0\1\1", 3), 0);
+}
 
+// The index of the colour table's entry that is nearest to 0xRRGGBB, the first of several.
+uint8_t Nearest(const std::vector<RGBQUAD> &colours, uint32_t colour) {
+    const auto distanceTo = [colour](const RGBQUAD &entry) {
+        const int r = entry.rgbRed - static_cast<int>(colour >> 16 & 0xFF);
+        const int g = entry.rgbGreen - static_cast<int>(colour >> 8 & 0xFF);
+        const int b = entry.rgbBlue - static_cast<int>(colour & 0xFF);
+        return r * r + g * g + b * b;
+    };
+    const auto nearer = [&](const RGBQUAD &x, const RGBQUAD &y) { return distanceTo(x) < distanceTo(y); };
+    return static_cast<uint8_t>(std::min_element(colours.begin(), colours.end(), nearer) - colours.begin());
+}
+
+TEST(Blit, TakesTheNearestEntryOfATable) {
+    // True colours count as the middle of their upper five bits in every transfer but SetPixel; indices as their
+    // colours.
+    constexpr int kCount = 256;
+    std::vector<RGBQUAD> ramp, sparse(kCount), others;
+    for (uint32_t i = 0; i < kCount; ++i) {
+        const auto byte = [i](uint32_t factor) { return static_cast<BYTE>(i * factor); };
+        ramp.push_back(RGBQUAD{byte(1), byte(1), byte(1), 0});
+        if (i < 7) sparse[i] = RGBQUAD{byte(89), byte(57), byte(35), 0};
+        others.push_back(RGBQUAD{byte(3), byte(7), byte(5), 0});
+    }
+    const BLENDFUNCTION opaque{AC_SRC_OVER, 0, 255, 0};
+    for (const std::vector<RGBQUAD> &table : {ramp, sparse}) {
+        for (const WORD depth : {WORD{8}, WORD{16}, WORD{24}, WORD{32}}) {
+            Picture source(kCount, -1, depth, others), picture(kCount, -1, 8, table);
+            for (int i = 0; i < kCount * depth / 8; ++i) source.Bytes()[i] = static_cast<uint8_t>(i * 41 / (depth / 8));
+            const BITMAPINFO header = HeaderOf(kCount, -1, depth);
+            for (int drawing = depth == 8 ? 1 : 0; drawing < 5; ++drawing) {
+                PatBlt(picture, 0, 0, kCount, 1, WHITENESS);
+                switch (drawing) {
+                    case 0:
+                        SetDIBitsToDevice(picture, 0, 0, kCount, 1, 0, 0, 0, 1, source.Bytes(), &header,
+                                          DIB_RGB_COLORS);
+                        break;
+                    case 1: BitBlt(picture, 0, 0, kCount, 1, source, 0, 0, SRCCOPY); break;
+                    case 2: StretchBlt(picture, 0, 0, kCount, 1, source, 0, 0, kCount, -1, SRCCOPY); break;
+                    case 3: GdiAlphaBlend(picture, 0, 0, kCount, 1, source, 0, 0, kCount, 1, opaque); break;
+                    default:
+                        for (int i = 0; i < kCount; ++i) SetPixel(picture, i, 0, GetPixel(source, i, 0));
+                }
+                const bool isExact = drawing == 4 || (depth == 8 && drawing != 3);
+                for (int i = 0; i < kCount; ++i) {
+                    const COLORREF pixel = GetPixel(source, i, 0);
+                    const uint32_t colour = (pixel & 0xFF) << 16 | (pixel & 0xFF00) | pixel >> 16;
+                    const uint32_t sought = isExact ? colour : (colour & 0xF8F8F8) | 0x040404;
+                    ASSERT_EQ(picture.Bytes()[i], Nearest(table, sought))
+                        << depth << " bits, drawing " << drawing << ", colour " << std::hex << colour;
+                }
+            }
+        }
+    }
+}
+
+TEST(Blit, MakesOneBitOfWhiteOrOfTheNearest) {
+    // Between device contexts the source's value for white, alpha 0, becomes 1; elsewhere the nearest counts.
+    Picture source(4, -1), back(4, -1);
+    const uint32_t words[] = {0x00FFFFFF, 0xFFFFFFFF, 0x00808080, 0x007F7F7F};
+    std::memcpy(source.Bytes(), words, sizeof(words));
     OwnedDC mono;
-    const HBITMAP bits = CreateCompatibleBitmap(mono, 3, 1);
+    const HBITMAP bits = CreateCompatibleBitmap(mono, 4, 1);
     const HGDIOBJ initial = SelectObject(mono, bits);
-    words.At(0, 0) = 0x00FFFFFF;
-    words.At(1, 0) = 0x00000000;
-    words.At(2, 0) = 0x00FFFFFE;
-    BitBlt(mono, 0, 0, 3, 1, words, 0, 0, SRCCOPY);
-    back.Fill(5);
-    BitBlt(back, 0, 0, 3, 1, mono, 0, 0, SRCCOPY);
-    EXPECT_EQ(back.At(0, 0), 0xFFFFFFu);
-    EXPECT_EQ(back.At(1, 0), 0u);
-    EXPECT_EQ(back.At(2, 0), 0u);
+    const BITMAPINFO header = HeaderOf(4, -1, 32);
+    const BLENDFUNCTION opaque{AC_SRC_OVER, 0, 255, 0};
+    for (int drawing = 0; drawing < 3; ++drawing) {
+        switch (drawing) {
+            case 0: BitBlt(mono, 0, 0, 4, 1, source, 0, 0, SRCCOPY); break;
+            case 1: GdiAlphaBlend(mono, 0, 0, 4, 1, source, 0, 0, 4, 1, opaque); break;
+            default: SetDIBitsToDevice(mono, 0, 0, 4, 1, 0, 0, 0, 1, words, &header, DIB_RGB_COLORS);
+        }
+        BitBlt(back, 0, 0, 4, 1, mono, 0, 0, SRCCOPY);
+        const uint32_t rest = drawing == 0 ? 0 : 0xFFFFFF;
+        EXPECT_EQ(back.Words(), (std::vector<uint32_t>{0xFFFFFF, rest, rest, 0})) << drawing;
+    }
+    // Without white in a table its nearest colour takes its part.
+    Picture indices(4, -1, 8, {{0, 0, 0, 0}, {0xC0, 0xD0, 0xE0, 0}, {0x80, 0x80, 0x80, 0}});
+    std::memcpy(indices.Bytes(), "\0\1\2\1", 4);
+    BitBlt(mono, 0, 0, 4, 1, indices, 0, 0, SRCCOPY);
+    BitBlt(back, 0, 0, 4, 1, mono, 0, 0, SRCCOPY);
+    EXPECT_EQ(back.Words(), (std::vector<uint32_t>{0, 0xFFFFFF, 0, 0xFFFFFF}));
     SelectObject(mono, initial);
     DeleteObject(bits);
 }

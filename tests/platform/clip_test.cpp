@@ -24,6 +24,8 @@ TEST(Clip, IsTheBitmapWithoutARegion) {
     OwnedRegion region(3, 3, 4, 4);
     EXPECT_EQ(GetClipRgn(picture, region), 0);
     EXPECT_EQ(region.Box(), (RECT{3, 3, 4, 4}));
+    EXPECT_EQ(OffsetClipRgn(picture, 1, 1), NULLREGION);
+    EXPECT_EQ(GetClipRgn(picture, region), 0);
     EXPECT_EQ(ClipBox(picture, SIMPLEREGION), (RECT{0, 0, 10, 8}));
     SetViewportOrgEx(picture, 1, 2, nullptr);
     SetWindowOrgEx(picture, 10, 10, nullptr);

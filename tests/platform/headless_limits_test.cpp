@@ -2,7 +2,13 @@
 // refusals.
 #include <gtest/gtest.h>
 
+#include <unistd.h>
+
 #include <atomic>
+#include <chrono>
+#include <fstream>
+#include <future>
+#include <string>
 #include <thread>
 
 #include "gdi_objects.h"
@@ -73,6 +79,49 @@ TEST(HeadlessLimits, SetDibBitsTakesAnySize) {
     }
 }
 
+TEST(HeadlessLimits, RegionsLoseWhatLeavesTheRange) {
+    OwnedRegion region(-10, -10, 10, 10);
+    EXPECT_EQ(OffsetRgn(region, INT32_MAX, INT32_MIN), SIMPLEREGION);
+    EXPECT_EQ(region.Box(), (RECT{INT32_MAX - 10, INT32_MIN, INT32_MAX, INT32_MIN + 10}));
+    EXPECT_EQ(OffsetRgn(region, INT32_MIN, 0), SIMPLEREGION);
+    EXPECT_EQ(region.Box(), (RECT{-11, INT32_MIN, -1, INT32_MIN + 10}));
+    EXPECT_EQ(OffsetRgn(region, 0, -10), NULLREGION);
+}
+
+TEST(HeadlessLimits, NothingIsPrinted) {
+    // The region library complains on the standard error about boxes that it does not like.
+    Picture picture(4, -4), source(4, -4);
+    OwnedRegion region(0, 0, 2, 2), other(1, 1, 9, 9);
+    struct {
+        RGNDATAHEADER header;
+        RECT rects[2];
+    } data{};
+    ::testing::internal::CaptureStdout();
+    ::testing::internal::CaptureStderr();
+    for (int i = 0; i < 7 * 7 * 7 * 7; ++i) {
+        const RECT rect{kEnds[i % 7], kEnds[i / 7 % 7], kEnds[i / 49 % 7], kEnds[i / 343]};
+        for (const DWORD count : {1u, 2u}) {
+            data.header = RGNDATAHEADER{sizeof(RGNDATAHEADER), RDH_RECTANGLES, count, 0, {}};
+            data.rects[0] = data.rects[1] = rect;
+            OwnedRegion made(ExtCreateRegion(nullptr, sizeof(data), reinterpret_cast<const RGNDATA *>(&data)));
+            CombineRgn(other, made, other, RGN_XOR);
+            OffsetRgn(other, rect.left, rect.bottom);
+            CombineRgn(other, other, region, RGN_OR);
+        }
+        SetRectRgn(region, rect.left, rect.top, rect.right, rect.bottom);
+        RectInRegion(other, &rect);
+        SetWindowOrgEx(picture, rect.top, rect.right, nullptr);
+        ExtSelectClipRgn(picture, other, 1 + i % 5);
+        IntersectClipRect(picture, rect.left, rect.top, rect.right, rect.bottom);
+        ExcludeClipRect(picture, rect.right, rect.top, rect.left, rect.bottom);
+        OffsetClipRgn(picture, rect.top, rect.left);
+        RectVisible(picture, &rect);
+        StretchBlt(picture, rect.left, rect.top, rect.right, rect.bottom, source, rect.top, 0, rect.left, 4, SRCCOPY);
+        if (i % 9 == 0) SelectClipRgn(picture, nullptr);
+    }
+    EXPECT_EQ(::testing::internal::GetCapturedStderr() + ::testing::internal::GetCapturedStdout(), "");
+}
+
 TEST(HeadlessLimits, NullPointersAndUnknownValuesAreRefused) {
     Picture picture(4, -4);
     OwnedRegion region(0, 0, 1, 1);
@@ -137,6 +186,37 @@ TEST(HeadlessLimits, ThreadsMayWorkOnObjectsOfTheirOwn) {
     std::thread threads[] = {std::thread(work), std::thread(work), std::thread(work)};
     for (std::thread &thread : threads) thread.join();
     EXPECT_EQ(failures, 0);
+}
+
+/// The letter by which the system tells what a thread of this process does: S when it sleeps.
+char StateOf(pid_t thread) {
+    std::ifstream file("/proc/self/task/" + std::to_string(thread) + "/stat");
+    std::string number, name;
+    char state = 0;
+    file >> number >> name >> state;
+    return state;
+}
+
+// A thread that waits without sleep may keep the owner from running for ever.
+TEST(HeadlessLimits, WhoWaitsForACriticalSectionSleeps) {
+    CRITICAL_SECTION section{};
+    EnterCriticalSection(&section);
+    std::promise<pid_t> started;
+    std::thread waiter([&] {
+        started.set_value(gettid());
+        EXPECT_EQ(TryEnterCriticalSection(&section), FALSE);
+        EnterCriticalSection(&section);
+        LeaveCriticalSection(&section);
+    });
+    const pid_t thread = started.get_future().get();
+    int asleep = 0;
+    for (int i = 0; i < 100; ++i) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(2));
+        asleep += StateOf(thread) == 'S';
+    }
+    LeaveCriticalSection(&section);
+    waiter.join();
+    EXPECT_GT(asleep, 25);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 // SetDIBitsToDevice: row order, bands of rows, placement and clipping.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 
 #include "gdi_objects.h"
@@ -25,8 +26,11 @@ uint32_t PixelOf(UINT rowInMemory, int column) {
 }
 
 int Draw(HDC dc, const Band &band, bool topDown) {
+    // No more rows than the picture has, so that a sanitizer sees reading beyond.
+    const auto height = static_cast<UINT>(band.pictureHeight);
     std::vector<uint32_t> bits;
-    for (UINT row = 0; row < band.lines; ++row) {
+    for (UINT row = 0; row < std::min(band.lines, topDown ? height : height - std::min(height, band.startScan));
+         ++row) {
         for (int column = 0; column < kWidth; ++column) bits.push_back(PixelOf(row, column));
     }
     if (bits.empty()) bits.push_back(0);
@@ -41,10 +45,12 @@ std::optional<uint32_t> Expected(const Band &band, bool topDown, int x, int y) {
     const int64_t row = band.sourceY + int64_t{band.height} - 1 - (int64_t{y} - band.y);
     const bool isInside = x >= band.x && x - int64_t{band.x} < band.width && y >= band.y &&
                           y - int64_t{band.y} < band.height && column >= 0 && column < kWidth &&
-                          row >= band.startScan && row < int64_t{band.startScan} + band.lines &&
-                          row < band.pictureHeight;
+                          row >= band.startScan && row < int64_t{band.startScan} + band.lines;
     if (!isInside) return std::nullopt;
+    // A top-down band's place is reckoned from all its lines, of which there are no more than the picture has.
     const auto inBand = static_cast<UINT>(row - band.startScan);
+    const bool exists = (topDown ? band.lines - 1 - inBand : row) < band.pictureHeight;
+    if (!exists) return std::nullopt;
     return PixelOf(topDown ? band.lines - 1 - inBand : inBand, static_cast<int>(column));
 }
 
@@ -56,7 +62,8 @@ TEST(SetDibBits, DrawsBandsOfEitherRowOrder) {
         {0, 0, 30, 4, 3, 0, 0, 4, 4}, {0, 0, 4, 4, -2, 0, 0, 4, 4},  {0, 0, 4, 4, 0, -1, 0, 4, 4},
         {0, 0, 4, 4, 0, 2, 0, 4, 4},  {0, 0, 6, 1, 0, 0, 0, 1, 4},   {0, 0, 6, 4, 0, 0, 1, 2, 4},
         {0, 0, 6, 2, 0, 1, 0, 4, 4},  {0, 0, 6, 2, 0, 0, 1, 3, 4},   {9, 9, 6, 4, 0, 0, 0, 4, 4},
-        {20, 0, 6, 4, 0, 0, 0, 4, 4},
+        {20, 0, 6, 4, 0, 0, 0, 4, 4}, {0, 0, 6, 6, 0, 0, 0, 7, 4},   {0, 0, 6, 8, 0, -2, 0, 5, 3},
+        {0, 0, 6, 5, 0, 1, 1, 7, 5},  {0, 0, 6, 9, 2, 0, 2, 9, 3},
     };
     for (const Band &band : bands) {
         for (const bool topDown : {false, true}) {
@@ -89,7 +96,9 @@ TEST(SetDibBits, CountsTheRowsItReads) {
         {{0, 0, 6, 8, 0, 0, 0, 0, 8}, 0, 0},  {{0, 0, 0, 4, 0, 0, 0, 4, 4}, 0, 0},
         {{0, 0, 4, 4, 20, 0, 0, 4, 4}, 0, 0}, {{0, 0, 4, 4, 0, 20, 0, 4, 40}, 0, 0},
         {{0, 0, 4, 4, 0, 6, 0, 4, 4}, 0, 0},  {{0, 0, 4, 4, -4, 0, 0, 4, 4}, 0, 0},
-        {{99, 0, 6, 4, 0, 0, 0, 4, 4}, 4, 4},
+        {{99, 0, 6, 4, 0, 0, 0, 4, 4}, 4, 4}, {{0, 0, 6, 4, 0, 5, 2, 7, 5}, 0, 7},
+        {{0, 0, 6, 1, 0, 3, 3, 7, 5}, 1, 0},  {{0, 0, 6, 5, 0, -2, 3, 1, 5}, 0, 1},
+        {{0, 0, 6, 0, 0, 1, 1, 2, 5}, 0, 2},  {{0, 0, 6, 0, 0, 2, 1, 2, 5}, 0, 0},
     };
     for (const auto &expected : cases) {
         Picture picture(kSize, -kSize);

@@ -1,6 +1,8 @@
 // StretchBlt: which source pixels a destination pixel is made of.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "gdi_objects.h"
 
 namespace lacquer {
@@ -27,14 +29,18 @@ Span Expected(int n, int sourceLength, int destLength) {
     return span;
 }
 
+// Shrinking to one pixel leaves the last source pixel out, unless either side is mirrored.
+int DrawnLength(int sourceLength, int destLength) {
+    return destLength == 1 && sourceLength > 1 ? sourceLength - 1 : sourceLength;
+}
+
 constexpr int kMost = 17;
 
-// Runs `check(sourceLength, destLength, isSourceMirrored, isDestMirrored)` over all lengths. Shrinking to one pixel is
-// left out.
+// Runs `check(sourceLength, destLength, isSourceMirrored, isDestMirrored)` over all lengths.
 template <typename Check>
 void ForAllLengths(Check check) {
     for (int sourceLength = 1; sourceLength <= kMost; ++sourceLength) {
-        for (int destLength = sourceLength > 1 ? 2 : 1; destLength <= kMost; ++destLength) {
+        for (int destLength = 1; destLength <= kMost; ++destLength) {
             for (int mirrors = 0; mirrors < 4; ++mirrors)
                 check(sourceLength, destLength, (mirrors & 1) != 0, mirrors > 1);
         }
@@ -43,7 +49,7 @@ void ForAllLengths(Check check) {
 
 TEST(Stretch, PicksTheLastPixelOfARowAndTheFirstOfAColumn) {
     // The other axis shrinks, grows or stays.
-    constexpr struct { int source, dest; } kAcross[] = {{8, 5}, {3, 7}, {1, 1}};
+    constexpr struct { int source, dest; } kAcross[] = {{8, 5}, {3, 7}, {1, 1}, {4, 1}};
     Picture source(kMost, -kMost);
     source.Number(100);
     Picture picture(kMost, -kMost);
@@ -63,8 +69,10 @@ TEST(Stretch, PicksTheLastPixelOfARowAndTheFirstOfAColumn) {
                 std::vector<uint32_t> expected(kMost * kMost, 1);
                 for (int i = 0; i < destLength * across.dest; ++i) {
                     const int along = i / across.dest, side = i % across.dest;
-                    const Span span = Expected(along, sourceLength, destLength);
-                    const Span other = Expected(side, across.source, across.dest);
+                    const bool isMirrored = sourceMirrored || destMirrored;
+                    const int drawn = isMirrored ? sourceLength : DrawnLength(sourceLength, destLength);
+                    const Span span = Expected(along, drawn, destLength);
+                    const Span other = Expected(side, DrawnLength(across.source, across.dest), across.dest);
                     const int number = vertical ? span.first : span.last;
                     const int pixel = sourceMirrored ? from - number : number, at = destMirrored ? to - along : along;
                     expected[static_cast<size_t>(vertical ? at * kMost + side : side * kMost + at)] =
@@ -98,13 +106,48 @@ TEST(Stretch, BlackOnWhiteAndWhiteOnBlackMergePixels) {
                     StretchBlt(picture, 0, 0, destLength, across, source, 0, 0, sourceLength, 3, SRCCOPY);
                 }
                 for (int n = 0; n < destLength; ++n) {
-                    const Span span = Expected(n, sourceLength, destLength);
+                    const Span span = Expected(n, DrawnLength(sourceLength, destLength), destLength);
                     uint32_t bits = 0;
                     for (int i = span.first; i <= span.last; ++i) bits |= 1u << i;
                     ASSERT_EQ(vertical ? picture.At(0, n) : picture.At(n, 0), flip ^ bits)
                         << sourceLength << " to " << destLength << " pixel " << n << " vertical " << vertical;
                 }
             });
+        }
+    }
+}
+
+TEST(Stretch, MirrorsAPartOfASourceWhereItLies) {
+    // What lies in the bitmap of a source that leaves it is mirrored where it would be drawn without mirroring. Growing
+    // by whole factors puts it on whole pixels; the other axis grows, so that plain copies count as stretches too.
+    constexpr int kSize = 5, kLength = 4;
+    Picture source(kSize, -kSize), picture(kMost, -kMost);
+    source.Number(100);
+    for (const bool vertical : {false, true}) {
+        for (const bool sourceMirrored : {false, true}) {
+            for (int factor = 1; factor <= 4; ++factor) {
+                for (int low = -3; low < kSize; ++low) {
+                    const int length = kLength * factor, from = sourceMirrored ? low + kLength - 1 : low;
+                    const int at = sourceMirrored ? 0 : length - 1, signedLength = sourceMirrored ? length : -length;
+                    const int signedSource = sourceMirrored ? -kLength : kLength;
+                    picture.Fill(1);
+                    EXPECT_NE(
+                        vertical
+                            ? StretchBlt(picture, 0, at, 3, signedLength, source, 0, from, 2, signedSource, SRCCOPY)
+                            : StretchBlt(picture, at, 0, signedLength, 3, source, from, 0, signedSource, 2, SRCCOPY),
+                        FALSE);
+                    const int first = std::max(low, 0), last = std::min(low + kLength, kSize) - 1;
+                    // A source that begins one pixel beyond the bitmap and goes back counts as inside.
+                    const bool isInside = low >= 0 && low + kLength <= kSize + (sourceMirrored ? 1 : 0);
+                    for (int i = 0; i < length; ++i) {
+                        const int pixel = isInside ? low + kLength - 1 - i / factor : first + last - (low + i / factor);
+                        const bool isDrawn = pixel >= first && pixel <= last;
+                        ASSERT_EQ(vertical ? picture.At(0, i) : picture.At(i, 0),
+                                  isDrawn ? 100u + static_cast<uint32_t>(pixel * (vertical ? kSize : 1)) : 1u)
+                            << factor << " times from " << low << " pixel " << i << (vertical ? " vertical" : "");
+                    }
+                }
+            }
         }
     }
 }

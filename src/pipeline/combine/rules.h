@@ -124,4 +124,20 @@ private:
     uint32_t keep_;
 };
 
+/// The rules by the names of the lists of rows and single slots.
+struct BaseRules {
+    using Copy = CopyRule;
+    using Over = OverRule;
+    using Behind = BehindRule;
+    using Modulate = ModulateRule;
+    using ColorKey = ColorKeyRule;
+    using ConstAlpha = ConstAlphaRule;
+    using Or = OrRule;
+    using GreyTint = GreyTintRule;
+    using Opaque = OpaqueRule;
+    using CrossFade = CrossFadeRule;
+    using Mix = MixRule;
+    using AddWeighted = AddWeightedRule;
+};
+
 }  // namespace lacquer

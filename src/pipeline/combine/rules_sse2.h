@@ -98,4 +98,18 @@ private:
     uint32_t keep_;
 };
 
+/// The rules by the names of the lists of rows and single slots. What is missing here stays the base tier's.
+struct Rules {
+    using Copy = CopyRule;
+    using Over = OverRule;
+    using Behind = BehindRule;
+    using Modulate = ModulateRule;
+    using ColorKey = ColorKeyRule;
+    using ConstAlpha = ConstAlphaRule;
+    using Or = OrRule;
+    using CrossFade = CrossFadeRule;
+    using Mix = MixRule;
+    using AddWeighted = AddWeightedRule;
+};
+
 }  // namespace lacquer::sse2

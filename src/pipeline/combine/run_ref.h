@@ -12,8 +12,7 @@ namespace lacquer {
 class RunRef {
 public:
     template <class Combine>
-    explicit RunRef(const Combine &combine)
-        : combine_(&combine), run_(Combine::kCopies ? nullptr : &RunOf<Combine>) {}
+    explicit RunRef(const Combine &combine) : combine_(&combine), run_(Combine::kCopies ? nullptr : &RunOf<Combine>) {}
 
     bool Copies() const { return run_ == nullptr; }
 

@@ -14,11 +14,8 @@ struct Coloured {
     Rule rule;
 
     __m128i operator()(__m128i d) const { return rule(colours, d); }
-    EightWords operator()(const EightWords &d) const
-        requires requires { rule(d, d); }
-    {
-        return rule(EightWords{colours, colours}, d);
-    }
+    EightWords operator()(const EightWords &d) const requires requires { rule(d, d); }
+    { return rule(EightWords{colours, colours}, d); }
 };
 
 /// Shorter runs cost less than the start of a string store.

@@ -1,4 +1,5 @@
-// The filters of single pixels: how a colour word c gives the new one. Each formula stands here once, for the base tier.
+// The filters of single pixels: how a colour word c gives the new one. Each formula stands here once, for the base
+// tier.
 #pragma once
 
 #include <algorithm>

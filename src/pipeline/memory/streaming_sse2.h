@@ -10,6 +10,9 @@ namespace lacquer::sse2 {
 /// Whether a result of so many bytes should go past the caches.
 constexpr bool StreamingPays(int64_t bytes) { return bytes >= int64_t{8} << 20; }
 
+/// Copies bytes past the caches, and ends with FinishStreaming; bytes that overlap are moved as usual.
+void StreamBytes(BYTE *dest, const BYTE *source, ptrdiff_t count);
+
 /// `out` is a multiple of 16.
 inline void StreamFour(BYTE *out, __m128i words) { _mm_stream_si128(reinterpret_cast<__m128i *>(out), words); }
 

@@ -208,7 +208,8 @@ void MeansOfBlocks(BYTE *out, ptrdiff_t count, const WordRows &source, const Who
     const ptrdiff_t width = ptrdiff_t{ratio.columns} * kPixelBytes;
     const BYTE *pixels = source.pixels;
     const auto forEachFour = [&](const auto &means) {
-        for (; count >= kRegisterPixels; count -= kRegisterPixels, pixels += kRegisterPixels * width, out += kRegisterBytes) {
+        for (; count >= kRegisterPixels;
+             count -= kRegisterPixels, pixels += kRegisterPixels * width, out += kRegisterBytes) {
             StoreFour(out, means(pixels, source, ratio));
         }
     };

@@ -139,7 +139,8 @@ public:
         taps_ = LinearTapsAt(down_.At(row), source_.height);
         top_ = &LineOf(taps_.nearIndex);
         bottom_ = &LineOf(taps_.farIndex);
-        if (top_->row != taps_.nearIndex) Prepare(*top_, taps_.nearIndex, [](ptrdiff_t, const FourColumns &, ptrdiff_t) {});
+        if (top_->row != taps_.nearIndex)
+            Prepare(*top_, taps_.nearIndex, [](ptrdiff_t, const FourColumns &, ptrdiff_t) {});
     }
 
     const BYTE *Read(BYTE *buffer, ptrdiff_t count) {
@@ -228,8 +229,7 @@ private:
         ptrdiff_t i = 0;
         for (; i + kRegisterPixels <= count; i += kRegisterPixels)
             StoreFour(out + i * kPixelBytes, mean(*top++, *bottom++, columns_.FractionsAt(i)));
-        if (i < count)
-            StoreSome(out + i * kPixelBytes, mean(*top, *bottom, columns_.FractionsAt(i)), count - i);
+        if (i < count) StoreSome(out + i * kPixelBytes, mean(*top, *bottom, columns_.FractionsAt(i)), count - i);
     }
 
     const SurfaceView &source_;

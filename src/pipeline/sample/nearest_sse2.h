@@ -17,7 +17,7 @@ public:
           pixels_(source),
           across_(CornerSteps(source.width, fullSize.cx)),
           down_(CornerSteps(source.height, fullSize.cy)),
-          looksAhead_(Lookahead::Pays(source)) {}
+          looksAhead_(Lookahead::Pays(source) && across_.step * kSourceBytes <= int64_t{kCacheLineBytes} << 16) {}
 
     void SetColumns(int64_t first, ptrdiff_t count) {
         int64_t position = across_.At(first);
@@ -47,7 +47,8 @@ public:
             PrefetchBytes(next_ + begin, ptrdiff_t{columns_[count - 1]} * kSourceBytes - begin);
         }
         ptrdiff_t i = 0;
-        for (; i + kRegisterPixels <= inside_; i += kRegisterPixels) StoreFour(buffer + i * kPixelBytes, FourAt(row, i));
+        for (; i + kRegisterPixels <= inside_; i += kRegisterPixels)
+            StoreFour(buffer + i * kPixelBytes, FourAt(row, i));
         for (; i < count; ++i) StorePixel(buffer + i * kPixelBytes, read(row, columns_[i]));
         return buffer;
     }
@@ -71,7 +72,7 @@ private:
     const SurfaceView &source_;
     Source pixels_;
     Steps across_, down_;
-    bool looksAhead_;
+    bool looksAhead_;                              ///< not where most lines of a row hold none of the columns
     ptrdiff_t inside_ = 0;                         ///< the leading columns that FourAt may read
     const BYTE *row_ = nullptr, *next_ = nullptr;  ///< of this destination row and the next one
     const BYTE *last_ = nullptr;                   ///< where the present row was written last

@@ -65,16 +65,16 @@ int Draw(const Rows &rows, bool sameSize, const SurfaceView &dest, const Surface
         const Row row = sameSize ? choice.same : choice.Stretching(arguments.kernelMode);
         return CallRow(Kernels(), row, &dest, &source, arguments);
     };
-    const DrawMode mode = DrawModeOf(modeWord);
-    if (mode == DrawMode::Behind) return call(rows.behind);
-    if (mode == DrawMode::Modulate) return call(rows.modulate);
+    const DWORD mode = DrawModeOf(modeWord);
+    if (mode == LACQUER_DRAW_BEHIND) return call(rows.behind);
+    if (mode == LACQUER_DRAW_MODULATE) return call(rows.modulate);
     if (alpha == 0) return 1;
     if (alpha < 255) {
         arguments.parameter = alpha;
         return call(rows.constAlpha);
     }
-    if (mode == DrawMode::Over) return call(rows.over);
-    if (mode == DrawMode::ColorKey) {
+    if (mode == LACQUER_DRAW_OVER) return call(rows.over);
+    if (mode == LACQUER_DRAW_COLOR_KEY) {
         // A filtered stretch of pixels with alpha has no key: it is drawn over.
         const bool keyed = sameSize || source.bitsPerPixel == 24 || arguments.kernelMode == LACQUER_NEAREST;
         if (!keyed) return call(rows.over);
@@ -111,17 +111,17 @@ int FillView(const SurfaceView *dest, DWORD colour, DWORD modeWord) {
     if (!dest) return 0;
     const KernelTable &kernels = Kernels();
     const uint32_t alpha = Alpha(colour);
-    const DrawMode mode = DrawModeOf(modeWord);
+    const DWORD mode = DrawModeOf(modeWord);
     switch (mode) {
-        case DrawMode::Copy: return kernels.fillCopy(dest, colour);
-        case DrawMode::Modulate:
-        case DrawMode::FillOr:
+        case LACQUER_DRAW_COPY: return kernels.fillCopy(dest, colour);
+        case LACQUER_DRAW_MODULATE:
+        case LACQUER_DRAW_OR:
             // The shortcuts are those of modulation, for both modes: white changes nothing, and 0 clears.
             if (colour == 0xFFFFFFFF) return 1;
             if (colour == 0) return kernels.fillCopy(dest, 0);
-            return (mode == DrawMode::Modulate ? kernels.fillModulate : kernels.fillOr)(dest, colour);
-        case DrawMode::FillGreyTint: return alpha == 0 ? 1 : kernels.fillGreyTint(dest, colour);
-        case DrawMode::Behind: return kernels.fillBehind(dest, colour);
+            return (mode == LACQUER_DRAW_MODULATE ? kernels.fillModulate : kernels.fillOr)(dest, colour);
+        case LACQUER_DRAW_GREY_TINT: return alpha == 0 ? 1 : kernels.fillGreyTint(dest, colour);
+        case LACQUER_DRAW_BEHIND: return kernels.fillBehind(dest, colour);
         default:
             if (alpha == 0) return 1;
             return (alpha == 255 ? kernels.fillCopy : kernels.fillOver)(dest, colour);
@@ -133,7 +133,7 @@ void ConvertCopy(const SurfaceView &dest, const SurfaceView &source) {
 }
 
 void ResampleCopy(const SurfaceView &dest, const SurfaceView &source, DWORD kernelMode) {
-    BlitSameRect(&dest, &source, 0, kernelMode, 255);
+    BlitSameRect(&dest, &source, DWORD{LACQUER_DRAW_COPY} << 24, kernelMode, 255);
 }
 
 void ForceOpaqueView(const SurfaceView &view) { Kernels().forceOpaque(&view, &view); }

@@ -8,22 +8,14 @@
 
 namespace lacquer {
 
-/// The top byte of a mode word.
-enum class DrawMode : DWORD {
-    Copy = 0,
-    Over = 1,
-    ColorKey = 2,
-    Modulate = 3,
-    FillOr = 4,
-    FillGreyTint = 5,
-    Behind = 6
-};
-constexpr DrawMode DrawModeOf(DWORD modeWord) { return static_cast<DrawMode>(modeWord >> 24); }
+/// The draw mode: the top byte of a mode word.
+constexpr DWORD DrawModeOf(DWORD modeWord) { return modeWord >> 24; }
 
 /// Draws `source` into all of `dest`, stretched when the sizes differ.
-/// `modeWord`: the draw mode in the top byte, the key colour of mode 2 below it.
-/// `kernelMode`: the sampler of a stretch: 0 nearest, 4 bicubic, 5 area for copies, any other bilinear.
-/// `alpha`: 255 for none; 0..254 is a constant alpha for every mode but 3 and 6.
+/// `modeWord`: the draw mode in the top byte, the key colour of LACQUER_DRAW_COLOR_KEY below it.
+/// `kernelMode`: the sampler of a stretch, LACQUER_NEAREST ... LACQUER_AREA.
+/// `alpha`: 255 for none; 0..254 is a constant alpha for every mode but LACQUER_DRAW_MODULATE and
+/// LACQUER_DRAW_BEHIND.
 /// Result: 0 when a view is null, else 1, also when nothing is drawn: for alpha 0, for empty views, and for depths
 /// other than 32 (destination) and 8, 24 or 32 (source).
 int BlitSameRect(const SurfaceView *dest, const SurfaceView *source, DWORD modeWord, DWORD kernelMode, BYTE alpha);

@@ -9,11 +9,6 @@
 #include "pipeline/transform/turn.h"
 
 namespace lacquer {
-namespace {
-
-const ImageTable processTable = BuildImageTable(CachedCpuFeatures());
-
-}  // namespace
 
 ImageTable BuildImageTable(const CpuFeatures &features) {
     ImageTable table = {
@@ -25,6 +20,9 @@ ImageTable BuildImageTable(const CpuFeatures &features) {
     return table;
 }
 
-const ImageTable &ImageKernels() { return processTable; }
+const ImageTable &ImageKernels() {
+    static const ImageTable table = BuildImageTable(CachedCpuFeatures());
+    return table;
+}
 
 }  // namespace lacquer

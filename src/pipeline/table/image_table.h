@@ -1,5 +1,5 @@
 // The second table: every pixel loop that has a faster form but combines nothing, that is copies of rows, turns and
-// filters. Like the kernel table it is written once, at load, and read by any number of threads afterwards.
+// filters. Like the kernel table it is written once and read by any number of threads afterwards.
 #pragma once
 
 #include <lacquer/lacquer.h>

@@ -24,8 +24,6 @@ constexpr KernelTable kBaseTable = {.rows =
 #undef LACQUER_BASE_SLOT
 };
 
-const KernelTable processTable = BuildKernelTable(CachedCpuFeatures());
-
 }  // namespace
 
 KernelTable BaseKernels(WeightForm weights) {
@@ -47,6 +45,9 @@ int DrawNothing(const SurfaceView * /*dest*/, const SurfaceView * /*source*/, ui
     return 1;
 }
 
-const KernelTable &Kernels() { return processTable; }
+const KernelTable &Kernels() {
+    static const KernelTable table = BuildKernelTable(CachedCpuFeatures());
+    return table;
+}
 
 }  // namespace lacquer

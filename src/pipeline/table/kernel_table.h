@@ -1,5 +1,5 @@
 // The kernel table: every pixel loop that combines two surfaces or fills one is reached through it. It is written once,
-// at load, and read by any number of threads afterwards.
+// before the first object exists, and read by any number of threads afterwards.
 #pragma once
 
 #include <lacquer/lacquer.h>

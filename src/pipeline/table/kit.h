@@ -12,7 +12,7 @@
 
 namespace lacquer {
 
-struct BaseKit {
+struct BaseKit : BaseRules {
     template <class Source>
     using SameSize = lacquer::SameSize<Source>;
     template <class Source>
@@ -24,19 +24,6 @@ struct BaseKit {
 
     template <class Rule>
     using Combine = PerPixel<Rule>;
-
-    using Copy = CopyRule;
-    using Over = OverRule;
-    using Behind = BehindRule;
-    using Modulate = ModulateRule;
-    using ColorKey = ColorKeyRule;
-    using ConstAlpha = ConstAlphaRule;
-    using Or = OrRule;
-    using GreyTint = GreyTintRule;
-    using Opaque = OpaqueRule;
-    using CrossFade = CrossFadeRule;
-    using Mix = MixRule;
-    using AddWeighted = AddWeightedRule;
 };
 
 /// What depends on the bicubic weights.

@@ -15,7 +15,7 @@ namespace lacquer::sse2 {
 template <class Source, class EnlargingFetch>
 using AreaOr = Stretched<BlockFetch<Source>, FootprintFetch<Source>, AreaFetch<Source>, EnlargingFetch>;
 
-struct Kit {
+struct Kit : Rules {
     template <class Source>
     using SameSize = lacquer::SameSize<Source, SourceRuns>;
     template <class Source>
@@ -31,17 +31,6 @@ struct Kit {
 
     template <class Rule>
     using Combine = PerFour<Rule>;
-
-    using Copy = CopyRule;
-    using Over = OverRule;
-    using Behind = BehindRule;
-    using Modulate = ModulateRule;
-    using ColorKey = ColorKeyRule;
-    using ConstAlpha = ConstAlphaRule;
-    using Or = OrRule;
-    using CrossFade = CrossFadeRule;
-    using Mix = MixRule;
-    using AddWeighted = AddWeightedRule;
 };
 
 /// For processors without the finer bicubic weights.

@@ -2,6 +2,7 @@
 
 #include "pipeline/filter/box_blur_sse2.h"
 #include "pipeline/filter/pixel_rules_sse2.h"
+#include "pipeline/memory/copy_rows_sse2.h"
 #include "pipeline/table/kit_sse2.h"
 #include "pipeline/table/make_kernels.h"
 #include "pipeline/table/tiers.h"
@@ -11,23 +12,23 @@ namespace lacquer {
 namespace sse2 {
 namespace {
 
-/// The averaging rows, or all others.
-template <class TierKit, bool averaging>
+/// The averaging rows, or all others, as far as the tier has their rule.
+template <class TierKit, bool kAveraging>
 void SetRows(KernelTable &table) {
-#define LACQUER_SET_ROW(name, sampler, combine, extent)                                               \
-    if constexpr ((SamplerKind::sampler == SamplerKind::Area) == averaging) {                         \
-        constexpr KernelRow kRow =                                                                    \
-            MakeRow<TierKit, TierKit::template sampler, typename TierKit::combine, Extent::extent>(); \
-        table[Row::name] = kRow;                                                                      \
+#define LACQUER_SET_ROW(name, sampler, combine, extent)                                                   \
+    if constexpr ((SamplerKind::sampler == SamplerKind::Area) == kAveraging) {                            \
+        if constexpr (requires { typename TierKit::combine; })                                            \
+            table[Row::name] =                                                                            \
+                MakeRow<TierKit, TierKit::template sampler, typename TierKit::combine, Extent::extent>(); \
     }
     LACQUER_KERNEL_ROWS(LACQUER_SET_ROW)
 #undef LACQUER_SET_ROW
 }
 
-template <class TierKit, unsigned tier>
+template <class TierKit, unsigned kTier>
 void SetSlots(KernelTable &table) {
 #define LACQUER_SET_SLOT(name, kind, sampler, rule, tiers) \
-    if constexpr (((tiers)&tier) != 0)                     \
+    if constexpr ((kTier & (tiers)) != 0)                  \
         table.name = SlotKernels<TierKit, TierKit::template sampler, typename TierKit::rule>::kind;
     LACQUER_KERNEL_SLOTS(LACQUER_SET_SLOT)
 #undef LACQUER_SET_SLOT

@@ -116,7 +116,8 @@ void TurnStreaming(const SurfaceView &dest, const PixelWalk &walk) {
             TurnBlocks<Pixels>(tile, kLine, walk, {left, top, left + kTile, top + kTile});
             for (LONG y = 0; y < kTile; ++y) {
                 BYTE *const out = RowOf(dest, top + y) + left * ptrdiff_t{Pixels::kBytes};
-                for (ptrdiff_t i = 0; i < kLine; i += kRegisterBytes) StreamFour(out + i, LoadFour(tile + y * kLine + i));
+                for (ptrdiff_t i = 0; i < kLine; i += kRegisterBytes)
+                    StreamFour(out + i, LoadFour(tile + y * kLine + i));
             }
         }
     }
@@ -125,8 +126,8 @@ void TurnStreaming(const SurfaceView &dest, const PixelWalk &walk) {
     TurnPart<Pixels>(dest, walk, {0, bottom, dest.width, dest.height});
 }
 
-/// Mirrored rows: the source runs backwards under the destination's columns. `store` stores a register; `prepare` is told
-/// where the next row's lines lie in the source and in the destination.
+/// Mirrored rows: the source runs backwards under the destination's columns. `store` stores a register; `prepare` is
+/// told where the next row's lines lie in the source and in the destination.
 template <class Pixels, class Store, class Prepare>
 void MirrorRows(const SurfaceView &dest, const PixelWalk &walk, const Store &store, const Prepare &prepare) {
     constexpr ptrdiff_t kStep = 4 * kRegisterBytes;

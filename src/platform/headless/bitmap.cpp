@@ -95,8 +95,8 @@ HBITMAP CreateDIBSection(HDC, const BITMAPINFO *info, UINT usage, void **bits, H
 
 HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, const void *bits) {
     GdiLock lock;
-    if (planes != 1 || (bitsPerPixel != 1 && bitsPerPixel != 32)) return nullptr;
     if (width == 0 || height == 0) return DefaultBitmap();
+    if (planes != 1 || (bitsPerPixel != 1 && bitsPerPixel != 32)) return nullptr;
     std::unique_ptr<Bitmap> bitmap = NewBitmap(Magnitude(width), Magnitude(height), static_cast<WORD>(bitsPerPixel));
     if (bitmap == nullptr) return nullptr;
     if (bits != nullptr) {

@@ -69,9 +69,12 @@ BOOL StretchBlt(HDC dest, int x, int y, int width, int height, HDC source, int s
     const DeviceContext *from = FindDC(source);
     if (to == nullptr || from == nullptr || operation != SRCCOPY) return FALSE;
     if (width == 0 || height == 0 || sourceWidth == 0 || sourceHeight == 0) return TRUE;
-    const StretchAxis columns(x + to->OffsetX(), width, sourceX + from->OffsetX(), sourceWidth);
-    const StretchAxis rows(y + to->OffsetY(), height, sourceY + from->OffsetY(), sourceHeight);
+    StretchAxis columns(x + to->OffsetX(), width, sourceX + from->OffsetX(), sourceWidth);
+    StretchAxis rows(y + to->OffsetY(), height, sourceY + from->OffsetY(), sourceHeight);
+    columns.FitToSource(from->bitmap->width);
+    rows.FitToSource(from->bitmap->height);
     TransferMode mode;
+    mode.whiteIsOne = true;
     mode.merge = MergeOf(to->state.stretchMode);
     return Transfer(*to, columns, rows, ViewOf(*from->bitmap), mode);
 }
@@ -96,10 +99,10 @@ BOOL GdiAlphaBlend(HDC dest, int x, int y, int width, int height, HDC source, in
     const int64_t fromY = sourceY + from->OffsetY();
     if (fromX < 0 || fromX + sourceWidth > from->bitmap->width) return FALSE;
     if (fromY < 0 || fromY + sourceHeight > from->bitmap->height) return FALSE;
-    if (width == 0 || height == 0 || sourceWidth == 0 || sourceHeight == 0) return TRUE;
     const bool overlap =
         destX < fromX + sourceWidth && fromX < destX + width && destY < fromY + sourceHeight && fromY < destY + height;
     if (to == from && overlap) return FALSE;
+    if (width == 0 || height == 0 || sourceWidth == 0 || sourceHeight == 0) return TRUE;
     TransferMode mode;
     mode.blends = true;
     mode.hasPixelAlpha = blend.AlphaFormat == AC_SRC_ALPHA;
@@ -125,19 +128,22 @@ int SetDIBitsToDevice(HDC dest, int x, int y, DWORD width, DWORD height, int sou
         const int64_t end = std::min<int64_t>(layout.height, int64_t{sourceY} + height);
         count = std::min(count, end - startScan);
     }
-    count = std::min<int64_t>(count, INT32_MAX);
-    const bool isOutside = startScan >= static_cast<UINT>(layout.height) || sourceX >= layout.width ||
-                           sourceX + int64_t{width} <= 0 || sourceY >= layout.height ||
-                           sourceY >= int64_t{startScan} + count;
-    if (count <= 0 || width == 0 || height == 0 || isOutside) return 0;
+    if (count <= 0 || startScan >= static_cast<UINT>(layout.height)) return 0;
+    // The band's row that falls on the rectangle's top row. A top-down band has no more rows than the picture, but its
+    // place is reckoned from all that the caller names.
+    const int64_t topRow = int64_t{startScan} + count - sourceY - height;
+    const int64_t kept = std::min<int64_t>(count, layout.height);
+    const int result = static_cast<int>(std::min<int64_t>(count, INT32_MAX));
+    if (topRow >= count) return result;
+    const bool isOutside = sourceX >= layout.width || sourceX + int64_t{width} <= 0 || topRow >= kept ||
+                           topRow + height <= 0 || width == 0 || height == 0;
+    if (isOutside) return 0;
 
     DibPixels pixels;
-    ViewDib(layout, bits, static_cast<LONG>(count), pixels);
-    // The band's row that falls on the rectangle's top row.
-    const int64_t topRow = int64_t{startScan} + count - sourceY - height;
+    ViewDib(layout, bits, static_cast<LONG>(kept), pixels);
     const StretchAxis columns(x + to->OffsetX(), width, sourceX, width);
     const StretchAxis rows(y + to->OffsetY(), height, topRow, height);
-    return Transfer(*to, columns, rows, pixels.view, TransferMode{}) ? static_cast<int>(count) : 0;
+    return Transfer(*to, columns, rows, pixels.view, TransferMode{}) ? result : 0;
 }
 
 COLORREF GetPixel(HDC dc, int x, int y) {

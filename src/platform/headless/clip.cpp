@@ -5,11 +5,13 @@ namespace lacquer::headless {
 
 namespace {
 
-// Combines the clip region with `operand`; without a clip region `unclipped` stands for it. ERROR when memory is short.
+// Combines the clip region with `operand`; without a clip region `unclipped` stands for it. ERROR, with nothing
+// changed, when memory is short.
 int CombineClip(DrawState &state, const RECT &unclipped, const Region &operand, int mode) {
     if (!state.hasClip) state.clip.SetRect(unclipped);
+    if (!state.clip.Combine(state.clip, operand, mode)) return ERROR;
     state.hasClip = true;
-    return state.clip.Combine(state.clip, operand, mode) ? state.clip.Kind() : ERROR;
+    return state.clip.Kind();
 }
 
 int RemoveClip(DrawState &state) {
@@ -19,8 +21,9 @@ int RemoveClip(DrawState &state) {
 }
 
 int CopyClip(DrawState &state, const Region &region) {
+    if (!state.clip.Copy(region)) return ERROR;
     state.hasClip = true;
-    return state.clip.Copy(region) ? state.clip.Kind() : ERROR;
+    return state.clip.Kind();
 }
 
 }  // namespace
@@ -87,10 +90,8 @@ int OffsetClipRgn(HDC dc, int x, int y) {
     DeviceContext *context = FindDC(dc);
     if (context == nullptr) return ERROR;
     DrawState &state = context->state;
-    if (!state.hasClip) state.clip.SetRect(context->BitmapRect());
-    state.hasClip = true;
-    state.clip.Offset(x, y);
-    return state.clip.Kind();
+    if (!state.hasClip) return NULLREGION;
+    return state.clip.Offset(x, y) ? state.clip.Kind() : ERROR;
 }
 
 BOOL PtVisible(HDC dc, int x, int y) {

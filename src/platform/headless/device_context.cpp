@@ -1,6 +1,7 @@
 // Device contexts: their life, the objects selected into them, saved states and origins.
 #include <cstdlib>
 #include <new>
+#include <utility>
 
 #include "platform/headless/gdi_objects.h"
 
@@ -137,7 +138,8 @@ BOOL RestoreDC(HDC dc, int level) {
     // A bitmap that has gone meanwhile, or is selected elsewhere, is not selected again.
     SelectBitmap(dc, *context, top->state.bitmap);
     top->state.bitmap = context->state.bitmap;
-    return context->state.CopyFrom(top->state) ? TRUE : FALSE;
+    context->state = std::move(top->state);
+    return TRUE;
 }
 
 HGDIOBJ SelectObject(HDC dc, HGDIOBJ object) {

@@ -1,8 +1,10 @@
-// The handle table of the headless GDI.
+// The handle table of the headless GDI. It is ready before any constructor has run, and its lock stays usable for ever.
 #include "platform/headless/gdi_objects.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
+#include <type_traits>
 
 namespace lacquer::headless {
 
@@ -29,12 +31,14 @@ struct Table {
     uint32_t used = 1;
     uint32_t firstFree = 0;
     HBITMAP defaultBitmap = nullptr;
+    std::atomic<bool> hasEnded = false;
 };
 
 constinit Table table;
+static_assert(std::is_trivially_destructible_v<Table>, "calls come after every destructor has run");
 
 bool Grow() {
-    if (table.capacity == kMaxEntries) return false;
+    if (table.capacity == kMaxEntries || table.hasEnded) return false;
     const uint32_t capacity = table.capacity == 0 ? kFirstEntries : table.capacity * 2;
     void *entries = std::realloc(table.entries, capacity * sizeof(Entry));
     if (entries == nullptr) return false;
@@ -79,9 +83,33 @@ T *Find(const void *handle, DWORD kind) {
     return entry != nullptr && entry->kind == kind ? static_cast<T *>(entry->object) : nullptr;
 }
 
+// Frees the table, but not the callers' objects in it.
+void Clear() {
+    delete Find<Bitmap>(table.defaultBitmap, OBJ_BITMAP);
+    std::free(table.entries);
+    table.defaultBitmap = nullptr;
+    table.entries = nullptr;
+    table.capacity = 0;
+    table.used = 1;
+    table.firstFree = 0;
+}
+
+// The library's end. It waits for nobody: when the lock is held, the next one to hold it clears the table.
+struct TableEnd {
+    ~TableEnd() {
+        table.hasEnded = true;
+        if (!table.mutex.try_lock()) return;
+        Clear();
+        table.mutex.unlock();
+    }
+};
+TableEnd tableEnd;
+
 }  // namespace
 
-GdiLock::GdiLock() : guard_(table.mutex) {}
+GdiLock::GdiLock() : guard_(table.mutex) {
+    if (table.hasEnded) Clear();
+}
 
 void FreeDeleter::operator()(void *block) const { std::free(block); }
 

@@ -13,7 +13,8 @@
 
 namespace lacquer::headless {
 
-/// Held by every exported function for as long as it uses an object.
+/// Held by every exported function for as long as it uses an object. Once the library has ended, nothing is found and
+/// nothing can be added while it is held.
 class GdiLock {
 public:
     GdiLock();

@@ -121,4 +121,8 @@ uint32_t RawOf(const PixelView &view, uint32_t colour) {
     }
 }
 
+uint32_t RawOfTrueColour(const PixelView &view, uint32_t colour) {
+    return RawOf(view, view.bitsPerPixel == 8 ? (colour & 0xF8F8F8) | 0x040404 : colour);
+}
+
 }  // namespace lacquer::headless

@@ -38,6 +38,10 @@ uint32_t ColourOf(const PixelView &view, uint32_t raw);
 /// The raw value closest to a colour: channels cut to 16 bits per pixel, the nearest entry of a colour table.
 uint32_t RawOf(const PixelView &view, uint32_t colour);
 
+/// The same for what transfers compute from more than 8 bits per pixel: on the way to a table of 256 colours each
+/// channel counts as the middle of the eight values that share its upper five bits.
+uint32_t RawOfTrueColour(const PixelView &view, uint32_t colour);
+
 constexpr uint32_t SwapRedAndBlue(uint32_t colour) {
     return (colour & 0xFF) << 16 | (colour & 0xFF00) | (colour >> 16 & 0xFF);
 }

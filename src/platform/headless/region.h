@@ -16,19 +16,21 @@ constexpr LONG Clamped(int64_t value) {
     return static_cast<LONG>(value < INT32_MIN ? INT32_MIN : value > INT32_MAX ? INT32_MAX : value);
 }
 
-/// The functions that may need memory return false when there is none; the region is then empty.
+/// The functions that may need memory return false when there is none; the region then stays as it was, but for
+/// SetBoxes, which leaves it empty.
 class Region {
 public:
     Region() { pixman_region32_init(&pixels_); }
     ~Region() { pixman_region32_fini(&pixels_); }
     Region(const Region &) = delete;
     Region &operator=(const Region &) = delete;
+    Region &operator=(Region &&other) noexcept;
 
     /// Makes the region one rectangle; an inverted one counts as empty.
     void SetRect(const RECT &rect);
 
-    /// Makes the region the union of `count` boxes, inverted ones left out.
-    bool SetBoxes(const pixman_box32_t *boxes, int count);
+    /// Makes the region the union of `count` boxes, inverted and empty ones left out; reorders them.
+    bool SetBoxes(pixman_box32_t *boxes, int count);
 
     bool Copy(const Region &other);
 
@@ -38,7 +40,7 @@ public:
     bool IntersectRect(const RECT &rect);
 
     /// Moves the region; what leaves the 32-bit range is lost.
-    void Offset(int x, int y);
+    bool Offset(int x, int y);
 
     /// NULLREGION, SIMPLEREGION or COMPLEXREGION.
     int Kind() const;
@@ -54,6 +56,10 @@ public:
     const pixman_box32_t *Boxes(int &count) const;
 
 private:
+    /// The region becomes what `make` writes, or stays as it was when that gives 0.
+    template <class Make>
+    bool Replace(const Make &make);
+
     pixman_region32_t pixels_;
 };
 

@@ -105,9 +105,7 @@ BOOL EqualRgn(HRGN first, HRGN second) {
 int OffsetRgn(HRGN region, int x, int y) {
     GdiLock lock;
     Region *target = FindRegion(region);
-    if (target == nullptr) return ERROR;
-    target->Offset(x, y);
-    return target->Kind();
+    return target != nullptr && target->Offset(x, y) ? target->Kind() : ERROR;
 }
 
 BOOL PtInRegion(HRGN region, int x, int y) {

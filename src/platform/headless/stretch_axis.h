@@ -30,10 +30,23 @@ public:
           destLength_(destLength < 0 ? -destLength : destLength),
           sourceLength_(sourceLength < 0 ? -sourceLength : sourceLength),
           destBackwards_(destLength < 0),
-          sourceBackwards_(sourceLength < 0) {}
+          sourceBackwards_(sourceLength < 0),
+          destLow_(destBackwards_ ? dest_ - destLength_ + 1 : dest_),
+          destHigh_(destLow_ + destLength_ - 1) {}
 
-    int64_t DestLow() const { return destBackwards_ ? dest_ - destLength_ + 1 : dest_; }
-    int64_t DestHigh() const { return DestLow() + destLength_ - 1; }
+    /// What StretchBlt, alone among the transfers, makes of a source of pixels 0 ... limit - 1: shrinking to one pixel
+    /// leaves the last source pixel out, and of a mirrored source that is not wholly inside, the part inside is
+    /// mirrored where it would lie without mirroring.
+    void FitToSource(LONG limit) {
+        if (destBackwards_ != sourceBackwards_) {
+            MirrorInPlace(limit);
+        } else if (destLength_ == 1 && !destBackwards_ && sourceLength_ > 1) {
+            --sourceLength_;
+        }
+    }
+
+    int64_t DestLow() const { return destLow_; }
+    int64_t DestHigh() const { return destHigh_; }
     int64_t SourceLow() const { return sourceBackwards_ ? source_ - sourceLength_ + 1 : source_; }
 
     /// Whether each pixel is copied to one pixel, in the same order.
@@ -62,6 +75,24 @@ public:
     }
 
 private:
+    void MirrorInPlace(int64_t limit) {
+        const int64_t low = SourceLow();
+        const int64_t high = low + sourceLength_;
+        // A source that goes backwards may begin one pixel beyond its bitmap.
+        if (low >= 0 && high <= limit + (sourceBackwards_ ? 1 : 0)) return;
+        const int64_t first = std::max<int64_t>(low, 0);
+        const int64_t last = std::min(high, limit);
+        if (first >= last) return;
+        // Where the part inside lies now, counted from the first destination pixel in walking direction.
+        const int64_t from = sourceBackwards_ ? high - last : first - low;
+        const int64_t to = sourceBackwards_ ? high - first : last - low;
+        const int64_t shift = destLength_ - from * destLength_ / sourceLength_ - to * destLength_ / sourceLength_;
+        dest_ += destBackwards_ ? -shift : shift;
+        const int64_t moved = destBackwards_ ? dest_ - destLength_ + 1 : dest_;
+        destLow_ = std::max(destLow_, moved);
+        destHigh_ = std::min(destHigh_, moved + destLength_ - 1);
+    }
+
     // The first source pixel number that goes to destination pixel number n or beyond; numbers are not negative.
     int64_t FirstFor(int64_t n) const {
         const int64_t numerator = n * sourceLength_ - (destLength_ - 1) / 2;
@@ -71,6 +102,8 @@ private:
     int64_t dest_, source_;
     int64_t destLength_, sourceLength_;
     bool destBackwards_, sourceBackwards_;
+    // The destination pixels that may be drawn.
+    int64_t destLow_, destHigh_;
 };
 
 }  // namespace lacquer::headless

@@ -14,40 +14,55 @@ using HGLOBAL = void *;
 
 // ---- Critical sections: a thread may enter one again ----------------------------------------------------------------
 
-/// For sections of some nanoseconds: who waits does not sleep. One atomic exchange enters, a store leaves.
+/// For sections of some nanoseconds: one atomic exchange enters, a store leaves. Who waits sleeps after a few tries.
+/// Ready for use when zero, and never in need of deletion.
 struct CRITICAL_SECTION {
-    std::atomic<pthread_t> owner;  ///< 0 while nobody is inside
-    uint32_t reentries;            ///< how often the owner entered again
+    std::atomic<pthread_t> owner;   ///< 0 while nobody is inside
+    uint32_t reentries;             ///< how often the owner entered again
+    std::atomic<uint32_t> waiting;  ///< how many threads sleep or are about to
+    std::atomic<uint32_t> wakeUps;
 };
 
-inline void InitializeCriticalSection(CRITICAL_SECTION *section) {
+enum : DWORD { CRITICAL_SECTION_NO_DEBUG_INFO = 0x01000000 };
+
+/// There are no spins to choose, and no debug information. Always done.
+inline BOOL InitializeCriticalSectionEx(CRITICAL_SECTION *section, DWORD, DWORD) {
     section->owner.store(0, std::memory_order_relaxed);
     section->reentries = 0;
+    section->waiting.store(0, std::memory_order_relaxed);
+    section->wakeUps.store(0, std::memory_order_relaxed);
+    return TRUE;
 }
 
 /// Waits until the owner, who isn't the calling thread, has left, and makes the caller the owner.
 void WaitForCriticalSection(CRITICAL_SECTION *section, pthread_t caller);
 
-inline void EnterCriticalSection(CRITICAL_SECTION *section) {
+void WakeOneForCriticalSection(CRITICAL_SECTION *section);
+
+/// False, at once, while another thread is inside.
+inline BOOL TryEnterCriticalSection(CRITICAL_SECTION *section) {
     const pthread_t caller = pthread_self();
     pthread_t owner = 0;
-    if (section->owner.compare_exchange_strong(owner, caller, std::memory_order_acquire)) return;
-    if (owner == caller) {
-        ++section->reentries;
-    } else {
-        WaitForCriticalSection(section, caller);
-    }
+    if (section->owner.compare_exchange_strong(owner, caller, std::memory_order_acquire)) return TRUE;
+    if (owner != caller) return FALSE;
+    ++section->reentries;
+    return TRUE;
+}
+
+inline void EnterCriticalSection(CRITICAL_SECTION *section) {
+    if (!TryEnterCriticalSection(section)) WaitForCriticalSection(section, pthread_self());
 }
 
 inline void LeaveCriticalSection(CRITICAL_SECTION *section) {
     if (section->reentries > 0) {
         --section->reentries;
-    } else {
-        section->owner.store(0, std::memory_order_release);
+        return;
     }
+    section->owner.store(0, std::memory_order_release);
+    // No fence stands between the two, since it would double what a lookup costs. So it may happen, if rarely, that a
+    // thread which is about to sleep is not seen here: it wakes up by itself a little later.
+    if (section->waiting.load(std::memory_order_relaxed) > 0) WakeOneForCriticalSection(section);
 }
-
-inline void DeleteCriticalSection(CRITICAL_SECTION *) {}
 
 // ---- Global memory --------------------------------------------------------------------------------------------------
 

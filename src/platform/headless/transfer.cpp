@@ -31,8 +31,8 @@ uint32_t Blended(uint32_t source, uint32_t dest, const TransferMode &mode) {
 // Turns raw source values into raw destination values. Runs of equal values are converted once.
 class Converter {
 public:
-    Converter(const PixelView &source, const PixelView &dest)
-        : source_(source), dest_(dest), isIdentity_(HaveSameFormat(source, dest)) {}
+    Converter(const PixelView &source, const PixelView &dest, bool whiteIsOne)
+        : source_(source), dest_(dest), whiteIsOne_(whiteIsOne), isIdentity_(HaveSameFormat(source, dest)) {}
 
     bool IsIdentity() const { return isIdentity_; }
 
@@ -40,21 +40,22 @@ public:
         if (isIdentity_) return raw;
         if (!isPrimed_ || raw != lastRaw_) {
             lastRaw_ = raw;
-            lastResult_ = Convert(ColourOf(source_, raw));
+            lastResult_ = Convert(raw);
             isPrimed_ = true;
         }
         return lastResult_;
     }
 
 private:
-    // In a transfer to one bit per pixel, white becomes 1 and every other colour 0.
-    uint32_t Convert(uint32_t colour) const {
-        return dest_.bitsPerPixel == 1 ? (colour & kWhite) == kWhite : RawOf(dest_, colour);
+    uint32_t Convert(uint32_t raw) const {
+        if (whiteIsOne_ && dest_.bitsPerPixel == 1) return raw == RawOf(source_, kWhite);
+        const uint32_t colour = ColourOf(source_, raw);
+        return source_.bitsPerPixel > 8 ? RawOfTrueColour(dest_, colour) : RawOf(dest_, colour);
     }
 
     const PixelView &source_;
     const PixelView &dest_;
-    bool isIdentity_;
+    bool whiteIsOne_, isIdentity_;
     bool isPrimed_ = false;
     uint32_t lastRaw_ = 0;
     uint32_t lastResult_ = 0;
@@ -78,7 +79,7 @@ uint32_t Gather(const PixelView &source, const SourceSpan &columns, const Source
 class BoxTransfer {
 public:
     BoxTransfer(const PixelView &source, const PixelView &dest, const TransferMode &mode)
-        : source_(source), dest_(dest), mode_(mode), convert_(source, dest) {}
+        : source_(source), dest_(dest), mode_(mode), convert_(source, dest, mode.whiteIsOne) {}
 
     // False when memory is short.
     bool Run(const pixman_box32_t &box, const StretchAxis &x, const StretchAxis &y) {
@@ -112,7 +113,7 @@ private:
 
     uint32_t Blend(uint32_t sourceRaw, uint32_t destRaw) const {
         const uint32_t opaque = source_.bitsPerPixel == 32 ? 0 : 0xFF000000;
-        return RawOf(dest_, Blended(ColourOf(source_, sourceRaw) | opaque, ColourOf(dest_, destRaw), mode_));
+        return RawOfTrueColour(dest_, Blended(ColourOf(source_, sourceRaw) | opaque, ColourOf(dest_, destRaw), mode_));
     }
 
     void CopyRows(const pixman_box32_t &box, const StretchAxis &x, const StretchAxis &y) const {

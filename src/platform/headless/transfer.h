@@ -11,6 +11,8 @@ enum class Merge { kPickOne, kAnd, kOr };
 
 struct TransferMode {
     Merge merge = Merge::kPickOne;
+    /// On the way to one bit per pixel the source's value for white becomes 1 and every other 0; otherwise the nearest.
+    bool whiteIsOne = false;
     bool blends = false;
     /// When blending: without per-pixel alpha the source counts as opaque, whatever its alpha bytes.
     bool hasPixelAlpha = false;

@@ -14,6 +14,22 @@
  *   WHITENESS make all 32 bits 0 or 1; copies between 32-bit bitmaps keep all four bytes.
  * - Drawing is done when a function returns, so that bits can be read at once.
  * - Any thread may call any function. The bits of a DIB section are the caller's to guard.
+ * - Nothing is ever printed.
+ *
+ * Where it differs from GDI, as Wine has it, within this subset:
+ * - HALFTONE stretches as COLORONCOLOR does; GDI interpolates.
+ * - BLACKONWHITE and WHITEONBLACK between different formats merge the source's pixels, then convert; GDI sometimes
+ *   converts first. A stretch from two pixels to one of which the first lies outside draws nothing; GDI draws the
+ * second when the other side keeps its size.
+ * - A stretch of which nothing is visible gives 1; GDI sometimes gives 0. AC_SRC_ALPHA with a source of fewer than 32
+ *   bits is refused also when nothing is visible.
+ * - Outside of the clip region, an empty one included, SetPixel and GetPixel give CLR_INVALID; GDI's SetPixel gives the
+ *   colour, and neither heeds an empty region in its result.
+ * - GetClipBox tells the kind of what it bounds, and its box is empty when nothing is visible; GDI tells the clip
+ *   region's own kind, and the box may be inverted. The first IntersectClipRect gives NULLREGION for an empty
+ * rectangle; GDI gives SIMPLEREGION. An empty rectangle has no point in a region; in GDI one inside counts.
+ * - What is refused changes nothing; GDI's ExtSelectClipRgn may leave the bitmap's rectangle behind.
+ * - Beyond 2^24 GDI rounds logical coordinates, and its sums wrap around.
  *
  * The header compiles as C11 and as C++17. */
 #ifndef LACQUER_HEADLESS_GDI_H
@@ -182,7 +198,7 @@ LACQUER_GDI_API HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO *info, UINT us
 
 /* A new device bitmap: its pixels can't be reached directly. `planes`: 1. `bitsPerPixel`: 1 or 32. `bits`: its
  * first pixels, rows top-down and padded to two bytes, or null for all black. The sign of width and height does not
- * count. Result: null on failure; the default bitmap when width or height is 0. */
+ * count. Result: null on failure; the default bitmap when width or height is 0, whatever the other arguments. */
 LACQUER_GDI_API HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, const void *bits);
 
 /* A new bitmap, all black, of the kind and depth of the bitmap selected into `dc`: a DIB section gives a DIB section
@@ -212,7 +228,7 @@ LACQUER_GDI_API int ExtSelectClipRgn(HDC dc, HRGN region, int mode);
 LACQUER_GDI_API int IntersectClipRect(HDC dc, int left, int top, int right, int bottom);
 LACQUER_GDI_API int ExcludeClipRect(HDC dc, int left, int top, int right, int bottom);
 
-/* Moves the clip region. Result: as SelectClipRgn. */
+/* Moves the clip region. Result: as SelectClipRgn; NULLREGION without one, and nothing changes. */
 LACQUER_GDI_API int OffsetClipRgn(HDC dc, int x, int y);
 
 /* Whether a point, or any point of a rectangle, logical coordinates, can be drawn. */
@@ -247,7 +263,7 @@ LACQUER_GDI_API int GetRgnBox(HRGN region, RECT *out);
 /* Whether two regions have the same points. */
 LACQUER_GDI_API BOOL EqualRgn(HRGN first, HRGN second);
 
-/* Moves a region. Result: its kind, or ERROR. */
+/* Moves a region; what leaves the 32-bit range is lost. Result: its kind, or ERROR. */
 LACQUER_GDI_API int OffsetRgn(HRGN region, int x, int y);
 
 /* Whether a region contains a point, or any point of a rectangle (corners in any order). */
@@ -257,9 +273,12 @@ LACQUER_GDI_API BOOL RectInRegion(HRGN region, const RECT *rect);
 /* ---- Transfers ------------------------------------------------------------------------------------------------- */
 
 /* Each function draws inside the clip region and the bitmap of `dest`. Coordinates are logical. Pixels whose source
- * lies outside the source's bitmap are left as they are. Converting to 16 bits cuts channels; to 8 bits it takes the
- * nearest colour of the table; to one bit, white alone becomes white. Drawing onto the same bitmap works as through
- * a copy. Result: 1 also when nothing is visible. */
+ * lies outside the source's bitmap are left as they are. Converting to 16 bits cuts channels. Converting to 8 bits
+ * takes the nearest colour of the table: nearest to the source's colour when that comes from a table itself, and
+ * otherwise, as well as when blending, to (c & 0xF8) + 4 in each channel c. Converting to one bit takes the nearest of
+ * black and white; BitBlt and StretchBlt take white for the source's value for white (alpha 0; the nearest entry of a
+ * table) and black for all others. Drawing onto the same bitmap works as through a copy. Result: 1 also when nothing is
+ * visible. */
 
 /* Copies a rectangle with SRCCOPY; with BLACKNESS and WHITENESS no source is used. A negative width or height goes
  * from (x, y) to the left or upwards, the pixel (x, y) included. */
@@ -270,6 +289,8 @@ LACQUER_GDI_API BOOL BitBlt(HDC dest, int x, int y, int width, int height, HDC s
  * pixel in which the destination pixel's centre lies; shrinking gives each source pixel to the destination pixel in
  * which its centre lies, and of several the stretch mode of `dest` keeps the last of a row and the first of a
  * column (COLORONCOLOR, HALFTONE), the bits that all have (BLACKONWHITE) or the bits that any has (WHITEONBLACK).
+ * Shrinking to one pixel, unmirrored, leaves out the last source pixel. When a mirrored source lies partly outside its
+ * bitmap, the part inside is mirrored at the place where it would be drawn without mirroring.
  * `operation`: as for BitBlt. */
 LACQUER_GDI_API BOOL StretchBlt(HDC dest, int x, int y, int width, int height, HDC source, int sourceX, int sourceY,
                                 int sourceWidth, int sourceHeight, DWORD operation);
@@ -289,8 +310,9 @@ LACQUER_GDI_API BOOL AlphaBlend(HDC dest, int x, int y, int width, int height, H
 
 /* Draws pixels described by `info` (as for CreateDIBSection) whose rows `startScan` ... startScan + lines - 1,
  * counted from the picture's bottom, are at `bits`. (sourceX, sourceY): the lower left corner, counted from the
- * picture's bottom left, of the rectangle drawn; (x, y): its upper left corner on `dest`. Result: the number of
- * rows read, 0 on failure. */
+ * picture's bottom left, of the rectangle drawn; (x, y): its upper left corner on `dest`. Of a top-down picture no more
+ * rows are read than it has; `lines` places the first of them even when there are fewer. Result: the number of rows, 0
+ * on failure and when the rectangle lies outside the rows, unless it lies below those of a top-down picture. */
 LACQUER_GDI_API int SetDIBitsToDevice(HDC dest, int x, int y, DWORD width, DWORD height, int sourceX, int sourceY,
                                       UINT startScan, UINT lines, const void *bits, const BITMAPINFO *info, UINT usage);
 

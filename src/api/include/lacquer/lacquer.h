@@ -14,6 +14,10 @@
  *   wherever alpha is honoured. 24-bit pixels are the bytes blue, green, red; 8-bit pixels index a palette of such
  *   words. Rows run top-down; strides are bytes.
  *
+ * - Overlap: source and destination may share pixels. A plain copy at 1:1 within one surface has the result of a copied
+ *   source, whatever the direction. Any other draw or filter then gives unspecified colours inside its destination, on
+ *   another processor perhaps others, and does no other harm.
+ *
  * - Threads: any thread may call any function; one thread at a time works on an object.
  *
  * The header compiles as C11 and as C++17. On Windows the types come from <windows.h>.
@@ -190,10 +194,11 @@ LACQUER_API int GetBitmapSize(HGBITMAP bitmap, SIZE *out);
 
 /* Describes the pixels of a rectangle, or of everything when `rect` is null, in `out` (fields up to `bits`). The
  * rectangle must not be empty and must lie inside. The view is valid until the bitmap is deleted or converted; locks
- * are not counted. Result: 1, or 0 (also below 8 bits per pixel), when `out` is unspecified. */
+ * are not counted. Result: 1, or 0 (also below 8 bits per pixel) with these fields cleared; a wrong handle leaves them
+ * as they are. */
 LACQUER_API int LockBitmapBits(HGBITMAP bitmap, SurfaceView *out, const RECT *rect);
 
-/* LockBitmapBits, with the palette fields written too. */
+/* LockBitmapBits, with the palette fields written, or cleared, too. */
 LACQUER_API int LockBitmapBitsEx(HGBITMAP bitmap, SurfaceView *out, const RECT *rect);
 
 /* Ends a lock. */
@@ -312,8 +317,9 @@ LACQUER_API void DeleteCanvas(HGCANVAS canvas);
 LACQUER_API DWORD ReleaseCanvas(HGCANVAS canvas);
 
 /* As LockBitmapBits, with a logical rectangle. On a canvas made from a device context a rectangle is required; pixels
- * that can't be reached directly are copied, and UnlockCanvasBits writes them back; one such lock at a time.
- * LockCanvasBitsEx refuses such canvases. */
+ * that can't be reached directly are copied (transparent black where the context can't be read), and UnlockCanvasBits
+ * writes them back. There is one copy at a time, and any number of direct locks beside it; each unlock ends the last
+ * lock. LockCanvasBitsEx refuses such canvases. */
 LACQUER_API int LockCanvasBits(HGCANVAS canvas, SurfaceView *out, const RECT *rect);
 LACQUER_API int LockCanvasBitsEx(HGCANVAS canvas, SurfaceView *out, const RECT *rect);
 LACQUER_API int UnlockCanvasBits(HGCANVAS canvas);
@@ -350,7 +356,9 @@ LACQUER_API int SetCanvasBkColor(HGCANVAS canvas, DWORD colour, DWORD *previous)
 LACQUER_API int GetCanvasBkColor(HGCANVAS canvas, DWORD *out);
 
 /* The clip, the whole canvas at first. SetCanvasClipRect replaces it, cut to the canvas; IntersectCanvasClipRect
- * narrows it; an empty or inverted result is empty: nothing is drawn. GetCanvasClipRect writes its bounding box. */
+ * narrows it; an empty or inverted result is empty: nothing is drawn. On a canvas made from a device context they set
+ * the context's clip, which is not cut: it lasts when the visible part changes. Both give 1 for every canvas and
+ * rectangle. GetCanvasClipRect writes the clip's bounding box, of a device context's clip what is visible of it. */
 LACQUER_API int SetCanvasClipRect(HGCANVAS canvas, const RECT *rect);
 LACQUER_API int IntersectCanvasClipRect(HGCANVAS canvas, const RECT *rect);
 LACQUER_API int GetCanvasClipRect(HGCANVAS canvas, RECT *out);

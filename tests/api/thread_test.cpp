@@ -1,0 +1,237 @@
+// Many threads at once: each with its own objects, all with shared sources, and all at the handle table. What the
+// thread sanitizer sees here is part of the test.
+
+#include <gtest/gtest.h>
+
+#include <atomic>
+#include <thread>
+
+#include "objects.h"
+
+namespace lacquer {
+namespace {
+
+constexpr int kThreads = 8;
+
+/// Calls `work(0)`, `work(1)` ... each on a thread of its own.
+template <class Work>
+void InThreads(int count, Work work) {
+    std::vector<std::thread> threads;
+    for (int i = 0; i < count; ++i) threads.emplace_back(work, i);
+    for (std::thread &thread : threads) thread.join();
+}
+
+/// Calls `prepare()`, then `first()` and `second()` on two threads at the same moment, or nearly so, then `check()`,
+/// over and over.
+template <class Prepare, class First, class Second, class Check>
+void Race(int rounds, Prepare prepare, First first, Second second, Check check) {
+    std::atomic<int> arrivals{0};
+    const auto meet = [&arrivals](int meeting) {
+        ++arrivals;
+        for (int tries = 0; arrivals < 2 * meeting; ++tries) {
+            if (tries > 2000) std::this_thread::yield();
+        }
+    };
+    std::thread other([&] {
+        for (int i = 0; i < rounds; ++i) {
+            meet(2 * i + 1);
+            for (std::atomic<int> delay = i % 40; delay > 0;) --delay;
+            second();
+            meet(2 * i + 2);
+        }
+    });
+    for (int i = 0; i < rounds; ++i) {
+        prepare();
+        meet(2 * i + 1);
+        first();
+        meet(2 * i + 2);
+        check();
+    }
+    other.join();
+}
+
+constexpr int kRaces = 8000;
+
+/// A picture of draws of every kind from sources that others read as well.
+std::vector<uint32_t> Paint(HGBITMAP bitmap, HGTEXTURE texture, HGCANVAS shared) {
+    const OwnedCanvas memory(CreateCanvas(40, 30, {})), system(CreateSystemCanvas(40, 30, memory));
+    const RECT whole{0, 0, 40, 30}, part{3, 2, 37, 29};
+    for (const HGCANVAS canvas : {HGCANVAS(memory), HGCANVAS(system)}) {
+        SetCanvasClipRect(canvas, &part);
+        SetViewportOrg(canvas, 1, -1, nullptr);
+        FillSolidRect(canvas, 0xFF204060, &whole);
+        DrawBitmap(canvas, &part, bitmap, 4);
+        DrawTexture(canvas, &whole, texture, 5);
+        DrawTexture(canvas, &part, texture, 1);
+        IntersectCanvasClipRect(canvas, &part);
+    }
+    // The contexts of the library and its regions; GDI looks after its own objects.
+    const HDC to = GetCanvasHandle(memory), from = GetCanvasHandle(system);
+    HRGN region = CreateRectRgn(5, 5, 20, 20);
+    ExtSelectClipRgn(to, region, RGN_COPY);
+    DeleteObject(region);
+    BitBlt(to, 0, 0, 40, 30, from, 2, 3, SRCCOPY);
+    StretchBlt(to, 6, 6, 30, 5, from, 0, 0, 11, 13, SRCCOPY);
+    const OwnedTexture borrowed(GetTexture(shared));
+    DrawTexture(memory, &whole, borrowed, 2);
+    return PixelsIn(memory);
+}
+
+TEST(ThreadTest, EachPaintsItsOwnPicturesFromSharedSources) {
+    const OwnedBitmap bitmap = NoisyBitmap(9, 7, 1);
+    const OwnedTexture texture = NoisyTexture(13, 11, 2);
+    const OwnedCanvas shared = NoisyCanvas(20, 15, 3);
+    const std::vector<uint32_t> expected = Paint(bitmap, texture, shared);
+    InThreads(kThreads, [&](int) {
+        for (int i = 0; i < 40; ++i) EXPECT_EQ(expected, Paint(bitmap, texture, shared));
+    });
+}
+
+TEST(ThreadTest, StormsOfObjectsLeaveTheTableInOrder) {
+    InThreads(kThreads, [](int thread) {
+        const auto seed = static_cast<uint32_t>(thread);
+        for (DWORD i = 0; i < 300; ++i) {
+            const OwnedCanvas child = NoisyCanvas(4 + i % 3, 4, seed);
+            const HGCANVAS parent = CreateCanvas(2 + i % 5, 3, child);
+            EXPECT_EQ(1, SetCanvasParent(child, parent));
+            const HGCANVAS alias = GetCanvasParent(child);
+            const HGBITMAP pixels = GetBitmap(alias), kept = GetBitmap(child);
+            EXPECT_EQ(ViewOf(parent).bits, ViewOf(pixels).bits);
+            EXPECT_EQ(PixelsIn(child), PixelsIn(kept));
+            if (i % 3 == 0) ReleaseCanvas(alias);
+            const HGBITMAP became = i % 2 == 0 ? CanvasToBitmap(parent) : HGBITMAP{};
+            if (i % 2 != 0) DeleteCanvas(parent);
+            EXPECT_FALSE(IsLive(parent) || IsLive(alias) || GetCanvasParent(child));
+            EXPECT_EQ(i % 2 == 0, IsLive(pixels));
+            const OwnedTexture texture(i % 2 == 0 ? BitmapToTexture(became) : CreateTexture(3, 3));
+            EXPECT_FALSE(IsLive(pixels));
+            EXPECT_TRUE(IsLive(kept) && IsLive(texture));
+            ReleaseBitmap(kept);
+        }
+    });
+}
+
+TEST(ThreadTest, NoHandleOfADeadParentIsEverGivenOut) {
+    const OwnedCanvas child(CreateCanvas(2, 2, {}));
+    HGCANVAS parent{}, given{};
+    HGBITMAP bitmap{};
+    HGTEXTURE texture{};
+    Race(
+        kRaces,
+        [&] {
+            parent = CreateCanvas(3, 3, {});
+            SetCanvasParent(child, parent);
+        },
+        [&] {
+            given = GetCanvasParent(child);
+            bitmap = GetBitmap(given);
+            texture = GetTexture(given);
+        },
+        [&] { DeleteCanvas(parent); },
+        [&] {
+            EXPECT_FALSE(IsLive(given) || IsLive(bitmap) || GetCanvasParent(child));
+            EXPECT_TRUE(!texture || PixelsIn(texture) == std::vector<uint32_t>(9));
+            DeleteTexture(texture);
+        });
+}
+
+TEST(ThreadTest, AParentThatDiesWhileItIsSetIsForgotten) {
+    const OwnedCanvas first(CreateCanvas(2, 2, {})), second(CreateCanvas(2, 2, {}));
+    HGCANVAS parent{};
+    Race(
+        kRaces, [&] { parent = CreateCanvas(3, 3, {}); },
+        [&] {
+            SetCanvasParent(first, parent);
+            SetCanvasParent(first, second);
+            SetCanvasParent(first, parent);
+        },
+        [&] {
+            SetCanvasParent(second, parent);
+            DeleteCanvas(parent);
+        },
+        [&] {
+            EXPECT_FALSE(GetCanvasParent(second));
+            const HGCANVAS left = GetCanvasParent(first);
+            EXPECT_TRUE(!left || ViewOf(left).bits == ViewOf(second).bits);
+            ReleaseCanvas(left);
+        });
+}
+
+/// Two ways to end what one canvas and its bitmap are, at once. A call that makes something of the object makes it
+/// whole.
+TEST(ThreadTest, OfTwoDeletionsAtOnceOneDoesNothing) {
+    struct Family {
+        HGCANVAS canvas, alias;
+        HGBITMAP bitmap, pixels;
+        HGTEXTURE texture;
+    } family{};
+    using End = bool (*)(const Family &);
+    const struct {
+        const char *name;
+        End first, second;
+    } pairs[] = {
+        {"bitmap", [](const Family &f) { return DeleteBitmap(f.bitmap), false; },
+         [](const Family &f) { return DeleteBitmap(f.bitmap), false; }},
+        {"texture", [](const Family &f) { return DeleteTexture(f.texture), false; },
+         [](const Family &f) { return ReleaseTexture(f.texture), false; }},
+        {"canvas and alias", [](const Family &f) { return DeleteCanvas(f.canvas), false; },
+         [](const Family &f) { return DeleteCanvas(f.alias), false; }},
+        {"canvas and its bitmap", [](const Family &f) { return DeleteCanvas(f.canvas), false; },
+         [](const Family &f) { return DeleteBitmap(f.pixels), false; }},
+        {"two bitmaps of a canvas", [](const Family &f) { return DeleteBitmap(f.pixels), false; },
+         [](const Family &f) { return DeleteBitmap(GetBitmap(f.canvas)), false; }},
+        {"conversions of a canvas",
+         [](const Family &f) {
+             const HGBITMAP made = CanvasToBitmap(f.canvas);
+             EXPECT_TRUE(!made || PixelsIn(made).size() == 9);
+             DeleteBitmap(made);
+             return bool(made);
+         },
+         [](const Family &f) {
+             const HGTEXTURE made = CanvasToTexture(f.alias);
+             EXPECT_TRUE(!made || PixelsIn(made).size() == 9);
+             DeleteTexture(made);
+             return bool(made);
+         }},
+        {"conversions of a bitmap",
+         [](const Family &f) {
+             const HGTEXTURE made = BitmapToTexture(f.bitmap);
+             DeleteTexture(made);
+             return bool(made);
+         },
+         [](const Family &f) {
+             const HGTEXTURE made = BitmapToTexture(f.bitmap);
+             DeleteTexture(made);
+             return bool(made);
+         }},
+    };
+    for (const auto &pair : pairs) {
+        SCOPED_TRACE(pair.name);
+        const OwnedCanvas child(CreateCanvas(1, 1, {}));
+        bool firstMade = false, secondMade = false;
+        Race(
+            kRaces / 16,
+            [&] {
+                family.canvas = CreateCanvas(3, 3, {});
+                SetCanvasParent(child, family.canvas);
+                family.alias = GetCanvasParent(child);
+                family.pixels = GetBitmap(family.canvas);
+                family.bitmap = CreateMemBitmap(4, 4);
+                family.texture = CreateTexture(4, 4);
+            },
+            [&] { firstMade = pair.first(family); }, [&] { secondMade = pair.second(family); },
+            [&] {
+                EXPECT_FALSE(firstMade && secondMade);
+                DeleteCanvas(family.canvas);
+                DeleteBitmap(family.bitmap);
+                DeleteTexture(family.texture);
+                EXPECT_FALSE(IsLive(family.canvas) || IsLive(family.alias) || IsLive(family.bitmap) ||
+                             IsLive(family.pixels) || IsLive(family.texture));
+            });
+    }
+    const OwnedBitmap last(CreateMemBitmap(1, 1));
+    EXPECT_GT(20u, HGBITMAP(last).value & 0xFFFF) << "every slot was freed, and freed once";
+}
+
+}  // namespace
+}  // namespace lacquer

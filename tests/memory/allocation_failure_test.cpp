@@ -1,0 +1,227 @@
+// Every exported function, with each of its allocations failing in turn: alone, with the one after it, and with all
+// after it. Then the call has done nothing, and says so, or everything; nothing is lost, and every object can be used.
+
+#include <climits>
+#include <fstream>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "calls.h"
+#include "failing_allocations.h"
+#include "handle_world.h"
+#include "support/memory_dc.h"
+
+namespace lacquer {
+namespace {
+
+constexpr RECT kRect{1, 1, 3, 3};
+
+/// What the calls work on.
+class Scene {
+public:
+    /// `kind`: of the first canvas and of the bitmaps and textures. 0: all in process memory, 32 bits; 1: a system
+    /// canvas, 8 bits, and the device contexts exchanged; 2: a device context's, reached by copying only, and 24 bits.
+    explicit Scene(int kind) : kind_(kind) {
+        SelectClipWithHole(contexts_[0], {0, 0, 8, 8}, {3, 3, 4, 4});
+        for (const HGCANVAS canvas : {Canvas(0), Canvas(1)}) SetDashStyle(canvas, 2);
+        HRGN corner = CreateRectRgn(5, 0, 8, 2);
+        for (HRGN region : regions_) {
+            CombineRgn(region, region, corner, RGN_OR);
+            OffsetRgn(corner, 1, 4);
+        }
+        DeleteObject(corner);
+    }
+    ~Scene() {
+        DeleteObject(bitmap_);
+        for (HRGN region : regions_) DeleteObject(region);
+    }
+    Scene(const Scene &) = delete;
+    Scene &operator=(const Scene &) = delete;
+
+    HandleCall::Values HandlesFor(const HandleCall &row) const {
+        HandleCall::Values handles{};
+        for (size_t i = 0; row.handles[i] != 0; ++i) handles[i] = HandleFor(row.handles[i], i);
+        return handles;
+    }
+
+    /// Whether every object is still there.
+    bool IsWhole() const {
+        for (const size_t i : {0, 1}) {
+            if (!IsLive(Canvas(i)) || !IsLive(Bitmap(i)) || !IsLive(Texture(i))) return false;
+        }
+        return true;
+    }
+
+    /// Everything that can be read of the objects, and the slot that the next handle would take.
+    std::vector<uint32_t> Snapshot() const {
+        std::vector<uint32_t> state = world_.Snapshot();
+        const auto add = [&](const std::vector<uint32_t> &words) {
+            state.insert(state.end(), words.begin(), words.end());
+        };
+        const auto addRegion = [&](HRGN region) {
+            std::vector<uint32_t> words(GetRegionData(region, 0, nullptr) / 4);
+            GetRegionData(region, static_cast<DWORD>(words.size() * 4), reinterpret_cast<RGNDATA *>(words.data()));
+            add(words);
+        };
+        HRGN clip = CreateRectRgn(0, 0, 0, 0);
+        for (const auto &context : contexts_) {
+            state.push_back(static_cast<uint32_t>(GetClipRgn(context, clip)));
+            addRegion(clip);
+        }
+        DeleteObject(clip);
+        for (HRGN region : regions_) addRegion(region);
+        for (const Dib &dib : dibs_) add(PixelsOf(dib.View()));
+        if (kind_ > 0) {
+            for (const OwnedBitmap &bitmap : bitmaps_) add(PixelsIn(bitmap));
+            for (const OwnedTexture &texture : textures_) add(PixelsIn(texture));
+        }
+        return state;
+    }
+
+    /// Locks, draws and combines whatever is still there.
+    void ExpectUsable() const {
+        SurfaceView view{};
+        const HGCANVAS target = Canvas(1);
+        for (const HGCANVAS canvas : {Canvas(0), Canvas(1)}) {
+            if (!IsLive(canvas)) continue;
+            EXPECT_EQ(1, SetViewportOrg(canvas, 0, 0, nullptr) & SetWindowOrg(canvas, 0, 0, nullptr));
+            EXPECT_EQ(1, SetCanvasClipRect(canvas, &kRect));
+            EXPECT_EQ(1, FillSolidRect(canvas, 0xFF112233, &kRect));
+            ASSERT_EQ(1, LockCanvasBits(canvas, &view, &kRect));
+            EXPECT_EQ(0x112233u, PixelAt(view, 0, 0) & 0xFFFFFF);
+            EXPECT_EQ(1, UnlockCanvasBits(canvas));
+            EXPECT_EQ(canvas == canvas_ ? 0 : 1, DrawLine(canvas, 0, 0, 3, 3));
+            EXPECT_NE(nullptr, GetCanvasHandle(canvas));
+        }
+        for (size_t i : {0, 1}) {
+            const HGBITMAP bitmap = Bitmap(i);
+            const HGTEXTURE texture = Texture(i);
+            EXPECT_EQ(IsLive(bitmap), LockBitmapBits(bitmap, &view, nullptr) == 1);
+            EXPECT_EQ(IsLive(texture), LockTextureBits(texture, &view, nullptr) == 1);
+            EXPECT_EQ(IsLive(target) && IsLive(bitmap), DrawBitmap(target, &kRect, bitmap, 1) == 1);
+            EXPECT_EQ(IsLive(target) && IsLive(texture),
+                      DrawTextureCenter(target, &kRect, texture, nullptr, 1, 255) == 1);
+        }
+        EXPECT_NE(ERROR, CombineRgn(regions_[0], regions_[1], regions_[0], RGN_OR));
+        for (const auto &context : contexts_) {
+            EXPECT_TRUE(PatBlt(context, 0, 0, 4, 4, WHITENESS));
+            EXPECT_NE(ERROR, ExcludeClipRect(context, 1, 1, 2, 2));
+        }
+    }
+
+private:
+    HGCANVAS Canvas(size_t argument) const { return {HandleFor('c', argument)}; }
+    HGBITMAP Bitmap(size_t argument) const { return {HandleFor('b', argument)}; }
+    HGTEXTURE Texture(size_t argument) const { return {HandleFor('t', argument)}; }
+
+    uintptr_t HandleFor(char letter, size_t argument) const {
+        const auto number = [](const void *handle) { return reinterpret_cast<uintptr_t>(handle); };
+        switch (letter) {
+            case 'D': return number(contexts_[kind_ == 1 ? 1 - argument : argument]);
+            case 'H': return number(bitmap_);
+            case 'R': return number(regions_[argument]);
+            case 'c':
+                if (kind_ == 2 && argument == 0) return HGCANVAS(canvas_).value;
+                return world_.Valid('c', kind_ == 1 ? 1 - argument : argument);
+            case 'b': return kind_ == 0 ? world_.Valid('b', argument) : HGBITMAP(bitmaps_[argument]).value;
+            case 't': return kind_ == 0 ? world_.Valid('t', argument) : HGTEXTURE(textures_[argument]).value;
+            default: return world_.Valid(letter, argument);
+        }
+    }
+
+    const int kind_;
+    const DWORD depth_ = kind_ == 2 ? 24 : 8;
+    const HandleWorld world_;
+    const OwnedBitmap bitmaps_[2]{Noisy(OwnedBitmap(CreateMemBitmapEx(4, 4, depth_, 16)), 6, depth_ == 8),
+                                  Noisy(OwnedBitmap(CreateMemBitmapEx(4, 4, depth_, 16)), 7, depth_ == 8)};
+    const OwnedTexture textures_[2]{Noisy(OwnedTexture(CreateTextureEx(4, 4, depth_, 16)), 8, depth_ == 8),
+                                    Noisy(OwnedTexture(CreateTextureEx(4, 4, depth_, 16)), 9, depth_ == 8)};
+    const Dib dibs_[2]{Dib(8, 8), Dib(8, 8)};
+    const MemoryDC contexts_[2]{MemoryDC(dibs_[0].Handle()), MemoryDC(dibs_[1].Handle())};
+    const OwnedCanvas canvas_{CreateCanvasFromDC(contexts_[0])};
+    const HBITMAP bitmap_ = CreateBitmap(4, 4, 1, 32, nullptr);
+    const HRGN regions_[2]{CreateRectRgn(0, 0, 4, 4), CreateRectRgn(2, 1, 6, 6)};
+};
+
+/// One call in a scene of its own.
+struct Outcome {
+    std::vector<uint32_t> before, after;
+    int refused;
+    bool worked;
+};
+
+Outcome Call(const HandleCall &row, int kind, int count, int failures) {
+    const Scene scene(kind);
+    const HandleCall::Values handles = scene.HandlesFor(row);
+    Outcome outcome{};
+    outcome.before = scene.Snapshot();
+    FailAllocations(count, failures);
+    const uint64_t result = row.call(handles);
+    outcome.refused = StopFailing();
+    outcome.worked = row.worked ? row.worked(result, handles) : result != row.refused;
+    if (scene.IsWhole()) outcome.after = scene.Snapshot();
+    scene.ExpectUsable();
+    return outcome;
+}
+
+/// Nothing has changed, or, when the call did not say that it failed, what it changes else. Of a layout single pieces
+/// may be missing.
+bool IsAllOrNothing(const HandleCall &row, const Outcome &outcome, const Outcome &whole) {
+    const bool isLayout = std::string_view(row.name).starts_with("DrawTexture");
+    return outcome.after == outcome.before ||
+           (outcome.worked == whole.worked && (isLayout || outcome.after == whole.after));
+}
+
+void FailEverywhere(const HandleCall &row, int kind) {
+    const Outcome whole = Call(row, kind, INT_MAX, 1);
+    ASSERT_TRUE(kind > 0 || whole.worked) << "the call does not work at all";
+    // What is made once and kept is there in the second round.
+    for (const bool keeps : {true, false}) {
+        for (const int failures : {1, 2, INT_MAX}) {
+            for (int count = 0, refused = 1; refused > 0; ++count) {
+                SCOPED_TRACE(testing::Message() << "kind " << kind << ", " << failures << " after " << count);
+                const long live = LiveBlocks();
+                const Outcome outcome = Call(row, kind, count, failures);
+                refused = outcome.refused;
+                EXPECT_TRUE(IsAllOrNothing(row, outcome, whole));
+                EXPECT_TRUE(keeps || live == LiveBlocks()) << "blocks are lost";
+                ASSERT_FALSE(testing::Test::HasFailure());
+            }
+        }
+    }
+}
+
+class AllocationFailure : public testing::TestWithParam<HandleCall> {};
+
+TEST_P(AllocationFailure, IsARefusalOrDoesNoHarm) {
+    for (int kind = 0; kind < 3; ++kind) FailEverywhere(GetParam(), kind);
+}
+
+INSTANTIATE_TEST_SUITE_P(Exports, AllocationFailure, testing::ValuesIn(HandleCalls()),
+                         testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(Headless, AllocationFailure, testing::ValuesIn(GdiCalls()), testing::PrintToStringParamName());
+INSTANTIATE_TEST_SUITE_P(Deep, AllocationFailure, testing::ValuesIn(DeepCalls()), testing::PrintToStringParamName());
+
+TEST(Allocations, AreRefusedAndCounted) {
+    const long live = LiveBlocks();
+    FailAllocations(0, 1);
+    EXPECT_FALSE(CreateMemBitmap(9, 9));
+    EXPECT_EQ(1, StopFailing());
+    const HGBITMAP bitmap = CreateMemBitmap(9, 9);
+    EXPECT_LT(live, LiveBlocks());
+    DeleteBitmap(bitmap);
+    EXPECT_EQ(live, LiveBlocks());
+}
+
+/// The table of the library's own exports is held to be whole by the test of wrong handles.
+TEST(Allocations, TheTableKnowsEveryHeadlessExport) {
+    std::set<std::string> exported, known;
+    std::ifstream file(LACQUER_HEADLESS_EXPORTS);
+    for (std::string word; file >> word;) exported.insert(word);
+    for (const HandleCall &row : GdiCalls()) known.insert(row.name);
+    EXPECT_EQ(exported, known);
+}
+
+}  // namespace
+}  // namespace lacquer
