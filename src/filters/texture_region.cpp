@@ -9,7 +9,7 @@
 
 #include "core/locked.h"
 #include "core/surface_view.h"
-#include "pipeline/pixel.h"
+#include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
 
