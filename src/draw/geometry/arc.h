@@ -10,12 +10,16 @@ struct ArcPoint {
     int64_t u, v;
 };
 
-/// What lies between an arc of at most an eighth of a circle and its chord, in units whose square the lengths are in;
-/// lengths up to 2^31.
-int64_t SegmentArea(int64_t du, int64_t dv, int64_t radius);
+/// A circle's radius in 1/65536 pixel, and what dividing by it takes.
+struct ArcRadius {
+    int64_t length, inverse;  ///< 2^61 / length
+};
 
-/// Twice the area between the u axis raised to `v` and the arc from one point of it to another, of larger u.
-int64_t TwiceAreaUnderArc(ArcPoint from, ArcPoint to, int64_t v, int64_t radius);
+constexpr ArcRadius ArcRadiusOf(int64_t length) { return {length, length > 0 ? (int64_t{1} << 61) / length : 0}; }
+
+/// What lies between an arc of at most an eighth of a circle and its chord, in 2^-32 square pixels; off by less than
+/// 1/200 of it.
+int64_t SegmentArea(int64_t du, int64_t dv, const ArcRadius &radius);
 
 /// A row of boxes v0..v1, in units of 1/256 pixel, 0 <= v0 < v1 <= radius.
 class ArcRow {
@@ -33,10 +37,13 @@ public:
 
 private:
     int64_t HeightAt(int64_t u) const;
+    int64_t TwiceAreaUnderArc(ArcPoint from, ArcPoint to) const;
+    int64_t TwiceAreaUnderShortArc(ArcPoint from, ArcPoint to) const;
 
-    int64_t radius_ = 0, squared_ = 0, v0_ = 0, v1_ = 0;
-    int64_t inner_ = 0, outer_ = 0;  ///< 1/65536 pixel
-    mutable int64_t knownU_ = -1, knownHeight_ = 0;
+    ArcRadius radius_;
+    int64_t squared_, v0_, v1_;
+    int64_t inner_, outer_;  ///< 1/65536 pixel
+    mutable int64_t knownU_, knownHeight_;
 };
 
 }  // namespace lacquer

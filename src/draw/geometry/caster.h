@@ -36,6 +36,11 @@ public:
     /// The weight of all rows of the caster for a row of pixels, up to 2 × GaussianEdge::kHalf.
     int RowWeight(int64_t y) const;
 
+    /// False when none of these columns has a pixel that is nothing but shadow.
+    bool MayBeWhole(int64_t x, int64_t xEnd) const {
+        return (xEnd << 16) - edge_.Reach() > shape_.left && (x << 16) + edge_.Reach() < shape_.right;
+    }
+
     /// The pixels of a row that are nothing but shadow: with the blur's reach around them they lie in the caster.
     void FindWhole(int64_t y, int64_t *begin, int64_t *end) const;
 

@@ -5,7 +5,6 @@
 
 #include <algorithm>
 
-#include "draw/geometry/arc.h"
 #include "draw/geometry/integer_root.h"
 
 namespace lacquer {
@@ -19,7 +18,7 @@ constexpr int64_t kEighthTangent = 444758461;  ///< tan(pi / 8) × 2^30
 CasterSide::Arc CasterSide::MakeArc(int64_t centre, int64_t radius, int64_t slab) {
     // An eighth of a circle is 0.785 radii long.
     const int64_t slabs = radius == 0 ? 0 : (radius * 201 / 256 + slab - 1) / slab;
-    return {centre, radius, 2 * slabs};
+    return {centre, ArcRadiusOf(radius), 2 * slabs};
 }
 
 CasterSide::CasterSide(int64_t edge, int64_t top, int64_t bottom, int64_t upperCentre, int64_t upperRadius,
@@ -34,11 +33,11 @@ int64_t CasterSide::Arc::CutHeight(int64_t i) const {
     const bool isFarHalf = i <= count / 2;
     const int64_t tangent = kEighthTangent * (isFarHalf ? i : count - i) / (count / 2);
     const int64_t square = tangent * tangent >> 30;
-    return radius * (isFarHalf ? kOne - square : 2 * tangent) / (kOne + square);
+    return radius.length * (isFarHalf ? kOne - square : 2 * tangent) / (kOne + square);
 }
 
 int64_t CasterSide::Arc::ReachAt(int64_t height) const {
-    const int64_t square = radius * radius - height * height;
+    const int64_t square = radius.length * radius.length - height * height;
     return square > 0 ? FloorRoot(static_cast<uint64_t>(square)) : 0;
 }
 
@@ -65,18 +64,20 @@ int64_t CasterSide::EdgeOf(int64_t i) const {
     const int64_t from = Cut(i), to = Cut(i + 1);
     if (from >= to) return At(from);
     if (i < upper_.count) {
-        return edge_ + upper_.radius - upper_.MeanReach(std::max<int64_t>(0, upper_.centre - to), upper_.centre - from);
+        return edge_ + upper_.radius.length -
+               upper_.MeanReach(std::max<int64_t>(0, upper_.centre - to), upper_.centre - from);
     }
     if (i > upper_.count) {
-        return edge_ + lower_.radius - lower_.MeanReach(std::max<int64_t>(0, from - lower_.centre), to - lower_.centre);
+        return edge_ + lower_.radius.length -
+               lower_.MeanReach(std::max<int64_t>(0, from - lower_.centre), to - lower_.centre);
     }
     return edge_;
 }
 
 int64_t CasterSide::At(int64_t y) const {
     int64_t x = edge_;
-    if (y < upper_.centre) x = std::max(x, edge_ + upper_.radius - upper_.ReachAt(upper_.centre - y));
-    if (y > lower_.centre) x = std::max(x, edge_ + lower_.radius - lower_.ReachAt(y - lower_.centre));
+    if (y < upper_.centre) x = std::max(x, edge_ + upper_.radius.length - upper_.ReachAt(upper_.centre - y));
+    if (y > lower_.centre) x = std::max(x, edge_ + lower_.radius.length - lower_.ReachAt(y - lower_.centre));
     return x;
 }
 

@@ -3,6 +3,8 @@
 
 #include <cstdint>
 
+#include "draw/geometry/arc.h"
+
 namespace lacquer {
 
 /// The left side: an arc, a straight edge, another arc. A right side is mirrored: its x axis runs the other way. All in
@@ -31,7 +33,8 @@ public:
 
 private:
     struct Arc {
-        int64_t centre, radius;
+        int64_t centre;
+        ArcRadius radius;
         int64_t count;  ///< of its slabs
 
         /// The cut between slabs i - 1 and i, counted from the arc's far end: its distance from the centre.

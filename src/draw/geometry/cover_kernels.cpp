@@ -40,10 +40,14 @@ void BaseOverOne(BYTE *pixels, DWORD colour, const BYTE *cover, ptrdiff_t count)
     }
 }
 
+void BaseOverEvenly(BYTE *pixels, DWORD colour, BYTE cover, ptrdiff_t count) {
+    for (ptrdiff_t i = 0; i < count; ++i) BaseOverOne(pixels + i * kPixelBytes, colour, &cover, 1);
+}
+
 }  // namespace
 
 CoverKernels BuildCoverKernels(const CpuFeatures &features) {
-    CoverKernels kernels{BaseMix, BaseOver, BaseOverOne};
+    CoverKernels kernels{BaseMix, BaseOver, BaseOverOne, BaseOverEvenly};
     if (features.sse2) ApplySse2Cover(kernels);
     return kernels;
 }

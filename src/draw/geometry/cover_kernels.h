@@ -24,8 +24,11 @@ struct CoverKernels {
     /// With premultiplied colours drawn over the pixel; 0 leaves it as it is.
     void (*over)(BYTE *pixels, DWORD fill, DWORD border, const BYTE *inner, const BYTE *outer, ptrdiff_t count);
 
-    /// The same with one colour and one cover.
+    /// The same with one colour and its cover.
     void (*overOne)(BYTE *pixels, DWORD colour, const BYTE *cover, ptrdiff_t count);
+
+    /// The same with one cover for all pixels.
+    void (*overEvenly)(BYTE *pixels, DWORD colour, BYTE cover, ptrdiff_t count);
 };
 
 /// The kernels for a processor. Depends on nothing else.

@@ -117,9 +117,21 @@ void Sse2OverOne(BYTE *pixels, DWORD colour, const BYTE *cover, ptrdiff_t count)
         });
 }
 
+void Sse2OverEvenly(BYTE *pixels, DWORD colour, BYTE cover, ptrdiff_t count) {
+    const OverFour over(colour);
+    const __m128i weight = EachLane(WeightOf(cover));
+    ForEachFour(
+        pixels, count,
+        [&](BYTE *four, ptrdiff_t) {
+            const __m128i d = LoadFour(four);
+            StoreFour(four, MixedFour(d, over(d), weight));
+        },
+        [&](Rest &rest, ptrdiff_t, size_t) { Sse2OverEvenly(rest.pixels, colour, cover, kVectorPixels); });
+}
+
 }  // namespace
 
-void ApplySse2Cover(CoverKernels &kernels) { kernels = {Sse2Mix, Sse2Over, Sse2OverOne}; }
+void ApplySse2Cover(CoverKernels &kernels) { kernels = {Sse2Mix, Sse2Over, Sse2OverOne, Sse2OverEvenly}; }
 
 }  // namespace lacquer
 

@@ -13,8 +13,16 @@
 namespace lacquer {
 namespace {
 
+/// Whether fills of this mode draw over.
+bool IsOver(DWORD modeWord) {
+    const DrawMode mode = DrawModeOf(modeWord);
+    return mode == DrawMode::Over || mode == DrawMode::ColorKey || mode > DrawMode::Behind;
+}
+
 bool IsAnyCovered(const BYTE *cover, int count) {
-    return std::any_of(cover, cover + count, [](BYTE value) { return value != 0; });
+    BYTE any = 0;
+    for (int i = 0; i < count; ++i) any |= cover[i];
+    return any != 0;
 }
 
 }  // namespace
@@ -30,6 +38,7 @@ PartPainter::PartPainter(const SurfaceView &view, int64_t left, int64_t top, con
       left_(left),
       top_(top),
       modeWord_(paint.modeWord),
+      isOver_(IsOver(paint.modeWord)),
       fill_(PartOf(paint.fill, paint.modeWord)),
       border_(PartOf(paint.border, paint.modeWord)),
       kernels_(CoverKernelsInUse()) {}
@@ -66,14 +75,12 @@ void PartPainter::MixByFills(BYTE *pixels, int count, const BYTE *inner, const B
 }
 
 void PartPainter::Covered(int64_t x, int count, int64_t y, int64_t yEnd, const BYTE *inner, const BYTE *border) const {
-    const DrawMode mode = DrawModeOf(modeWord_);
-    const bool isOver = mode == DrawMode::Over || mode == DrawMode::ColorKey || mode > DrawMode::Behind;
     const bool hasInner = fill_.isPainted && IsAnyCovered(inner, count);
     const bool hasBorder = border_.isPainted && IsAnyCovered(border, count);
     if (!hasInner && !hasBorder) return;
     for (; y < yEnd; ++y) {
         BYTE *pixels = PixelAt(x, y);
-        if (!isOver) {
+        if (!isOver_) {
             MixByFills(pixels, count, inner, border);
         } else if (!hasBorder) {
             kernels_.overOne(pixels, fill_.colour, inner, count);
@@ -88,7 +95,13 @@ void PartPainter::Covered(int64_t x, int count, int64_t y, int64_t yEnd, const B
 void PartPainter::Evenly(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, BYTE inner, BYTE border) const {
     if (inner == 255) return FillWhole(x, xEnd, y, yEnd);
     if (border == 255) return BorderWhole(x, xEnd, y, yEnd);
-    if (inner == 0 && border == 0) return;
+    const bool hasInner = inner != 0 && fill_.isPainted, hasBorder = border != 0 && border_.isPainted;
+    if (!hasInner && !hasBorder) return;
+    if (isOver_ && hasInner != hasBorder) {
+        const DWORD colour = hasInner ? fill_.colour : border_.colour;
+        for (; y < yEnd; ++y) kernels_.overEvenly(PixelAt(x, y), colour, hasInner ? inner : border, xEnd - x);
+        return;
+    }
     BYTE inners[kMostCovered], borders[kMostCovered];
     std::memset(inners, inner, sizeof inners);
     std::memset(borders, border, sizeof borders);

@@ -46,6 +46,7 @@ private:
     const SurfaceView &view_;
     int64_t left_, top_;
     DWORD modeWord_;
+    bool isOver_;
     Part fill_, border_;
     const CoverKernels &kernels_;
 };

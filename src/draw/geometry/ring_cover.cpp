@@ -61,19 +61,23 @@ BYTE RingCover::At(int64_t x, int64_t y) const {
     const int64_t topStart = arc_ / 2, rightStart = topStart + across_ + arc_;
     const int64_t bottomStart = rightStart + down_ + arc_, leftStart = bottomStart + across_ + arc_;
     const int64_t reach = std::max(corner_, width_);
+    const bool isLeft = x0<left_ + reach, isRight = x1> right_ - reach;
     int64_t area = 0;
     if (y0 < top_ + reach) {
         area += SideArea({x0 - leftEnd, x1 - leftEnd, y0 - top_, y1 - top_}, across_, topStart);
-        area += CornerArea({leftEnd - x1, leftEnd - x0, topEnd - y1, topEnd - y0}, -arc_ / 2);
-        area += CornerArea({topEnd - y1, topEnd - y0, x0 - rightEnd, x1 - rightEnd}, topStart + across_);
+        if (isLeft) area += CornerArea({leftEnd - x1, leftEnd - x0, topEnd - y1, topEnd - y0}, -arc_ / 2);
+        if (isRight) area += CornerArea({topEnd - y1, topEnd - y0, x0 - rightEnd, x1 - rightEnd}, topStart + across_);
     }
     if (y1 > bottom_ - reach) {
         area += SideArea({rightEnd - x1, rightEnd - x0, bottom_ - y1, bottom_ - y0}, across_, bottomStart);
-        area += CornerArea({x0 - rightEnd, x1 - rightEnd, y0 - bottomEnd, y1 - bottomEnd}, rightStart + down_);
-        area += CornerArea({y0 - bottomEnd, y1 - bottomEnd, leftEnd - x1, leftEnd - x0}, bottomStart + across_);
+        if (isRight) {
+            area += CornerArea({x0 - rightEnd, x1 - rightEnd, y0 - bottomEnd, y1 - bottomEnd}, rightStart + down_);
+        }
+        if (isLeft)
+            area += CornerArea({y0 - bottomEnd, y1 - bottomEnd, leftEnd - x1, leftEnd - x0}, bottomStart + across_);
     }
-    area += SideArea({bottomEnd - y1, bottomEnd - y0, x0 - left_, x1 - left_}, down_, leftStart);
-    area += SideArea({y0 - topEnd, y1 - topEnd, right_ - x1, right_ - x0}, down_, rightStart);
+    if (isLeft) area += SideArea({bottomEnd - y1, bottomEnd - y0, x0 - left_, x1 - left_}, down_, leftStart);
+    if (isRight) area += SideArea({y0 - topEnd, y1 - topEnd, right_ - x1, right_ - x0}, down_, rightStart);
     return static_cast<BYTE>(std::min<int64_t>(255, (area * 255 + (int64_t{1} << 31)) >> 32));
 }
 

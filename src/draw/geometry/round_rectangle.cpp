@@ -1,8 +1,10 @@
-// A row is cut where one of the two edges, outer or inner, begins or ends to vary; alike rows are painted together.
+// Rows with corners in them have two short ends and an even middle; other rows are alike, are cut where one of the two
+// edges begins or ends to vary, and are painted together. What a mirror gives is not computed twice.
 
 #include "draw/geometry/round_rectangle.h"
 
 #include <algorithm>
+#include <span>
 
 #include "core/locked.h"
 #include "draw/geometry/visible_part.h"
@@ -24,32 +26,123 @@ Cover CoverAt(const CoverRow &row, int64_t x) {
 
 BYTE BorderOf(BYTE outer, BYTE inner) { return outer > inner ? static_cast<BYTE>(outer - inner) : BYTE{0}; }
 
-void PaintVarying(const PartPainter &painter, const CoverRow &outer, const CoverRow &inner, int64_t x, int64_t xEnd,
-                  int64_t y, int64_t yEnd) {
-    BYTE inners[PartPainter::kMostCovered], borders[PartPainter::kMostCovered];
-    for (; x < xEnd; x += PartPainter::kMostCovered) {
-        const int count = static_cast<int>(std::min<int64_t>(PartPainter::kMostCovered, xEnd - x));
-        inner.Write(x, count, inners);
-        outer.Write(x, count, borders);
-        for (int i = 0; i < count; ++i) borders[i] = BorderOf(borders[i], inners[i]);
-        painter.Covered(x, count, y, yEnd, inners, borders);
+constexpr int kMostCovered = PartPainter::kMostCovered;
+
+/// The covers of fill and border.
+struct Covers {
+    BYTE inner[kMostCovered], border[kMostCovered];
+
+    void Compute(const CoverRow &outside, const CoverRow &inside, int64_t x, int count) {
+        inside.Write(x, count, inner);
+        outside.Write(x, count, border);
+        for (int i = 0; i < count; ++i) border[i] = BorderOf(border[i], inner[i]);
+    }
+
+    void Mirror(int count) {
+        std::reverse(inner, inner + count);
+        std::reverse(border, border + count);
+    }
+};
+
+/// Paints one shape into the visible part of a canvas.
+class ShapePainter {
+public:
+    ShapePainter(const PartPainter &painter, const RoundedRect &shape, int64_t borderWidth, const RECT &visible)
+        : painter_(painter), shape_(shape), inside_(shape.Grown(-borderWidth)), visible_(visible) {}
+
+    void Paint() const;
+
+private:
+    bool PaintEnds(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t mirrored) const;
+    void PaintEnd(const Covers &covers, int64_t x, int count, int64_t y) const;
+    void PaintAlike(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t yEnd) const;
+    bool IsVisibleRow(int64_t y) const { return y >= visible_.top && y < visible_.bottom; }
+
+    const PartPainter &painter_;
+    const RoundedRect &shape_;
+    const RoundedRect inside_;
+    const RECT &visible_;
+};
+
+void ShapePainter::Paint() const {
+    const bool isSymmetric = shape_.IsSymmetricDown();
+    const int64_t lastMirrored = PixelAt(shape_.top + shape_.bottom) - 1;
+    // So many rows that all their pieces find the row's pixels in the cache.
+    const int64_t group = std::max<int64_t>(1, 32768 / (visible_.right - visible_.left));
+    for (int64_t y = visible_.top; y < visible_.bottom;) {
+        const CoverRow outer(shape_, y), inner(inside_, y);
+        const int64_t yEnd = std::min({outer.AlikeUntil(), inner.AlikeUntil(), int64_t{visible_.bottom}});
+        const int64_t mirrored = isSymmetric ? lastMirrored - y : y;
+        const bool isSingle = yEnd == y + 1;
+        if (isSingle && mirrored < y && IsVisibleRow(mirrored)) {
+            // It was painted with its mirror image.
+        } else if (!isSingle || !PaintEnds(outer, inner, y, mirrored)) {
+            for (int64_t from = y; from < yEnd; from += group) {
+                PaintAlike(outer, inner, from, std::min(from + group, yEnd));
+            }
+            if (isSingle && mirrored > y && IsVisibleRow(mirrored)) PaintAlike(outer, inner, mirrored, mirrored + 1);
+        }
+        y = yEnd;
     }
 }
 
-void PaintRows(const PartPainter &painter, const CoverRow &outer, const CoverRow &inner, const RECT &visible, int64_t y,
-               int64_t yEnd) {
-    int64_t cuts[] = {outer.begin,     outer.flatBegin, outer.flatEnd, outer.end,    inner.begin,
-                      inner.flatBegin, inner.flatEnd,   inner.end,     visible.right};
+/// A row of short ends and an even middle, and the row that mirrors it. Result: false when it is not of that kind.
+bool ShapePainter::PaintEnds(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t mirrored) const {
+    const bool hasInside = inner.begin < inner.end;
+    const int64_t leftEnd = hasInside ? std::max(outer.flatBegin, inner.flatBegin) : outer.flatBegin;
+    const int64_t rightBegin = hasInside ? std::min(outer.flatEnd, inner.flatEnd) : outer.flatEnd;
+    const int64_t left = leftEnd - outer.begin, right = outer.end - rightBegin;
+    if (leftEnd > rightBegin || left > kMostCovered || right > kMostCovered) return false;
+    const bool isMirror = left == right && shape_.IsSymmetricAcross();
+    const BYTE inside = hasInside ? inner.flat : BYTE{0}, border = BorderOf(outer.flat, inside);
+    const int64_t from = std::max<int64_t>(leftEnd, visible_.left), to = std::min<int64_t>(rightBegin, visible_.right);
+    const int64_t images[] = {y, mirrored};
+    const std::span rows(images, mirrored == y ? 1 : 2);
+    Covers covers;
+    covers.Compute(outer, inner, outer.begin, static_cast<int>(left));
+    for (const int64_t row : rows) {
+        if (!IsVisibleRow(row)) continue;
+        PaintEnd(covers, outer.begin, static_cast<int>(left), row);
+        if (from < to) painter_.Evenly(from, to, row, row + 1, inside, border);
+    }
+    if (isMirror) {
+        covers.Mirror(static_cast<int>(left));
+    } else {
+        covers.Compute(outer, inner, rightBegin, static_cast<int>(right));
+    }
+    for (const int64_t row : rows) {
+        if (!IsVisibleRow(row)) continue;
+        PaintEnd(covers, rightBegin, static_cast<int>(right), row);
+    }
+    return true;
+}
+
+void ShapePainter::PaintEnd(const Covers &covers, int64_t x, int count, int64_t y) const {
+    const int64_t from = std::max<int64_t>(x, visible_.left), to = std::min<int64_t>(x + count, visible_.right);
+    if (from >= to) return;
+    painter_.Covered(from, static_cast<int>(to - from), y, y + 1, covers.inner + (from - x),
+                     covers.border + (from - x));
+}
+
+void ShapePainter::PaintAlike(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t yEnd) const {
+    int64_t cuts[] = {outer.begin,     outer.flatBegin, outer.flatEnd, outer.end,     inner.begin,
+                      inner.flatBegin, inner.flatEnd,   inner.end,     visible_.right};
     std::sort(std::begin(cuts), std::end(cuts));
-    int64_t x = std::max<int64_t>(visible.left, outer.begin);
+    int64_t x = std::max<int64_t>(visible_.left, outer.begin);
     for (const int64_t cut : cuts) {
-        const int64_t xEnd = std::min<int64_t>(cut, visible.right);
+        const int64_t xEnd = std::min<int64_t>(cut, visible_.right);
         if (xEnd <= x) continue;
         const Cover outside = CoverAt(outer, x), inside = CoverAt(inner, x);
-        if (outside.varies || inside.varies) {
-            PaintVarying(painter, outer, inner, x, xEnd, y, yEnd);
-        } else {
-            painter.Evenly(x, xEnd, y, yEnd, inside.value, BorderOf(outside.value, inside.value));
+        if (!outside.varies && !inside.varies) {
+            painter_.Evenly(x, xEnd, y, yEnd, inside.value, BorderOf(outside.value, inside.value));
+            x = xEnd;
+            continue;
+        }
+        for (; x < xEnd; x += kMostCovered) {
+            Covers covers;
+            const int count = static_cast<int>(std::min<int64_t>(kMostCovered, xEnd - x));
+            covers.Compute(outer, inner, x, count);
+            painter_.Covered(x, count, y, yEnd, covers.inner, covers.border);
         }
         x = xEnd;
     }
@@ -67,13 +160,7 @@ void DrawRoundedRect(Canvas &canvas, const RoundedRect &shape, int64_t borderWid
     const LockedCanvas target(canvas, &visible);
     if (!target.View() || target.View()->bitsPerPixel != 32) return;
     const PartPainter painter(*target.View(), visible.left, visible.top, paint);
-    const RoundedRect inside = shape.Grown(-borderWidth);
-    for (int64_t y = visible.top; y < visible.bottom;) {
-        const CoverRow outer(shape, y), inner(inside, y);
-        const int64_t yEnd = std::min({outer.AlikeUntil(), inner.AlikeUntil(), int64_t{visible.bottom}});
-        PaintRows(painter, outer, inner, visible, y, yEnd);
-        y = yEnd;
-    }
+    ShapePainter(painter, shape, borderWidth, visible).Paint();
 }
 
 }  // namespace lacquer

@@ -25,6 +25,16 @@ struct RoundedRect {
     /// The rectangle with every edge moved outwards and the radii grown alike; inwards for a negative `by`. Radii do
     /// not become negative.
     RoundedRect Grown(int64_t by) const;
+
+    /// Whether a mirror maps the shape and the pixels onto themselves.
+    bool IsSymmetricAcross() const {
+        return ((left + right) & 255) == 0 && radii[kTopLeft] == radii[kTopRight] &&
+               radii[kBottomLeft] == radii[kBottomRight];
+    }
+    bool IsSymmetricDown() const {
+        return ((top + bottom) & 255) == 0 && radii[kTopLeft] == radii[kBottomLeft] &&
+               radii[kTopRight] == radii[kBottomRight];
+    }
 };
 
 /// How much of the pixels of one row a shape covers, 0..255. Depends on nothing but shape and row.
@@ -58,7 +68,7 @@ private:
     const RoundedRect &shape_;
     int64_t top_, bottom_;  ///< of the shape in this row, units
     int64_t alikeUntil_;
-    std::array<CornerArc, 4> corners_{};
+    std::array<CornerArc, 4> corners_;  ///< the first `cornerCount_` of them
     int cornerCount_ = 0;
 };
 

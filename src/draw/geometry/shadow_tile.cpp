@@ -5,7 +5,6 @@
 #include "draw/geometry/shadow_tile.h"
 
 #include <algorithm>
-#include <cstring>
 
 namespace lacquer {
 namespace {
@@ -34,79 +33,87 @@ void ShadowTile::Compute(int64_t x, int64_t y, int columns, int rows, const Want
     columns_ = columns;
     rows_ = rows;
     wanted_ = wanted;
-    std::memset(sums_, 0, sizeof sums_[0] * static_cast<size_t>(rows));
-    AddSide(caster_.Left(), true);
-    AddSide(caster_.Right(), false);
+    std::fill_n(groups_, rows, 0);
+    const Felt left = FindFelt(caster_.Left(), true), right = FindFelt(caster_.Right(), false);
+    AddGroups(caster_.Left(), left);
+    AddGroups(caster_.Right(), right);
+    for (int row = 0; row < rows; ++row) std::fill_n(sums_[row], columns, groups_[row]);
+    for (const bool isLeft : {true, false}) {
+        const CasterSide &side = isLeft ? caster_.Left() : caster_.Right();
+        const Felt &felt = isLeft ? left : right;
+        AddSlabs(side, isLeft, felt.upperFelt, felt.upperEnd);
+        AddSlabs(side, isLeft, felt.straight, felt.afterStraight);
+        AddSlabs(side, isLeft, felt.lowerFelt, felt.lowerEnd);
+    }
     SetWhole();
 }
 
-void ShadowTile::AddSide(const CasterSide &side, bool isLeft) {
+ShadowTile::Felt ShadowTile::FindFelt(const CasterSide &side, bool isLeft) const {
     const int64_t reach = caster_.Edge().Reach();
     const int64_t above = y_ * kPixel - reach, below = (y_ + rows_) * kPixel + reach;
     const int64_t near = (isLeft ? x_ : -(x_ + columns_)) * kPixel - reach;
     const int64_t far = (isLeft ? x_ + columns_ : -x_) * kPixel + reach;
-    const int64_t first = FirstFailing(0, side.SlabCount(), [&](int64_t i) { return side.Cut(i + 1) <= above; });
-    const int64_t last = FirstFailing(first, side.SlabCount(), [&](int64_t i) { return side.Cut(i) < below; });
-    const int64_t straight = std::clamp(side.StraightSlab(), first, last);
-    const int64_t afterStraight = std::clamp(side.StraightSlab() + 1, first, last);
     const auto isBefore = [&](int64_t i) { return side.EdgeOf(i) <= near; };
+    const auto isNotBefore = [&](int64_t i) { return side.EdgeOf(i) > near; };
     const auto isBeyond = [&](int64_t i) { return side.EdgeOf(i) >= far; };
+    const auto isNotBeyond = [&](int64_t i) { return side.EdgeOf(i) < far; };
 
     // Downwards the upper arc comes nearer, and the lower arc goes away.
-    const int64_t upperFelt = FirstFailing(first, straight, isBeyond);
-    const int64_t upperEnd = FirstFailing(upperFelt, straight, [&](int64_t i) { return !isBefore(i); });
-    const int64_t lowerFelt = FirstFailing(afterStraight, last, isBefore);
-    const int64_t lowerEnd = FirstFailing(lowerFelt, last, [&](int64_t i) { return !isBeyond(i); });
-    AddGroup(side, first, upperFelt, -GaussianEdge::kHalf);
-    AddSlabs(side, isLeft, upperFelt, upperEnd);
-    AddGroup(side, upperEnd, straight, GaussianEdge::kHalf);
-    AddSlabs(side, isLeft, straight, afterStraight);
-    AddGroup(side, afterStraight, lowerFelt, GaussianEdge::kHalf);
-    AddSlabs(side, isLeft, lowerFelt, lowerEnd);
-    AddGroup(side, lowerEnd, last, -GaussianEdge::kHalf);
+    Felt felt{};
+    felt.first = FirstFailing(0, side.SlabCount(), [&](int64_t i) { return side.Cut(i + 1) <= above; });
+    felt.last = FirstFailing(felt.first, side.SlabCount(), [&](int64_t i) { return side.Cut(i) < below; });
+    felt.straight = std::clamp(side.StraightSlab(), felt.first, felt.last);
+    felt.afterStraight = std::clamp(side.StraightSlab() + 1, felt.first, felt.last);
+    felt.upperFelt = FirstFailing(felt.first, felt.straight, isBeyond);
+    felt.upperEnd = FirstFailing(felt.upperFelt, felt.straight, isNotBefore);
+    felt.lowerFelt = FirstFailing(felt.afterStraight, felt.last, isBefore);
+    felt.lowerEnd = FirstFailing(felt.lowerFelt, felt.last, isNotBeyond);
+    // A straight edge that is not felt joins the group after it.
+    if (felt.straight < felt.afterStraight && isBefore(felt.straight)) felt.afterStraight = felt.straight;
+    return felt;
+}
+
+void ShadowTile::AddGroups(const CasterSide &side, const Felt &felt) {
+    AddGroup(side, felt.first, felt.upperFelt, -GaussianEdge::kHalf);
+    AddGroup(side, felt.upperEnd, felt.straight, GaussianEdge::kHalf);
+    AddGroup(side, felt.afterStraight, felt.lowerFelt, GaussianEdge::kHalf);
+    AddGroup(side, felt.lowerEnd, felt.last, -GaussianEdge::kHalf);
 }
 
 /// Slabs with one transition in all of the tile.
 void ShadowTile::AddGroup(const CasterSide &side, int64_t from, int64_t to, int transition) {
     if (from >= to) return;
-    const GaussianEdge &edge = caster_.Edge();
-    const int64_t top = side.Cut(from), bottom = side.Cut(to);
-    for (int row = 0; row < rows_; ++row) {
-        const int64_t y = (y_ + row) * kPixel;
-        const int32_t added = (edge.At(y - top) - edge.At(y - bottom)) * transition;
-        if (added == 0) continue;
-        for (int x = wanted_[row].from; x < wanted_[row].to; ++x) sums_[row][x] += added;
-    }
+    int16_t *top = cuts_, *bottom = cuts_ + kSide;
+    caster_.Edge().Line(y_ * kPixel - side.Cut(from), rows_, top);
+    caster_.Edge().Line(y_ * kPixel - side.Cut(to), rows_, bottom);
+    for (int row = 0; row < rows_; ++row) groups_[row] += (top[row] - bottom[row]) * transition;
 }
 
 void ShadowTile::AddSlabs(const CasterSide &side, bool isLeft, int64_t from, int64_t to) {
+    const GaussianEdge &edge = caster_.Edge();
+    const int64_t start = (isLeft ? x_ : -(x_ + columns_)) * kPixel;
     for (int64_t done = from; done < to; done += kMostLines) {
         const int count = static_cast<int>(std::min<int64_t>(kMostLines, to - done));
         for (int i = 0; i < count; ++i) {
             int16_t *line = lines_ + i * kLinePixels;
-            const int64_t start = (isLeft ? x_ : -(x_ + columns_)) * kPixel;
-            caster_.Edge().Line(start - side.EdgeOf(done + i), columns_, line);
+            edge.Line(start - side.EdgeOf(done + i), columns_, line);
             if (!isLeft) std::reverse(line, line + columns_);
         }
-        AddWeighted(side, done, count);
+        for (int i = 0; i <= count; ++i) {
+            edge.Line(y_ * kPixel - side.Cut(done + i), rows_, cuts_ + i * kSide);
+        }
+        AddWeighted(count);
     }
 }
 
-/// Adds the lines of `count` slabs from `first` on to every row that feels them.
-void ShadowTile::AddWeighted(const CasterSide &side, int64_t first, int count) {
-    const GaussianEdge &edge = caster_.Edge();
-    int64_t cuts[kMostLines + 1];
-    for (int i = 0; i <= count; ++i) cuts[i] = side.Cut(first + i);
+/// Adds the lines of so many slabs to every row that feels them.
+void ShadowTile::AddWeighted(int count) {
     for (int row = 0; row < rows_; ++row) {
         if (wanted_[row].from >= wanted_[row].to) continue;
-        const int64_t y = (y_ + row) * kPixel;
         int16_t weights[kMostLines];
         int felt = count, end = 0;
-        int above = edge.At(y - cuts[0]);
         for (int i = 0; i < count; ++i) {
-            const int below = edge.At(y - cuts[i + 1]);
-            weights[i] = static_cast<int16_t>(above - below);
-            above = below;
+            weights[i] = static_cast<int16_t>(cuts_[i * kSide + row] - cuts_[(i + 1) * kSide + row]);
             if (weights[i] == 0) continue;
             felt = std::min(felt, i);
             end = i + 1;
@@ -119,6 +126,7 @@ void ShadowTile::AddWeighted(const CasterSide &side, int64_t first, int count) {
 }
 
 void ShadowTile::SetWhole() {
+    if (!caster_.MayBeWhole(x_, x_ + columns_)) return;
     for (int row = 0; row < rows_; ++row) {
         int64_t begin = 0, end = 0;
         caster_.FindWhole(y_ + row, &begin, &end);

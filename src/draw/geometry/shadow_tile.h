@@ -27,10 +27,16 @@ public:
     const int32_t *Row(int row) const { return sums_[row]; }
 
 private:
-    void AddSide(const CasterSide &side, bool isLeft);
+    /// The slabs of a side that the tile feels, in order: those whose edge is felt in it, and groups beside them.
+    struct Felt {
+        int64_t first, upperFelt, upperEnd, straight, afterStraight, lowerFelt, lowerEnd, last;
+    };
+
+    Felt FindFelt(const CasterSide &side, bool isLeft) const;
+    void AddGroups(const CasterSide &side, const Felt &felt);
     void AddGroup(const CasterSide &side, int64_t from, int64_t to, int transition);
     void AddSlabs(const CasterSide &side, bool isLeft, int64_t from, int64_t to);
-    void AddWeighted(const CasterSide &side, int64_t from, int count);
+    void AddWeighted(int count);
     void SetWhole();
 
     static constexpr int kMostLines = 32;
@@ -41,7 +47,9 @@ private:
     int columns_ = 0, rows_ = 0;
     const Wanted *wanted_ = nullptr;
     int32_t sums_[kSide][kSide];
-    int16_t lines_[kMostLines * kLinePixels];
+    int32_t groups_[kSide];                    ///< by row: what is the same in all columns
+    int16_t lines_[kMostLines * kLinePixels];  ///< transitions at slabs' edges, by column
+    int16_t cuts_[(kMostLines + 1) * kSide];   ///< transitions at slabs' ends, by row
 };
 
 }  // namespace lacquer
