@@ -11,10 +11,11 @@
 namespace lacquer {
 namespace {
 
-/// The weights of four covers, in both lanes of each pixel's word.
+/// The weights of some covers, in both lanes of each pixel's word.
+template <size_t kCount>
 __m128i WeightsOf(const BYTE *cover) {
-    int32_t bytes;
-    std::memcpy(&bytes, cover, sizeof bytes);
+    int32_t bytes = 0;
+    std::memcpy(&bytes, cover, kCount);
     const __m128i zero = _mm_setzero_si128();
     const __m128i lanes = _mm_unpacklo_epi8(_mm_cvtsi32_si128(bytes), zero);
     const __m128i weights = _mm_add_epi16(lanes, _mm_srli_epi16(lanes, 7));
@@ -50,83 +51,70 @@ __m128i MixedFour(__m128i d, __m128i s, __m128i w) {
     return JoinUpperBytes(sum(LowerBytes(d), LowerBytes(s)), sum(UpperBytes(d), UpperBytes(s)));
 }
 
-/// The pixels that are left over after the last four, padded with pixels that are not covered.
-struct Rest {
-    BYTE pixels[kVectorPixels * kPixelBytes] = {};
-    BYTE inner[kVectorPixels] = {}, outer[kVectorPixels] = {};
-    DWORD fill[kVectorPixels] = {}, border[kVectorPixels] = {};
+/// How many pixels a step changes, as a type.
+template <size_t kCount>
+struct Step {
+    static constexpr size_t kPixels = kCount;
 };
 
-/// Calls change(pixels, i) for every four pixels from i on, and `changeRest` for a copy of the rest.
-template <class Change, class ChangeRest>
-void ForEachFour(BYTE *pixels, ptrdiff_t count, const Change &change, const ChangeRest &changeRest) {
+/// d := change(d, i, step), for four pixels at a time and then for each that is left over.
+template <class Change>
+void ChangeRun(BYTE *pixels, ptrdiff_t count, const Change &change) {
     ptrdiff_t i = 0;
-    for (; i + kVectorPixels <= count; i += kVectorPixels) change(pixels + i * kPixelBytes, i);
-    if (i == count) return;
-    Rest rest;
-    const auto left = static_cast<size_t>(count - i);
-    std::memcpy(rest.pixels, pixels + i * kPixelBytes, left * kPixelBytes);
-    changeRest(rest, i, left);
-    std::memcpy(pixels + i * kPixelBytes, rest.pixels, left * kPixelBytes);
+    for (; i + kVectorPixels <= count; i += kVectorPixels) {
+        BYTE *four = pixels + i * kPixelBytes;
+        StoreFour(four, change(LoadFour(four), i, Step<kVectorPixels>()));
+    }
+    for (; i < count; ++i) {
+        BYTE *one = pixels + i * kPixelBytes;
+        StoreOne(one, change(LoadOne(one), i, Step<1>()));
+    }
+}
+
+template <size_t kCount>
+__m128i LoadWords(const DWORD *words) {
+    const auto *bytes = reinterpret_cast<const BYTE *>(words);
+    return kCount == 1 ? LoadOne(bytes) : LoadFour(bytes);
 }
 
 void Sse2Mix(BYTE *pixels, const DWORD *fill, const DWORD *border, const BYTE *inner, const BYTE *outer,
              ptrdiff_t count) {
-    const auto wordsAt = [](const DWORD *words) { return LoadFour(reinterpret_cast<const BYTE *>(words)); };
-    ForEachFour(
-        pixels, count,
-        [&](BYTE *four, ptrdiff_t i) {
-            StoreFour(four, MixedFour(LoadFour(four), wordsAt(fill + i), WeightsOf(inner + i), wordsAt(border + i),
-                                      WeightsOf(outer + i)));
-        },
-        [&](Rest &rest, ptrdiff_t i, size_t left) {
-            std::memcpy(rest.fill, fill + i, left * kPixelBytes);
-            std::memcpy(rest.border, border + i, left * kPixelBytes);
-            std::memcpy(rest.inner, inner + i, left);
-            std::memcpy(rest.outer, outer + i, left);
-            Sse2Mix(rest.pixels, rest.fill, rest.border, rest.inner, rest.outer, kVectorPixels);
-        });
+    ChangeRun(pixels, count, [&]<class Step>(__m128i d, ptrdiff_t i, Step) {
+        constexpr size_t kCount = Step::kPixels;
+        return MixedFour(d, LoadWords<kCount>(fill + i), WeightsOf<kCount>(inner + i), LoadWords<kCount>(border + i),
+                         WeightsOf<kCount>(outer + i));
+    });
 }
 
 void Sse2Over(BYTE *pixels, DWORD fill, DWORD border, const BYTE *inner, const BYTE *outer, ptrdiff_t count) {
     const OverFour fillOver(fill), borderOver(border);
-    ForEachFour(
-        pixels, count,
-        [&](BYTE *four, ptrdiff_t i) {
-            const __m128i d = LoadFour(four);
-            StoreFour(four, MixedFour(d, fillOver(d), WeightsOf(inner + i), borderOver(d), WeightsOf(outer + i)));
-        },
-        [&](Rest &rest, ptrdiff_t i, size_t left) {
-            std::memcpy(rest.inner, inner + i, left);
-            std::memcpy(rest.outer, outer + i, left);
-            Sse2Over(rest.pixels, fill, border, rest.inner, rest.outer, kVectorPixels);
-        });
+    ChangeRun(pixels, count, [&]<class Step>(__m128i d, ptrdiff_t i, Step) {
+        constexpr size_t kCount = Step::kPixels;
+        return MixedFour(d, fillOver(d), WeightsOf<kCount>(inner + i), borderOver(d), WeightsOf<kCount>(outer + i));
+    });
 }
 
 void Sse2OverOne(BYTE *pixels, DWORD colour, const BYTE *cover, ptrdiff_t count) {
     const OverFour over(colour);
-    ForEachFour(
-        pixels, count,
-        [&](BYTE *four, ptrdiff_t i) {
-            const __m128i d = LoadFour(four);
-            StoreFour(four, MixedFour(d, over(d), WeightsOf(cover + i)));
-        },
-        [&](Rest &rest, ptrdiff_t i, size_t left) {
-            std::memcpy(rest.inner, cover + i, left);
-            Sse2OverOne(rest.pixels, colour, rest.inner, kVectorPixels);
-        });
+    ChangeRun(pixels, count, [&]<class Step>(__m128i d, ptrdiff_t i, Step) {
+        return MixedFour(d, over(d), WeightsOf<Step::kPixels>(cover + i));
+    });
 }
 
 void Sse2OverEvenly(BYTE *pixels, DWORD colour, BYTE cover, ptrdiff_t count) {
-    const OverFour over(colour);
-    const __m128i weight = EachLane(WeightOf(cover));
-    ForEachFour(
-        pixels, count,
-        [&](BYTE *four, ptrdiff_t) {
-            const __m128i d = LoadFour(four);
-            StoreFour(four, MixedFour(d, over(d), weight));
-        },
-        [&](Rest &rest, ptrdiff_t, size_t) { Sse2OverEvenly(rest.pixels, colour, cover, kVectorPixels); });
+    const __m128i zero = _mm_setzero_si128(), most = EachLane(255), colours = _mm_unpacklo_epi8(EachWord(colour), zero);
+    const __m128i under = EachLane(256 - Alpha(colour)), weight = EachLane(WeightOf(cover));
+    const __m128i keep = EachLane(256 - WeightOf(cover));
+    // One channel to a lane.
+    const auto mixed = [&](__m128i d) {
+        const __m128i drawn = _mm_add_epi16(colours, UpperBytes(_mm_mullo_epi16(d, under)));
+        const __m128i sum =
+            _mm_add_epi16(_mm_mullo_epi16(d, keep), _mm_mullo_epi16(_mm_min_epi16(drawn, most), weight));
+        return UpperBytes(sum);
+    };
+    ChangeRun(pixels, count, [&](__m128i d, ptrdiff_t, auto) {
+        return _mm_packus_epi16(mixed(_mm_unpacklo_epi8(d, zero)), mixed(_mm_unpackhi_epi8(d, zero)));
+    });
 }
 
 }  // namespace

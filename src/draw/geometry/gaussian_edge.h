@@ -28,10 +28,12 @@ public:
     void Line(int64_t distance, int count, int16_t *out) const;
 
 private:
+    int AtMiddle(int64_t distance) const;
     int64_t Integral(int64_t distance) const;
     int Mean(int64_t distance, int64_t from, int64_t to) const;
 
     int64_t reach_;
+    bool isWide_;      ///< so wide that the value in a pixel's middle is its mean
     int64_t scale_;    ///< from distances to steps of the table, 2^-44 of one
     int shift_;        ///< what keeps the quotient by a pixel's steps inside 64 bits
     int64_t inverse_;  ///< 2^48 / a pixel's steps

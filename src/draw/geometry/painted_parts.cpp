@@ -8,10 +8,14 @@
 
 #include "draw/fill.h"
 #include "pipeline/blit_dispatch.h"
+#include "pipeline/lookahead.h"
 #include "pipeline/pixel.h"
 
 namespace lacquer {
 namespace {
+
+/// A column of few pixels finds each row in another part of memory: it is asked for so many rows before.
+constexpr int64_t kRowsAhead = 8, kNarrow = 16;
 
 /// Whether fills of this mode draw over.
 bool IsOver(DWORD modeWord) {
@@ -49,6 +53,20 @@ BYTE *PartPainter::PixelAt(int64_t x, int64_t y) const {
 
 void PartPainter::Whole(const Part &part, int64_t x, int64_t xEnd, int64_t y, int64_t yEnd) const {
     if (!part.isPainted || x >= xEnd || y >= yEnd) return;
+    if (isOver_ && xEnd - x <= kNarrow) {
+        const int count = static_cast<int>(xEnd - x);
+        const bool isOpaque = Alpha(part.colour) == 255;
+        for (; y < yEnd; ++y) {
+            BYTE *pixels = PixelAt(x, y);
+            if (isOpaque) {
+                for (int i = 0; i < count; ++i) StorePixel(pixels + i * kPixelBytes, part.colour);
+            } else {
+                if (y + kRowsAhead < yEnd) Prefetch(x, count, y + kRowsAhead);
+                kernels_.overEvenly(pixels, part.colour, 255, count);
+            }
+        }
+        return;
+    }
     SurfaceView block = view_;
     block.bits = PixelAt(x, y);
     block.width = static_cast<LONG>(xEnd - x);
@@ -79,6 +97,7 @@ void PartPainter::Covered(int64_t x, int count, int64_t y, int64_t yEnd, const B
     const bool hasBorder = border_.isPainted && IsAnyCovered(border, count);
     if (!hasInner && !hasBorder) return;
     for (; y < yEnd; ++y) {
+        if (y + kRowsAhead < yEnd) Prefetch(x, count, y + kRowsAhead);
         BYTE *pixels = PixelAt(x, y);
         if (!isOver_) {
             MixByFills(pixels, count, inner, border);
@@ -90,6 +109,10 @@ void PartPainter::Covered(int64_t x, int count, int64_t y, int64_t yEnd, const B
             kernels_.over(pixels, fill_.colour, border_.colour, inner, border, count);
         }
     }
+}
+
+void PartPainter::Prefetch(int64_t x, int count, int64_t y) const {
+    PrefetchBytes(PixelAt(x, y), ptrdiff_t{count} * kPixelBytes);
 }
 
 void PartPainter::Evenly(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, BYTE inner, BYTE border) const {

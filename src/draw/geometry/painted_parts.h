@@ -29,8 +29,11 @@ public:
     static constexpr int kMostCovered = 64;
     void Covered(int64_t x, int count, int64_t y, int64_t yEnd, const BYTE *inner, const BYTE *border) const;
 
-    /// One row of any length that is covered evenly.
+    /// The same for any number of pixels, covered evenly.
     void Evenly(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, BYTE inner, BYTE border) const;
+
+    /// Asks for pixels that will be painted soon.
+    void Prefetch(int64_t x, int count, int64_t y) const;
 
 private:
     struct Part {

@@ -67,8 +67,6 @@ private:
 void ShapePainter::Paint() const {
     const bool isSymmetric = shape_.IsSymmetricDown();
     const int64_t lastMirrored = PixelAt(shape_.top + shape_.bottom) - 1;
-    // So many rows that all their pieces find the row's pixels in the cache.
-    const int64_t group = std::max<int64_t>(1, 32768 / (visible_.right - visible_.left));
     for (int64_t y = visible_.top; y < visible_.bottom;) {
         const CoverRow outer(shape_, y), inner(inside_, y);
         const int64_t yEnd = std::min({outer.AlikeUntil(), inner.AlikeUntil(), int64_t{visible_.bottom}});
@@ -77,9 +75,7 @@ void ShapePainter::Paint() const {
         if (isSingle && mirrored < y && IsVisibleRow(mirrored)) {
             // It was painted with its mirror image.
         } else if (!isSingle || !PaintEnds(outer, inner, y, mirrored)) {
-            for (int64_t from = y; from < yEnd; from += group) {
-                PaintAlike(outer, inner, from, std::min(from + group, yEnd));
-            }
+            PaintAlike(outer, inner, y, yEnd);
             if (isSingle && mirrored > y && IsVisibleRow(mirrored)) PaintAlike(outer, inner, mirrored, mirrored + 1);
         }
         y = yEnd;

@@ -41,9 +41,14 @@ CoverRow::CoverRow(const RoundedRect &shape, int64_t y)
     flatBegin = PixelFrom(shape.left);
     flatEnd = PixelAt(shape.right);
     flat = static_cast<BYTE>(((bottom_ - top_) * kUnits * 255 + 32768) >> 16);
-    for (const auto corner :
-         {RoundedRect::kTopLeft, RoundedRect::kTopRight, RoundedRect::kBottomRight, RoundedRect::kBottomLeft}) {
-        AddCorner(corner);
+    const auto &radii = shape.radii;
+    if (top_ < shape.top + std::max(radii[RoundedRect::kTopLeft], radii[RoundedRect::kTopRight])) {
+        AddCorner(RoundedRect::kTopLeft);
+        AddCorner(RoundedRect::kTopRight);
+    }
+    if (bottom_ > shape.bottom - std::max(radii[RoundedRect::kBottomLeft], radii[RoundedRect::kBottomRight])) {
+        AddCorner(RoundedRect::kBottomRight);
+        AddCorner(RoundedRect::kBottomLeft);
     }
     if (flatBegin >= flatEnd) flatBegin = flatEnd = end;
 }
@@ -73,10 +78,15 @@ void CoverRow::AddCorner(RoundedRect::Corner corner) {
     const int64_t v0 = std::max<int64_t>(0, isTop ? centreY - bottom_ : top_ - centreY);
     const int64_t v1 = isTop ? centreY - top_ : bottom_ - centreY;
     if (v1 <= 0) return;
-    CornerArc &added = corners_[static_cast<size_t>(cornerCount_++)];
-    added = {isLeft, isTop, centreX, centreY, radius, ArcRow(radius, v0, v1)};
+    // The corners beside each other are mostly equal.
+    const CornerArc *previous = cornerCount_ > 0 ? &corners_[static_cast<size_t>(cornerCount_ - 1)] : nullptr;
+    if (!previous || previous->isTop != isTop || previous->radius != radius) {
+        arcs_[static_cast<size_t>(arcCount_++)] = ArcRow(radius, v0, v1);
+    }
+    corners_[static_cast<size_t>(cornerCount_++)] = {isLeft, isTop, centreX, centreY, radius, arcCount_ - 1};
     // The roots were rounded down.
-    const int64_t most = added.arc.InnerReach() + 1, least = added.arc.OuterReach();
+    const ArcRow &arc = arcs_[static_cast<size_t>(arcCount_ - 1)];
+    const int64_t most = arc.InnerReach() + 1, least = arc.OuterReach();
     if (isLeft) {
         begin = std::max(begin, PixelAt(centreX - most));
         flatBegin = std::max(flatBegin, PixelFrom(centreX - least));
@@ -96,7 +106,7 @@ BYTE CoverRow::At(int64_t x) const {
         const int64_t u1 = corner.isLeft ? corner.centreX - from : to - corner.centreX;
         if (u1 <= 0) continue;
         const int64_t u0 = std::max<int64_t>(0, corner.isLeft ? corner.centreX - to : from - corner.centreX);
-        const int64_t outside = corner.arc.Outside(u0, u1);
+        const int64_t outside = ArcOf(corner).Outside(u0, u1);
         cutting += outside > 0;
         area -= outside;
     }

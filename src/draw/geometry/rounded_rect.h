@@ -58,10 +58,11 @@ private:
     struct CornerArc {
         bool isLeft, isTop;
         int64_t centreX, centreY, radius;
-        ArcRow arc;
+        int arc;  ///< its place in `arcs_`
     };
 
     void AddCorner(RoundedRect::Corner corner);
+    const ArcRow &ArcOf(const CornerArc &corner) const { return arcs_[static_cast<size_t>(corner.arc)]; }
     void SetAlike(int64_t y);
     int64_t AreaBySlices(int64_t from, int64_t to) const;
 
@@ -69,7 +70,8 @@ private:
     int64_t top_, bottom_;  ///< of the shape in this row, units
     int64_t alikeUntil_;
     std::array<CornerArc, 4> corners_;  ///< the first `cornerCount_` of them
-    int cornerCount_ = 0;
+    std::array<ArcRow, 4> arcs_;
+    int cornerCount_ = 0, arcCount_ = 0;
 };
 
 }  // namespace lacquer

@@ -24,6 +24,9 @@ public:
     /// At most PartPainter::kMostCovered pixels.
     void Varying(int64_t x, int count, int64_t y, int64_t yEnd, const int32_t *shares);
 
+    /// Asks for pixels that will be painted soon.
+    void Prefetch(int64_t x, int count, int64_t y) const { painter_.Prefetch(x, count, y); }
+
     /// Narrows the pixels x..xEnd of a row to where shadow may be painted.
     void Narrow(int64_t *x, int64_t *xEnd, int64_t y);
 

@@ -43,7 +43,9 @@ void PaintTile(ShadowTile &tile, ShadowPainter &painter, int64_t x, int columns,
         int64_t from = x, to = x + columns;
         painter.Narrow(&from, &to, y + row);
         wanted[row] = {static_cast<int>(from - x), static_cast<int>(std::max(from, to) - x)};
-        isAnyWanted |= from < to;
+        if (from >= to) continue;
+        isAnyWanted = true;
+        painter.Prefetch(from, static_cast<int>(to - from), y + row);
     }
     if (!isAnyWanted) return;
     tile.Compute(x, y, columns, rows, wanted);
@@ -55,11 +57,10 @@ void PaintTile(ShadowTile &tile, ShadowPainter &painter, int64_t x, int columns,
 
 void PaintSides(ShadowTile &tile, ShadowPainter &painter, const Band &columns, const Band &rows) {
     constexpr int64_t kSide = ShadowTile::kSide;
-    constexpr ShadowTile::Wanted kAll = {0, ShadowTile::kSide};
     for (int64_t x = columns.from; x < columns.to; x += kSide) {
         const int width = static_cast<int>(std::min(kSide, columns.to - x));
         if (rows.kind == Band::kMiddle) {
-            const ShadowTile::Wanted all{0, std::min(width, kAll.to)};
+            const ShadowTile::Wanted all{0, width};
             tile.Compute(x, rows.from, width, 1, &all);
             painter.Varying(x, width, rows.from, rows.to, tile.Row(0));
             continue;
