@@ -3,11 +3,17 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <memory>
 #include <vector>
 
+#include "core/canvas.h"
 #include "draw/geometry/cover_kernels.h"
+#include "draw/geometry/focus_ring.h"
 #include "draw/geometry/integer_root.h"
+#include "draw/geometry/round_rectangle.h"
 #include "draw/geometry/shadow_kernels.h"
+#include "draw/geometry/shadows.h"
+#include "pipeline/allocation_count.h"
 #include "support/pixels.h"
 
 namespace lacquer {
@@ -97,6 +103,26 @@ TEST(GeometryKernels, FasterSumsAreTheBaseOnes) {
     EXPECT_EQ(slow, quick);
     EXPECT_EQ(255, CoverOfShare(kFullShadow, 255));
     EXPECT_EQ(0, CoverOfShare(0, 255));
+}
+
+TEST(GeometryKernels, DrawsAllocateNothing) {
+    const std::unique_ptr<Canvas> canvas = MakeCanvas(300, 200, SurfaceKind::Memory);
+    const RoundedRect shape{1000, 1100, 70000, 45000, {9000, 300, 2000, 4000}},
+        even{999, 999, 50000, 40000, {700, 700, 700, 700}};
+    const auto drawAll = [&] {
+        for (DWORD mode = 0; mode < 8; ++mode)
+            DrawRoundedRect(*canvas, shape, 300, {0x80FF0000, 0xFF00FF00, mode << 24});
+        DrawFocusRing(*canvas, even, {0xFF000000, 600, 700, 500});
+        for (const ShadowPlace place : {ShadowPlace::Around, ShadowPlace::Inside, ShadowPlace::AroundAndUnder}) {
+            for (const int64_t blur : {0, 30, 2000, 1024 * 256}) {
+                DrawShadow(*canvas, shape, {0x80000000, 999, -999, blur, 500, place});
+            }
+        }
+    };
+    drawAll();
+    const long before = AllocationCount();
+    drawAll();
+    EXPECT_EQ(AllocationCount(), before);
 }
 
 }  // namespace

@@ -370,6 +370,22 @@ TEST(FocusRings, WithoutGapsAreBorders) {
     }
 }
 
+TEST(GeoRectangles, LeaveOtherDepthsAlone) {
+    const Dib dib(16, 12, 24);
+    const MemoryDC dc(dib.Handle());
+    const OwnedCanvas canvas(CreateCanvasFromDC(dc));
+    FillWithNoise(dib.View(), 1);
+    const std::vector<uint32_t> before = PixelsOf(dib.View());
+    const RECT rect{2, 2, 12, 9};
+    const GeoRect ring{2, 2, 12, 9};
+    const ShadowStyle shadow{0xFF000000, 0, 0, 4, 0, {}, 1, LACQUER_SHADOW_FILLED};
+    EXPECT_EQ(1, GeoRoundRect(canvas, &rect, 0xFF000000, 0xFF123456, 1, 2));
+    EXPECT_EQ(1, GeoRectFocusEx(canvas, &ring, 0xFF000000, 1, 0, 1, 1));
+    EXPECT_EQ(1, DrawShadows(canvas, &rect, &shadow, 1));
+    GdiFlush();
+    EXPECT_EQ(before, PixelsOf(dib.View()));
+}
+
 TEST(GeoRectangles, SurviveExtremes) {
     constexpr float kNumbers[] = {0, 0.004f, -0.004f, 7.3f, -1e9f, 1e9f, 3e38f, -kInfinity, kInfinity, kNaN};
     constexpr int kOrigins[] = {0, 5, INT32_MIN, INT32_MAX};
