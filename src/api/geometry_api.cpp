@@ -10,6 +10,7 @@
 #include "draw/geometry/round_rectangle.h"
 #include "draw/geometry/shadows.h"
 #include "draw/geometry/units.h"
+#include "filters/lightness.h"
 
 using namespace lacquer;
 

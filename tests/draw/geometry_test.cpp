@@ -334,8 +334,7 @@ TEST(FocusRings, CoverTheirDashes) {
             std::min(Rounded(c.width), std::min(shape.right - shape.left, shape.bottom - shape.top) / 2);
         const ModelRing ring(shape, width, Rounded(c.dash), Rounded(c.gap));
         ForEachPixel(covers, [&](LONG x, LONG y) {
-            // The lattice is off by less than half of 255.
-            EXPECT_NEAR(255 * ring.AreaIn(x, y), covers.At(x, y), 4.5) << x << ", " << y;
+            EXPECT_NEAR(255 * ring.AreaIn(x, y), covers.At(x, y), 4) << x << ", " << y;
         });
     }
 }
@@ -359,13 +358,13 @@ TEST(FocusRings, WithoutGapsAreBorders) {
         const float radius = Fraction(random, 0, 9);
         const float limit = std::max(0.0f, std::min(rect.right - rect.left, rect.bottom - rect.top));
         const float width = std::floor(limit * 64) / 256, dash = round % 2 == 0 ? 0 : 3;
-        const GeoRect far{rect.left, rect.top, 1e9f, 1e9f};
+        const GeoRect distant{rect.left, rect.top, 1e9f, 1e9f};
         const bool isFar = round % 3 == 0;
         const TestCanvas ring(CanvasKind::Memory, 32, 32, 1), border(CanvasKind::Memory, 32, 32, 1);
         const GeoStyle style{0xC0FF8040, 0, width, {radius, radius, radius, radius}};
-        EXPECT_EQ(1,
-                  GeoRectFocusEx(ring, isFar ? &far : &rect, style.border, width, radius, dash, isFar ? 3 : 3 - dash));
-        EXPECT_EQ(1, GeoRoundRectEx(border, isFar ? &far : &rect, &style, kOver));
+        EXPECT_EQ(
+            1, GeoRectFocusEx(ring, isFar ? &distant : &rect, style.border, width, radius, dash, isFar ? 3 : 3 - dash));
+        EXPECT_EQ(1, GeoRoundRectEx(border, isFar ? &distant : &rect, &style, kOver));
         EXPECT_TRUE(Same(border.Pixels(), ring.Pixels())) << round;
     }
 }

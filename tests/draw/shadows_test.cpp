@@ -263,9 +263,9 @@ TEST(Shadows, ChangeTheirColoursLightness) {
 
 TEST(Shadows, OfALongListTakeNoLongerThanTheyPaint) {
     const TestCanvas canvas(CanvasKind::Memory, 64, 64, 1);
-    const RECT rect{-100, -100, 60, 60}, far{5000, 5000, 9000, 9000};
+    const RECT rect{-100, -100, 60, 60}, away{5000, 5000, 9000, 9000};
     const std::vector<ShadowStyle> shadows(10000, {0x01000000, 0, 0, 2000, 0, {9, 9, 9, 9}, 1, 0});
-    EXPECT_EQ(1, DrawShadows(canvas, &far, shadows.data(), 10000));
+    EXPECT_EQ(1, DrawShadows(canvas, &away, shadows.data(), 10000));
     EXPECT_EQ(1, DrawShadows(canvas, &rect, shadows.data(), 200));
     EXPECT_EQ(0, DrawShadows(canvas, &rect, shadows.data(), -1));
     EXPECT_EQ(0, DrawShadows(canvas, &rect, shadows.data(), INT32_MIN));

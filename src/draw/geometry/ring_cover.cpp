@@ -13,7 +13,7 @@ namespace lacquer {
 namespace {
 
 constexpr int kSlices = 16;  ///< of the mitres in which two sides meet
-constexpr int kArcs = 8;     ///< of each part of a pixel's way through a corner
+constexpr int kArcs = 6;     ///< of each part of a pixel's way through a corner
 
 int64_t CornerSide(int64_t radius, int64_t width) { return std::max(radius, width / 2); }
 
@@ -106,15 +106,18 @@ int64_t RingCover::CornerArea(const Box &whole, int64_t start) const {
     if (box.IsEmpty()) return 0;
     if (lineRadius_ == 0) return SharpCornerArea(box, start);
     const int64_t innerRadius = std::max<int64_t>(0, corner_ - width_);
-    const int64_t from = std::max(innerRadius, Distance(box.a0, box.b0));
-    const int64_t to = std::min(outerRadius_, Distance(box.a1, box.b1));
+    const int64_t nearest = Distance(box.a0, box.b0), farthest = Distance(box.a1, box.b1);
+    const int64_t from = std::max(innerRadius, nearest), to = std::min(outerRadius_, farthest);
     if (from >= to) return 0;
     // Most pixels lie in one dash, or in one gap.
     const int64_t first = start + (AngleOf(box.a1, box.b0) * lineRadius_ >> kAngleBits);
     const int64_t last = start + (AngleOf(box.a0, box.b1) * lineRadius_ >> kAngleBits);
     const int64_t dashed = dashes_.Between(first, last);
     if (dashed == 0) return 0;
-    if (dashed >= last - first) return DiscArea(box, outerRadius_) - DiscArea(box, innerRadius);
+    if (dashed >= last - first) {
+        const bool isInside = nearest >= innerRadius && farthest < outerRadius_;
+        return isInside ? box.Area() : DiscArea(box, outerRadius_) - DiscArea(box, innerRadius);
+    }
     return SectorArea(box, from, to, start);
 }
 
@@ -144,9 +147,9 @@ int64_t RingCover::SectorArea(const Box &box, int64_t from, int64_t to, int64_t 
     for (const int64_t turn : turns) {
         const int64_t end = std::clamp(turn, from, to);
         for (int i = 0; i < kArcs && end > from; ++i) {
-            const int64_t near = from + (end - from) * i / kArcs, far = from + (end - from) * (i + 1) / kArcs;
-            const int64_t radius = (near + far) / 2;
-            area += AlongArc(box, radius, start) * radius / lineRadius_ * (far - near);
+            const int64_t inner = from + (end - from) * i / kArcs, outer = from + (end - from) * (i + 1) / kArcs;
+            const int64_t radius = (inner + outer) / 2;
+            area += AlongArc(box, radius, start) * radius / lineRadius_ * (outer - inner);
         }
         from = end;
     }

@@ -54,7 +54,6 @@ public:
 
 private:
     bool PaintEnds(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t mirrored) const;
-    void PaintEnd(const Covers &covers, int64_t x, int count, int64_t y) const;
     void PaintAlike(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t yEnd) const;
     bool IsVisibleRow(int64_t y) const { return y >= visible_.top && y < visible_.bottom; }
 
@@ -82,24 +81,25 @@ void ShapePainter::Paint() const {
     }
 }
 
-/// A row of short ends and an even middle, and the row that mirrors it. Result: false when it is not of that kind.
+/// A row of short ends and an even middle, and the row that mirrors it. Result: false when it is not of that kind, or
+/// not visible from end to end.
 bool ShapePainter::PaintEnds(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t mirrored) const {
     const bool hasInside = inner.begin < inner.end;
     const int64_t leftEnd = hasInside ? std::max(outer.flatBegin, inner.flatBegin) : outer.flatBegin;
     const int64_t rightBegin = hasInside ? std::min(outer.flatEnd, inner.flatEnd) : outer.flatEnd;
     const int64_t left = leftEnd - outer.begin, right = outer.end - rightBegin;
     if (leftEnd > rightBegin || left > kMostCovered || right > kMostCovered) return false;
+    if (outer.begin < visible_.left || outer.end > visible_.right) return false;
     const bool isMirror = left == right && shape_.IsSymmetricAcross();
     const BYTE inside = hasInside ? inner.flat : BYTE{0}, border = BorderOf(outer.flat, inside);
-    const int64_t from = std::max<int64_t>(leftEnd, visible_.left), to = std::min<int64_t>(rightBegin, visible_.right);
     const int64_t images[] = {y, mirrored};
     const std::span rows(images, mirrored == y ? 1 : 2);
     Covers covers;
     covers.Compute(outer, inner, outer.begin, static_cast<int>(left));
     for (const int64_t row : rows) {
         if (!IsVisibleRow(row)) continue;
-        PaintEnd(covers, outer.begin, static_cast<int>(left), row);
-        if (from < to) painter_.Evenly(from, to, row, row + 1, inside, border);
+        painter_.Covered(outer.begin, static_cast<int>(left), row, row + 1, covers.inner, covers.border);
+        painter_.Evenly(leftEnd, rightBegin, row, row + 1, inside, border);
     }
     if (isMirror) {
         covers.Mirror(static_cast<int>(left));
@@ -108,16 +108,9 @@ bool ShapePainter::PaintEnds(const CoverRow &outer, const CoverRow &inner, int64
     }
     for (const int64_t row : rows) {
         if (!IsVisibleRow(row)) continue;
-        PaintEnd(covers, rightBegin, static_cast<int>(right), row);
+        painter_.Covered(rightBegin, static_cast<int>(right), row, row + 1, covers.inner, covers.border);
     }
     return true;
-}
-
-void ShapePainter::PaintEnd(const Covers &covers, int64_t x, int count, int64_t y) const {
-    const int64_t from = std::max<int64_t>(x, visible_.left), to = std::min<int64_t>(x + count, visible_.right);
-    if (from >= to) return;
-    painter_.Covered(from, static_cast<int>(to - from), y, y + 1, covers.inner + (from - x),
-                     covers.border + (from - x));
 }
 
 void ShapePainter::PaintAlike(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t yEnd) const {

@@ -3,6 +3,7 @@
 #include "draw/geometry/rounded_rect.h"
 
 #include <algorithm>
+#include <memory>
 
 #include "draw/geometry/integer_root.h"
 #include "draw/geometry/units.h"
@@ -81,7 +82,8 @@ void CoverRow::AddCorner(RoundedRect::Corner corner) {
     // The corners beside each other are mostly equal.
     const CornerArc *previous = cornerCount_ > 0 ? &corners_[static_cast<size_t>(cornerCount_ - 1)] : nullptr;
     if (!previous || previous->isTop != isTop || previous->radius != radius) {
-        arcs_[static_cast<size_t>(arcCount_++)] = ArcRow(radius, v0, v1);
+        // In its place: a copy would read what has just been written in other pieces.
+        std::construct_at(&arcs_[static_cast<size_t>(arcCount_++)], radius, v0, v1);
     }
     corners_[static_cast<size_t>(cornerCount_++)] = {isLeft, isTop, centreX, centreY, radius, arcCount_ - 1};
     // The roots were rounded down.
@@ -140,7 +142,8 @@ int64_t CoverRow::AreaBySlices(int64_t from, int64_t to) const {
 void CoverRow::Write(int64_t x, int count, BYTE *out) const {
     for (int i = 0; i < count; ++i) {
         const int64_t pixel = x + i;
-        out[i] = pixel >= flatBegin && pixel < flatEnd ? flat : At(pixel);
+        const bool isOutside = pixel < begin || pixel >= end, isFlat = pixel >= flatBegin && pixel < flatEnd;
+        out[i] = isOutside ? BYTE{0} : isFlat ? flat : At(pixel);
     }
 }
 

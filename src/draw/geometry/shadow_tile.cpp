@@ -51,12 +51,12 @@ void ShadowTile::Compute(int64_t x, int64_t y, int columns, int rows, const Want
 ShadowTile::Felt ShadowTile::FindFelt(const CasterSide &side, bool isLeft) const {
     const int64_t reach = caster_.Edge().Reach();
     const int64_t above = y_ * kPixel - reach, below = (y_ + rows_) * kPixel + reach;
-    const int64_t near = (isLeft ? x_ : -(x_ + columns_)) * kPixel - reach;
-    const int64_t far = (isLeft ? x_ + columns_ : -x_) * kPixel + reach;
-    const auto isBefore = [&](int64_t i) { return side.EdgeOf(i) <= near; };
-    const auto isNotBefore = [&](int64_t i) { return side.EdgeOf(i) > near; };
-    const auto isBeyond = [&](int64_t i) { return side.EdgeOf(i) >= far; };
-    const auto isNotBeyond = [&](int64_t i) { return side.EdgeOf(i) < far; };
+    const int64_t nearLimit = (isLeft ? x_ : -(x_ + columns_)) * kPixel - reach;
+    const int64_t farLimit = (isLeft ? x_ + columns_ : -x_) * kPixel + reach;
+    const auto isBefore = [&](int64_t i) { return side.EdgeOf(i) <= nearLimit; };
+    const auto isNotBefore = [&](int64_t i) { return side.EdgeOf(i) > nearLimit; };
+    const auto isBeyond = [&](int64_t i) { return side.EdgeOf(i) >= farLimit; };
+    const auto isNotBeyond = [&](int64_t i) { return side.EdgeOf(i) < farLimit; };
 
     // Downwards the upper arc comes nearer, and the lower arc goes away.
     Felt felt{};

@@ -9,7 +9,6 @@
 #include "draw/fill.h"
 #include "draw/geometry/shadow_tile.h"
 #include "draw/geometry/visible_part.h"
-#include "filters/colour_models.h"
 
 namespace lacquer {
 namespace {
@@ -144,13 +143,6 @@ bool FindVisible(const Canvas &canvas, const RoundedRect &rect, const RoundedRec
 }
 
 }  // namespace
-
-DWORD WithLightness(DWORD colour, float factor) {
-    if (factor == 1.0f) return colour;
-    const uint32_t ahsl = AhslOf(colour);
-    const float lightness = static_cast<float>(ahsl & 0xFF) * std::clamp(factor, 0.0f, 255.0f);
-    return ArgbOf((ahsl & ~0xFFu) | std::min(255u, static_cast<uint32_t>(lightness)));
-}
 
 void DrawShadow(Canvas &canvas, const RoundedRect &rect, const Shadow &shadow) {
     RECT visible{};

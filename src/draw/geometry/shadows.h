@@ -15,9 +15,6 @@ struct Shadow {
     ShadowPlace place;
 };
 
-/// A straight colour with its lightness multiplied, up to 255. `factor` is a number; exactly 1 changes nothing.
-DWORD WithLightness(DWORD colour, float factor);
-
 /// Draws one shadow of a rectangle, whose radii fit, in logical coordinates.
 void DrawShadow(Canvas &canvas, const RoundedRect &rect, const Shadow &shadow);
 
