@@ -3,7 +3,7 @@
 #include "draw/geometry/cover_kernels.h"
 
 #include "draw/geometry/cover_sse2.h"
-#include "pipeline/pixel.h"
+#include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
 namespace {

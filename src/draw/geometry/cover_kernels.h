@@ -7,7 +7,7 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "pipeline/cpu_features.h"
+#include "pipeline/table/cpu_features.h"
 
 namespace lacquer {
 

@@ -2,14 +2,14 @@
 
 #include "draw/geometry/cover_sse2.h"
 
-#ifdef LACQUER_SSE2
-
 #include <cstring>
 
-#include "pipeline/vector_pixels.h"
+#include "pipeline/pixel/pixel_sse2.h"
 
 namespace lacquer {
 namespace {
+
+using namespace sse2;
 
 /// The weights of some covers, in both lanes of each pixel's word.
 template <size_t kCount>
@@ -61,9 +61,9 @@ struct Step {
 template <class Change>
 void ChangeRun(BYTE *pixels, ptrdiff_t count, const Change &change) {
     ptrdiff_t i = 0;
-    for (; i + kVectorPixels <= count; i += kVectorPixels) {
+    for (; i + kRegisterPixels <= count; i += kRegisterPixels) {
         BYTE *four = pixels + i * kPixelBytes;
-        StoreFour(four, change(LoadFour(four), i, Step<kVectorPixels>()));
+        StoreFour(four, change(LoadFour(four), i, Step<kRegisterPixels>()));
     }
     for (; i < count; ++i) {
         BYTE *one = pixels + i * kPixelBytes;
@@ -122,5 +122,3 @@ void Sse2OverEvenly(BYTE *pixels, DWORD colour, BYTE cover, ptrdiff_t count) {
 void ApplySse2Cover(CoverKernels &kernels) { kernels = {Sse2Mix, Sse2Over, Sse2OverOne, Sse2OverEvenly}; }
 
 }  // namespace lacquer
-
-#endif

@@ -7,9 +7,9 @@
 #include <cstring>
 
 #include "draw/fill.h"
-#include "pipeline/blit_dispatch.h"
-#include "pipeline/lookahead.h"
-#include "pipeline/pixel.h"
+#include "pipeline/memory/lookahead.h"
+#include "pipeline/pixel/pixel.h"
+#include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
 namespace {
@@ -19,8 +19,8 @@ constexpr int64_t kRowsAhead = 8, kNarrow = 16;
 
 /// Whether fills of this mode draw over.
 bool IsOver(DWORD modeWord) {
-    const DrawMode mode = DrawModeOf(modeWord);
-    return mode == DrawMode::Over || mode == DrawMode::ColorKey || mode > DrawMode::Behind;
+    const DWORD mode = DrawModeOf(modeWord);
+    return mode == LACQUER_DRAW_OVER || mode == LACQUER_DRAW_COLOR_KEY || mode > LACQUER_DRAW_BEHIND;
 }
 
 bool IsAnyCovered(const BYTE *cover, int count) {

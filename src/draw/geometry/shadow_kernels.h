@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "pipeline/cpu_features.h"
+#include "pipeline/table/cpu_features.h"
 
 namespace lacquer {
 

@@ -2,7 +2,7 @@
 
 #include "draw/geometry/shadow_sse2.h"
 
-#ifdef LACQUER_SSE2
+#include <emmintrin.h>
 
 namespace lacquer {
 namespace {
@@ -59,5 +59,3 @@ void Sse2Cover(const int32_t *sums, int count, BYTE *out) {
 void ApplySse2Shadow(ShadowKernels &kernels) { kernels = {Sse2AddLines, Sse2Cover}; }
 
 }  // namespace lacquer
-
-#endif

@@ -1,15 +1,10 @@
-// The SSE2 forms of the shadows' sums, where the target has that instruction set.
+// The SSE2 forms of the shadows' sums; a build without faster tiers has none, and leaves the base forms.
 #pragma once
 
 #include "draw/geometry/shadow_kernels.h"
-#include "platform/simd.h"
 
 namespace lacquer {
 
-#ifdef LACQUER_SSE2
 void ApplySse2Shadow(ShadowKernels &kernels);
-#else
-inline void ApplySse2Shadow(ShadowKernels &) {}
-#endif
 
 }  // namespace lacquer
