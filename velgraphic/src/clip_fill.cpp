@@ -39,7 +39,7 @@ private:
     }
 
     void MoveTo(Point to) {
-        const auto &[low, high] = view_.range;
+        const Point low = view_.range.low, high = view_.range.high;
         at_ = to;
         pressedAcross_ = {std::clamp(to.x, low.x, high.x), to.y};
         pressed_ = {pressedAcross_.x, std::clamp(to.y, low.y, high.y)};
@@ -47,7 +47,7 @@ private:
     }
 
     void LineTo(Point to) {
-        const auto &[low, high] = view_.range;
+        const Point low = view_.range.low, high = view_.range.high;
         Press<&Point::x, &Point::y>(at_, to, low.x, high.x, [&](Point across) {
             Press<&Point::y, &Point::x>(pressedAcross_, across, low.y, high.y, [this](Point p) { Put(p); });
             pressedAcross_ = across;
