@@ -4,7 +4,14 @@
 
 #include <sstream>
 
+#include "pipeline/table/base_table.h"
+
 namespace lacquer {
+
+const KernelTable &BaseKernels(WeightForm form) {
+    static constexpr KernelTable kQ8 = BaseTable<WeightsQ8>(), kQ14 = BaseTable<WeightsQ14>();
+    return form == WeightForm::Q8 ? kQ8 : kQ14;
+}
 
 const std::array<TableUnderTest, 5> &TablesUnderTest() {
     static const std::array<TableUnderTest, 5> tables = {

@@ -14,6 +14,9 @@ inline constexpr bool kHasTiers = true;
 inline constexpr bool kHasTiers = false;
 #endif
 
+/// The base tier.
+const KernelTable &BaseKernels(WeightForm form);
+
 /// The kernel of a row for a depth.
 inline auto RowMember(Row row, int bitsPerPixel) {
     const std::size_t slot = static_cast<std::size_t>(DepthSlot(bitsPerPixel));

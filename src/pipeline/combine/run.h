@@ -8,7 +8,7 @@ namespace lacquer {
 /// Each of `count` words at `dest` becomes formula(words of `sources` at the same place ..., the word itself). A source
 /// may be `dest` itself.
 template <class Formula, class... Source>
-void MapRun(BYTE *dest, ptrdiff_t count, Formula formula, const Source *...sources) {
+inline void MapRun(BYTE *dest, ptrdiff_t count, Formula formula, const Source *...sources) {
     for (ptrdiff_t i = 0; i < count * kPixelBytes; i += kPixelBytes) {
         StorePixel(dest + i, formula(LoadPixel(sources + i)..., LoadPixel(dest + i)));
     }

@@ -8,7 +8,7 @@ namespace lacquer::sse2 {
 /// As the base tier's, for a formula that takes registers of four words. It may take eight words, too, where they share
 /// work; both forms give the same words.
 template <class Formula, class... Source>
-void MapRun(BYTE *dest, ptrdiff_t count, Formula formula, const Source *...sources) {
+inline void MapRun(BYTE *dest, ptrdiff_t count, Formula formula, const Source *...sources) {
     const auto mapEight = [&formula](const auto &...eight) -> EightWords {
         if constexpr (requires { formula(eight...); }) {
             return formula(eight...);

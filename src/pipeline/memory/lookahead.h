@@ -17,7 +17,8 @@ public:
     static constexpr ptrdiff_t kPiecePixels = 128;
 
     /// Smaller images stay in the caches from one use to the next.
-    static bool Pays(const SurfaceView &view) { return int64_t{view.width} * view.height >= 1 << 17; }
+    static bool Pays(const Runs &runs) { return runs.length * runs.count >= 1 << 17; }
+    static bool Pays(const SurfaceView &view) { return Pays(RunsOf(view, false)); }
 
     /// Does nothing unless `enabled`.
     Lookahead(const SurfaceView &view, const Runs &runs, const Tiles &tiles, bool enabled) {

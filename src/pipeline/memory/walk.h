@@ -12,7 +12,7 @@ namespace lacquer {
 /// pieces, which are brought into the cache beforehand.
 template <class Change>
 void WalkWords(const SurfaceView &view, const Runs &runs, bool reads, const Change &change) {
-    const bool inPieces = reads && Lookahead::Pays(view);
+    const bool inPieces = reads && Lookahead::Pays(runs);
     const Tiles pieces = {inPieces ? Lookahead::kPiecePixels : runs.length, 1};
     Lookahead ahead(view, runs, pieces, inPieces);
     for (ptrdiff_t run = 0; run < runs.count; ++run) {

@@ -67,9 +67,9 @@ private:
     DWORD completed_[kPaletteEntries];
 };
 
-/// Writes the words of `count` pixels; the row goes on for `available` pixels.
+/// Writes the words of `count` pixels, of which it reads the bytes and no others.
 template <class Reader>
-void ExpandPixels(BYTE *out, Reader read, const BYTE *pixels, ptrdiff_t count, ptrdiff_t /*available*/) {
+inline void ExpandPixels(BYTE *out, Reader read, const BYTE *pixels, ptrdiff_t count) {
     for (ptrdiff_t i = 0; i < count; ++i) StorePixel(out + i * kPixelBytes, read(pixels, i));
 }
 

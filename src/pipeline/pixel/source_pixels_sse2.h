@@ -1,7 +1,6 @@
 // Expanding runs of 8- and 24-bit pixels without a loop over single ones.
 #pragma once
 
-#include <algorithm>
 #include <type_traits>
 
 #include "pipeline/pixel/pixel_sse2.h"
@@ -34,14 +33,14 @@ inline void ExpandExactly(BYTE *out, const BYTE *in) { Expand(out, in, _mm_srli_
 
 /// As the base tier's.
 template <class Reader>
-void ExpandPixels(BYTE *out, Reader read, const BYTE *pixels, ptrdiff_t count, ptrdiff_t available) {
+inline void ExpandPixels(BYTE *out, Reader read, const BYTE *pixels, ptrdiff_t count) {
     ptrdiff_t i = 0;
     if constexpr (std::is_same_v<Reader, PackedPixels::Reader>) {
         using packed_eight::kPixels;
         const auto outAt = [=](ptrdiff_t pixel) { return out + pixel * kPixelBytes; };
         const auto inAt = [=](ptrdiff_t pixel) { return pixels + pixel * 3; };
-        const ptrdiff_t inner = std::min(count, available - 1);
-        for (; i + 2 * kPixels <= inner; i += 2 * kPixels) {
+        // The last pixel has none behind it.
+        for (; i + 2 * kPixels < count; i += 2 * kPixels) {
             packed_eight::ExpandInner(outAt(i), inAt(i));
             packed_eight::ExpandInner(outAt(i + kPixels), inAt(i + kPixels));
         }

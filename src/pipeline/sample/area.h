@@ -25,11 +25,10 @@ inline Footprint FootprintOf(const Steps &steps, int64_t index) {
             static_cast<uint32_t>(end - (last << 16))};
 }
 
-/// Sums of one destination pixel. A 32-bit `Sum` holds those of footprints up to 16 × 16 pixels.
-template <class Sum>
+/// Sums of one destination pixel.
 class AreaSums {
 public:
-    void Add(uint32_t word, Sum weight) {
+    void Add(uint32_t word, uint64_t weight) {
         blue_ += (word & 0xFF) * weight;
         green_ += (word >> 8 & 0xFF) * weight;
         red_ += (word >> 16 & 0xFF) * weight;
@@ -38,7 +37,7 @@ public:
     }
 
     /// Adds `count` pixels of the same weight, of which the pairs are summed already.
-    void AddPairs(uint32_t blueRed, uint32_t greenAlpha, Sum count, Sum weight) {
+    void AddPairs(uint32_t blueRed, uint32_t greenAlpha, uint64_t count, uint64_t weight) {
         blue_ += (blueRed & 0xFFFF) * weight;
         green_ += (greenAlpha & 0xFFFF) * weight;
         red_ += (blueRed >> 16) * weight;
@@ -47,16 +46,16 @@ public:
     }
 
     uint32_t Mean() const {
-        const auto channel = [this](Sum sum) { return static_cast<uint32_t>(sum / weight_); };
+        const auto channel = [this](uint64_t sum) { return static_cast<uint32_t>(sum / weight_); };
         return channel(alpha_) << 24 | channel(red_) << 16 | channel(green_) << 8 | channel(blue_);
     }
 
 private:
-    Sum blue_ = 0, green_ = 0, red_ = 0, alpha_ = 0, weight_ = 0;
+    uint64_t blue_ = 0, green_ = 0, red_ = 0, alpha_ = 0, weight_ = 0;
 };
 
 template <class Source>
-class AreaFetch {
+class AreaFetch : public StretchFetch {
 public:
     using Pixels = Source;
 
@@ -68,35 +67,26 @@ public:
         : source_(source),
           pixels_(source),
           across_(CornerSteps(source.width, fullSize.cx)),
-          down_(CornerSteps(source.height, fullSize.cy)),
-          isWide_(across_.step > kNarrowStep || down_.step > kNarrowStep) {}
+          down_(CornerSteps(source.height, fullSize.cy)) {}
 
     void SetColumns(int64_t first, ptrdiff_t count) {
         for (ptrdiff_t i = 0; i < count; ++i) columns_[i] = FootprintOf(across_, first + i);
     }
 
-    void SetRow(int64_t row) { rows_ = FootprintOf(down_, row); }
-
-    const BYTE *Read(BYTE *buffer, ptrdiff_t count) const {
-        for (ptrdiff_t i = 0; i < count; ++i) {
-            StorePixel(buffer + i * kPixelBytes, isWide_ ? Mean<uint64_t>(columns_[i]) : Mean<uint32_t>(columns_[i]));
-        }
+    const BYTE *Read(int64_t row, BYTE *buffer, ptrdiff_t count) const {
+        const Footprint rows = FootprintOf(down_, row);
+        for (ptrdiff_t i = 0; i < count; ++i) StorePixel(buffer + i * kPixelBytes, Mean(columns_[i], rows));
         return buffer;
     }
 
 private:
-    static constexpr int64_t kNarrowStep = 16 << 16;
-
-    template <class Sum>
-    uint32_t Mean(const Footprint &columns) const {
+    uint32_t Mean(const Footprint &columns, const Footprint &rows) const {
         const auto read = pixels_.GetReader();
-        AreaSums<Sum> sums;
-        const auto addPart = [&](uint32_t word, uint32_t ox, uint32_t oy) {
-            sums.Add(word, static_cast<Sum>(uint64_t{ox} * oy >> 16));
-        };
-        for (int64_t y = rows_.first; y <= rows_.last; ++y) {
+        AreaSums sums;
+        const auto addPart = [&](uint32_t word, uint32_t ox, uint32_t oy) { sums.Add(word, uint64_t{ox} * oy >> 16); };
+        for (int64_t y = rows.first; y <= rows.last; ++y) {
             const BYTE *const row = RowOf(source_, y);
-            const uint32_t oy = rows_.PartOf(static_cast<int>(y));
+            const uint32_t oy = rows.PartOf(static_cast<int>(y));
             addPart(read(row, columns.first), columns.firstPart, oy);
             if (columns.last == columns.first) continue;
             // A pixel that is covered from side to side weighs oy itself. 256 bytes fit into a 16-bit lane.
@@ -108,7 +98,7 @@ private:
                     blueRed += BlueRed(word);
                     greenAlpha += GreenAlpha(word);
                 }
-                sums.AddPairs(blueRed, greenAlpha, static_cast<Sum>(end - x), oy);
+                sums.AddPairs(blueRed, greenAlpha, static_cast<uint64_t>(end - x), oy);
             }
             addPart(read(row, columns.last), columns.lastPart, oy);
         }
@@ -118,8 +108,6 @@ private:
     const SurfaceView &source_;
     Source pixels_;
     Steps across_, down_;
-    bool isWide_;
-    Footprint rows_ = {};
     Footprint columns_[kBlockColumns];
 };
 

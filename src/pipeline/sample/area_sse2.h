@@ -71,7 +71,7 @@ private:
             BYTE *out = expanded_;
             for (int row = rows_.first; row <= rows_.last; ++row, out += kStride) {
                 const BYTE *const pixels = RowOf(source_, row) + first * kSourceBytes;
-                sse2::ExpandPixels(out, pixels_.GetReader(), pixels, end - first, source_.width - first);
+                sse2::ExpandPixels(out, pixels_.GetReader(), pixels, end - first);
             }
             return {expanded_, kStride, first};
         }
@@ -86,7 +86,7 @@ private:
 
 /// The way of draws that divide the source into blocks of whole pixels.
 template <class Source>
-class BlockFetch {
+class BlockFetch : public StretchFetch {
 public:
     using Pixels = Source;
 
@@ -97,9 +97,9 @@ public:
     BlockFetch(const SurfaceView &source, SIZE fullSize) : row_(source, fullSize), ratio_(source, fullSize) {}
 
     void SetColumns(int64_t first, ptrdiff_t /*count*/) { first_ = first; }
-    void SetRow(int64_t row) { row_.SetRow(row); }
 
-    const BYTE *Read(BYTE *buffer, ptrdiff_t count) {
+    const BYTE *Read(int64_t row, BYTE *buffer, ptrdiff_t count) {
+        row_.SetRow(row);
         row_.ForEachPart(first_, count, [&](ptrdiff_t i, ptrdiff_t part, const WordRows &words) {
             MeansOfBlocks(buffer + i * kPixelBytes, part, words, ratio_);
         });
@@ -114,7 +114,7 @@ private:
 
 /// The way of other draws.
 template <class Source>
-class FootprintFetch {
+class FootprintFetch : public StretchFetch {
 public:
     using Pixels = Source;
 
@@ -132,9 +132,9 @@ public:
         first_ = first;
         for (ptrdiff_t i = 0; i < count; ++i) columns_[i] = row_.Columns(first + i);
     }
-    void SetRow(int64_t row) { row_.SetRow(row); }
 
-    const BYTE *Read(BYTE *buffer, ptrdiff_t count) {
+    const BYTE *Read(int64_t row, BYTE *buffer, ptrdiff_t count) {
+        row_.SetRow(row);
         row_.ForEachPart(first_, count, [&](ptrdiff_t i, ptrdiff_t part, const WordRows &words) {
             MeansOfFootprints(buffer + i * kPixelBytes, part, words, columns_ + i, row_.Rows());
         });

@@ -46,7 +46,7 @@ CubicTaps CubicTapsAt(int64_t position, int size) {
 }
 
 template <class Source, class Weights>
-class BicubicFetch {
+class BicubicFetch : public StretchFetch {
 public:
     using Pixels = Source;
 
@@ -60,32 +60,26 @@ public:
         for (ptrdiff_t i = 0; i < count; ++i) columns_[i] = CubicTapsAt<Weights>(across_.At(first + i), source_.width);
     }
 
-    void SetRow(int64_t row) {
-        const CubicTaps taps = CubicTapsAt<Weights>(down_.At(row), source_.height);
-        for (int i = 0; i < 4; ++i) {
-            rows_[i] = RowOf(source_, taps.index[i]);
-            rowWeight_[i] = taps.weight[i];
-        }
-    }
-
-    const BYTE *Read(BYTE *buffer, ptrdiff_t count) const {
-        for (ptrdiff_t i = 0; i < count; ++i) StorePixel(buffer + i * kPixelBytes, Mix(columns_[i]));
+    const BYTE *Read(int64_t row, BYTE *buffer, ptrdiff_t count) const {
+        const CubicTaps down = CubicTapsAt<Weights>(down_.At(row), source_.height);
+        for (ptrdiff_t i = 0; i < count; ++i) StorePixel(buffer + i * kPixelBytes, Mix(columns_[i], down));
         return buffer;
     }
 
 private:
-    uint32_t Mix(const CubicTaps &taps) const {
+    uint32_t Mix(const CubicTaps &across, const CubicTaps &down) const {
         const auto read = pixels_.GetReader();
         int32_t sums[4] = {};
         for (int row = 0; row < 4; ++row) {
+            const BYTE *const pixels = RowOf(source_, down.index[row]);
             uint32_t words[4];
-            for (int column = 0; column < 4; ++column) words[column] = read(rows_[row], taps.index[column]);
+            for (int column = 0; column < 4; ++column) words[column] = read(pixels, across.index[column]);
             for (int channel = 0; channel < 4; ++channel) {
                 int32_t sum = 0;
                 for (int column = 0; column < 4; ++column) {
-                    sum += static_cast<int32_t>(words[column] >> 8 * channel & 0xFF) * taps.weight[column];
+                    sum += static_cast<int32_t>(words[column] >> 8 * channel & 0xFF) * across.weight[column];
                 }
-                sums[channel] += Weights::FinishRow(sum) * rowWeight_[row];
+                sums[channel] += Weights::FinishRow(sum) * down.weight[row];
             }
         }
         const BYTE *const clamps = ByteClamps().data() + 256;
@@ -99,8 +93,6 @@ private:
     const SurfaceView &source_;
     Source pixels_;
     Steps across_, down_;
-    const BYTE *rows_[4] = {};
-    int32_t rowWeight_[4] = {};
     CubicTaps columns_[kBlockColumns];
 };
 

@@ -8,7 +8,7 @@
 namespace lacquer::sse2 {
 
 template <class Source>
-class BicubicFetch {
+class BicubicFetch : public StretchFetch {
 public:
     using Pixels = Source;
 
@@ -30,21 +30,19 @@ public:
         for (Line &line : lines_) line.row = -1;
     }
 
-    void SetRow(int64_t row) {
+    const BYTE *Read(int64_t row, BYTE *buffer, ptrdiff_t count) {
         const CubicTaps taps = CubicTapsAt<WeightsQ14>(down_.At(row), source_.height);
-        for (int i = 0; i < 4; ++i) rows_[i] = Summed(taps.index[i]).sums;
-        rowWeights_ = PairedWeights(taps);
-    }
-
-    const BYTE *Read(BYTE *buffer, ptrdiff_t count) const {
-        const __m128i upper = rowWeights_.first, lower = rowWeights_.second;
+        const __m128i *rows[4];
+        for (int i = 0; i < 4; ++i) rows[i] = Summed(taps.index[i]).sums;
+        const WeightPairs weights = PairedWeights(taps);
+        const __m128i upper = weights.first, lower = weights.second;
         const __m128i half = _mm_set1_epi32(1 << 19), opaque = EachWord(Source::kIsOpaque ? kOpaque : 0);
         const auto channels = [&](__m128i first, __m128i second) {
             const __m128i sum = _mm_add_epi32(_mm_madd_epi16(first, upper), _mm_madd_epi16(second, lower));
             return _mm_srai_epi32(_mm_add_epi32(sum, half), 20);
         };
         const auto twoPixels = [&](ptrdiff_t i) {
-            const __m128i a = rows_[0][i], b = rows_[1][i], c = rows_[2][i], d = rows_[3][i];
+            const __m128i a = rows[0][i], b = rows[1][i], c = rows[2][i], d = rows[3][i];
             return _mm_packs_epi32(channels(_mm_unpacklo_epi16(a, b), _mm_unpacklo_epi16(c, d)),
                                    channels(_mm_unpackhi_epi16(a, b), _mm_unpackhi_epi16(c, d)));
         };
@@ -134,8 +132,6 @@ private:
     ptrdiff_t columns_ = 0;
     Taps taps_[kBlockColumns];
     Line lines_[4];
-    const __m128i *rows_[4] = {};
-    WeightPairs rowWeights_ = {};
 };
 
 }  // namespace lacquer::sse2

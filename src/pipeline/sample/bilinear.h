@@ -27,7 +27,7 @@ inline uint32_t MixFour(uint32_t p00, uint32_t p01, uint32_t p10, uint32_t p11, 
 }
 
 template <class Source>
-class BilinearFetch {
+class BilinearFetch : public StretchFetch {
 public:
     using Pixels = Source;
 
@@ -41,18 +41,12 @@ public:
         for (ptrdiff_t i = 0; i < count; ++i) columns_[i] = LinearTapsAt(across_.At(first + i), source_.width);
     }
 
-    void SetRow(int64_t row) {
-        const LinearTaps taps = LinearTapsAt(down_.At(row), source_.height);
-        nearRow_ = RowOf(source_, taps.nearIndex);
-        farRow_ = RowOf(source_, taps.farIndex);
-        fraction_ = static_cast<uint32_t>(taps.fraction);
-    }
-
-    const BYTE *Read(BYTE *buffer, ptrdiff_t count) const {
+    const BYTE *Read(int64_t row, BYTE *buffer, ptrdiff_t count) const {
         const auto read = pixels_.GetReader();
-        const BYTE *const top = nearRow_;
-        const BYTE *const bottom = farRow_;
-        const uint32_t fy = fraction_;
+        const LinearTaps down = LinearTapsAt(down_.At(row), source_.height);
+        const BYTE *const top = RowOf(source_, down.nearIndex);
+        const BYTE *const bottom = RowOf(source_, down.farIndex);
+        const auto fy = static_cast<uint32_t>(down.fraction);
         for (ptrdiff_t i = 0; i < count; ++i) {
             const LinearTaps taps = columns_[i];
             StorePixel(buffer + i * kPixelBytes,
@@ -66,8 +60,6 @@ private:
     const SurfaceView &source_;
     Source pixels_;
     Steps across_, down_;
-    const BYTE *nearRow_ = nullptr, *farRow_ = nullptr;
-    uint32_t fraction_ = 0;
     LinearTaps columns_[kBlockColumns];
 };
 

@@ -15,6 +15,16 @@
 namespace lacquer::sse2 {
 
 /// Where the columns of a block find their taps.
+struct BilinearBlock {
+    ptrdiff_t inside;                               ///< the leading columns whose taps may be read at once
+    int nearBytes[kBlockColumns];                   ///< the byte of the near pixel in its row
+    alignas(16) uint32_t fractions[kBlockColumns];  ///< fx in both lanes
+
+    /// For columns at `first` and after it in steps. `pixelBytes`: of a source pixel; `tapBytes`: what is read at once.
+    void Set(const Steps &steps, int64_t first, ptrdiff_t count, int width, ptrdiff_t pixelBytes, ptrdiff_t tapBytes);
+};
+
+/// The taps of a block's columns.
 template <class Source>
 class BilinearColumns {
 public:
@@ -26,25 +36,14 @@ public:
     BilinearColumns(const SurfaceView &source, SIZE fullSize)
         : width_(source.width), pixels_(source), across_(CentredSteps(source.width, fullSize.cx)) {}
 
-    void Set(int64_t first, ptrdiff_t count) {
-        for (ptrdiff_t i = 0; i < count; ++i) {
-            const LinearTaps taps = LinearTapsAt(across_.At(first + i), width_);
-            near_[i] = static_cast<int>(taps.nearIndex * kSourceBytes);
-            // One pixel that is both taps needs no weight for the second.
-            fractions_[i] = taps.farIndex == taps.nearIndex ? 0 : static_cast<uint32_t>(taps.fraction) * kBothLanes;
-        }
-        // The columns that fill up the last register repeat the last one.
-        for (ptrdiff_t i = count; i % kRegisterPixels != 0; ++i) {
-            near_[i] = near_[count - 1];
-            fractions_[i] = fractions_[count - 1];
-        }
-        inside_ = std::upper_bound(near_, near_ + count, width_ * kSourceBytes - kTapBytes) - near_;
-    }
+    void Set(int64_t first, ptrdiff_t count) { block_.Set(across_, first, count, width_, kSourceBytes, kTapBytes); }
 
     /// fx in both lanes of four columns.
-    __m128i FractionsAt(ptrdiff_t i) const { return _mm_load_si128(reinterpret_cast<const __m128i *>(fractions_ + i)); }
+    __m128i FractionsAt(ptrdiff_t i) const {
+        return _mm_load_si128(reinterpret_cast<const __m128i *>(block_.fractions + i));
+    }
 
-    void PrefetchAt(const BYTE *pixels, ptrdiff_t i) const { PrefetchLine(pixels + near_[i]); }
+    void PrefetchAt(const BYTE *pixels, ptrdiff_t i) const { PrefetchLine(pixels + block_.nearBytes[i]); }
 
     /// Calls work(taps, i, left) for the block's first `count` columns, four at a time; taps(row, i) gives their taps,
     /// `left` says how many columns are left where fewer than four are.
@@ -52,7 +51,7 @@ public:
     void ForEachFour(ptrdiff_t count, const Prefetch &prefetch, const Work &work) const {
         const auto inside = [this](const BYTE *pixels, ptrdiff_t i) { return TapsInside(pixels, i); };
         const auto anywhere = [this](const BYTE *pixels, ptrdiff_t i) { return Taps(pixels, i); };
-        const ptrdiff_t end = std::min(inside_, count);
+        const ptrdiff_t end = std::min(block_.inside, count);
         ptrdiff_t i = 0;
         for (; i + kRegisterPixels <= end; i += kRegisterPixels) {
             prefetch(i);
@@ -62,7 +61,6 @@ public:
     }
 
 private:
-    static constexpr uint32_t kBothLanes = 0x00010001;
     static constexpr ptrdiff_t kSourceBytes = Source::kBitsPerPixel / 8;
     /// What TapsInside reads.
     static constexpr ptrdiff_t kTapBytes = Source::kBitsPerPixel == 8 ? 2 : 8;
@@ -73,12 +71,12 @@ private:
         return TapsOf(pixels, i, [last](ptrdiff_t pixel) { return std::min(pixel + kSourceBytes, last); });
     }
 
-    /// The same for columns that are inside.
+    /// The same for columns whose taps may be read at once.
     FourTaps TapsInside(const BYTE *pixels, ptrdiff_t i) const {
         if constexpr (Source::kBitsPerPixel == 8) {
             return TapsOf(pixels, i, [](ptrdiff_t pixel) { return pixel + kSourceBytes; });
         } else {
-            const int *const bytes = near_ + i;
+            const int *const bytes = block_.nearBytes + i;
             const __m128i first = LoadTwoAndTwo(pixels + bytes[0], pixels + bytes[1]);
             const __m128i second = LoadTwoAndTwo(pixels + bytes[2], pixels + bytes[3]);
             if constexpr (Source::kBitsPerPixel == 32) {
@@ -94,7 +92,7 @@ private:
     template <class Next>
     FourTaps TapsOf(const BYTE *pixels, ptrdiff_t i, const Next &next) const {
         const auto read = pixels_.GetReader();
-        const int *const bytes = near_ + i;
+        const int *const bytes = block_.nearBytes + i;
         const auto nearWord = [&](int k) { return read(pixels + bytes[k], 0); };
         const auto farWord = [&](int k) { return read(pixels + next(bytes[k]), 0); };
         return {FourWords(nearWord(0), nearWord(1), nearWord(2), nearWord(3)),
@@ -110,14 +108,12 @@ private:
     int width_;
     Source pixels_;
     Steps across_;
-    ptrdiff_t inside_ = 0;                           ///< the leading columns where TapsInside may be used
-    int near_[kBlockColumns];                        ///< the byte of the near pixel in its row
-    alignas(16) uint32_t fractions_[kBlockColumns];  ///< fx in both lanes
+    BilinearBlock block_;
 };
 
 /// The way with prepared rows.
 template <class Source>
-class PreparedBilinearFetch {
+class PreparedBilinearFetch : public StretchFetch {
 public:
     using Pixels = Source;
 
@@ -135,19 +131,15 @@ public:
         lines_[0].row = lines_[1].row = -1;
     }
 
-    void SetRow(int64_t row) {
-        taps_ = LinearTapsAt(down_.At(row), source_.height);
-        top_ = &LineOf(taps_.nearIndex);
-        bottom_ = &LineOf(taps_.farIndex);
-        if (top_->row != taps_.nearIndex)
-            Prepare(*top_, taps_.nearIndex, [](ptrdiff_t, const FourColumns &, ptrdiff_t) {});
-    }
-
-    const BYTE *Read(BYTE *buffer, ptrdiff_t count) {
-        if (bottom_->row == taps_.farIndex) {
-            ReadPrepared(buffer, count);
+    const BYTE *Read(int64_t row, BYTE *buffer, ptrdiff_t count) {
+        const LinearTaps taps = LinearTapsAt(down_.At(row), source_.height);
+        const Mean mean(static_cast<uint32_t>(taps.fraction));
+        Line &top = LineOf(taps.nearIndex), &bottom = LineOf(taps.farIndex);
+        if (top.row != taps.nearIndex) Prepare(top, taps.nearIndex, mean, nullptr, nullptr);
+        if (bottom.row != taps.farIndex) {
+            Prepare(bottom, taps.farIndex, mean, top.columns, buffer);
         } else {
-            ReadPreparing(buffer);
+            ReadPrepared(buffer, count, mean, top.columns, bottom.columns);
         }
         return buffer;
     }
@@ -170,30 +162,6 @@ private:
     /// The two rows that a destination row needs are neighbours, so they have a line each.
     Line &LineOf(int row) { return lines_[row & 1]; }
 
-    /// Calls use(i, four, left) for each four columns as soon as they are prepared.
-    template <class Use>
-    void Prepare(Line &line, int row, const Use &use) {
-        line.row = row;
-        const BYTE *const pixels = RowOf(source_, row);
-        const BYTE *const next = RowOf(source_, std::min<int64_t>(row + 1, source_.height - 1));
-        FourColumns *prepared = line.columns;
-        columns_.ForEachFour(
-            count_, [&](ptrdiff_t i) { columns_.PrefetchAt(next, i); },
-            [&](const auto &taps, ptrdiff_t i, ptrdiff_t left) {
-                const __m128i fx = columns_.FractionsAt(i);
-                const auto prepare = [&](__m128i nearPixels, __m128i farPixels) -> Channels {
-                    const __m128i steps = _mm_sub_epi16(farPixels, nearPixels);
-                    return {nearPixels, steps,
-                            _mm_add_epi16(_mm_slli_epi16(nearPixels, 8), _mm_mullo_epi16(steps, fx))};
-                };
-                const auto [nearWords, farWords] = taps(pixels, i);
-                const FourColumns four = {prepare(LowerBytes(nearWords), LowerBytes(farWords)),
-                                          prepare(UpperBytes(nearWords), UpperBytes(farWords))};
-                *prepared++ = four;
-                use(i, four, left);
-            });
-    }
-
     /// The destination row between two prepared rows.
     class Mean {
     public:
@@ -214,18 +182,32 @@ private:
         __m128i fy_, upperFy_;
     };
 
-    /// Prepares the lower row on the way: its columns needn't be loaded again.
-    void ReadPreparing(BYTE *out) {
-        const Mean mean(static_cast<uint32_t>(taps_.fraction));
-        const FourColumns *top = top_->columns;
-        Prepare(*bottom_, taps_.farIndex, [&](ptrdiff_t i, const FourColumns &below, ptrdiff_t left) {
-            StoreSome(out + i * kPixelBytes, mean(*top++, below, columns_.FractionsAt(i)), left);
-        });
+    /// Prepares a source row; given the prepared row above it, makes the destination row between them on the way, as
+    /// the columns needn't be loaded again.
+    void Prepare(Line &line, int row, const Mean &mean, const FourColumns *above, BYTE *out) {
+        line.row = row;
+        const BYTE *const pixels = RowOf(source_, row);
+        const BYTE *const next = RowOf(source_, std::min<int64_t>(row + 1, source_.height - 1));
+        FourColumns *prepared = line.columns;
+        columns_.ForEachFour(
+            count_, [&](ptrdiff_t i) { columns_.PrefetchAt(next, i); },
+            [&](const auto &taps, ptrdiff_t i, ptrdiff_t left) {
+                const __m128i fx = columns_.FractionsAt(i);
+                const auto prepare = [&](__m128i nearPixels, __m128i farPixels) -> Channels {
+                    const __m128i steps = _mm_sub_epi16(farPixels, nearPixels);
+                    return {nearPixels, steps,
+                            _mm_add_epi16(_mm_slli_epi16(nearPixels, 8), _mm_mullo_epi16(steps, fx))};
+                };
+                const auto [nearWords, farWords] = taps(pixels, i);
+                const FourColumns four = {prepare(LowerBytes(nearWords), LowerBytes(farWords)),
+                                          prepare(UpperBytes(nearWords), UpperBytes(farWords))};
+                *prepared++ = four;
+                if (above) StoreSome(out + i * kPixelBytes, mean(*above++, four, fx), left);
+            });
     }
 
-    void ReadPrepared(BYTE *out, ptrdiff_t count) const {
-        const Mean mean(static_cast<uint32_t>(taps_.fraction));
-        const FourColumns *top = top_->columns, *bottom = bottom_->columns;
+    void ReadPrepared(BYTE *out, ptrdiff_t count, const Mean &mean, const FourColumns *top,
+                      const FourColumns *bottom) const {
         ptrdiff_t i = 0;
         for (; i + kRegisterPixels <= count; i += kRegisterPixels)
             StoreFour(out + i * kPixelBytes, mean(*top++, *bottom++, columns_.FractionsAt(i)));
@@ -236,14 +218,12 @@ private:
     BilinearColumns<Source> columns_;
     Steps down_;
     ptrdiff_t count_ = 0;
-    LinearTaps taps_{};
     Line lines_[2];
-    Line *top_ = nullptr, *bottom_ = nullptr;
 };
 
 /// The direct way.
 template <class Source>
-class DirectBilinearFetch {
+class DirectBilinearFetch : public StretchFetch {
 public:
     using Pixels = Source;
 
@@ -252,16 +232,12 @@ public:
 
     void SetColumns(int64_t first, ptrdiff_t count) { columns_.Set(first, count); }
 
-    void SetRow(int64_t row) {
-        rows_ = row == nextRow_ ? next_ : RowsAt(row);
+    const BYTE *Read(int64_t row, BYTE *buffer, ptrdiff_t count) {
+        const Rows rows = row == nextRow_ ? next_ : RowsAt(row), next = RowsAt(row + 1);
+        next_ = next;
         nextRow_ = row + 1;
-        next_ = RowsAt(nextRow_);
-    }
-
-    const BYTE *Read(BYTE *buffer, ptrdiff_t count) const {
-        const uint32_t fraction = rows_.fraction;
+        const uint32_t fraction = rows.fraction;
         const __m128i fy = EachLane(fraction), upperFy = EachLane(fraction << 8), upper = EachLane(256 - fraction);
-        const Rows rows = rows_, next = next_;
         columns_.ForEachFour(
             count,
             [&](ptrdiff_t i) {
@@ -303,7 +279,7 @@ private:
     const SurfaceView &source_;
     BilinearColumns<Source> columns_;
     Steps down_;
-    Rows rows_{}, next_{};  ///< of this destination row and of the one below it
+    Rows next_{};  ///< of destination row `nextRow_`
     int64_t nextRow_ = -1;
 };
 

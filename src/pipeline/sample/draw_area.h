@@ -18,13 +18,6 @@ inline bool CanFill(const SurfaceView &dest) { return dest.bitsPerPixel == 32 &&
 
 /// Whether a kernel that reads `sourceBits` per pixel may run: 32-bit destination, a source of its own depth, nothing
 /// empty, and the view inside the full rectangle.
-inline bool CanDraw(const SurfaceView &dest, const SurfaceView &source, int sourceBits, const DrawArea &area) {
-    const auto inside = [](int64_t offset, int64_t size, int64_t fullSize) {
-        return offset >= 0 && offset + size <= fullSize;
-    };
-    return CanFill(dest) && source.bitsPerPixel == sourceBits && source.width > 0 && source.height > 0 &&
-           inside(area.visibleOffset.x, dest.width, area.fullSize.cx) &&
-           inside(area.visibleOffset.y, dest.height, area.fullSize.cy);
-}
+bool CanDraw(const SurfaceView &dest, const SurfaceView &source, int sourceBits, const DrawArea &area);
 
 }  // namespace lacquer

@@ -6,7 +6,7 @@
 namespace lacquer {
 
 template <class Source>
-class NearestFetch {
+class NearestFetch : public StretchFetch {
 public:
     using Pixels = Source;
 
@@ -20,12 +20,10 @@ public:
         for (ptrdiff_t i = 0; i < count; ++i) columns_[i] = static_cast<int>(across_.At(first + i) >> 16);
     }
 
-    void SetRow(int64_t row) { row_ = RowOf(source_, down_.At(row) >> 16); }
-
-    const BYTE *Read(BYTE *buffer, ptrdiff_t count) const {
+    const BYTE *Read(int64_t row, BYTE *buffer, ptrdiff_t count) const {
         const auto read = pixels_.GetReader();
-        const BYTE *const row = row_;
-        for (ptrdiff_t i = 0; i < count; ++i) StorePixel(buffer + i * kPixelBytes, read(row, columns_[i]));
+        const BYTE *const pixels = RowOf(source_, down_.At(row) >> 16);
+        for (ptrdiff_t i = 0; i < count; ++i) StorePixel(buffer + i * kPixelBytes, read(pixels, columns_[i]));
         return buffer;
     }
 
@@ -33,7 +31,6 @@ private:
     const SurfaceView &source_;
     Source pixels_;
     Steps across_, down_;
-    const BYTE *row_ = nullptr;
     int columns_[kBlockColumns];
 };
 

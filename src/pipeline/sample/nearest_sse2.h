@@ -8,7 +8,7 @@
 namespace lacquer::sse2 {
 
 template <class Source>
-class NearestFetch {
+class NearestFetch : public StretchFetch {
 public:
     using Pixels = Source;
 
@@ -30,26 +30,21 @@ public:
         last_ = nullptr;
     }
 
-    void SetRow(int64_t row) {
-        const BYTE *const next = RowOf(source_, down_.At(row) >> 16);
-        if (next != row_) last_ = nullptr;
-        row_ = next;
-        next_ = RowOf(source_, std::min(down_.At(row + 1) >> 16, int64_t{source_.height} - 1));
-    }
-
-    const BYTE *Read(BYTE *buffer, ptrdiff_t count) {
-        if (last_) return last_;
+    const BYTE *Read(int64_t row, BYTE *buffer, ptrdiff_t count) {
+        const BYTE *const pixels = RowOf(source_, down_.At(row) >> 16);
+        if (last_ && pixels == row_) return last_;
+        row_ = pixels;
         last_ = buffer;
         const auto read = pixels_.GetReader();
-        const BYTE *const row = row_;
         if (looksAhead_) {
+            const BYTE *const next = RowOf(source_, std::min(down_.At(row + 1) >> 16, int64_t{source_.height} - 1));
             const ptrdiff_t begin = ptrdiff_t{columns_[0]} * kSourceBytes;
-            PrefetchBytes(next_ + begin, ptrdiff_t{columns_[count - 1]} * kSourceBytes - begin);
+            PrefetchBytes(next + begin, ptrdiff_t{columns_[count - 1]} * kSourceBytes - begin);
         }
         ptrdiff_t i = 0;
         for (; i + kRegisterPixels <= inside_; i += kRegisterPixels)
-            StoreFour(buffer + i * kPixelBytes, FourAt(row, i));
-        for (; i < count; ++i) StorePixel(buffer + i * kPixelBytes, read(row, columns_[i]));
+            StoreFour(buffer + i * kPixelBytes, FourAt(pixels, i));
+        for (; i < count; ++i) StorePixel(buffer + i * kPixelBytes, read(pixels, columns_[i]));
         return buffer;
     }
 
@@ -72,10 +67,10 @@ private:
     const SurfaceView &source_;
     Source pixels_;
     Steps across_, down_;
-    bool looksAhead_;                              ///< not where most lines of a row hold none of the columns
-    ptrdiff_t inside_ = 0;                         ///< the leading columns that FourAt may read
-    const BYTE *row_ = nullptr, *next_ = nullptr;  ///< of this destination row and the next one
-    const BYTE *last_ = nullptr;                   ///< where the present row was written last
+    bool looksAhead_;             ///< not where most lines of a row hold none of the columns
+    ptrdiff_t inside_ = 0;        ///< the leading columns that FourAt may read
+    const BYTE *row_ = nullptr;   ///< the source row read last
+    const BYTE *last_ = nullptr;  ///< where it was written
     uint32_t columns_[kBlockColumns];
 };
 

@@ -9,79 +9,78 @@ namespace lacquer {
 
 /// What the base tier does with whole runs of source pixels.
 struct BaseRuns {
-    template <class... Arguments>
-    static void Expand(Arguments... arguments) {
-        ExpandPixels(arguments...);
+    template <class Reader>
+    static void Expand(BYTE *out, Reader read, const BYTE *pixels, ptrdiff_t count) {
+        ExpandPixels(out, read, pixels, count);
     }
     static constexpr auto Copy = CopyRows;
+
+    /// How a walk over 32-bit pixels knows its rule.
+    template <class Combine>
+    static RunRef Known(const Combine &combine) {
+        return RunRef(combine);
+    }
 };
+
+/// The runs of the top-left part that two views have in common.
+inline Runs CommonRuns(const SurfaceView &dest, const SurfaceView &source) {
+    const Runs rows = {std::min(dest.width, source.width), std::min(dest.height, source.height)};
+    const bool joined = dest.width == source.width && IsContiguous(dest) && IsContiguous(source);
+    return joined ? Runs{rows.length * rows.count, 1} : rows;
+}
 
 /// 32-bit pixels are not fetched: their rows are the words already.
 template <class Source, class SourceRuns>
 class SameSizeFetch {
 public:
-    SameSizeFetch(const SurfaceView &source, const Runs &runs, const Tiles &tiles, bool looksAhead)
-        : source_(source), pixels_(source), length_(runs.length), ahead_(source, runs, tiles, looksAhead) {}
+    static constexpr bool kIsWords = Source::kBitsPerPixel == 32, kInOrder = true;
 
-    void SetColumns(int64_t first, ptrdiff_t /*count*/) { first_ = static_cast<ptrdiff_t>(first); }
-
-    void SetRow(int64_t row) {
-        in_ = RowOf(source_, row) + first_ * (Source::kBitsPerPixel / 8);
-        ahead_.Advance();
+    /// In pieces where there is something to fetch or to look ahead for.
+    static DrawPlan PlanOf(const SurfaceView &dest, const SurfaceView &source, bool copies) {
+        const Runs runs = CommonRuns(dest, source);
+        const bool whole = copies || (kIsWords && !Lookahead::Pays(runs));
+        return {runs, whole ? Tiles{runs.length, runs.count} : Tiles{Lookahead::kPiecePixels, 1}};
     }
 
-    const BYTE *Read(BYTE *buffer, ptrdiff_t count) const {
-        if constexpr (Source::kBitsPerPixel == 32) {
-            return in_;
+    SameSizeFetch(const SurfaceView &source, SIZE /*fullSize*/)
+        : pixels_(source), first_(RowOf(source, 0)), stride_(source.stride) {}
+
+    void SetColumns(int64_t first, ptrdiff_t /*count*/) {
+        offset_ = static_cast<ptrdiff_t>(first) * (Source::kBitsPerPixel / 8);
+    }
+
+    const BYTE *Read(int64_t row, BYTE *buffer, ptrdiff_t count) const {
+        const BYTE *const in = first_ + static_cast<ptrdiff_t>(row) * stride_ + offset_;
+        if constexpr (kIsWords) {
+            return in;
         } else {
-            SourceRuns::Expand(buffer, pixels_.GetReader(), in_, count, length_ - first_);
+            SourceRuns::Expand(buffer, pixels_.GetReader(), in, count);
             return buffer;
         }
     }
 
 private:
-    const SurfaceView &source_;
     Source pixels_;
-    ptrdiff_t length_, first_ = 0;
-    const BYTE *in_ = nullptr;
-    Lookahead ahead_;
+    const BYTE *first_;
+    ptrdiff_t stride_, offset_ = 0;
 };
 
 /// Draws the common top-left part of both views. `SourceRuns`: BaseRuns, or those of a faster tier.
 template <class Source, class SourceRuns = BaseRuns>
 struct SameSize {
     using Pixels = Source;
+    using Fetch = SameSizeFetch<Source, SourceRuns>;
 
     template <class Combine>
-    static void Draw(const SurfaceView &dest, const SurfaceView &source, const DrawArea & /*area*/,
-                     const Combine &combine) {
-        SurfaceView common = dest;
-        common.width = std::min(dest.width, source.width);
-        common.height = std::min(dest.height, source.height);
-        const bool joined = dest.width == source.width && IsContiguous(dest) && IsContiguous(source);
-        const Runs runs = RunsOf(common, joined);
-        if constexpr (!kIsWords) {
-            DrawRuns(common, source, runs, RunRef(combine));
+    static void Draw(const SurfaceView &dest, const SurfaceView &source, const DrawArea &area, const Combine &combine) {
+        if constexpr (!Fetch::kIsWords) {
+            DrawTiles<Fetch>(dest, source, area, RunRef(combine));
         } else if constexpr (Combine::kCopies) {
-            SourceRuns::Copy(common, source, runs.length * kPixelBytes, runs.count);
+            const Runs runs = CommonRuns(dest, source);
+            SourceRuns::Copy(dest, source, runs.length * kPixelBytes, runs.count);
         } else {
-            // A rule that the compiler knows: for the many short rows of a small draw it is not even a call.
-            DrawRuns(common, source, runs, combine);
+            DrawTiles<Fetch>(dest, source, area, SourceRuns::Known(combine));
         }
-    }
-
-private:
-    static constexpr bool kIsWords = Source::kBitsPerPixel == 32;
-
-    /// In pieces where there is something to fetch or to look ahead for.
-    template <class Combine>
-    static void DrawRuns(const SurfaceView &common, const SurfaceView &source, const Runs &runs,
-                         const Combine &combine) {
-        const bool looksAhead = !combine.Copies() && Lookahead::Pays(common);
-        const bool whole = combine.Copies() || (kIsWords && !looksAhead);
-        const Tiles tiles = whole ? Tiles{runs.length, runs.count} : Tiles{Lookahead::kPiecePixels, 1};
-        DrawTiles<SameSizeFetch<Source, SourceRuns>>(common, {0, 0}, runs, tiles, combine, source, runs, tiles,
-                                                     looksAhead);
     }
 };
 

@@ -8,11 +8,17 @@
 namespace lacquer::sse2 {
 
 struct SourceRuns {
-    template <class... Arguments>
-    static void Expand(Arguments... arguments) {
-        sse2::ExpandPixels(arguments...);
+    template <class Reader>
+    static void Expand(BYTE *out, Reader read, const BYTE *pixels, ptrdiff_t count) {
+        sse2::ExpandPixels(out, read, pixels, count);
     }
     static constexpr auto Copy = CopyRows;
+
+    /// By its type: for the many short rows of a small draw it is not even a call.
+    template <class Combine>
+    static const Combine &Known(const Combine &combine) {
+        return combine;
+    }
 };
 
 }  // namespace lacquer::sse2

@@ -63,9 +63,6 @@ struct KernelTable {
     const KernelRow &operator[](Row row) const { return rows[static_cast<std::size_t>(row)]; }
 };
 
-/// The base tier, of which the processor decides nothing but the bicubic weights.
-KernelTable BaseKernels(WeightForm weights);
-
 /// The table for a processor: the base tier and over it the faster tiers that the processor and this build have.
 /// Depends on nothing else; no slot is null.
 KernelTable BuildKernelTable(const CpuFeatures &features);

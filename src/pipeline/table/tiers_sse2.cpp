@@ -12,11 +12,11 @@ namespace lacquer {
 namespace sse2 {
 namespace {
 
-/// The averaging rows, or all others, as far as the tier has their rule.
+/// The rows of which the tier has the rule; the averaging ones alone, or all.
 template <class TierKit, bool kAveraging>
 void SetRows(KernelTable &table) {
 #define LACQUER_SET_ROW(name, sampler, combine, extent)                                                   \
-    if constexpr ((SamplerKind::sampler == SamplerKind::Area) == kAveraging) {                            \
+    if constexpr (!kAveraging || SamplerKind::sampler == SamplerKind::Area) {                             \
         if constexpr (requires { typename TierKit::combine; })                                            \
             table[Row::name] =                                                                            \
                 MakeRow<TierKit, TierKit::template sampler, typename TierKit::combine, Extent::extent>(); \
@@ -40,6 +40,7 @@ void SetCopy(KernelTable &table) {
     table[Row::CopyRow].slots[kWords] = MakeRow<Kit, Kit::SameSize, CopyRule, Extent::Whole>().slots[kWords];
 }
 
+/// The averages, too, as they enlarge with the finer bicubic weights.
 void ApplyMmxTier(KernelTable &table) {
     SetRows<Kit, false>(table);
     SetSlots<Kit, kMmxTier>(table);
@@ -52,11 +53,7 @@ void ApplySseTier(KernelTable &table) {
 
 void ApplySse2Tier(KernelTable &table, WeightForm weights) {
     SetCopy(table);
-    if (weights == WeightForm::Q14) {
-        SetRows<Kit, true>(table);
-    } else {
-        SetRows<CoarseKit, true>(table);
-    }
+    weights == WeightForm::Q14 ? SetRows<Kit, true>(table) : SetRows<CoarseKit, true>(table);
 }
 
 void ApplySse2Tier(ImageTable &table) {
