@@ -99,8 +99,8 @@ TEST(GeoRectangles, MixFillAndBorderByTheirCovers) {
     for (int round = 0; round < 120; ++round) {
         const GeoRect rect = AnyRect(random, kSide);
         GeoStyle style = AnyStyle(random);
-        style.fill = random.Of({0x00FFFFFFu, 0xFFFFFFFFu, 0xFF102030u, 0x80FF8001u, style.fill});
-        style.border = random.Of({0x00123456u, 0xFFFFFFFFu, 0xFF405060u, 0x407F00FFu, style.border});
+        style.fill = random.Of<DWORD>({0x00FFFFFFu, 0xFFFFFFFFu, 0xFF102030u, 0x80FF8001u, style.fill});
+        style.border = random.Of<DWORD>({0x00123456u, 0xFFFFFFFFu, 0xFF405060u, 0x407F00FFu, style.border});
         const DWORD mode = static_cast<DWORD>(random.Between(0, 8)) << 24 | 0x345678;
         const CanvasKind kind = random.Of({CanvasKind::Memory, CanvasKind::System, CanvasKind::FromDC});
         const EdgeCovers covers(kSide, kSide, rect, style);
