@@ -129,7 +129,7 @@ constexpr DWORD kFlags[] = {0, LACQUER_SHADOW_INNER, LACQUER_SHADOW_FILLED,
 
 TEST(Shadows, AreBlurredShapes) {
     Random random(1);
-    for (int round = 0; round < 60; ++round) {
+    for (int round = 0; round < 32; ++round) {
         const RECT rect = random.Inside({8, 8, 48, 44});
         std::array<float, 4> radii{};
         for (float &radius : radii) radius = static_cast<float>(random.Between(0, 3) * random.Between(0, 300)) / 64;
