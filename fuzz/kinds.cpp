@@ -59,6 +59,11 @@ int ChooseOrigin(Call &call) {
     return call.world.rules.comparable ? std::clamp(origin, -kExact, kExact) : origin;
 }
 
+int ChooseGdiCoordinate(Call &call) {
+    const int coordinate = ChooseCoordinate(call);
+    return call.world.rules.plainGdi ? std::clamp(coordinate, -1000, 1000) : coordinate;
+}
+
 int ChooseSmallInteger(Call &call) {
     return call.choices.Seldom(20) ? call.choices.OneOf(kExtremes) : static_cast<int>(call.choices.Below(12)) - 2;
 }
@@ -180,6 +185,12 @@ RECT ChooseRect(Call &call) {
         if (how >= 248) (how & 2 ? rect.left : rect.top) = call.choices.OneOf(kExtremes);
     }
     return rect;
+}
+
+RECT ChooseGdiRect(Call &call) {
+    const RECT rect = ChooseRect(call);
+    const LONG left = rect.left % 99, top = rect.top % 99;
+    return call.world.rules.plainGdi ? RECT{left, top, left + 20, top + 20} : rect;
 }
 
 RECT ChoosePart(Call &call) {

@@ -35,8 +35,9 @@ struct Chosen {
     Number number;
 };
 
-int ChooseCoordinate(Call &call);    // about the size of a surface; seldom anything
-int ChooseOrigin(Call &call);        // as a coordinate
+int ChooseCoordinate(Call &call);  // about the size of a surface; seldom anything
+int ChooseOrigin(Call &call);      // as a coordinate
+int ChooseGdiCoordinate(Call &call);
 int ChooseSmallInteger(Call &call);  // -2 to 9; seldom anything
 DWORD ChooseColour(Call &call);
 DWORD ChooseKernelMode(Call &call);
@@ -56,6 +57,7 @@ DWORD ChooseCode(Call &call) {
 
 using Coordinate = Chosen<int, ChooseCoordinate>;
 using Origin = Chosen<int, ChooseOrigin>;
+using GdiCoordinate = Chosen<int, ChooseGdiCoordinate>;
 using Integer = Chosen<int, ChooseSmallInteger>;
 using Flag = Chosen<int, ChooseFlag>;
 using Colour = Chosen<DWORD, ChooseColour>;
@@ -122,7 +124,7 @@ struct Handle {
             break;
         }
         handle = pool[place];
-        if (how >= 240) Disguise(call, how & 15);
+        if (how >= 240 && !(kIsGdiHandle<Type> && call.world.rules.plainGdi)) Disguise(call, how & 15);
         call.usesLive = call.usesLive && IsLive(handle);
         if constexpr (requires(SurfaceView view) { PixelsOf(handle, view); }) {
             if (call.world.rules.comparable) NotePixels(call);
@@ -244,6 +246,7 @@ void WriteRecord(std::ostream &out, const RGBRecord &colour);
 void WriteRecord(std::ostream &out, const HSLRecord &colour);
 
 RECT ChooseRect(Call &call);
+RECT ChooseGdiRect(Call &call);
 RECT ChoosePart(Call &call);
 RECT ChooseMargins(Call &call);
 TextureMode ChooseTextureMode(Call &call);
@@ -266,6 +269,7 @@ struct In {
     Record record;
 };
 using Rect = In<RECT, ChooseRect>;
+using GdiRect = In<RECT, ChooseGdiRect, 0>;
 using Part = In<RECT, ChoosePart, 100>;  // of a surface; null stands for all of it
 using Margins = In<RECT, ChooseMargins>;
 
@@ -277,6 +281,10 @@ struct Out {
     void Write(std::ostream &out) const { out << (isNull ? "0" : "&out"); }
     void After(Call &call) {
         if (!call.done || isNull) return;
+        if constexpr (std::is_same_v<Record, RECT>) {
+            // An empty box may be any.
+            if (record.left >= record.right || record.top >= record.bottom) record = {};
+        }
         call.digest.AddBytes(&record, sizeof record);
         if constexpr (requires { WriteRecord(*call.text, record); }) {
             if (call.text) WriteRecord(*call.text << "// gives ", record), *call.text << '\n';

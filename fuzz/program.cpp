@@ -7,15 +7,8 @@
 #include <cstdlib>
 #include <string_view>
 
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define LACQUER_FUZZ_SANITIZED
-#endif
-#elif defined(__SANITIZE_ADDRESS__)
-#define LACQUER_FUZZ_SANITIZED
-#endif
-#ifdef LACQUER_FUZZ_SANITIZED
-extern "C" size_t __sanitizer_get_current_allocated_bytes();
+#ifndef _WIN32
+extern "C" __attribute__((weak)) size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 namespace fuzz {
@@ -23,7 +16,7 @@ namespace fuzz {
 const std::vector<Row> &Calls() {
     static const std::vector<Row> calls = [] {
         std::vector<Row> all;
-        for (const auto &part : {SurfaceCalls(), VectorCalls(), TextCalls(), ContextCalls(), TransferCalls()}) {
+        for (const auto &part : {SurfaceCalls(), VectorCalls(), TextCalls(), ContextCalls(), GdiCalls()}) {
             all.insert(all.end(), part.begin(), part.end());
         }
         std::sort(all.begin(), all.end(), [](const Row &a, const Row &b) { return a.code < b.code; });
@@ -71,11 +64,10 @@ Program MakeProgram(uint64_t seed, uint64_t index, const Rules &rules) {
 }
 
 size_t BytesInUse() {
-#ifdef LACQUER_FUZZ_SANITIZED
-    return __sanitizer_get_current_allocated_bytes();
-#else
-    return 0;
+#ifndef _WIN32
+    if (__sanitizer_get_current_allocated_bytes) return __sanitizer_get_current_allocated_bytes();
 #endif
+    return 0;
 }
 
 namespace {
