@@ -109,11 +109,7 @@ struct RegionData {
     std::tuple<DWORD, const RGNDATA *> Value() const {
         return {static_cast<DWORD>(bytes.size()), reinterpret_cast<const RGNDATA *>(bytes.data())};
     }
-    void Write(std::ostream &out) const {
-        out << bytes.size() << ", {";
-        for (const RECT &rect : rects) WriteRecord(out, rect);
-        out << '}';
-    }
+    void Write(std::ostream &out) const { WriteItems(out << bytes.size() << ", ", rects); }
     std::vector<RECT> rects;
     std::vector<char> bytes;
 };
@@ -188,13 +184,11 @@ std::vector<Row> GdiCalls() {
         CALL(OffsetRgn, Region, GdiCoordinate, GdiCoordinate),
         CALL(PtInRegion, Region, GdiCoordinate, GdiCoordinate),
         CALL(RectInRegion, Region, GdiRect),
-        CALL(BitBlt, Dc, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate, Dc, GdiCoordinate, GdiCoordinate,
+        CALL(BitBlt, Dc, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate, Dc, Span, Span, Operation),
+        CALL(StretchBlt, Dc, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate, Dc, Span, Span, Span, Span,
              Operation),
-        CALL(StretchBlt, Dc, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate, Dc, GdiCoordinate,
-             GdiCoordinate, GdiCoordinate, GdiCoordinate, Operation),
         CALL(PatBlt, Dc, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate, Operation),
-        CALL(GdiAlphaBlend, Dc, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate, Dc, GdiCoordinate,
-             GdiCoordinate, GdiCoordinate, GdiCoordinate, BlendWord),
+        CALL(GdiAlphaBlend, Dc, GdiCoordinate, GdiCoordinate, Span, Span, Dc, Span, Span, Span, Span, BlendWord),
         CALL_AS(SetDIBitsToDevice,
                 (+[](HDC dc, int x, int y, DWORD width, DWORD height, int sourceX, int sourceY, UINT first, UINT count,
                      const void *bits, const BITMAPINFO *info) {

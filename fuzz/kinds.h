@@ -14,30 +14,43 @@ namespace fuzz {
 
 // ---- Numbers
 
-void WriteNumber(std::ostream &out, double value);
-void WriteNumber(std::ostream &out, float value);
-inline void WriteNumber(std::ostream &out, int value) { out << value; }
-inline void WriteNumber(std::ostream &out, DWORD value) {
-    if (value < 65536) {
-        out << value;
+/// Writes a number, or a record as the numbers that it consists of.
+template <class Value>
+void Write(std::ostream &out, const Value &value) {
+    if constexpr (std::is_floating_point_v<Value>) {
+        out << value;  // as "nan" and "inf" where it is no number
+    } else if constexpr (std::is_same_v<Value, DWORD>) {
+        out << (value < 65536 ? "" : "0x") << (value < 65536 ? std::dec : std::hex) << value << std::dec;
+    } else if constexpr (std::is_integral_v<Value>) {
+        out << +value;
     } else {
-        out << "0x" << std::hex << value << std::dec;
+        using Part = std::conditional_t<std::is_same_v<Value, velPointF>, float,
+                                        std::conditional_t<alignof(Value) == 1, BYTE, LONG>>;
+        Part parts[sizeof(Value) / sizeof(Part)];
+        std::memcpy(parts, &value, sizeof parts);
+        for (const Part &part : parts) Write(out << (&part == parts ? "{" : ", "), part);
+        out << '}';
     }
 }
-inline void WriteNumber(std::ostream &out, WORD value) { out << value; }
-inline void WriteNumber(std::ostream &out, BYTE value) { out << static_cast<int>(value); }
+template <class Items>
+void WriteItems(std::ostream &out, const Items &items) {
+    out << '{';
+    for (const auto &item : items) Write(out, item), out << ", ";
+    out << '}';
+}
 
 template <class Number, Number (*kChoose)(Call &)>
 struct Chosen {
     explicit Chosen(Call &call) : number(kChoose(call)) {}
     Number Value() const { return number; }
-    void Write(std::ostream &out) const { WriteNumber(out, number); }
+    void Write(std::ostream &out) const { fuzz::Write(out, number); }
     Number number;
 };
 
 int ChooseCoordinate(Call &call);  // about the size of a surface; seldom anything
 int ChooseOrigin(Call &call);      // as a coordinate
 int ChooseGdiCoordinate(Call &call);
+int ChooseSpan(Call &call);          // 0 to 11; seldom anything
 int ChooseSmallInteger(Call &call);  // -2 to 9; seldom anything
 DWORD ChooseColour(Call &call);
 DWORD ChooseKernelMode(Call &call);
@@ -58,6 +71,7 @@ DWORD ChooseCode(Call &call) {
 using Coordinate = Chosen<int, ChooseCoordinate>;
 using Origin = Chosen<int, ChooseOrigin>;
 using GdiCoordinate = Chosen<int, ChooseGdiCoordinate>;
+using Span = Chosen<int, ChooseSpan>;
 using Integer = Chosen<int, ChooseSmallInteger>;
 using Flag = Chosen<int, ChooseFlag>;
 using Colour = Chosen<DWORD, ChooseColour>;
@@ -239,12 +253,6 @@ struct Entry {
 
 // ---- Records
 
-void WriteRecord(std::ostream &out, const RECT &rect);
-void WriteRecord(std::ostream &out, const POINT &point);
-void WriteRecord(std::ostream &out, const TextureMode &mode);
-void WriteRecord(std::ostream &out, const RGBRecord &colour);
-void WriteRecord(std::ostream &out, const HSLRecord &colour);
-
 RECT ChooseRect(Call &call);
 RECT ChooseGdiRect(Call &call);
 RECT ChoosePart(Call &call);
@@ -262,7 +270,7 @@ struct In {
         if (isNull) {
             out << "0";
         } else {
-            WriteRecord(out << '&', record);
+            fuzz::Write(out << '&', record);
         }
     }
     bool isNull;
@@ -286,9 +294,7 @@ struct Out {
             if (record.left >= record.right || record.top >= record.bottom) record = {};
         }
         call.digest.AddBytes(&record, sizeof record);
-        if constexpr (requires { WriteRecord(*call.text, record); }) {
-            if (call.text) WriteRecord(*call.text << "// gives ", record), *call.text << '\n';
-        }
+        if (call.text) fuzz::Write(*call.text << "// gives ", record), *call.text << '\n';
     }
     bool isNull;
     Record record{};
@@ -313,16 +319,7 @@ struct List {
         if (isNull) {
             out << '0';
         } else {
-            out << '{';
-            for (const Item &item : items) {
-                if constexpr (std::is_arithmetic_v<Item>) {
-                    WriteNumber(out, item);
-                } else {
-                    WriteRecord(out, item);
-                }
-                out << ", ";
-            }
-            out << '}';
+            WriteItems(out, items);
         }
         out << ", " << count;
     }

@@ -72,10 +72,11 @@ size_t BytesInUse() {
 
 namespace {
 
-/// Whether views that were locked before a call are sure to be valid after it.
-bool KeepsViews(std::string_view name) {
-    for (const char *start : {"Lock", "Draw", "Fill", "Mix", "Set", "Write", "Path", "velPath"}) {
-        if (name.starts_with(start)) return true;
+/// Whether views that were locked before a call may be invalid after it: an object ends, or pixels move.
+bool MayEndViews(std::string_view name) {
+    for (const char *part :
+         {"Del", "Release", "Handle", "CanvasTo", "BitmapTo", "Unlock", "Blend", "Trans", "Select", "Restore"}) {
+        if (name.find(part) != std::string_view::npos) return true;
     }
     return false;
 }
@@ -94,7 +95,7 @@ void RunOnce(std::span<const uint8_t> program, const Rules &rules, std::ostream 
         for (size_t byte = 4; byte-- > 0;) code = code << 8 | record[byte];
         const Row &row = RowFor(code);
         if (!(row.group & rules.groups)) continue;
-        if (!KeepsViews(row.name)) world.views.clear();
+        if (MayEndViews(row.name)) world.views.clear();
         Call call(world, record.subspan(4), text);
         row.invoke(call);
         if (listener && !call.isUndefined) {
