@@ -10,8 +10,8 @@
 
 namespace fuzz {
 
-/// Kinds of call, as bits.
-enum Group : unsigned { kSurfaces = 1, kVector = 2, kText = 4, kContexts = 8, kTransfers = 16 };
+/// Kinds of call, as bits. `kContexts`: what makes a device context that canvases draw on; the rest of GDI is `kGdi`.
+enum Group : unsigned { kSurfaces = 1, kVector = 2, kText = 4, kContexts = 8, kGdi = 16 };
 
 /// One call while it is made.
 class Call {
@@ -59,6 +59,6 @@ std::vector<Row> FigureCalls();
 std::vector<Row> VectorCalls();
 std::vector<Row> TextCalls();
 std::vector<Row> ContextCalls();
-std::vector<Row> TransferCalls();
+std::vector<Row> GdiCalls();
 
 }  // namespace fuzz

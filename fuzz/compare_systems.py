@@ -10,6 +10,14 @@ import sys
 
 SKIPPED = 77
 
+# The kind of an empty clip, and fractions that go through each system's own sine and cosine.
+ANSWERS_DIFFER = {"IntersectClipRect", "PathGetBounds", "velPathGetBounds"}
+
+
+def comparable(line):
+    fields = line.split()
+    return fields[:4] + fields[5:] if len(fields) == 6 and fields[2] in ANSWERS_DIFFER else fields
+
 
 def main():
     separator = sys.argv.index("--")
@@ -25,7 +33,7 @@ def main():
     for line, other in itertools.zip_longest(*(process.stdout for process in processes), fillvalue="the end"):
         calls += 1
         program = line.split()[0]
-        if line.split() != other.split() and program not in different:
+        if comparable(line) != comparable(other) and program not in different:
             different[program] = (line.strip(), other.strip())
         if "the end" in (line, other):
             for process in processes:

@@ -30,7 +30,7 @@ namespace {
 constexpr const char *kUsage =
     "lacquer_fuzz [options] [file or folder of programs ...]\n"
     "  --seed N --first N --programs N --seconds S   which programs are made, and how many, without files\n"
-    "  --groups surfaces,vector,text,contexts,transfers   the calls that they are made of\n"
+    "  --groups surfaces,vector,text,contexts,gdi   the calls that they are made of\n"
     "  --print      writes every call\n"
     "  --report     counts the calls of each function\n"
     "  --tables     compares the kernel tables of different processors\n"
@@ -85,8 +85,8 @@ void RunOne(const Options &options, uint64_t index, const Program &program, Prog
         ++counts.calls;
         counts.done += call.done;
         if (!options.digests) return;
-        std::printf("%llu %llu %s %016llx %016llx\n", static_cast<unsigned long long>(index),
-                    static_cast<unsigned long long>(number++), call.row.name,
+        std::printf("%llu %llu %s %s %016llx %016llx\n", static_cast<unsigned long long>(index),
+                    static_cast<unsigned long long>(number++), call.row.name, call.done ? "done" : "refused",
                     static_cast<unsigned long long>(call.results), static_cast<unsigned long long>(call.pixels));
     });
 }
@@ -258,7 +258,7 @@ int CheckExports(const char *path) {
 }
 
 unsigned GroupsNamed(const std::string &list) {
-    constexpr const char *kNames[] = {"surfaces", "vector", "text", "contexts", "transfers"};
+    constexpr const char *kNames[] = {"surfaces", "vector", "text", "contexts", "gdi"};
     unsigned groups = 0;
     for (unsigned i = 0; i < std::size(kNames); ++i) {
         if (list.find(kNames[i]) != std::string::npos) groups |= 1u << i;
@@ -268,6 +268,8 @@ unsigned GroupsNamed(const std::string &list) {
 
 int Main(int count, char **arguments) {
     Options options;
+    int missing = 0;
+    bool checks = false;
     for (int i = 1; i < count; ++i) {
         const std::string argument = arguments[i];
         const auto value = [&] { return ++i < count ? arguments[i] : ""; };
@@ -288,11 +290,12 @@ int Main(int count, char **arguments) {
         } else if (argument == "--tables") {
             options.tables = true;
         } else if (argument == "--digests") {
-            options.digests = options.rules.comparable = true;
+            options.digests = options.rules.comparable = options.rules.plainGdi = true;
         } else if (argument == "--save") {
             options.save = value();
         } else if (argument == "--exports") {
-            return CheckExports(value()) != 0;
+            missing += CheckExports(value());
+            checks = true;
         } else if (argument.starts_with("-")) {
             std::fputs(kUsage, stderr);
             return 2;
@@ -304,6 +307,7 @@ int Main(int count, char **arguments) {
             options.files.push_back(argument);
         }
     }
+    if (checks) return missing != 0;
     if (options.seconds == 0 && options.programs == UINT64_MAX) options.programs = 1000;
     Progress &progress = MakeProgress();
     const double start = Now();

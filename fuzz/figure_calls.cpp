@@ -3,34 +3,6 @@
 #include "kinds.h"
 
 namespace fuzz {
-
-void WriteRecord(std::ostream &out, const GeoRect &rect) {
-    out << "(GeoRect){";
-    for (const float edge : {rect.left, rect.top, rect.right, rect.bottom}) WriteNumber(out, edge), out << ", ";
-    out << '}';
-}
-
-static void WriteRadii(std::ostream &out, const float (&radii)[4]) {
-    out << '{';
-    for (const float radius : radii) WriteNumber(out, radius), out << ", ";
-    out << '}';
-}
-
-void WriteRecord(std::ostream &out, const GeoStyle &style) {
-    out << "(GeoStyle){0x" << std::hex << style.border << ", 0x" << style.fill << std::dec << ", ";
-    WriteNumber(out, style.borderWidth);
-    WriteRadii(out << ", ", style.radii);
-    out << '}';
-}
-
-void WriteRecord(std::ostream &out, const ShadowStyle &style) {
-    out << "(ShadowStyle){0x" << std::hex << style.colour << std::dec << ", " << style.offsetX << ", " << style.offsetY;
-    for (const float number : {style.blur, style.spread}) WriteNumber(out << ", ", number);
-    WriteRadii(out << ", ", style.radii);
-    WriteNumber(out << ", ", style.lightness);
-    out << ", " << style.flags << '}';
-}
-
 namespace {
 
 constexpr Group kGroup = kSurfaces;

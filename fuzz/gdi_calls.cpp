@@ -7,11 +7,10 @@ namespace {
 
 using OwnDc = Ended<HDC>;
 int ChooseLevel(Call &call) {
-    return call.choices.Seldom(20) ? ChooseCoordinate(call) % 1000 : call.choices.Byte() % 6 - 3;
+    return call.choices.Seldom(20) ? ChooseGdiCoordinate(call) % 1000 : call.choices.Byte() % 6 - 3;
 }
 using Level = Chosen<int, ChooseLevel>;
 
-using NeededRect = In<RECT, ChooseRect, 0>;
 template <class Record>
 using Needed = Out<Record, 0>;
 
@@ -36,6 +35,12 @@ struct BlendWord {
     BLENDFUNCTION blend;
 };
 
+struct GdiExtent : Extent {
+    explicit GdiExtent(Call &call) : Extent(call) {
+        if (call.world.rules.plainGdi) width %= caps::kSide, height %= caps::kSide;
+    }
+};
+
 /// The layout of a picture, and its pixels.
 struct Picture {
     explicit Picture(Call &call) {
@@ -45,10 +50,11 @@ struct Picture {
         header.biWidth = static_cast<LONG>(1 + call.choices.Below(caps::kSide));
         header.biHeight = static_cast<LONG>(1 + call.choices.Below(caps::kSide));
         header.biPlanes = 1;
-        header.biBitCount = call.choices.Seldom(8) ? kDepths[call.choices.Below(10)] : kDepths[call.choices.Below(7)];
+        const bool isPlain = call.world.rules.plainGdi;
+        header.biBitCount = kDepths[call.choices.Below(isPlain ? 4 : call.choices.Seldom(8) ? 10 : 7)];
         const size_t words = static_cast<size_t>(header.biWidth) * 2 * static_cast<size_t>(header.biHeight);
         if (call.choices.Byte() & 1) header.biHeight = -header.biHeight;
-        if (call.choices.Seldom(8)) header.biWidth = call.choices.Seldom(128) ? 0 : -header.biWidth;
+        if (!isPlain && call.choices.Seldom(8)) header.biWidth = call.choices.Seldom(128) ? 0 : -header.biWidth;
         header.biClrUsed = call.choices.Seldom(64) ? call.choices.Below(257) : 0;
         uint64_t state = call.choices.Byte();
         for (RGBQUAD &colour : info.colours) {
@@ -92,22 +98,18 @@ struct Scans : Picture {
 /// Rectangles as a region's data.
 struct RegionData {
     explicit RegionData(Call &call) : rects(call.choices.Below(6)) {
-        for (RECT &rect : rects) rect = ChooseRect(call);
+        for (RECT &rect : rects) rect = ChooseGdiRect(call);
         const DWORD count = static_cast<DWORD>(rects.size()), size = count * static_cast<DWORD>(sizeof(RECT));
         const RGNDATAHEADER header{sizeof header, RDH_RECTANGLES, count, size, {-32768, -32768, 32767, 32767}};
         bytes.resize(sizeof header + size);
         std::memcpy(bytes.data(), &header, sizeof header);
         if (count > 0) std::memcpy(bytes.data() + sizeof header, rects.data(), size);
-        if (call.choices.Seldom(8)) bytes.resize(bytes.size() - 1);
+        if (!call.world.rules.plainGdi && call.choices.Seldom(8)) bytes.resize(bytes.size() - 1);
     }
     std::tuple<DWORD, const RGNDATA *> Value() const {
         return {static_cast<DWORD>(bytes.size()), reinterpret_cast<const RGNDATA *>(bytes.data())};
     }
-    void Write(std::ostream &out) const {
-        out << bytes.size() << ", {";
-        for (const RECT &rect : rects) WriteRecord(out, rect);
-        out << '}';
-    }
+    void Write(std::ostream &out) const { WriteItems(out << bytes.size() << ", ", rects); }
     std::vector<RECT> rects;
     std::vector<char> bytes;
 };
@@ -136,67 +138,66 @@ std::vector<Row> ContextCalls() {
         CALL(SetWindowOrgEx, Dc, Origin, Origin, Out<POINT>),
         CALL(GetViewportOrgEx, Dc, Needed<POINT>),
         CALL(GetWindowOrgEx, Dc, Needed<POINT>),
-        CALL(SetStretchBltMode, Dc, Integer),
-        CALL(GetStretchBltMode, Dc),
         CALL(GdiFlush),
         CALL_AS(SelectObject, (+[](HDC dc, HBITMAP bitmap) { return SelectObject(dc, bitmap) != nullptr; }), Dc,
                 GdiBitmap),
         CALL_AS(DeleteObject, (+[](HBITMAP bitmap) { return DeleteObject(bitmap); }), Ended<HBITMAP>),
-        CALL_AS(DeleteRegion, (+[](HRGN region) { return DeleteObject(region); }), Ended<HRGN>),
         CALL_AS(CreateDIBSection, (+[](const BITMAPINFO *info) {
                     return Owned<HBITMAP>{CreateDIBSection(nullptr, info, DIB_RGB_COLORS, nullptr, nullptr, 0)};
                 }),
                 Layout),
+        CALL(IntersectClipRect, Dc, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate),
+    };
+}
+
+std::vector<Row> GdiCalls() {
+    constexpr Group kGroup = kGdi;
+    return {
+        CALL(SetStretchBltMode, Dc, Integer),
+        CALL(GetStretchBltMode, Dc),
+        CALL_AS(DeleteRegion, (+[](HRGN region) { return DeleteObject(region); }), Ended<HRGN>),
         CALL_AS(CreateBitmap, (+[](DWORD width, DWORD height) {
                     return Owned<HBITMAP>{
                         CreateBitmap(static_cast<int>(width), static_cast<int>(height), 1, 32, nullptr)};
                 }),
-                Extent),
+                GdiExtent),
         CALL_AS(CreateCompatibleBitmap, (+[](HDC dc, DWORD width, DWORD height) {
                     return Owned<HBITMAP>{
                         CreateCompatibleBitmap(dc, static_cast<int>(width), static_cast<int>(height))};
                 }),
-                Dc, Extent),
+                Dc, GdiExtent),
         CALL(GetClipBox, Dc, Needed<RECT>),
         CALL(GetClipRgn, Dc, Region),
         CALL(SelectClipRgn, Dc, Region),
         CALL(ExtSelectClipRgn, Dc, Region, Combination),
-        CALL(IntersectClipRect, Dc, Coordinate, Coordinate, Coordinate, Coordinate),
-        CALL(ExcludeClipRect, Dc, Coordinate, Coordinate, Coordinate, Coordinate),
-        CALL(OffsetClipRgn, Dc, Coordinate, Coordinate),
-        CALL(PtVisible, Dc, Coordinate, Coordinate),
-        CALL(RectVisible, Dc, NeededRect),
-        CALL(CreateRectRgn, Coordinate, Coordinate, Coordinate, Coordinate),
+        CALL(ExcludeClipRect, Dc, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate),
+        CALL(OffsetClipRgn, Dc, GdiCoordinate, GdiCoordinate),
+        CALL(PtVisible, Dc, GdiCoordinate, GdiCoordinate),
+        CALL(RectVisible, Dc, GdiRect),
+        CALL(CreateRectRgn, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate),
         CALL_AS(ExtCreateRegion,
                 (+[](DWORD size, const RGNDATA *data) { return ExtCreateRegion(nullptr, size, data); }), RegionData),
-        CALL(SetRectRgn, Region, Coordinate, Coordinate, Coordinate, Coordinate),
+        CALL(SetRectRgn, Region, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate),
         CALL(CombineRgn, Region, Region, Region, Combination),
         CALL(GetRgnBox, Region, Needed<RECT>),
         CALL(EqualRgn, Region, Region),
-        CALL(OffsetRgn, Region, Coordinate, Coordinate),
-        CALL(PtInRegion, Region, Coordinate, Coordinate),
-        CALL(RectInRegion, Region, NeededRect),
-    };
-}
-
-std::vector<Row> TransferCalls() {
-    constexpr Group kGroup = kTransfers;
-    return {
-        CALL(BitBlt, Dc, Coordinate, Coordinate, Coordinate, Coordinate, Dc, Coordinate, Coordinate, Operation),
-        CALL(StretchBlt, Dc, Coordinate, Coordinate, Coordinate, Coordinate, Dc, Coordinate, Coordinate, Coordinate,
-             Coordinate, Operation),
-        CALL(PatBlt, Dc, Coordinate, Coordinate, Coordinate, Coordinate, Operation),
-        CALL(GdiAlphaBlend, Dc, Coordinate, Coordinate, Coordinate, Coordinate, Dc, Coordinate, Coordinate, Coordinate,
-             Coordinate, BlendWord),
+        CALL(OffsetRgn, Region, GdiCoordinate, GdiCoordinate),
+        CALL(PtInRegion, Region, GdiCoordinate, GdiCoordinate),
+        CALL(RectInRegion, Region, GdiRect),
+        CALL(BitBlt, Dc, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate, Dc, Span, Span, Operation),
+        CALL(StretchBlt, Dc, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate, Dc, Span, Span, Span, Span,
+             Operation),
+        CALL(PatBlt, Dc, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate, Operation),
+        CALL(GdiAlphaBlend, Dc, GdiCoordinate, GdiCoordinate, Span, Span, Dc, Span, Span, Span, Span, BlendWord),
         CALL_AS(SetDIBitsToDevice,
                 (+[](HDC dc, int x, int y, DWORD width, DWORD height, int sourceX, int sourceY, UINT first, UINT count,
                      const void *bits, const BITMAPINFO *info) {
                     return SetDIBitsToDevice(dc, x, y, width, height, sourceX, sourceY, first, count, bits, info,
                                              DIB_RGB_COLORS);
                 }),
-                Dc, Coordinate, Coordinate, Extent, Coordinate, Coordinate, Scans),
-        CALL(GetPixel, Dc, Coordinate, Coordinate),
-        CALL(SetPixel, Dc, Coordinate, Coordinate, Colour),
+                Dc, GdiCoordinate, GdiCoordinate, GdiExtent, GdiCoordinate, GdiCoordinate, Scans),
+        CALL(GetPixel, Dc, GdiCoordinate, GdiCoordinate),
+        CALL(SetPixel, Dc, GdiCoordinate, GdiCoordinate, Colour),
     };
 }
 

@@ -34,17 +34,6 @@ float ChooseOddFloat(Call &call) { return call.choices.OneOf(kOddFloats); }
 
 }  // namespace
 
-void WriteNumber(std::ostream &out, double value) {
-    if (std::isnan(value)) {
-        out << "NAN";
-    } else if (std::isinf(value)) {
-        out << (value < 0 ? "-INFINITY" : "INFINITY");
-    } else {
-        out << value;
-    }
-}
-void WriteNumber(std::ostream &out, float value) { WriteNumber(out, static_cast<double>(value)); }
-
 int ChooseCoordinate(Call &call) {
     const int place = call.choices.Byte();
     if (place < 208) return place % 80 - 8;
@@ -57,6 +46,15 @@ int ChooseOrigin(Call &call) {
     constexpr int kExact = 1 << 23;
     const int origin = ChooseCoordinate(call);
     return call.world.rules.comparable ? std::clamp(origin, -kExact, kExact) : origin;
+}
+
+int ChooseGdiCoordinate(Call &call) {
+    const int coordinate = ChooseCoordinate(call);
+    return call.world.rules.plainGdi ? std::clamp(coordinate, -1000, 1000) : coordinate;
+}
+
+int ChooseSpan(Call &call) {
+    return call.choices.Seldom(40) ? ChooseGdiCoordinate(call) : static_cast<int>(call.choices.Below(12));
 }
 
 int ChooseSmallInteger(Call &call) {
@@ -147,22 +145,6 @@ Entry::Entry(Call &call) {
     if (place >= 250) handle += 0x80000000;
 }
 
-void WriteRecord(std::ostream &out, const RECT &rect) {
-    out << "(RECT){" << rect.left << ", " << rect.top << ", " << rect.right << ", " << rect.bottom << '}';
-}
-void WriteRecord(std::ostream &out, const POINT &point) { out << '{' << point.x << ", " << point.y << '}'; }
-void WriteRecord(std::ostream &out, const TextureMode &mode) {
-    out << "(TextureMode){" << mode.mode << ", " << mode.scaleFlags << ", ";
-    WriteRecord(out, mode.margins);
-    out << '}';
-}
-void WriteRecord(std::ostream &out, const RGBRecord &colour) {
-    out << "(RGBRecord){" << +colour.b << ", " << +colour.g << ", " << +colour.r << '}';
-}
-void WriteRecord(std::ostream &out, const HSLRecord &colour) {
-    out << "(HSLRecord){" << +colour.l << ", " << +colour.s << ", " << +colour.h << '}';
-}
-
 RECT ChooseRect(Call &call) {
     const int how = call.choices.Byte();
     RECT rect{};
@@ -180,6 +162,12 @@ RECT ChooseRect(Call &call) {
         if (how >= 248) (how & 2 ? rect.left : rect.top) = call.choices.OneOf(kExtremes);
     }
     return rect;
+}
+
+RECT ChooseGdiRect(Call &call) {
+    const RECT rect = ChooseRect(call);
+    const LONG left = rect.left % 99, top = rect.top % 99;
+    return call.world.rules.plainGdi ? RECT{left, top, left + 20, top + 20} : rect;
 }
 
 RECT ChoosePart(Call &call) {

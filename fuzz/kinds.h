@@ -14,29 +14,43 @@ namespace fuzz {
 
 // ---- Numbers
 
-void WriteNumber(std::ostream &out, double value);
-void WriteNumber(std::ostream &out, float value);
-inline void WriteNumber(std::ostream &out, int value) { out << value; }
-inline void WriteNumber(std::ostream &out, DWORD value) {
-    if (value < 65536) {
-        out << value;
+/// Writes a number, or a record as the numbers that it consists of.
+template <class Value>
+void Write(std::ostream &out, const Value &value) {
+    if constexpr (std::is_floating_point_v<Value>) {
+        out << value;  // as "nan" and "inf" where it is no number
+    } else if constexpr (std::is_same_v<Value, DWORD>) {
+        out << (value < 65536 ? "" : "0x") << (value < 65536 ? std::dec : std::hex) << value << std::dec;
+    } else if constexpr (std::is_integral_v<Value>) {
+        out << +value;
     } else {
-        out << "0x" << std::hex << value << std::dec;
+        using Part = std::conditional_t<std::is_same_v<Value, velPointF> || std::is_same_v<Value, GeoRect>, float,
+                                        std::conditional_t<alignof(Value) == 1, BYTE, LONG>>;
+        Part parts[sizeof(Value) / sizeof(Part)];
+        std::memcpy(parts, &value, sizeof parts);
+        for (const Part &part : parts) Write(out << (&part == parts ? "{" : ", "), part);
+        out << '}';
     }
 }
-inline void WriteNumber(std::ostream &out, WORD value) { out << value; }
-inline void WriteNumber(std::ostream &out, BYTE value) { out << static_cast<int>(value); }
+template <class Items>
+void WriteItems(std::ostream &out, const Items &items) {
+    out << '{';
+    for (const auto &item : items) Write(out, item), out << ", ";
+    out << '}';
+}
 
 template <class Number, Number (*kChoose)(Call &)>
 struct Chosen {
     explicit Chosen(Call &call) : number(kChoose(call)) {}
     Number Value() const { return number; }
-    void Write(std::ostream &out) const { WriteNumber(out, number); }
+    void Write(std::ostream &out) const { fuzz::Write(out, number); }
     Number number;
 };
 
-int ChooseCoordinate(Call &call);    // about the size of a surface; seldom anything
-int ChooseOrigin(Call &call);        // as a coordinate
+int ChooseCoordinate(Call &call);  // about the size of a surface; seldom anything
+int ChooseOrigin(Call &call);      // as a coordinate
+int ChooseGdiCoordinate(Call &call);
+int ChooseSpan(Call &call);          // 0 to 11; seldom anything
 int ChooseSmallInteger(Call &call);  // -2 to 9; seldom anything
 DWORD ChooseColour(Call &call);
 DWORD ChooseKernelMode(Call &call);
@@ -56,6 +70,8 @@ DWORD ChooseCode(Call &call) {
 
 using Coordinate = Chosen<int, ChooseCoordinate>;
 using Origin = Chosen<int, ChooseOrigin>;
+using GdiCoordinate = Chosen<int, ChooseGdiCoordinate>;
+using Span = Chosen<int, ChooseSpan>;
 using Integer = Chosen<int, ChooseSmallInteger>;
 using Flag = Chosen<int, ChooseFlag>;
 using Colour = Chosen<DWORD, ChooseColour>;
@@ -122,7 +138,7 @@ struct Handle {
             break;
         }
         handle = pool[place];
-        if (how >= 240) Disguise(call, how & 15);
+        if (how >= 240 && !(kIsGdiHandle<Type> && call.world.rules.plainGdi)) Disguise(call, how & 15);
         call.usesLive = call.usesLive && IsLive(handle);
         if constexpr (requires(SurfaceView view) { PixelsOf(handle, view); }) {
             if (call.world.rules.comparable) NotePixels(call);
@@ -237,16 +253,8 @@ struct Entry {
 
 // ---- Records
 
-void WriteRecord(std::ostream &out, const RECT &rect);
-void WriteRecord(std::ostream &out, const POINT &point);
-void WriteRecord(std::ostream &out, const TextureMode &mode);
-void WriteRecord(std::ostream &out, const RGBRecord &colour);
-void WriteRecord(std::ostream &out, const HSLRecord &colour);
-void WriteRecord(std::ostream &out, const GeoRect &rect);
-void WriteRecord(std::ostream &out, const GeoStyle &style);
-void WriteRecord(std::ostream &out, const ShadowStyle &style);
-
 RECT ChooseRect(Call &call);
+RECT ChooseGdiRect(Call &call);
 RECT ChoosePart(Call &call);
 RECT ChooseMargins(Call &call);
 TextureMode ChooseTextureMode(Call &call);
@@ -262,13 +270,14 @@ struct In {
         if (isNull) {
             out << "0";
         } else {
-            WriteRecord(out << '&', record);
+            fuzz::Write(out << '&', record);
         }
     }
     bool isNull;
     Record record;
 };
 using Rect = In<RECT, ChooseRect>;
+using GdiRect = In<RECT, ChooseGdiRect, 0>;
 using Part = In<RECT, ChoosePart, 100>;  // of a surface; null stands for all of it
 using Margins = In<RECT, ChooseMargins>;
 
@@ -280,10 +289,12 @@ struct Out {
     void Write(std::ostream &out) const { out << (isNull ? "0" : "&out"); }
     void After(Call &call) {
         if (!call.done || isNull) return;
-        call.digest.AddBytes(&record, sizeof record);
-        if constexpr (requires { WriteRecord(*call.text, record); }) {
-            if (call.text) WriteRecord(*call.text << "// gives ", record), *call.text << '\n';
+        if constexpr (std::is_same_v<Record, RECT>) {
+            // An empty box may be any.
+            if (record.left >= record.right || record.top >= record.bottom) record = {};
         }
+        call.digest.AddBytes(&record, sizeof record);
+        if (call.text) fuzz::Write(*call.text << "// gives ", record), *call.text << '\n';
     }
     bool isNull;
     Record record{};
@@ -308,16 +319,7 @@ struct List {
         if (isNull) {
             out << '0';
         } else {
-            out << '{';
-            for (const Item &item : items) {
-                if constexpr (std::is_arithmetic_v<Item>) {
-                    WriteNumber(out, item);
-                } else {
-                    WriteRecord(out, item);
-                }
-                out << ", ";
-            }
-            out << '}';
+            WriteItems(out, items);
         }
         out << ", " << count;
     }

@@ -7,15 +7,8 @@
 #include <cstdlib>
 #include <string_view>
 
-#if defined(__has_feature)
-#if __has_feature(address_sanitizer)
-#define LACQUER_FUZZ_SANITIZED
-#endif
-#elif defined(__SANITIZE_ADDRESS__)
-#define LACQUER_FUZZ_SANITIZED
-#endif
-#ifdef LACQUER_FUZZ_SANITIZED
-extern "C" size_t __sanitizer_get_current_allocated_bytes();
+#ifndef _WIN32
+extern "C" __attribute__((weak)) size_t __sanitizer_get_current_allocated_bytes();
 #endif
 
 namespace fuzz {
@@ -24,7 +17,7 @@ const std::vector<Row> &Calls() {
     static const std::vector<Row> calls = [] {
         std::vector<Row> all;
         for (const auto &part :
-             {SurfaceCalls(), FigureCalls(), VectorCalls(), TextCalls(), ContextCalls(), TransferCalls()}) {
+             {SurfaceCalls(), FigureCalls(), VectorCalls(), TextCalls(), ContextCalls(), GdiCalls()}) {
             all.insert(all.end(), part.begin(), part.end());
         }
         std::sort(all.begin(), all.end(), [](const Row &a, const Row &b) { return a.code < b.code; });
@@ -72,19 +65,19 @@ Program MakeProgram(uint64_t seed, uint64_t index, const Rules &rules) {
 }
 
 size_t BytesInUse() {
-#ifdef LACQUER_FUZZ_SANITIZED
-    return __sanitizer_get_current_allocated_bytes();
-#else
-    return 0;
+#ifndef _WIN32
+    if (__sanitizer_get_current_allocated_bytes) return __sanitizer_get_current_allocated_bytes();
 #endif
+    return 0;
 }
 
 namespace {
 
-/// Whether views that were locked before a call are sure to be valid after it.
-bool KeepsViews(std::string_view name) {
-    for (const char *start : {"Lock", "Draw", "Fill", "Mix", "Set", "Write", "Path", "velPath"}) {
-        if (name.starts_with(start)) return true;
+/// Whether views that were locked before a call may be invalid after it: an object ends, or pixels move.
+bool MayEndViews(std::string_view name) {
+    for (const char *part :
+         {"Del", "Release", "Handle", "CanvasTo", "BitmapTo", "Unlock", "Blend", "Trans", "Select", "Restore"}) {
+        if (name.find(part) != std::string_view::npos) return true;
     }
     return false;
 }
@@ -103,7 +96,7 @@ void RunOnce(std::span<const uint8_t> program, const Rules &rules, std::ostream 
         for (size_t byte = 4; byte-- > 0;) code = code << 8 | record[byte];
         const Row &row = RowFor(code);
         if (!(row.group & rules.groups)) continue;
-        if (!KeepsViews(row.name)) world.views.clear();
+        if (MayEndViews(row.name)) world.views.clear();
         Call call(world, record.subspan(4), text);
         row.invoke(call);
         if (listener && !call.isUndefined) {

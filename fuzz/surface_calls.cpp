@@ -170,7 +170,7 @@ std::vector<Row> SurfaceCalls() {
         CALL(MixCanvas, Canvas, Part, Canvas, Part, Alpha),
         CALL(MixCanvasWithColor, Canvas, Part, Colour, Word),
         CALL(BlendCanvas, Canvas, Rect, Canvas, Part, Alpha),
-        CALL(GdiTransCanvas, Dc, Rect, Canvas, Part, Alpha),
+        CALL(GdiTransCanvas, Dc, GdiRect, Canvas, Part, Alpha),
         CALL(CanvasScroll, Canvas, ScrollX, Coordinate),
         CALL(DrawModulation, Canvas, Coordinate, Coordinate, Bitmap, Part, Colour),
 

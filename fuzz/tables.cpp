@@ -11,11 +11,12 @@ namespace {
 const lacquer::KernelTable *tableInUse = nullptr;
 }
 
+// A reference is returned as an address.
 extern "C" {
-const lacquer::KernelTable &__real__ZN7lacquer7KernelsEv();
-const lacquer::KernelTable &__wrap__ZN7lacquer7KernelsEv();
-const lacquer::KernelTable &__wrap__ZN7lacquer7KernelsEv() {
-    return tableInUse ? *tableInUse : __real__ZN7lacquer7KernelsEv();
+const lacquer::KernelTable *__real__ZN7lacquer7KernelsEv();
+const lacquer::KernelTable *__wrap__ZN7lacquer7KernelsEv();
+const lacquer::KernelTable *__wrap__ZN7lacquer7KernelsEv() {
+    return tableInUse ? tableInUse : __real__ZN7lacquer7KernelsEv();
 }
 }
 

@@ -40,15 +40,8 @@ struct Glyphs {
         return {how == 0 ? nullptr : glyphs.data(), count, how == 1 ? nullptr : positions.data()};
     }
     void Write(std::ostream &out) const {
-        out << '{';
-        for (const WORD glyph : glyphs) out << glyph << ", ";
-        out << "}, " << count << ", {";
-        for (const velPointF &position : positions) {
-            WriteNumber(out << '{', position.x);
-            WriteNumber(out << ", ", position.y);
-            out << "}, ";
-        }
-        out << '}';
+        WriteItems(out, glyphs);
+        WriteItems(out << ", " << count << ", ", positions);
     }
     int count, how = 0;
     std::vector<WORD> glyphs;
@@ -68,9 +61,8 @@ struct Text {
         return {units.data(), static_cast<int>(units.size()), glyphs.data(), hasAdvances ? advances.data() : nullptr};
     }
     void Write(std::ostream &out) const {
-        out << '{';
-        for (const WCHAR unit : units) out << static_cast<unsigned>(unit) << ", ";
-        out << "}, " << units.size() << ", glyphs, " << (hasAdvances ? "advances" : "0");
+        WriteItems(out, units);
+        out << ", " << units.size() << ", glyphs, " << (hasAdvances ? "advances" : "0");
     }
     void After(Call &call) {
         if (call.done) call.digest.AddBytes(glyphs.data(), glyphs.size() * sizeof(WORD));

@@ -8,22 +8,6 @@
 namespace fuzz {
 namespace {
 
-void Delete(HGCANVAS canvas) { DeleteCanvas(canvas); }
-void Delete(HGBITMAP bitmap) { DeleteBitmap(bitmap); }
-void Delete(HGTEXTURE texture) { DeleteTexture(texture); }
-void Delete(DWORD entry) { e_DelHandleEntry(nullptr, entry); }
-void Delete(HDC dc) { DeleteDC(dc); }
-void Delete(HBITMAP bitmap) { DeleteObject(bitmap); }
-void Delete(HRGN region) { DeleteObject(region); }
-void Delete(velPath *path) { velPathDestroy(path); }
-void Delete(velGradient *gradient) { velGradientDestroy(gradient); }
-void Delete(velLottie *lottie) { velLottieDestroy(lottie); }
-void Delete(velCanvas *canvas) { velCanvasDestroy(canvas); }
-void Delete(velBitmap *bitmap) { velBitmapDestroy(bitmap); }
-
-template <class Handle>
-constexpr bool kIsLibraryHandle = std::is_class_v<Handle> || std::is_same_v<Handle, DWORD>;
-
 size_t BytesInRow(const SurfaceView &view) { return static_cast<size_t>(view.width) * view.bitsPerPixel / 8; }
 
 std::byte *RowAt(const SurfaceView &view, LONG y) {
@@ -100,35 +84,6 @@ const void *PixelsOf(HGTEXTURE texture, SurfaceView &view) {
 World::World(const Rules &rulesToKeep) : rules(rulesToKeep) { SetStretchKernelMode(1); }
 World::~World() { Clear(); }
 
-template <class Handle>
-void World::Put(Handle handle, size_t place, Section section) {
-    Handle &kept = PoolOf<Handle>()[place];
-    if constexpr (kIsLibraryHandle<Handle>) {
-        // Objects whose handle is displaced live on until the end.
-        if constexpr (std::is_class_v<Handle>) {
-            received_.emplace_back(static_cast<DWORD>(handle.value), section);
-        } else {
-            received_.emplace_back(handle, Section::Lent);
-        }
-    } else if (section == Section::Own && IsLive(kept)) {
-        views.clear();
-        Delete(kept);
-    }
-    kept = handle;
-}
-template void World::Put(HGCANVAS, size_t, Section);
-template void World::Put(HGBITMAP, size_t, Section);
-template void World::Put(HGTEXTURE, size_t, Section);
-template void World::Put(DWORD, size_t, Section);
-template void World::Put(HDC, size_t, Section);
-template void World::Put(HBITMAP, size_t, Section);
-template void World::Put(HRGN, size_t, Section);
-template void World::Put(velPath *, size_t, Section);
-template void World::Put(velGradient *, size_t, Section);
-template void World::Put(velLottie *, size_t, Section);
-template void World::Put(velCanvas *, size_t, Section);
-template void World::Put(velBitmap *, size_t, Section);
-
 void *World::Buffer(size_t size) {
     buffers_.emplace_back(new std::byte[size]());
     return buffers_.back().get();
@@ -160,16 +115,6 @@ void World::PaintView(const SurfaceView &view, uint32_t seed) const {
         view.palette[i] = rules.comparable ? Premultiplied(entry) : entry;
     }
 }
-
-template <class Handle>
-void World::Paint(Handle handle, uint32_t seed) {
-    SurfaceView view{};
-    if (PixelsOf(handle, view)) PaintView(view, seed);
-}
-template void World::Paint(HGCANVAS, uint32_t);
-template void World::Paint(HGBITMAP, uint32_t);
-template void World::Paint(HGTEXTURE, uint32_t);
-template void World::Paint(HBITMAP, uint32_t);
 
 uint64_t World::PixelDigest() {
     Digest all;

@@ -76,12 +76,33 @@ bool IsLive(Object *handle) {
     }
 }
 
+inline void Delete(HGCANVAS canvas) { DeleteCanvas(canvas); }
+inline void Delete(HGBITMAP bitmap) { DeleteBitmap(bitmap); }
+inline void Delete(HGTEXTURE texture) { DeleteTexture(texture); }
+inline void Delete(DWORD entry) { e_DelHandleEntry(nullptr, entry); }
+inline void Delete(HDC dc) { DeleteDC(dc); }
+inline void Delete(HBITMAP bitmap) { DeleteObject(bitmap); }
+inline void Delete(HRGN region) { DeleteObject(region); }
+inline void Delete(velPath *path) { velPathDestroy(path); }
+inline void Delete(velGradient *gradient) { velGradientDestroy(gradient); }
+inline void Delete(velLottie *lottie) { velLottieDestroy(lottie); }
+inline void Delete(velCanvas *canvas) { velCanvasDestroy(canvas); }
+inline void Delete(velBitmap *bitmap) { velBitmapDestroy(bitmap); }
+
 /// What a program may do.
 struct Rules {
     bool comparable = false;  ///< only what has one right result: pixels are premultiplied, draws don't overlap
     bool fineWeights = true;  ///< bicubic samplers are used
+    bool plainGdi = false;    ///< GDI is called as its callers should, with numbers of a usual size
     unsigned groups = ~0u;    ///< of calls; see calls.h
 };
+
+/// Where the pixels behind a handle begin; null when they can't be reached.
+const void *PixelsOf(HGCANVAS canvas, SurfaceView &view);
+const void *PixelsOf(HGBITMAP bitmap, SurfaceView &view);
+const void *PixelsOf(HGTEXTURE texture, SurfaceView &view);
+const void *PixelsOf(HDC dc, SurfaceView &view);
+const void *PixelsOf(HBITMAP bitmap, SurfaceView &view);
 
 class World {
 public:
@@ -101,14 +122,29 @@ public:
 
     /// Puts a new handle into a place; what the program owns there goes first.
     template <class Handle>
-    void Put(Handle handle, size_t place, Section section);
+    void Put(Handle handle, size_t place, Section section) {
+        Handle &kept = PoolOf<Handle>()[place];
+        // Library objects whose handle is displaced live on until the end.
+        if constexpr (std::is_class_v<Handle>) {
+            received_.emplace_back(static_cast<DWORD>(handle.value), section);
+        } else if constexpr (std::is_same_v<Handle, DWORD>) {
+            received_.emplace_back(handle, Section::Lent);
+        } else if (section == Section::Own && IsLive(kept)) {
+            views.clear();
+            Delete(kept);
+        }
+        kept = handle;
+    }
 
     /// Memory that lasts as long as the world.
     void *Buffer(size_t size);
 
     /// Fills the surface with pixels that follow from `seed`.
     template <class Handle>
-    void Paint(Handle handle, uint32_t seed);
+    void Paint(Handle handle, uint32_t seed) {
+        SurfaceView view{};
+        if (PixelsOf(handle, view)) PaintView(view, seed);
+    }
     void PaintView(const SurfaceView &view, uint32_t seed) const;
 
     /// Checksum of all pixels that the program can reach. Then makes them premultiplied.
@@ -128,12 +164,5 @@ private:
     std::vector<std::unique_ptr<std::byte[]>> buffers_;
     std::vector<uint64_t> seen_;  ///< checksums of single surfaces, by place
 };
-
-/// Where the pixels behind a handle begin; null when they can't be reached.
-const void *PixelsOf(HGCANVAS canvas, SurfaceView &view);
-const void *PixelsOf(HGBITMAP bitmap, SurfaceView &view);
-const void *PixelsOf(HGTEXTURE texture, SurfaceView &view);
-const void *PixelsOf(HDC dc, SurfaceView &view);
-const void *PixelsOf(HBITMAP bitmap, SurfaceView &view);
 
 }  // namespace fuzz
