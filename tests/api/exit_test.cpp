@@ -94,14 +94,20 @@ bool EverythingIsRefused() { return NothingCanBeMade() && NothingIsFound() && Gd
 
 std::atomic<bool> ended{false}, threadIsFine{false};
 
-/// Calls without a pause, before the library begins (where that can be), while it ends and after.
+/// Calls without a pause, before the library begins (where that can be), while it ends and after. Windows ends the
+/// thread wherever it is: there it stays out of the heap and of GDI, whose locks would stay held for good.
 void CallUntilTheEnd() {
+    int object = 0;
     while (!ended) {
-        LACQUER_CALL(DeleteBitmap)(LACQUER_CALL(CreateMemBitmap)(8, 8));
+        SurfaceView view{};
+        LACQUER_CALL(LockBitmapBits)(HGBITMAP{0x01027FFF}, &view, nullptr);
+        LACQUER_CALL(e_DelHandleEntry)(nullptr, LACQUER_CALL(e_NewHandleEntry)(nullptr, 9, &object));
+#ifndef _WIN32
         const HGCANVAS canvas = LACQUER_CALL(CreateCanvas)(8, 8, {});
         LACQUER_CALL(FillSolidRect)(canvas, 0x80402010, &kRect);
         LACQUER_GDI_CALL(DeleteDC)(LACQUER_GDI_CALL(CreateCompatibleDC)(nullptr));
         LACQUER_CALL(DeleteCanvas)(canvas);
+#endif
     }
     threadIsFine = EverythingIsRefused();
 }
