@@ -242,6 +242,9 @@ void WriteRecord(std::ostream &out, const POINT &point);
 void WriteRecord(std::ostream &out, const TextureMode &mode);
 void WriteRecord(std::ostream &out, const RGBRecord &colour);
 void WriteRecord(std::ostream &out, const HSLRecord &colour);
+void WriteRecord(std::ostream &out, const GeoRect &rect);
+void WriteRecord(std::ostream &out, const GeoStyle &style);
+void WriteRecord(std::ostream &out, const ShadowStyle &style);
 
 RECT ChooseRect(Call &call);
 RECT ChoosePart(Call &call);
