@@ -19,30 +19,32 @@ void PrefetchBytes(const BYTE *bytes, ptrdiff_t count) {
 
 void Lookahead::Begin(const SurfaceView &view, const Runs &runs, const Tiles &tiles) {
     const ptrdiff_t pixelBytes = view.bitsPerPixel / 8;
-    piece_ = tile_ = RowOf(view, 0);
+    piece_ = tile_ = line_ = RowOf(view, 0);
     stride_ = view.stride;
-    lengthBytes_ = runs.length * pixelBytes;
+    lengthBytes_ = bytesLeft_ = runs.length * pixelBytes;
     columnBytes_ = tiles.columns * pixelBytes;
     runsLeft_ = runs.count;
-    tileRuns_ = tiles.runs;
-    doneBytes_ = doneRuns_ = 0;
+    tileRuns_ = std::min(tiles.runs, runs.count);
+    doneRuns_ = 0;
     for (ptrdiff_t pixels = 0; pixels < kPixelsAhead; pixels += tiles.columns) Advance();
 }
 
 void Lookahead::FetchPiece() {
-    PrefetchBytes(piece_, std::min(columnBytes_, lengthBytes_ - doneBytes_));
-    piece_ += stride_;
-    if (++doneRuns_ < std::min(tileRuns_, runsLeft_)) return;
-    // The next tile.
-    doneRuns_ = 0;
-    doneBytes_ += columnBytes_;
-    tile_ += columnBytes_;
-    if (doneBytes_ >= lengthBytes_) {
-        tile_ += tileRuns_ * stride_ - doneBytes_;
-        doneBytes_ = 0;
-        runsLeft_ -= tileRuns_;
+    PrefetchBytes(piece_, std::min(columnBytes_, bytesLeft_));
+    if (++doneRuns_ < tileRuns_) {
+        piece_ += stride_;
+        return;
     }
-    piece_ = runsLeft_ > 0 ? tile_ : nullptr;
+    doneRuns_ = 0;
+    bytesLeft_ -= columnBytes_;
+    piece_ = tile_ += columnBytes_;
+    if (bytesLeft_ > 0) return;
+    bytesLeft_ = lengthBytes_;
+    runsLeft_ -= tileRuns_;
+    line_ += tileRuns_ * stride_;
+    tile_ = line_;
+    tileRuns_ = std::min(tileRuns_, runsLeft_);
+    piece_ = runsLeft_ > 0 ? line_ : nullptr;
 }
 
 }  // namespace lacquer

@@ -35,10 +35,10 @@ private:
     void FetchPiece();
 
     const BYTE *piece_ = nullptr;                   ///< the next one; null when there is none
-    const BYTE *tile_;                              ///< the first one of its tile
+    const BYTE *tile_, *line_;                      ///< the first piece of its tile, and of the tile's runs
     ptrdiff_t stride_, lengthBytes_, columnBytes_;  ///< of a run; of a tile
     ptrdiff_t runsLeft_, tileRuns_;                 ///< from this tile on; of a tile
-    ptrdiff_t doneBytes_, doneRuns_;                ///< before this tile in its runs; of this tile
+    ptrdiff_t bytesLeft_, doneRuns_;                ///< from this tile on in its runs; of this tile
 };
 
 }  // namespace lacquer
