@@ -1,15 +1,16 @@
 // Every row of the kernel table for every source depth, against memcpy of the destination's bytes. Stretching rows
-// enlarge by 1.7; averages reduce by 4. Rows that draw a visible part show all but a border. Then nearest samples that
-// lie far apart, against the base tier.
+// enlarge by 1.7; averages reduce by 4. Rows that draw a visible part show all but a border. Then the single slots, and
+// nearest samples that lie far apart, against the base tier.
 
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <cstring>
 #include <string>
+#include <string_view>
 #include <vector>
 
-#include "pipeline/kernel_table.h"
+#include "pipeline/table/kernel_table.h"
 #include "ratio.h"
 
 namespace {
@@ -70,6 +71,34 @@ void DrawRow(benchmark::State &state, Row row, WORD bitsPerPixel) {
         static_cast<double>(width) * height);
 }
 
+/// Calls a single slot's kernel with what it takes of two views, a colour and a weight.
+struct SlotCall {
+    const SurfaceView *dest, *source;
+
+    void operator()(FillKernel kernel) const { kernel(dest, kColour); }
+    void operator()(MixColorKernel kernel) const { kernel(dest, kColour, kWeight); }
+    void operator()(ConvertKernel kernel) const { kernel(dest, source); }
+    void operator()(MixKernel kernel) const { kernel(dest, source, kWeight); }
+
+    static constexpr DWORD kColour = 0x80402010;
+    static constexpr BYTE kWeight = 100;
+};
+
+template <class Kernel>
+void DrawSlot(benchmark::State &state, Kernel kernel, bool stretches) {
+    const LONG side = static_cast<LONG>(state.range(0));
+    const LONG sourceSide = stretches ? side * 10 / 17 : side;
+    const Pixels source(sourceSide, sourceSide, 32), dest(side, side, 32), from(side, side, 32), to(side, side, 32);
+    const SlotCall call{dest.View(), source.View()};
+    bench::MeasureAgainst(
+        state, [&] { call(kernel); },
+        [&] {
+            std::memcpy(to.View()->bits, from.View()->bits, to.Size());
+            benchmark::ClobberMemory();
+        },
+        static_cast<double>(side) * side);
+}
+
 void ShrinkStrongly(benchmark::State &state, WORD bitsPerPixel) {
     static const KernelTable base = BuildKernelTable({});
     constexpr LONG kRows = 256;
@@ -98,6 +127,15 @@ int main(int argc, char **argv) {
                 ->UseManualTime();
         }
     }
+    const auto registerSlot = [](const char *name, auto kernel, std::string_view sampler) {
+        benchmark::RegisterBenchmark(name, DrawSlot<decltype(kernel)>, kernel, sampler == "Nearest")
+            ->Arg(64)
+            ->Arg(1024)
+            ->UseManualTime();
+    };
+#define LACQUER_REGISTER_SLOT(name, kind, sampler, rule, tiers) registerSlot(#name, Kernels().name, #sampler);
+    LACQUER_KERNEL_SLOTS(LACQUER_REGISTER_SLOT)
+#undef LACQUER_REGISTER_SLOT
     for (const WORD depth : {WORD{8}, WORD{24}, WORD{32}}) {
         const std::string name = "ShrinkStrongly/" + std::to_string(depth) + "bit";
         benchmark::RegisterBenchmark(name.c_str(), ShrinkStrongly, depth)

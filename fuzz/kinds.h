@@ -24,7 +24,7 @@ void Write(std::ostream &out, const Value &value) {
     } else if constexpr (std::is_integral_v<Value>) {
         out << +value;
     } else {
-        using Part = std::conditional_t<std::is_same_v<Value, velPointF>, float,
+        using Part = std::conditional_t<std::is_same_v<Value, velPointF> || std::is_same_v<Value, GeoRect>, float,
                                         std::conditional_t<alignof(Value) == 1, BYTE, LONG>>;
         Part parts[sizeof(Value) / sizeof(Part)];
         std::memcpy(parts, &value, sizeof parts);

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "pipeline/kernel_table.h"
+#include "pipeline/table/kernel_table.h"
 
 namespace {
 const lacquer::KernelTable *tableInUse = nullptr;

@@ -175,12 +175,7 @@ void Controls::DrawBall(const Canvas &canvas, int x, int y, std::uint32_t colour
 }
 
 void Controls::DrawHighlight(const Canvas &canvas, const RECT &rect, std::uint32_t colour) const {
-    const SIZE size = SizeOf(rect);
-    DrawOnce(canvas, rect.left, rect.top, size, {nullptr, colour, size.cx, size.cy, ""}, [&](const Canvas &sheet) {
-        SetPaint(sheet, colour);
-        Check(DrawRoundRect(sheet.get(), 0, 0, static_cast<float>(size.cx), static_cast<float>(size.cy), 4, 4),
-              "DrawRoundRect");
-    });
+    Check(GeoRoundRect(canvas.get(), &rect, 0, colour, 0, 4), "GeoRoundRect");
 }
 
 /// A raised surface with an edge of one pixel.

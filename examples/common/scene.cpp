@@ -317,6 +317,7 @@ void Scene::PaintRows(LONG top, LONG bottom) {
         FillBox(rows_, Box(0, y, width, kRowHeight), i % 2 == 0 ? 0xFFFBFAF7 : 0xFFF3F1EC);
         if (i == chosen_) FillBox(rows_, Box(0, y, width, kRowHeight), 0xFFA0343C);
         if (row == hot_) FillBox(rows_, Box(0, y, width, kRowHeight), i == chosen_ ? 0x28FFFFFF : 0x30A0343C);
+        if (i == chosen_) DrawFocus(rows_, Box(1, y + 1, width - 2, kRowHeight - 2), 0xC0FFFFFF);
         controls_.DrawBall(rows_, 8, y + 4, kColours[i].word, 255);
         controls_.DrawLabel(rows_, 33, y + 12, kColours[i].name, i == chosen_ ? 0xFFFFFFFF : kText);
     }
@@ -341,7 +342,7 @@ void Scene::Paint(const Canvas &canvas) const {
 
 void Scene::PaintPreview(const Canvas &canvas) const {
     const RECT preview = Preview();
-    FillBox(canvas, preview, 0xFF2A2624);
+    Check(GeoRectangle(canvas.get(), &preview, 0xFF2A2624, 0, 1), "GeoRectangle");
     const RECT board = Inset(preview, 1);
     const ClipTo clip(canvas, board);
     // Whole tiles; the clip cuts them.
@@ -371,7 +372,9 @@ void Scene::PaintPreview(const Canvas &canvas) const {
 }
 
 void Scene::PaintList(const Canvas &canvas) const {
-    DrawInto(canvas, List(), skin_.field);
+    const RECT list = List(), well = Inset(list, 1);
+    DrawCard(canvas, list, 4, 0xFF8E8B84, 0xFFFBFAF7);
+    DrawWell(canvas, well, 3);
     const RECT rows = Rows();
     const RECT source = Box(0, 0, rows.right - rows.left, rows.bottom - rows.top);
     Check(BlendCanvas(canvas.get(), &rows, rows_.get(), &source, 255), "BlendCanvas");
@@ -407,8 +410,8 @@ void Scene::PaintControls(const Canvas &canvas) const {
 
 void Scene::PaintPopup(const Canvas &canvas) const {
     const RECT popup = Popup();
-    DrawShadow(canvas, skin_, popup);
-    DrawInto(canvas, popup, skin_.popup);
+    DrawShadow(canvas, popup, 5);
+    DrawCard(canvas, popup, 5, 0xFF4A4F5C, 0xFFF7F7F9);
     for (int i = 0; i < kFinishCount; ++i) {
         const Target entry{Kind::kEntry, i};
         const RECT place = PlaceOf(entry);

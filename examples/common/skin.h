@@ -38,8 +38,17 @@ inline constexpr RECT kFrameMargins{6, 32, 6, 6};
 /// Where the shadow of a rectangle is, which reaches beyond it.
 RECT ShadowOf(const RECT &caster);
 
-/// Draws the shadow of a rectangle.
-void DrawShadow(const Canvas &canvas, const Skin &skin, const RECT &caster);
+/// Draws the shadow of a rectangle with round corners.
+void DrawShadow(const Canvas &canvas, const RECT &caster, float radius);
+
+/// Draws a plain surface with round corners and an edge of one pixel, in straight colours.
+void DrawCard(const Canvas &canvas, const RECT &rect, int radius, std::uint32_t edge, std::uint32_t colour);
+
+/// Lets a surface with round corners look sunken.
+void DrawWell(const Canvas &canvas, const RECT &rect, float radius);
+
+/// Marks with dots what has the keyboard's focus.
+void DrawFocus(const Canvas &canvas, const RECT &rect, std::uint32_t colour);
 
 enum class ButtonState { kNormal, kHot, kPressed, kDisabled };
 

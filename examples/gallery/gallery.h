@@ -58,6 +58,8 @@ Canvas PaintLayouts(const Skin &skin);
 Canvas PaintTiles(const Skin &skin);
 Canvas PaintScales(const Skin &skin);
 Canvas PaintFills(const Skin &skin);
+Canvas PaintRectangles(const Skin &skin);
+Canvas PaintShadows(const Skin &skin);
 Canvas PaintMixes(const Skin &skin);
 Canvas PaintLettering(const Skin &skin);
 Canvas PaintFilters(const Skin &skin);

@@ -18,12 +18,12 @@ void Click(Scene &scene, Scene::Target target) {
 }
 
 /// The scene on a shadow, which needs 20 pixels around.
-Canvas PaintWithShadow(const Skin &skin, const Scene &scene) {
+Canvas PaintWithShadow(const Scene &scene) {
     const SIZE size = scene.size();
     const Canvas window = MakeCanvas(size.cx, size.cy);
     scene.Paint(window);
     Canvas canvas = MakeCanvas(size.cx + 40, size.cy + 40);
-    DrawShadow(canvas, skin, Box(20, 20, size.cx, size.cy));
+    DrawShadow(canvas, Box(20, 20, size.cx, size.cy), 8);
     DrawLayer(canvas, 20, 20, window);
     return canvas;
 }
@@ -38,7 +38,7 @@ Canvas PaintWindow(const Skin &skin) {
     Click(scene, {Kind::kBox, Scene::kVisitor});
     Click(scene, {Kind::kButton, Scene::kFinish});
     scene.MoveTo(scene.MiddleOf({Kind::kEntry, 1}));
-    return PaintWithShadow(skin, scene);
+    return PaintWithShadow(scene);
 }
 
 Canvas PaintDesktop(const Skin &skin) {
@@ -48,14 +48,14 @@ Canvas PaintDesktop(const Skin &skin) {
     Scene bare(skin, Scene::kLeastSize);
     Click(bare, {Kind::kButton, Scene::kWipe});
     bare.MoveTo({-1, -1});
-    DrawLayer(canvas, 20, 20, PaintWithShadow(skin, bare), 170);
+    DrawLayer(canvas, 20, 20, PaintWithShadow(bare), 170);
 
     Scene coated(skin, {640, 440});
     coated.Scroll(100);
     Click(coated, {Kind::kRow, 12});
     for (int i = 0; i < 3; ++i) Click(coated, {Kind::kButton, Scene::kCoat});
     coated.MoveTo(coated.MiddleOf({Kind::kCaptionButton, 1}));
-    DrawLayer(canvas, 390, 150, PaintWithShadow(skin, coated));
+    DrawLayer(canvas, 390, 150, PaintWithShadow(coated));
 
     DrawLayer(canvas, 40, 440, MakeSplash(skin));
     DrawAt(canvas, 984, 590, skin.icon);

@@ -4,6 +4,7 @@
 
 #include "api/objects.h"
 #include "draw/fill.h"
+#include "pipeline/pixel/pixel.h"
 #include "vector/gradient_fill.h"
 
 using namespace lacquer;

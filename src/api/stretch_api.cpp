@@ -2,7 +2,7 @@
 
 #include <lacquer/lacquer.h>
 
-#include "pipeline/stretch_weights.h"
+#include "pipeline/sample/stretch_weights.h"
 
 int SetStretchKernelMode(DWORD mode) { return lacquer::RebuildStretchWeights(mode); }
 

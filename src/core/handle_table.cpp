@@ -5,7 +5,7 @@
 #include <new>
 #include <type_traits>
 
-#include "pipeline/kernel_table.h"
+#include "pipeline/table/kernel_table.h"
 
 namespace {
 

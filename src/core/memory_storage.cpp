@@ -5,7 +5,7 @@
 #include <algorithm>
 #include <cstdint>
 
-#include "pipeline/grey_ramp.h"
+#include "pipeline/pixel/grey_ramp.h"
 
 namespace lacquer {
 

@@ -8,7 +8,7 @@
 #include "core/dib_storage.h"
 #include "core/memory_storage.h"
 #include "core/surface_view.h"
-#include "pipeline/blit_dispatch.h"
+#include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
 

@@ -5,8 +5,8 @@
 #include <algorithm>
 
 #include "core/surface_view.h"
-#include "pipeline/blit_dispatch.h"
-#include "pipeline/copy_rows.h"
+#include "pipeline/table/blit_dispatch.h"
+#include "pipeline/table/image_table.h"
 
 namespace lacquer {
 
@@ -15,7 +15,7 @@ namespace {
 /// Views of one depth; they may overlap, as parts of one surface.
 void CopyCommonPart(const SurfaceView &dest, const SurfaceView &source) {
     const ptrdiff_t columns = std::min(dest.width, source.width), rows = std::min(dest.height, source.height);
-    CopyRows(dest, source, columns * (source.bitsPerPixel / 8), rows);
+    ImageKernels().copyRows(dest, source, columns * (source.bitsPerPixel / 8), rows);
 }
 
 }  // namespace

@@ -4,7 +4,7 @@
 
 #include <cstring>
 
-#include "pipeline/grey_ramp.h"
+#include "pipeline/pixel/grey_ramp.h"
 
 namespace lacquer {
 

@@ -8,7 +8,7 @@
 #include <cstring>
 #include <type_traits>
 
-#include "pipeline/view_rows.h"
+#include "pipeline/memory/view_rows.h"
 #include "platform/platform.h"
 
 namespace lacquer {

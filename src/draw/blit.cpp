@@ -5,7 +5,7 @@
 #include "core/geometry.h"
 #include "core/locked.h"
 #include "core/surface_view.h"
-#include "pipeline/blit_dispatch.h"
+#include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
 

@@ -8,14 +8,14 @@
 #include "core/geometry.h"
 #include "core/locked.h"
 #include "core/surface_view.h"
-#include "pipeline/blit_dispatch.h"
-#include "pipeline/kernel_table.h"
+#include "pipeline/table/blit_dispatch.h"
+#include "pipeline/table/kernel_table.h"
 
 namespace lacquer {
 
 namespace {
 
-bool HasPixelAlpha(const Canvas &canvas) { return DrawModeOf(canvas.Filter()) == DrawMode::Over; }
+bool HasPixelAlpha(const Canvas &canvas) { return DrawModeOf(canvas.Filter()) == LACQUER_DRAW_OVER; }
 
 bool SameSize(const RECT &a, const RECT &b) { return WidthOf(a) == WidthOf(b) && HeightOf(a) == HeightOf(b); }
 

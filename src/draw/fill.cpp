@@ -1,24 +1,18 @@
-// Rectangles of one colour: premultiplying, clipping, and the pipeline's fill dispatch.
+// Rectangles of one colour: clipping, and the pipeline's fill dispatch.
 
 #include "draw/fill.h"
 
 #include "core/locked.h"
-#include "pipeline/blit_dispatch.h"
+#include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
 
-DWORD Premultiplied(DWORD colour) {
-    const DWORD alpha = colour >> 24, factor = alpha + 1;
-    const auto scaled = [&](int shift) { return ((colour >> shift & 0xFF) * factor >> 8) << shift; };
-    return alpha << 24 | scaled(16) | scaled(8) | scaled(0);
-}
-
 bool IsVoidFill(DWORD colour, DWORD modeWord) {
     switch (DrawModeOf(modeWord)) {
-        case DrawMode::Over:
-        case DrawMode::ColorKey: return colour >> 24 == 0;
-        case DrawMode::Modulate:
-        case DrawMode::FillOr: return colour == 0xFFFFFFFF;
+        case LACQUER_DRAW_OVER:
+        case LACQUER_DRAW_COLOR_KEY: return colour >> 24 == 0;
+        case LACQUER_DRAW_MODULATE:
+        case LACQUER_DRAW_OR: return colour == 0xFFFFFFFF;
         default: return false;
     }
 }

@@ -7,10 +7,7 @@
 namespace lacquer {
 
 /// Mode word of a fill that draws its colour over the canvas.
-constexpr DWORD kFillOver = 0x01000000;
-
-/// A straight colour 0xAARRGGBB premultiplied: each colour channel is c * (A + 1) / 256, truncated; A is kept.
-DWORD Premultiplied(DWORD colour);
+constexpr DWORD kFillOver = DWORD{LACQUER_DRAW_OVER} << 24;
 
 /// Whether a fill with a premultiplied colour changes nothing by definition, on whatever canvas: a transparent colour
 /// drawn over or keyed (modes 1 and 2), white that multiplies or is OR-ed (modes 3 and 4).

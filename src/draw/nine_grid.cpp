@@ -9,7 +9,8 @@
 #include "core/geometry.h"
 #include "draw/pixel_read.h"
 #include "draw/texture_pieces.h"
-#include "pipeline/blit_dispatch.h"
+#include "pipeline/pixel/pixel.h"
+#include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
 
@@ -77,19 +78,13 @@ bool ReadMiddle(PixelSurface &surface, const RECT &cell, DWORD *colour) {
     return ReadPixel(surface, middle(cell.left, cell.right), middle(cell.top, cell.bottom), colour);
 }
 
-/// Each byte * (alpha + 1) / 256, truncated.
-DWORD Faded(DWORD colour, BYTE alpha) {
-    const DWORD factor = alpha + 1u;
-    const auto faded = [&](int shift) { return ((colour >> shift & 0xFF) * factor >> 8) << shift; };
-    return faded(24) | faded(16) | faded(8) | faded(0);
-}
-
 /// What fills a hollow centre: its middle pixel at the draw's strength; none where there is none, or none that can be
 /// drawn.
 std::optional<DWORD> CentreColour(const TextureDraw &draw, const RECT &sourceCell) {
     DWORD colour = 0;
     if (!ReadMiddle(draw.texture.Surface(), sourceCell, &colour)) return std::nullopt;
-    return DrawModeOf(draw.texture.Surface().GetFilter()) == DrawMode::Modulate ? colour : Faded(colour, draw.alpha);
+    return DrawModeOf(draw.texture.Surface().GetFilter()) == LACQUER_DRAW_MODULATE ? colour
+                                                                                   : Scale(colour, draw.alpha + 1u);
 }
 
 /// Whether it takes longer to copy a rectangle of a device context for nothing than to make copies of the eight pieces

@@ -2,10 +2,9 @@
 
 #include "draw/pixel_read.h"
 
-#include <cstring>
-
 #include "core/geometry.h"
 #include "core/locked.h"
+#include "pipeline/pixel/source_pixels.h"
 
 namespace lacquer {
 
@@ -14,13 +13,11 @@ bool ReadPixel(PixelSurface &surface, LONG x, LONG y, DWORD *colour) {
     const LockedSurface locked(surface, &place);
     const SurfaceView *view = locked.View();
     if (!view) return false;
-    const auto *bytes = static_cast<const BYTE *>(view->bits);
+    const auto *pixel = static_cast<const BYTE *>(view->bits);
     switch (view->bitsPerPixel) {
-        case 8: *colour = bytes[0] < view->paletteCount ? view->palette[bytes[0]] : 0; break;
-        case 24:
-            *colour = 0xFF000000 | static_cast<DWORD>(bytes[2]) << 16 | static_cast<DWORD>(bytes[1]) << 8 | bytes[0];
-            break;
-        case 32: std::memcpy(colour, bytes, sizeof *colour); break;
+        case 8: *colour = IndexedPixels(*view).GetReader()(pixel, 0); break;
+        case 24: *colour = LoadPacked(pixel); break;
+        case 32: *colour = LoadPixel(pixel); break;
         default: return false;
     }
     return true;

@@ -8,7 +8,7 @@
 
 #include "core/surface_view.h"
 #include "filters/single_precision.h"
-#include "pipeline/pixel.h"
+#include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
 

@@ -3,29 +3,27 @@
 
 #include <lacquer/lacquer.h>
 
-#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
 #include "core/surface_view.h"
-#include "pipeline/change_run.h"
-#include "pipeline/grey_ramp.h"
-#include "pipeline/lookahead.h"
+#include "pipeline/combine/run.h"
+#include "pipeline/memory/walk.h"
+#include "pipeline/pixel/grey_ramp.h"
+#include "pipeline/pixel/source_pixels.h"
 
 namespace lacquer {
 
-/// The first `columns` four-byte pixels of each row, word by word, become rule(word). The rule may take words in
-/// vectors, as ChangeRun's formula.
+/// Calls change(words, count) for the first `columns` four-byte pixels of each row, whatever the depth.
+template <class Change>
+void ChangeWords(const SurfaceView &view, LONG columns, const Change &change) {
+    WalkWords(view, {columns, view.height}, true, change);
+}
+
+/// The pixels of a 32-bit view become rule(word).
 template <class Rule>
-void MapWords(const SurfaceView &view, LONG columns, const Rule &rule) {
-    Lookahead ahead(view, columns, view.height);
-    const LONG piece = Lookahead::Pays(view) ? LONG{Lookahead::kPiecePixels} : columns;
-    for (LONG y = 0; y < view.height; ++y) {
-        for (LONG x = 0; x < columns; x += piece) {
-            ahead.Advance();
-            ChangeRun(RowOf(view, y) + ptrdiff_t{x} * kPixelBytes, std::min(piece, columns - x), rule);
-        }
-    }
+void MapWords(const SurfaceView &view, const Rule &rule) {
+    ChangeWords(view, view.width, [&](BYTE *words, ptrdiff_t count) { MapRun(words, count, rule); });
 }
 
 /// The pixels of a 24-bit view become rule(0x00RRGGBB), whose upper byte is dropped.
@@ -35,9 +33,7 @@ void MapTriples(const SurfaceView &view, const Rule &rule) {
     for (LONG y = 0; y < view.height; ++y) {
         auto *row = RowOf(view, y);
         for (ptrdiff_t i = 0; i < bytes; i += 3) {
-            const uint32_t pixel =
-                static_cast<uint32_t>(row[i + 2]) << 16 | static_cast<uint32_t>(row[i + 1]) << 8 | row[i];
-            const uint32_t mapped = rule(pixel);
+            const uint32_t mapped = rule(LoadPacked(row + i) & kColours);
             row[i] = static_cast<BYTE>(mapped & 0xFF);
             row[i + 1] = static_cast<BYTE>(mapped >> 8 & 0xFF);
             row[i + 2] = static_cast<BYTE>(mapped >> 16 & 0xFF);
@@ -58,7 +54,7 @@ void MapColours(const SurfaceView &view, const Rule &rule) {
     switch (view.bitsPerPixel) {
         case 8: return MapPalette(view, rule);
         case 24: return MapTriples(view, rule);
-        case 32: return MapWords(view, view.width, rule);
+        case 32: return MapWords(view, rule);
         default: return;
     }
 }

@@ -9,7 +9,7 @@
 
 #include "core/locked.h"
 #include "core/surface_view.h"
-#include "pipeline/pixel.h"
+#include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
 
@@ -96,8 +96,9 @@ private:
         Reset();
         std::size_t rank = 0;
         for (; part && merged_[rank]; ++rank) part = Union(std::exchange(merged_[rank], nullptr), part);
-        merged_[rank] = part;
         failed_ = !part;
+        // Where memory was short, the rank's own region is still there.
+        if (part) merged_[rank] = part;
     }
 
     DWORD capacity_ = kGrowth;

@@ -2,29 +2,43 @@
 
 #include "platform/cpuid.h"
 
-#if defined(_MSC_VER)
+#if defined(_M_X64) || defined(_M_IX86)
+
 #include <intrin.h>
-#elif defined(__x86_64__) || defined(__i386__)
-#include <cpuid.h>
-#endif
 
 namespace lacquer {
 
-bool ReadCpuidFeatureBits([[maybe_unused]] uint32_t &edx) {
-#if defined(_MSC_VER)
+bool ReadCpuidFeatureBits(uint32_t &edx) {
     int registers[4];
     __cpuid(registers, 1);
     edx = static_cast<uint32_t>(registers[3]);
     return true;
+}
+
+}  // namespace lacquer
+
 #elif defined(__x86_64__) || defined(__i386__)
+
+#include <cpuid.h>
+
+namespace lacquer {
+
+bool ReadCpuidFeatureBits(uint32_t &edx) {
     // __get_cpuid tests first whether the flags register has a writable ID bit, where processors without CPUID exist.
     unsigned eax, ebx, ecx, features;
     if (!__get_cpuid(1, &eax, &ebx, &ecx, &features)) return false;
     edx = features;
     return true;
-#else
-    return false;
-#endif
 }
 
 }  // namespace lacquer
+
+#else
+
+namespace lacquer {
+
+bool ReadCpuidFeatureBits(uint32_t & /*edx*/) { return false; }
+
+}  // namespace lacquer
+
+#endif

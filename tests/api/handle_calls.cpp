@@ -15,6 +15,8 @@ using Values = HandleCall::Values;
 
 constexpr RECT kRect{0, 0, 2, 2}, kMargins{1, 1, 1, 1};
 constexpr TextureMode kMode{5, 5, kRect};
+constexpr GeoRect kGeoRect{0, 0, 2, 2};
+constexpr GeoStyle kGeoStyle{0xFF112233, 0xFF445566, 1, {}};
 constexpr POINT kPoints[] = {{0, 0}, {3, 0}, {0, 3}};
 constexpr float kDashes[] = {1.0f, 2.0f};
 constexpr WCHAR kFontName[] = {'S', 'a', 'n', 's', 0};
@@ -179,6 +181,13 @@ const HandleCall kHandleCalls[] = {
     {"FillSolidRectEx", "c", CALL(FillSolidRectEx({h[0]}, 0xFF112233, &kRect, 0))},
     {"FillPreMulColorRectEx", "c", CALL(FillPreMulColorRectEx({h[0]}, 0xFF112233, &kRect, 0))},
     {"FillGradualRect", "c", CALL(FillGradualRect({h[0]}, 0xFF112233, 0xFF112233, &kRect, 1))},
+
+    {"GeoRectangle", "c", CALL(GeoRectangle({h[0]}, &kRect, 0xFF112233, 0xFF445566, 1))},
+    {"GeoRoundRect", "c", CALL(GeoRoundRect({h[0]}, &kRect, 0xFF112233, 0xFF445566, 1, 1))},
+    {"GeoRectangleEx", "c", CALL(GeoRectangleEx({h[0]}, &kGeoRect, &kGeoStyle, 0))},
+    {"GeoRoundRectEx", "c", CALL(GeoRoundRectEx({h[0]}, &kGeoRect, &kGeoStyle, 0))},
+    {"GeoRectFocusEx", "c", CALL(GeoRectFocusEx({h[0]}, &kGeoRect, 0xFF112233, 1, 0, 1, 1))},
+    {"DrawShadows", "c", CALL(DrawShadows({h[0]}, &kRect, nullptr, 0))},
 
     {"DrawBitmap", "cb", CALL(DrawBitmap({h[0]}, &kRect, {h[1]}, 1))},
     {"DrawBitmapEx", "cb", CALL(DrawBitmapEx({h[0]}, &kRect, {h[1]}, 1, 255))},

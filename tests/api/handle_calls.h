@@ -20,7 +20,7 @@ struct HandleCall {
     /// Whether a call with live handles did its work; null: whether its result is not `refused`. Deletes what was made.
     bool (*worked)(uint64_t result, const Values &handles) = nullptr;
 
-    friend void PrintTo(const HandleCall &call, std::ostream *out) { *out << call.name; }
+    friend void PrintTo(const HandleCall &row, std::ostream *out) { *out << row.name; }
 };
 
 /// One row for each exported function.

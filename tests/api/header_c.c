@@ -18,6 +18,10 @@ _Static_assert(offsetof(SurfaceView, bitsPerPixel) == 18 && offsetof(SurfaceView
 _Static_assert(offsetof(SurfaceView, paletteCount) == 32 && offsetof(SurfaceView, palette) == 40,
                "the layout of SurfaceView");
 _Static_assert(sizeof(TextureMode) == 24 && offsetof(TextureMode, margins) == 8, "the layout of TextureMode");
+_Static_assert(sizeof(GeoRect) == 16 && sizeof(GeoStyle) == 28 && sizeof(ShadowStyle) == 44, "records of floats");
+_Static_assert(offsetof(GeoStyle, radii) == 12 && offsetof(ShadowStyle, radii) == 20 &&
+                   offsetof(ShadowStyle, flags) == 40,
+               "records of floats");
 
 uint32_t DrawFromC(void);
 

@@ -41,6 +41,15 @@ TEST_F(NullPointerTest, IsRefusedWhereARecordIsRequired) {
                   FillGradualRect(canvas_, 0xFF112233, 0xFF112233, nullptr, 1),
                   FillGradualRect(canvas_, 0xFF112233, 0xFF445566, nullptr, 1));
 
+    const GeoRect geoRect{0, 0, 2, 2};
+    const GeoStyle style{0xFF112233, 0xFF112233, 1, {}};
+    const ShadowStyle shadow{};
+    ExpectRefused(GeoRectangle(canvas_, nullptr, 0xFF112233, 0, 1), GeoRoundRect(canvas_, nullptr, 0, 0, 1, 1),
+                  GeoRectangleEx(canvas_, nullptr, &style, 0), GeoRectangleEx(canvas_, &geoRect, nullptr, 0),
+                  GeoRoundRectEx(canvas_, nullptr, &style, 0), GeoRoundRectEx(canvas_, &geoRect, nullptr, 0),
+                  GeoRectFocusEx(canvas_, nullptr, 0xFF112233, 1, 0, 1, 1), DrawShadows(canvas_, nullptr, &shadow, 1),
+                  DrawShadows(canvas_, nullptr, nullptr, 0), DrawShadows(canvas_, &rect_, nullptr, 1));
+
     ExpectRefused(DrawBitmap(canvas_, nullptr, bitmap_, 0), DrawBitmapEx(canvas_, nullptr, bitmap_, 0, 255),
                   DrawBitmapRectEx(canvas_, nullptr, bitmap_, &rect_, 0, 255),
                   DrawTexture(canvas_, nullptr, texture_, 0),

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <string>
 
-#include "pipeline/grey_ramp.h"
+#include "pipeline/pixel/grey_ramp.h"
 #include "support/pixels.h"
 
 namespace lacquer {

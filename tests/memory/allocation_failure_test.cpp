@@ -47,7 +47,7 @@ public:
 
     /// Whether every object is still there.
     bool IsWhole() const {
-        for (const size_t i : {0, 1}) {
+        for (size_t i = 0; i < 2; ++i) {
             if (!IsLive(Canvas(i)) || !IsLive(Bitmap(i)) || !IsLive(Texture(i))) return false;
         }
         return true;
@@ -94,7 +94,7 @@ public:
             EXPECT_EQ(canvas == canvas_ ? 0 : 1, DrawLine(canvas, 0, 0, 3, 3));
             EXPECT_NE(nullptr, GetCanvasHandle(canvas));
         }
-        for (size_t i : {0, 1}) {
+        for (size_t i = 0; i < 2; ++i) {
             const HGBITMAP bitmap = Bitmap(i);
             const HGTEXTURE texture = Texture(i);
             EXPECT_EQ(IsLive(bitmap), LockBitmapBits(bitmap, &view, nullptr) == 1);

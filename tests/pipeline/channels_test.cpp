@@ -14,7 +14,7 @@ constexpr int kValues = 256;
 /// A word of alpha `alpha` whose colour channels are permutations of `value`.
 uint32_t Lanes(int value, uint32_t alpha) {
     const uint32_t v = static_cast<uint32_t>(value);
-    return v | (255 - v) << 8 | (v ^ 0x5A) << 16 | alpha << 24;
+    return v | ((v * 5 + 3) & 255) << 8 | ((v * 11 + 1) & 255) << 16 | alpha << 24;
 }
 
 /// Pixel (x, y) becomes word(x, y).
@@ -69,7 +69,7 @@ protected:
     testing::AssertionResult RowMatches(Row row, const TestImage &source, const Word &word, uint32_t parameter = 0) {
         const SurfaceView sourceView = source.View();
         if (!Table().Replaces(row, sourceView.bitsPerPixel)) return testing::AssertionSuccess();
-        const Overflow overflow = OverflowOf(Table().table, row, sourceView.bitsPerPixel);
+        const Overflow overflow = Table().OverflowOf(row, sourceView.bitsPerPixel);
         return Matches(
             dest_, word,
             [&](const SurfaceView *view) {
@@ -151,145 +151,56 @@ TEST_P(Channels, ColorKeyComparesWholeWords) {
     }
 }
 
-/// Any word and its base fill; sums carry unless a faster tier's kernel saturates.
+/// A fill with a translucent colour depends on its channel, its alpha and the destination's channel.
 TEST_P(Channels, FillOverForEveryColourChannelAlphaAndDestinationChannel) {
-    const KernelTable &table = Table().table;
-    if (!Table().Replaces([](const KernelTable &of) { return of.fillOver; })) return;
-    const Overflow overflow =
-        table.fillOver == TablesUnderTest()[0].table.fillOver ? Overflow::Carries : Overflow::Saturates;
-    // 256 destination channels in a row; the colour's channel and alpha run.
-    TestImage row(kValues, 1), result(kValues, 1);
-    for (int x = 0; x < kValues; ++x) row.Set(x, 0, AnyAlpha(x, 0x6D));
-    const SurfaceView view = result.View(), source = row.View();
+    const auto slot = [](const KernelTable &of) { return of.fillOver; };
+    if (!Table().Replaces(slot)) return;
+    const Overflow overflow = Table().OverflowOf(slot);
+    TestImage line(kValues, 1);
     for (uint32_t alpha = 0; alpha < kValues; alpha += kSlice) {
         for (int channel = 0; channel < kValues; ++channel) {
             const uint32_t colour = Lanes(channel, alpha);
-            CallRow(table, Row::CopyRow, &view, &source, {});
-            ASSERT_EQ(table.fillOver(&view, colour), 1);
-            for (int x = 0; x < kValues; ++x) {
-                ASSERT_EQ(result.At(x, 0), ModelCombine(CombineKind::Over, colour, row.At(x, 0), 0, overflow))
-                    << std::hex << "colour 0x" << colour << ", d 0x" << row.At(x, 0);
-            }
+            ASSERT_TRUE(Matches(
+                line, AnyAlpha, [&](const SurfaceView *view) { return slot(Table().table)(view, colour); },
+                [&](int x, int y) { return ModelCombine(CombineKind::Over, colour, AnyAlpha(x, y), 0, overflow); }))
+                << std::hex << "colour 0x" << colour;
         }
     }
 }
 
-TEST_P(Channels, FillBehindModulateOrAndCopyForEveryColourChannel) {
-    const KernelTable &table = Table().table;
-    const Overflow overflow =
-        table.fillBehind == TablesUnderTest()[0].table.fillBehind ? Overflow::Carries : Overflow::Saturates;
-    const auto before = [](int x, int y) { return Lanes(x, static_cast<uint32_t>(y)); };
-    for (int channel = 0; channel < kValues; channel += kSlice) {
-        const uint32_t colour = Lanes(channel, static_cast<uint32_t>(channel ^ 0x96));
-        const auto fills = [&](FillKernel KernelTable::*kernel, const auto &wanted) {
-            if (!Table().Replaces([=](const KernelTable &of) { return of.*kernel; }))
-                return testing::AssertionSuccess();
-            return Matches(
-                dest_, before, [&](const SurfaceView *view) { return (table.*kernel)(view, colour); },
-                [&](int x, int y) { return wanted(before(x, y)); });
-        };
-        ASSERT_TRUE(fills(&KernelTable::fillBehind,
-                          [&](uint32_t d) { return ModelCombine(CombineKind::Behind, colour, d, 0, overflow); }))
-            << std::hex << "behind 0x" << colour;
-        ASSERT_TRUE(fills(&KernelTable::fillModulate,
-                          [&](uint32_t d) { return ModelCombine(CombineKind::Modulate, colour, d, 0, overflow); }))
-            << std::hex << "modulate 0x" << colour;
-        if (channel % 16 != 0) continue;
-        ASSERT_TRUE(fills(&KernelTable::fillOr, [&](uint32_t d) { return d | colour; }));
-        ASSERT_TRUE(fills(&KernelTable::fillCopy, [&](uint32_t) { return colour; }));
-    }
-}
-
-TEST_P(Channels, GreyTintForEveryLevelAlphaAndDestinationAlpha) {
-    if (!Table().Replaces([](const KernelTable &of) { return of.fillGreyTint; })) return;
-    for (uint32_t alpha = 0; alpha < kValues; alpha += kSlice) {
-        const uint32_t colour = alpha << 24 | 0x00C0FFEE;
-        const auto before = [](int x, int y) {
-            const uint32_t blue = static_cast<uint32_t>(x), green = (blue * 5 + 3) & 255, red = (blue * 11 + 1) & 255;
-            return blue | green << 8 | red << 16 | static_cast<uint32_t>(y) << 24;
-        };
-        ASSERT_TRUE(Matches(
-            dest_, before, [&](const SurfaceView *view) { return Table().table.fillGreyTint(view, colour); },
-            [&](int x, int y) {
-                const uint32_t d = before(x, y), keep = 256 - ChannelOf(d, 3);
-                const uint32_t grey = (ChannelOf(d, 0) + 2 * ChannelOf(d, 1) + ChannelOf(d, 2)) / 4 * alpha / 256;
-                return WordOf(
-                    [&](int i) { return i == 3 ? ChannelOf(d, 3) : (ChannelOf(d, i) * keep / 256 + grey) % 256; });
-            }))
-            << "colour alpha " << alpha;
-    }
-}
-
-TEST_P(Channels, CrossFadesForEveryAlphaAndPairOfChannels) {
-    // The source's alpha is never read: the result is that of an opaque source.
+/// All single slots: for every channel of the colour or the source, every one of the destination, and every weight or
+/// else every alpha of the destination.
+TEST_P(Channels, SingleSlotsForEveryPairOfChannelsAndParameter) {
     const TestImage source = LaneSource(32, 0xB7);
     const SurfaceView sourceView = source.View();
-    for (uint32_t alpha = 0; alpha < kValues; alpha += kSlice) {
-        for (const auto kernel : {&KernelTable::blendSame, &KernelTable::blendStretch}) {
-            if (!Table().Replaces([=](const KernelTable &of) { return of.*kernel; })) continue;
-            ASSERT_TRUE(Matches(
-                dest_, AnyAlpha,
-                [&](const SurfaceView *view) {
-                    return (Table().table.*kernel)(view, &sourceView, static_cast<BYTE>(alpha));
-                },
-                [&](int x, int y) {
-                    const uint32_t s = source.At(x, y), d = AnyAlpha(x, y);
-                    return WordOf([&](int i) {
-                        const uint32_t kept = ChannelOf(d, i) * (256 - alpha) / 256;
-                        return kept + (i == 3 ? alpha : ChannelOf(s, i) * (alpha + 1) / 256);
-                    });
-                }))
-                << "alpha " << alpha;
-        }
-    }
-}
-
-TEST_P(Channels, MixesForEveryWeightAndPairOfChannels) {
-    const TestImage source = LaneSource(32, 0xB7);
-    const SurfaceView sourceView = source.View();
-    for (uint32_t weight = 0; weight < kValues; weight += kSlice) {
-        for (const auto kernel : {&KernelTable::mixSame, &KernelTable::mixStretch}) {
-            if (!Table().Replaces([=](const KernelTable &of) { return of.*kernel; })) continue;
-            ASSERT_TRUE(Matches(
-                dest_, AnyAlpha,
-                [&](const SurfaceView *view) {
-                    return (Table().table.*kernel)(view, &sourceView, static_cast<BYTE>(weight));
-                },
-                [&](int x, int y) {
-                    const uint32_t s = source.At(x, y), d = AnyAlpha(x, y);
-                    if (weight == 0) return d;
-                    if (weight == 255) return s;
-                    return WordOf([&](int i) {
-                        return (ChannelOf(s, i) * (weight + 1) + ChannelOf(d, i) * (255 - weight)) / 256;
-                    });
-                }))
-                << "weight " << weight;
-        }
-    }
-}
-
-TEST_P(Channels, ColourMixesForEveryWeightColourAndChannel) {
-    if (!Table().Replaces([](const KernelTable &of) { return of.mixColor; })) GTEST_SKIP() << "as the tier below";
     TestImage line(kValues, 1);
-    const auto equal = [](int x, int) { return Lanes(x, static_cast<uint32_t>(x)); };
-    for (uint32_t weight = 0; weight < kValues; weight += kSlice) {
-        for (int value = 0; value < kValues; value += kSlice) {
-            const uint32_t colour = Lanes(value, static_cast<uint32_t>(kValues - 1 - value));
-            ASSERT_TRUE(Matches(
-                line, equal,
+    ForEachSlot([&](const char *name, auto member, CombineKind rule) {
+        const auto slot = [=](const KernelTable &of) { return of.*member; };
+        if (!Table().Replaces(slot)) return;
+        const bool fills = std::is_same_v<decltype(slot(KernelTable())), FillKernel>;
+        const bool mixesColour = std::is_same_v<decltype(slot(KernelTable())), MixColorKernel>;
+        const Overflow overflow = Table().OverflowOf(slot);
+        const auto matches = [&](TestImage &dest, uint32_t colour, int parameter) {
+            const auto before = [=](int x, int y) { return Lanes(x, static_cast<uint32_t>(fills ? y : x ^ y)); };
+            return Matches(
+                dest, before,
                 [&](const SurfaceView *view) {
-                    return Table().table.mixColor(view, colour, static_cast<BYTE>(weight));
+                    return CallSlot(slot(Table().table), *view, sourceView, colour, static_cast<BYTE>(parameter));
                 },
                 [&](int x, int y) {
-                    const uint32_t d = equal(x, y);
-                    if (weight == 0) return d;
-                    if (weight == 255) return colour;
-                    return WordOf(
-                        [&](int i) { return (ChannelOf(d, i) * (255 - weight) / 256 + ChannelOf(colour, i)) % 256; });
-                }))
-                << "weight " << weight << std::hex << ", colour 0x" << colour;
+                    const uint32_t s = fills || mixesColour ? colour : source.At(x, y);
+                    return ModelCombine(rule, s, before(x, y), static_cast<uint32_t>(parameter), overflow);
+                });
+        };
+        for (int value = 0; value < kValues; value += kSlice) {
+            const uint32_t colour = Lanes(value, static_cast<uint32_t>(value ^ 0x96));
+            for (int weight = 0; mixesColour && weight < kValues; weight += kSlice) {
+                ASSERT_TRUE(matches(line, colour, weight)) << name << std::hex << ", colour 0x" << colour;
+            }
+            if (mixesColour) continue;
+            ASSERT_TRUE(matches(dest_, colour, value)) << name << ", " << value;
         }
-    }
+    });
 }
 
 TEST_P(Channels, OpaqueStaysOpaqueTransparentLeavesAndOpaqueReplaces) {
@@ -336,34 +247,21 @@ TEST_P(Channels, PremultipliedPixelsGivePremultipliedPixels) {
     }
 }
 
-/// A pixel whose colour exceeds its alpha: the base tier's word sum carries from one channel into the next.
-TEST(ChannelCarry, BaseTierCarriesIntoTheNeighbour) {
-    const KernelTable table = BuildKernelTable({});
-    TestImage source(1, 1), dest(1, 1);
+/// A pixel whose colour exceeds its alpha: the base tier's word sum carries from one channel into the next; the tiers
+/// above stop at 255, at the end of a row and inside it.
+TEST_P(Channels, SumsCarryOrStopAt255) {
+    const bool carries = Table().OverflowOf(Row::OverRow, 32) == Overflow::Carries;
+    TestImage source(5, 1), dest(5, 1);
     source.FillWith(0x80'00'00'F0);
     const SurfaceView destView = dest.View(), sourceView = source.View();
     dest.FillWith(0xFF'10'20'FF);
-    CallRow(table, Row::OverRow, &destView, &sourceView, {});
-    EXPECT_EQ(dest.At(0, 0), 0xFF'08'11'6Fu);  // blue 0xF0 + 0x7F = 0x16F: green gets the 1
+    CallRow(Table().table, Row::OverRow, &destView, &sourceView, {});
+    // Blue 0xF0 + 0x7F = 0x16F: green gets the 1.
+    for (const int x : {0, 4}) EXPECT_EQ(dest.At(x, 0), carries ? 0xFF'08'11'6Fu : 0xFF'08'10'FFu);
     dest.FillWith(0x80'00'00'F0);
-    EXPECT_EQ(table.fillBehind(&destView, 0xFF'00'00'FF), 1);
-    EXPECT_EQ(dest.At(0, 0), 0xFF'00'01'6Fu);
-}
-
-/// The same pixels in the tiers above, at the end of a row and inside it.
-TEST(ChannelCarry, FasterTiersStopAt255) {
-    for (const TableUnderTest &tier : TablesUnderTest()) {
-        if (!tier.below) continue;
-        TestImage source(5, 1), dest(5, 1);
-        source.FillWith(0x80'00'00'F0);
-        const SurfaceView destView = dest.View(), sourceView = source.View();
-        dest.FillWith(0xFF'10'20'FF);
-        CallRow(tier.table, Row::OverRow, &destView, &sourceView, {});
-        for (const int x : {0, 4}) EXPECT_EQ(dest.At(x, 0), 0xFF'08'10'FFu) << tier.name;
-        dest.FillWith(0x80'00'00'F0);
-        EXPECT_EQ(tier.table.fillBehind(&destView, 0xFF'00'00'FF), 1);
-        for (const int x : {0, 4}) EXPECT_EQ(dest.At(x, 0), 0xFF'00'00'FFu) << tier.name;
-    }
+    EXPECT_EQ(Table().table.fillBehind(&destView, 0xFF'00'00'FF), 1);
+    for (const int x : {0, 4}) EXPECT_EQ(dest.At(x, 0), carries ? 0xFF'00'01'6Fu : 0xFF'00'00'FFu);
+    EXPECT_EQ(carries, Table().below == nullptr || Table().below->below == nullptr || !kHasTiers);
 }
 
 }  // namespace

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "pipeline/blit_dispatch.h"
+#include "pipeline/table/blit_dispatch.h"
 #include "row_check.h"
 
 namespace lacquer {
@@ -13,8 +13,8 @@ constexpr DWORD kKernelModes[] = {0, 1, 2, 3, 4, 5, 6, 0xFFFFFFFF};
 constexpr BYTE kAlphas[] = {0, 1, 100, 254, 255};
 constexpr DWORD kKeyColour = 0x00336699;
 
-WeightForm ProcessForm() { return CachedCpuFeatures().mmx ? WeightForm::Q14 : WeightForm::Q8; }
-Overflow ProcessOverflow() { return CachedCpuFeatures().mmx ? Overflow::Saturates : Overflow::Carries; }
+WeightForm ProcessForm() { return WeightFormOf(CachedCpuFeatures()); }
+Overflow ProcessOverflow() { return kHasTiers && CachedCpuFeatures().mmx ? Overflow::Saturates : Overflow::Carries; }
 
 /// A source in which about a third of the pixels are the key of its depth.
 TestImage KeyedSource(Random &random, int width, int height, int depth) {
@@ -216,15 +216,15 @@ TEST(Dispatch, RefusesNullViewsAndDrawsNothingForWhatHasNoKernel) {
             }
         }
         ConvertCopy(d, s);
-        EXPECT_EQ(kernels.forceOpaque(&d, &s), 1);
-        EXPECT_EQ(kernels.stretchOpaque(&d, &s), 1);
-        for (const MixKernel kernel : {kernels.blendSame, kernels.blendStretch, kernels.mixSame, kernels.mixStretch}) {
-            EXPECT_EQ(kernel(&d, &s, 100), 1);
-            EXPECT_EQ(kernel(&d, &s, 255), 1);
-        }
-        if (d.bitsPerPixel != 32 || d.width < 1 || d.height < 1) {
+        const bool fills = d.bitsPerPixel == 32 && d.width > 0 && d.height > 0;
+        ForEachSlot([&, d = d, s = s](const char *, auto member, CombineKind) {
+            using Kernel = std::decay_t<decltype(kernels.*member)>;
+            if (fills && (std::is_same_v<Kernel, FillKernel> || std::is_same_v<Kernel, MixColorKernel>)) return;
+            for (const BYTE weight : {BYTE{100}, BYTE{255}})
+                EXPECT_EQ(CallSlot(kernels.*member, d, s, 0xFF000000, weight), 1);
+        });
+        if (!fills) {
             EXPECT_EQ(FillView(&d, 0xFF000000, 0), 1);
-            EXPECT_EQ(kernels.mixColor(&d, 0, 100), 1);
         }
         ASSERT_TRUE(dest == before);
     }

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "pipeline/blit_dispatch.h"
+#include "pipeline/table/blit_dispatch.h"
 #include "test_image.h"
 
 namespace lacquer {

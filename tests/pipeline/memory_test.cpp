@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "allocation_count.h"
-#include "pipeline/blit_dispatch.h"
+#include "pipeline/table/blit_dispatch.h"
 #include "row_check.h"
 
 namespace lacquer {
@@ -151,16 +151,9 @@ TEST(Memory, SingleSlotsLeaveTheBytesBetweenRowsAlone) {
         source.Fill(random);
         dest.Fill(random);
         const SurfaceView destView = dest.View(), sourceView = source.View();
-        for (const FillKernel fill : {kernels.fillCopy, kernels.fillOver, kernels.fillBehind, kernels.fillModulate,
-                                      kernels.fillOr, kernels.fillGreyTint}) {
-            EXPECT_EQ(fill(&destView, 0x80706050), 1);
-        }
-        for (const ConvertKernel convert : {kernels.forceOpaque, kernels.stretchOpaque})
-            EXPECT_EQ(convert(&destView, &sourceView), 1);
-        for (const MixKernel mix : {kernels.blendSame, kernels.blendStretch, kernels.mixSame, kernels.mixStretch}) {
-            EXPECT_EQ(mix(&destView, &sourceView, 100), 1);
-        }
-        EXPECT_EQ(kernels.mixColor(&destView, 0x10101010, 100), 1);
+        ForEachSlot([&](const char *, auto member, CombineKind) {
+            EXPECT_EQ(CallSlot(kernels.*member, destView, sourceView, 0x80706050, 100), 1);
+        });
         EXPECT_TRUE(dest.GuardsAreIntact()) << width;
     }
 }
@@ -255,10 +248,9 @@ TEST(Memory, NoDrawAsksForHeap) {
     dest.Fill(random);
     const SurfaceView destView = dest.View(), sourceView = source.View();
     const long before = AllocationCount();
-    for (const DWORD mode : {0u, 1u, 3u, 4u, 5u, 6u}) FillView(&destView, 0x80402010, mode << 24);
-    for (const MixKernel mix : {Kernels().blendSame, Kernels().blendStretch, Kernels().mixSame, Kernels().mixStretch}) {
-        mix(&destView, &sourceView, 100);
-    }
+    ForEachSlot([&](const char *, auto member, CombineKind) {
+        CallSlot(Kernels().*member, destView, sourceView, 0x80402010, 100);
+    });
     BlitSubRect(&destView, &sourceView, {9000, 900}, {70, 70}, 0, 5, 255);
     EXPECT_EQ(AllocationCount(), before);
     // The counter does count.

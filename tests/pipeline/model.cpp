@@ -113,6 +113,25 @@ uint32_t ModelCombine(CombineKind rule, uint32_t s, uint32_t d, uint32_t paramet
         }
         case CombineKind::Modulate: return WordOf([&](int i) { return (ChannelOf(s, i) + 1) * ChannelOf(d, i) / 256; });
         case CombineKind::ColorKey: return s == parameter ? d : s;
+        case CombineKind::Or: return s | d;
+        case CombineKind::GreyTint: {
+            const uint32_t grey = (ChannelOf(d, 0) + 2 * ChannelOf(d, 1) + ChannelOf(d, 2)) / 4 * sA / 256;
+            return WordOf([&](int i) { return i == 3 ? dA : (ChannelOf(d, i) * (256 - dA) / 256 + grey) % 256; });
+        }
+        case CombineKind::Opaque: return s | 0xFF000000;
+        case CombineKind::CrossFade:
+            // The source's alpha is never read: the result is that of an opaque source.
+            return WordOf([&](int i) {
+                return ChannelOf(d, i) * (256 - parameter) / 256 +
+                       (i == 3 ? parameter : ChannelOf(s, i) * (parameter + 1) / 256);
+            });
+        case CombineKind::Mix:
+            if (parameter == 0 || parameter == 255) return parameter ? s : d;
+            return WordOf(
+                [&](int i) { return (ChannelOf(s, i) * (parameter + 1) + ChannelOf(d, i) * (255 - parameter)) / 256; });
+        case CombineKind::AddWeighted:
+            if (parameter == 0 || parameter == 255) return parameter ? s : d;
+            return WordOf([&](int i) { return (ChannelOf(d, i) * (255 - parameter) / 256 + ChannelOf(s, i)) % 256; });
     }
     return 0;
 }

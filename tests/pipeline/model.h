@@ -4,8 +4,8 @@
 
 #include <cstdint>
 
-#include "pipeline/kernel_rows.h"
-#include "pipeline/stretch_weights.h"
+#include "pipeline/sample/stretch_weights.h"
+#include "pipeline/table/kernel_rows.h"
 #include "test_image.h"
 
 namespace lacquer {

@@ -4,22 +4,24 @@
 
 #include <sstream>
 
+#include "pipeline/table/base_table.h"
+
 namespace lacquer {
 
-const std::array<TableUnderTest, 4> &TablesUnderTest() {
-    static const std::array<TableUnderTest, 4> tables = {
-        TableUnderTest{"base", BuildKernelTable({}), WeightForm::Q8, nullptr},
-        TableUnderTest{"MMX", BuildKernelTable({.mmx = true}), WeightForm::Q14, &tables[0]},
-        TableUnderTest{"SSE", BuildKernelTable({.mmx = true, .sse = true}), WeightForm::Q14, &tables[1]},
-        TableUnderTest{"SSE2", BuildKernelTable({.mmx = true, .sse = true, .sse2 = true}), WeightForm::Q14,
-                       &tables[2]}};
-    return tables;
+const KernelTable &BaseKernels(WeightForm form) {
+    static constexpr KernelTable kQ8 = BaseTable<WeightsQ8>(), kQ14 = BaseTable<WeightsQ14>();
+    return form == WeightForm::Q8 ? kQ8 : kQ14;
 }
 
-Overflow OverflowOf(const KernelTable &table, Row row, int bitsPerPixel) {
-    const std::size_t slot = static_cast<std::size_t>(DepthSlot(bitsPerPixel));
-    return table[row].slots[slot] == TablesUnderTest()[0].table[row].slots[slot] ? Overflow::Carries
-                                                                                 : Overflow::Saturates;
+const std::array<TableUnderTest, 5> &TablesUnderTest() {
+    static const std::array<TableUnderTest, 5> tables = {
+        TableUnderTest{"Base8", BaseKernels(WeightForm::Q8), WeightForm::Q8, nullptr},
+        TableUnderTest{"Base14", BaseKernels(WeightForm::Q14), WeightForm::Q14, &tables[0]},
+        TableUnderTest{"MMX", BuildKernelTable({.mmx = true}), WeightForm::Q14, &tables[1]},
+        TableUnderTest{"SSE", BuildKernelTable({.mmx = true, .sse = true}), WeightForm::Q14, &tables[2]},
+        TableUnderTest{"SSE2", BuildKernelTable({.mmx = true, .sse = true, .sse2 = true}), WeightForm::Q14,
+                       &tables[3]}};
+    return tables;
 }
 
 testing::AssertionResult DrawsAsModel(const TableUnderTest &table, Row row, TestImage &dest, const TestImage &source,
@@ -41,7 +43,7 @@ testing::AssertionResult DrawsAsModel(const TableUnderTest &table, Row row, Test
     if (CallRow(table.table, row, &destView, &sourceView, arguments) != 1) {
         return testing::AssertionFailure() << where() << ": result is not 1";
     }
-    const Overflow overflow = OverflowOf(table.table, row, sourceView.bitsPerPixel);
+    const Overflow overflow = table.OverflowOf(row, sourceView.bitsPerPixel);
     for (int y = 0; y < dest.height(); ++y) {
         for (int x = 0; x < dest.width(); ++x) {
             const uint32_t s =

@@ -4,34 +4,71 @@
 #include <gtest/gtest.h>
 
 #include "model.h"
-#include "pipeline/kernel_table.h"
+#include "pipeline/table/kernel_table.h"
 
 namespace lacquer {
 
-/// A processor's table and what its bits mean for the results.
+#if LACQUER_TIERS
+inline constexpr bool kHasTiers = true;
+#else
+inline constexpr bool kHasTiers = false;
+#endif
+
+/// The base tier.
+const KernelTable &BaseKernels(WeightForm form);
+
+/// The kernel of a row for a depth.
+inline auto RowMember(Row row, int bitsPerPixel) {
+    const std::size_t slot = static_cast<std::size_t>(DepthSlot(bitsPerPixel));
+    return [=](const KernelTable &of) { return of[row].slots[slot]; };
+}
+
+/// A table and what its bits mean for the results.
 struct TableUnderTest {
     const char *name;
     KernelTable table;
     WeightForm form;
-    const TableUnderTest *below;  ///< the tier under it; null for the base tier
+    const TableUnderTest *below;  ///< the one of which it replaces kernels; null for the first
 
-    /// Whether the tier has a kernel of its own for `member(table)`; what it takes from below is tested there.
+    /// Whether it has a kernel of its own for `member(table)`; what it takes from below is tested there.
     template <class Member>
     bool Replaces(const Member &member) const {
         return !below || member(table) != member(below->table);
     }
-    bool Replaces(Row row, int bitsPerPixel) const {
-        const std::size_t slot = static_cast<std::size_t>(DepthSlot(bitsPerPixel));
-        return Replaces([=](const KernelTable &of) { return of[row].slots[slot]; });
+    bool Replaces(Row row, int bitsPerPixel) const { return Replaces(RowMember(row, bitsPerPixel)); }
+
+    /// What a kernel's sums do: those of a base kernel carry, the others saturate.
+    template <class Member>
+    Overflow OverflowOf(const Member &member) const {
+        return member(table) == member(BaseKernels(form)) ? Overflow::Carries : Overflow::Saturates;
     }
+    Overflow OverflowOf(Row row, int bitsPerPixel) const { return OverflowOf(RowMember(row, bitsPerPixel)); }
 };
 
-/// The tables of processors with no features, MMX, SSE on top, and SSE2 on top.
-const std::array<TableUnderTest, 4> &TablesUnderTest();
+/// The base tables of both weight forms, and those of processors with MMX, SSE on top, and SSE2 on top.
+const std::array<TableUnderTest, 5> &TablesUnderTest();
 
-/// A kernel that a faster tier replaces saturates where the base kernel carries. (A bicubic kernel counts as replaced
-/// when its weights have another form; that matters only to pixels that are not premultiplied.)
-Overflow OverflowOf(const KernelTable &table, Row row, int bitsPerPixel);
+/// Calls visit(name, member, rule) for each single slot.
+template <class Visit>
+void ForEachSlot(const Visit &visit) {
+#define LACQUER_VISIT_SLOT(name, kind, sampler, rule, tiers) visit(#name, &KernelTable::name, CombineKind::rule);
+    LACQUER_KERNEL_SLOTS(LACQUER_VISIT_SLOT)
+#undef LACQUER_VISIT_SLOT
+}
+
+/// Calls the kernel of a single slot with what it takes of these.
+inline int CallSlot(FillKernel kernel, const SurfaceView &dest, const SurfaceView &, DWORD colour, BYTE) {
+    return kernel(&dest, colour);
+}
+inline int CallSlot(MixColorKernel kernel, const SurfaceView &dest, const SurfaceView &, DWORD colour, BYTE weight) {
+    return kernel(&dest, colour, weight);
+}
+inline int CallSlot(ConvertKernel kernel, const SurfaceView &dest, const SurfaceView &source, DWORD, BYTE) {
+    return kernel(&dest, &source);
+}
+inline int CallSlot(MixKernel kernel, const SurfaceView &dest, const SurfaceView &source, DWORD, BYTE weight) {
+    return kernel(&dest, &source, weight);
+}
 
 /// Success when drawing `source` by the row gives the model's pixels in a destination of random pixels and leaves the
 /// bytes around it alone. `dest` keeps the result. For rows of a whole draw, `fullSize` is the destination's size.

@@ -6,7 +6,8 @@
 #include <array>
 #include <cmath>
 
-#include "pipeline/stretch.h"
+#include "pipeline/sample/stretch.h"
+#include "platform/cpuid.h"
 #include "row_check.h"
 
 namespace lacquer {
@@ -153,8 +154,8 @@ TEST(Bicubic, WeightFormFollowsTheProcessor) {
     for (unsigned bits = 0; bits < 8; ++bits) {
         const bool mmx = (bits & 1) != 0;
         const CpuFeatures features = {.detected = true, .mmx = mmx, .sse = (bits & 2) != 0, .sse2 = (bits & 4) != 0};
-        const TableUnderTest table = {"mixed", BuildKernelTable(features), mmx ? WeightForm::Q14 : WeightForm::Q8,
-                                      nullptr};
+        const TableUnderTest table = {"mixed", BuildKernelTable(features), WeightFormOf(features), nullptr};
+        EXPECT_EQ(table.form == WeightForm::Q14, mmx || !kIsX86);
         for (const Row row : {Row::BicubicCopyRow, Row::AreaCopyRow}) {
             EXPECT_TRUE(DrawsAsModel(table, row, dest, source, {})) << "features " << bits;
         }

@@ -1,13 +1,12 @@
 // The table as a whole: complete for any processor, and the one of this process.
 
-#include <gtest/gtest.h>
-
 #include <cstring>
-#include <tuple>
+#include <numeric>
 #include <vector>
 
-#include "pipeline/grey_ramp.h"
-#include "pipeline/kernel_table.h"
+#include "pipeline/pixel/grey_ramp.h"
+#include "platform/cpuid.h"
+#include "row_check.h"
 
 namespace lacquer {
 namespace {
@@ -22,10 +21,7 @@ TEST(KernelTable, IsCompleteForEveryProcessor) {
         for (const KernelRow &row : table.rows) {
             for (const RowKernel kernel : row.slots) EXPECT_NE(kernel, nullptr) << bits;
         }
-        EXPECT_TRUE(table.fillCopy && table.fillOver && table.fillBehind && table.fillModulate && table.fillOr &&
-                    table.fillGreyTint && table.forceOpaque && table.blendSame && table.stretchOpaque &&
-                    table.blendStretch && table.mixSame && table.mixStretch && table.mixColor)
-            << bits;
+        ForEachSlot([&](const char *name, auto member, CombineKind) { EXPECT_NE(table.*member, nullptr) << name; });
         // Building is a pure function.
         const KernelTable again = BuildKernelTable(FeaturesOf(bits));
         EXPECT_EQ(std::memcmp(&table, &again, sizeof table), 0);
@@ -42,17 +38,11 @@ std::vector<int> Differences(const KernelTable &a, const KernelTable &b) {
             }
         }
     }
-    const auto singles = [](const KernelTable &table) {
-        return std::tuple(table.fillCopy, table.fillOver, table.fillBehind, table.fillModulate, table.fillOr,
-                          table.fillGreyTint, table.forceOpaque, table.blendSame, table.stretchOpaque,
-                          table.blendStretch, table.mixSame, table.mixStretch, table.mixColor);
-    };
     int index = kRowCount * 4;
-    const auto compare = [&](const auto &...first) {
-        std::apply([&](const auto &...second) { ((first != second ? result.push_back(index) : void(), ++index), ...); },
-                   singles(b));
-    };
-    std::apply(compare, singles(a));
+    ForEachSlot([&](const char *, auto member, CombineKind) {
+        if (a.*member != b.*member) result.push_back(index);
+        ++index;
+    });
     return result;
 }
 
@@ -66,12 +56,13 @@ std::vector<int> Entries(const std::vector<int> &rows, const std::vector<int> &s
 }
 
 TEST(KernelTable, EachTierReplacesItsEntriesAndNoOthers) {
+    if (!kHasTiers) GTEST_SKIP() << "no tiers in this build";
     std::vector<int> allRows(kRowCount);
-    for (int row = 0; row < kRowCount; ++row) allRows[static_cast<std::size_t>(row)] = row;
-    const KernelTable base = BuildKernelTable({});
+    std::iota(allRows.begin(), allRows.end(), 0);
+    const KernelTable base = BaseKernels(WeightForm::Q8);
     const KernelTable mmx = BuildKernelTable({.mmx = true}), sse = BuildKernelTable({.sse = true});
     const KernelTable sse2 = BuildKernelTable({.sse2 = true});
-    // The averages of the MMX tier are the base tier's; only what they do in enlarging draws is new.
+    // Without SSE2 as well, the averaging rows enlarge by the finer bicubic weights.
     EXPECT_EQ(Differences(base, mmx), Entries(allRows, {0, 1, 2, 3, 4, 10, 11, 12}));
     std::vector<int> sseEntries = Entries({}, {0, 4, 7, 9});
     sseEntries.insert(sseEntries.begin(), 2);
@@ -79,11 +70,20 @@ TEST(KernelTable, EachTierReplacesItsEntriesAndNoOthers) {
     std::vector<int> sse2Entries = Entries({22, 29}, {});
     sse2Entries.insert(sse2Entries.begin(), 2);
     EXPECT_EQ(Differences(base, sse2), sse2Entries);
-    // On top of each other: an area row of a processor without SSE2 stays as it is.
+    // On top of each other: the tiers share what several of them have.
     const KernelTable mmxSse = BuildKernelTable({.mmx = true, .sse = true});
     const KernelTable all = BuildKernelTable({.mmx = true, .sse = true, .sse2 = true});
-    EXPECT_EQ(Differences(mmx, mmxSse), (std::vector<int>{2, 128, 135, 137}));
-    EXPECT_EQ(Differences(mmxSse, all), Entries({22, 29}, {}));
+    EXPECT_EQ(Differences(mmx, mmxSse), Entries({}, {7, 9}));
+    EXPECT_EQ(Differences(mmxSse, all), std::vector<int>());
+}
+
+TEST(KernelTable, WithoutTiersTheProcessorDecidesTheBicubicWeightsAlone) {
+    const KernelTable base = BaseKernels(WeightForm::Q8), fine = BaseKernels(WeightForm::Q14);
+    EXPECT_EQ(Differences(base, fine), Entries({20, 21, 22, 24, 27, 28, 29, 31}, {}));
+    for (unsigned bits = 0; bits < 16 && !kHasTiers; ++bits) {
+        const bool isFine = FeaturesOf(bits).mmx || !kIsX86;
+        EXPECT_EQ(Differences(BuildKernelTable(FeaturesOf(bits)), isFine ? fine : base), std::vector<int>()) << bits;
+    }
 }
 
 TEST(KernelTable, ThisProcessHasTheTableOfItsProcessor) {

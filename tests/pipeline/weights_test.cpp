@@ -8,8 +8,8 @@
 #include <numeric>
 #include <utility>
 
-#include "pipeline/bicubic.h"
-#include "pipeline/stretch_weights.h"
+#include "pipeline/sample/bicubic.h"
+#include "pipeline/sample/stretch_weights.h"
 
 namespace lacquer {
 namespace {

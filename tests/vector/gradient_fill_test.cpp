@@ -90,8 +90,22 @@ TEST(GradientFill, LeavesTheVectorStateAlone) {
     EXPECT_EQ(0xFF00FF00, pixels.At(15, 25));
 }
 
-TEST(GradientFill, SurvivesRectanglesOfAnySize) {
+TEST(GradientFill, DrawsRectanglesOfAnySize) {
     const OwnedCanvas canvas = PlainCanvas(16, 16);
+    for (const LONG size : {1000001, 1 << 24, 1 << 30, INT32_MAX}) {
+        const RECT wide{-size, 2, size, 12}, high{2, -size, 12, size};
+        for (const int direction : {kDown, kAcross}) {
+            const RECT &rect = direction == kDown ? high : wide;
+            FillWith(ViewOf(canvas), kGround);
+            EXPECT_EQ(1, FillGradualRect(canvas, 0xFF204060, 0xFF80C0FF, &rect, direction));
+            const Picture pixels = PixelsOn(canvas);
+            EXPECT_LE(Difference(Between(0xFF204060, 0xFF80C0FF, 0.5), pixels.At(7, 7)), 1) << size;
+            const RECT seen{std::max<LONG>(rect.left, 0), std::max<LONG>(rect.top, 0), std::min<LONG>(rect.right, 16),
+                            std::min<LONG>(rect.bottom, 16)};
+            EXPECT_TRUE(Same(WithRectangle(PixelsOn(PlainCanvas(16, 16)), seen, pixels.At(7, 7)), pixels)) << size;
+        }
+    }
+    FillWith(ViewOf(canvas), kGround);
     constexpr LONG kEnds[] = {INT32_MIN, -1000001, -1, 0, 8, 16, 1000001, INT32_MAX};
     for (const LONG left : kEnds) {
         for (const LONG right : kEnds) {

@@ -27,15 +27,14 @@ protected:
 TEST_F(VectorInputTest, NullsAndWhatIsNoPolygonAreRefused) {
     const WORD glyph = 1;
     const velPointF position{};
-    const POINT points[] = {{1, 2}, {13, 4}, {5, 16}},
-                distant[] = {{INT32_MAX, INT32_MIN}, {INT32_MIN, INT32_MAX}, {5, 5}};
+    const POINT points[] = {{1, 2}, {13, 4}, {5, 16}};
     const Picture before = PixelsOn(canvas_);
     for (const int result :
          {DrawPath(canvas_, nullptr), DrawLottie(canvas_, nullptr, 0, 0, 0, 9, 9), SetGradient(canvas_, nullptr),
           DrawPosTextByGlyphs(canvas_, nullptr, 1, &position), DrawPosTextByGlyphs(canvas_, &glyph, 1, nullptr),
           SetDashPattern(canvas_, nullptr, 2, 0), SetFontFaceName(canvas_, nullptr), DrawPolygon(canvas_, 3, nullptr),
-          DrawPolygon(canvas_, 0, points), DrawPolygon(canvas_, INT32_MIN, points), DrawPolygon(canvas_, 3, distant),
-          PathDestroy(nullptr), GradientDestroy(nullptr)}) {
+          DrawPolygon(canvas_, 0, points), DrawPolygon(canvas_, INT32_MIN, points), PathDestroy(nullptr),
+          GradientDestroy(nullptr)}) {
         EXPECT_EQ(0, result);
     }
     EXPECT_TRUE(Same(before, PixelsOn(canvas_)));
@@ -73,6 +72,11 @@ TEST_F(VectorInputTest, LongPolygonsAreDrawn) {
     SetColor(canvas_, 0xFF00FF00);
     EXPECT_EQ(1, DrawPolygon(canvas_, 8, twice));
     EXPECT_TRUE(Same(WithRectangle(PixelsOn(PlainCanvas()), {5, 5, 15, 12}, 0xFF00FF00), PixelsOn(canvas_)));
+    // One with corners as far as they can be covers half of the canvas.
+    FillWith(ViewOf(canvas_), kGround);
+    const POINT distant[] = {{INT32_MIN, INT32_MIN}, {INT32_MAX, INT32_MIN}, {INT32_MAX, 20}, {INT32_MIN, 20}};
+    EXPECT_EQ(1, DrawPolygon(canvas_, 4, distant));
+    EXPECT_TRUE(Same(WithRectangle(PixelsOn(PlainCanvas()), {0, 0, kSceneWidth, 20}, 0xFF00FF00), PixelsOn(canvas_)));
     SetColor(canvas_, 0xFF000000);
 }
 

@@ -147,7 +147,8 @@ TEST(VelCanvasTest, AddsTranslationsUpWithoutLoss) {
     Painting painting(8, 8);
     // Far away and back, as window and viewport origins do.
     EXPECT_EQ(1, velCanvasTranslate(painting, 2147483648.0f, -2147483648.0f));
-    EXPECT_EQ(0, velCanvasDrawRectangle(painting, 0, 0, 1, 1));
+    EXPECT_EQ(1, velCanvasDrawRectangle(painting, 0, 0, 1, 1));
+    EXPECT_TRUE(painting.IsEmpty());
     EXPECT_EQ(1, velCanvasTranslate(painting, 3, 2));
     EXPECT_EQ(1, velCanvasTranslate(painting, -2147483648.0f, 2147483648.0f));
     EXPECT_EQ(1, velCanvasDrawRectangle(painting, 0, 0, 1, 1));

@@ -60,15 +60,12 @@ TEST(VelGradientTest, RefusesWhatIsNoGradient) {
     for (const float offset : {-0.1f, 1.1f, NAN, INFINITY}) EXPECT_EQ(0, velGradientAddColorStop(gradient, offset, 0));
     velGradientDestroy(gradient);
     for (const DWORD style : {VEL_STYLE_GRADIENT_FILL, VEL_STYLE_GRADIENT_STROKE}) {
-        for (const bool isFarAway : {false, true}) {
-            ExpectRefused(isFarAway ? "gradient too far away" : "no gradient set", [&](velCanvas *canvas) {
-                if (isFarAway) UseGradient(canvas, velGradientCreateLinear(0, 0, 1e30f, 0), {});
-                EXPECT_EQ(1, velCanvasSetDrawStyle(canvas, style));
-                const int result = velCanvasDrawRectangle(canvas, 0, 0, 9, 9);
-                EXPECT_EQ(1, velCanvasSetDrawStyle(canvas, VEL_STYLE_FILL));
-                return result;
-            });
-        }
+        ExpectRefused("no gradient set", [&](velCanvas *canvas) {
+            EXPECT_EQ(1, velCanvasSetDrawStyle(canvas, style));
+            const int result = velCanvasDrawRectangle(canvas, 0, 0, 9, 9);
+            EXPECT_EQ(1, velCanvasSetDrawStyle(canvas, VEL_STYLE_FILL));
+            return result;
+        });
     }
 }
 

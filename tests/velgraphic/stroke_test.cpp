@@ -68,12 +68,12 @@ TEST(VelStrokeTest, RefusesPatternsBeyondReason) {
     refuses(std::vector<float>(10001, 1.0f), 0);
     ExpectRefused("null", [](velCanvas *canvas) { return velCanvasSetDashPattern(canvas, nullptr, 2, 0); });
 
-    // Accepted as such, but not where they would be too many.
+    // Accepted as such, but not where too many of them would be seen.
     const struct {
         float length;
         float line;
         int result;
-    } kTries[] = {{32767, 900000, 1}, {1, 19000, 1}, {1, 21000, 0}, {1e-3f, 19, 1}, {1e-3f, 900000, 0}, {1e-45f, 1, 0}};
+    } kTries[] = {{32767, 900000, 1}, {1, 21000, 1}, {1, 1e30f, 1}, {1e-3f, 19, 1}, {1e-3f, 900000, 0}, {1e-45f, 1, 0}};
     for (const auto &[length, line, result] : kTries) {
         Painting painting;
         const float lengths[] = {length, length};

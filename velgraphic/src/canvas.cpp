@@ -3,15 +3,20 @@
 #include "canvas.h"
 
 #include <new>
+#include <numbers>
 
+#include "clip_geometry.h"
 #include "colour.h"
 
 using lacquer::vel::Clip;
 using lacquer::vel::Dashes;
+using lacquer::vel::Outline;
+using lacquer::vel::PixelRect;
 using lacquer::vel::Point;
 using lacquer::vel::PointsOf;
 using lacquer::vel::State;
 using lacquer::vel::Verb;
+using lacquer::vel::View;
 
 namespace {
 
@@ -29,7 +34,34 @@ static_assert(VEL_CAP_BUTT == int{CAIRO_LINE_CAP_BUTT} && VEL_CAP_ROUND == int{C
 static_assert(VEL_JOIN_MITER == int{CAIRO_LINE_JOIN_MITER} && VEL_JOIN_ROUND == int{CAIRO_LINE_JOIN_ROUND} &&
               VEL_JOIN_BEVEL == int{CAIRO_LINE_JOIN_BEVEL});
 
+/// How far a stroke reaches from its lines.
+double StrokeReach(const State &state) {
+    constexpr double kMiterLimit = 10;  // the renderer's own, which stays as it is
+    const double corner = state.join == VEL_JOIN_MITER ? kMiterLimit : 1;
+    const double end = state.cap == VEL_CAP_SQUARE ? std::numbers::sqrt2 : 1;
+    return static_cast<double>(state.strokeWidth) / 2 * std::max(corner, end);
+}
+
+void Trace(cairo_t *context, const Outline &outline, Point offset) {
+    const Point *next = outline.Points().begin();
+    for (const Verb verb : outline.Verbs()) {
+        Point p[3];
+        for (int i = 0; i < PointsOf(verb); ++i) p[i] = *next++ + offset;
+        switch (verb) {
+            case Verb::kMove: cairo_move_to(context, p[0].x, p[0].y); break;
+            case Verb::kLine: cairo_line_to(context, p[0].x, p[0].y); break;
+            case Verb::kCurve: cairo_curve_to(context, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y); break;
+            case Verb::kClose: cairo_close_path(context); break;
+        }
+    }
+}
+
 }  // namespace
+
+struct velCanvas::Placed {
+    const Outline *outline;
+    Point offset;
+};
 
 struct velCanvas::SavedState {
     State state;
@@ -72,34 +104,27 @@ bool velCanvas::Render(Drawing drawing) {
     return target.End();
 }
 
-bool velCanvas::CanDraw(const Outline &outline) const {
-    return target.Bitmap() && outline.IsInRange(state.translation) &&
-           (!state.UsesGradient() || (state.gradient && state.gradient->IsInRange(state.translation)));
-}
+bool velCanvas::CanDraw() const { return target.Bitmap() && (!state.UsesGradient() || state.gradient); }
 
-void velCanvas::SetSource(cairo_t *context) const {
-    if (state.UsesGradient()) {
-        cairo_pattern_t *pattern = state.gradient->Pattern(state.translation, state.Opacity());
-        cairo_set_source(context, pattern);
-        cairo_pattern_destroy(pattern);
-    } else {
+void velCanvas::SetSource(cairo_t *context, const Placed &figure, double reach) const {
+    if (!state.UsesGradient()) {
         const auto [red, green, blue, alpha] = lacquer::vel::ColourOf(state.colour, state.Opacity());
         cairo_set_source_rgba(context, red, green, blue, alpha);
+        return;
     }
-}
-
-void velCanvas::Trace(cairo_t *context, const Outline &outline) const {
-    const Point *next = outline.Points().begin();
-    for (const Verb verb : outline.Verbs()) {
-        Point p[3];
-        for (int i = 0; i < PointsOf(verb); ++i) p[i] = *next++ + state.translation;
-        switch (verb) {
-            case Verb::kMove: cairo_move_to(context, p[0].x, p[0].y); break;
-            case Verb::kLine: cairo_line_to(context, p[0].x, p[0].y); break;
-            case Verb::kCurve: cairo_curve_to(context, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y); break;
-            case Verb::kClose: cairo_close_path(context); break;
-        }
+    const velGradient &gradient = *state.gradient;
+    const Clip visible = target.Visible(state.clip);
+    cairo_pattern_t *pattern = nullptr;
+    if (gradient.SuitsRenderer(state.translation, visible)) {
+        pattern = gradient.Pattern(state.translation, state.Opacity());
+    } else {
+        const auto [low, high] = figure.outline->Extents();
+        const Point margin{reach + 1, reach + 1};
+        const Clip touched = PixelRect(low + figure.offset - margin, high + figure.offset + margin);
+        pattern = gradient.Painted(touched.Intersected(visible), state.translation, state.Opacity());
     }
+    cairo_set_source(context, pattern);
+    cairo_pattern_destroy(pattern);
 }
 
 bool velCanvas::Draw(const Outline &outline, DWORD fillType) {
@@ -107,10 +132,18 @@ bool velCanvas::Draw(const Outline &outline, DWORD fillType) {
 }
 
 bool velCanvas::Fill(const Outline &outline, DWORD fillType) {
-    if (!CanDraw(outline)) return false;
+    if (!CanDraw()) return false;
+    Placed figure{&outline, state.translation};
+    if (!outline.SuitsRenderer(state.translation)) {
+        const Clip visible = target.Visible(state.clip);
+        if (visible.IsEmpty()) return true;
+        clipped_.Clear();
+        if (!ClipFill(outline, View(visible, state.translation, 0), clipped_)) return false;
+        figure = {&clipped_, {}};
+    }
     return Render([&](cairo_t *context) {
-        SetSource(context);
-        Trace(context, outline);
+        SetSource(context, figure, 0);
+        Trace(context, *figure.outline, figure.offset);
         cairo_set_fill_rule(context,
                             fillType == VEL_FILL_EVEN_ODD ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
         cairo_fill(context);
@@ -118,14 +151,22 @@ bool velCanvas::Fill(const Outline &outline, DWORD fillType) {
 }
 
 bool velCanvas::Stroke(const Outline &outline) {
-    if (!CanDraw(outline)) return false;
+    if (!CanDraw()) return false;
     if (state.strokeWidth == 0) return true;
-    const double width = static_cast<double>(state.strokeWidth);
-    const Dashes dashes = Dashes::Of(state.dashStyle, width, state.dashes.Get());
-    if (dashes.count > 0 && dashes.AreTooMany(outline.LengthAtMost())) return false;
+    const double width = static_cast<double>(state.strokeWidth), reach = StrokeReach(state);
+    Dashes dashes = Dashes::Of(state.dashStyle, width, state.dashes.Get());
+    Placed figure{&outline, state.translation};
+    if (!outline.SuitsRenderer(state.translation) || (dashes && dashes.AreTooMany(outline.LengthAtMost()))) {
+        const Clip visible = target.Visible(state.clip);
+        if (visible.IsEmpty()) return true;
+        clipped_.Clear();
+        if (!ClipStroke(outline, View(visible, state.translation, reach), dashes, clipped_)) return false;
+        figure = {&clipped_, {}};
+        if (dashes) dashes = Dashes::Whole();
+    }
     return Render([&](cairo_t *context) {
-        SetSource(context);
-        Trace(context, outline);
+        SetSource(context, figure, reach);
+        Trace(context, *figure.outline, figure.offset);
         cairo_set_line_width(context, width);
         cairo_set_line_cap(context, static_cast<cairo_line_cap_t>(state.cap));
         cairo_set_line_join(context, static_cast<cairo_line_join_t>(state.join));

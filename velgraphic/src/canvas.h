@@ -32,8 +32,8 @@ public:
         return scratch_;
     }
 
-    // Outlines are in logical coordinates. All of these give false, and draw nothing, without a bitmap or a gradient
-    // that the style asks for, outside the limits, and when memory is short.
+    // Outlines are in logical coordinates, which may be as large as any float. All of these give false, and draw
+    // nothing, without a bitmap or a gradient that the style asks for, with too many dashes, and when memory is short.
 
     /// Fills or strokes as the style says.
     bool Draw(const Outline &outline, DWORD fillType);
@@ -46,13 +46,16 @@ public:
 
 private:
     struct SavedState;
+    /// An outline, and how far away from it the renderer draws.
+    struct Placed;
 
     template <typename Drawing>
     bool Render(Drawing drawing);
-    void SetSource(cairo_t *context) const;
-    bool CanDraw(const Outline &outline) const;
-    void Trace(cairo_t *context, const Outline &outline) const;
+    /// Whether there is what a draw needs.
+    bool CanDraw() const;
+    /// Takes the colour, or as much of the gradient as shows within `reach` pixels around the outline.
+    void SetSource(cairo_t *context, const Placed &figure, double reach) const;
 
     SavedState *saved_ = nullptr;
-    Outline scratch_;
+    Outline scratch_, clipped_;
 };

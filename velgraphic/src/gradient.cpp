@@ -2,16 +2,83 @@
 
 #include "gradient.h"
 
+#include <limits>
 #include <new>
 
 #include "colour.h"
 
 using lacquer::vel::AreFinite;
+using lacquer::vel::Buffer;
 using lacquer::vel::Colour;
+using lacquer::vel::ColourOf;
 
-bool velGradient::IsInRange(Point offset) const {
-    return lacquer::vel::InRange(first_ + offset) && lacquer::vel::InRange(second_ + offset) &&
-           radius_ <= lacquer::vel::kMaxCoordinate;
+namespace {
+
+/// The colours between the stops of a gradient.
+class Ramp {
+public:
+    Ramp(const Buffer<velGradient::Stop> &stops, double opacity) : stops_(stops), opacity_(opacity) {}
+
+    /// The premultiplied pixel at `t` between 0 and 1, or beyond.
+    uint32_t At(double t) {
+        if (!(low_ <= t && t < high_)) FindStops(t);
+        const double s = (t - origin_) * perLength_;
+        const auto between = [s](double a, double b) { return a + s * (b - a); };
+        const double alpha = between(from_.alpha, to_.alpha);
+        const auto byte = [](double value) { return static_cast<uint32_t>(255 * value + 0.5); };
+        return byte(alpha) << 24 | byte(alpha * between(from_.red, to_.red)) << 16 |
+               byte(alpha * between(from_.green, to_.green)) << 8 | byte(alpha * between(from_.blue, to_.blue));
+    }
+
+private:
+    void FindStops(double t) {
+        constexpr double kInfinity = std::numeric_limits<double>::infinity();
+        const auto *after = std::upper_bound(stops_.begin(), stops_.end(), t,
+                                             [](double value, const auto &stop) { return value < stop.offset; });
+        const bool isFirst = after == stops_.begin(), isLast = after == stops_.end();
+        const auto *before = isFirst ? after : after - 1;
+        if (isLast) after = before;
+        from_ = ColourOf(before->colour, opacity_);
+        to_ = ColourOf(after->colour, opacity_);
+        low_ = isFirst ? -kInfinity : before->offset;
+        high_ = isLast ? kInfinity : after->offset;
+        origin_ = isFirst || isLast ? 0 : low_;
+        perLength_ = isFirst || isLast ? 0 : 1 / (high_ - low_);
+    }
+
+    const Buffer<velGradient::Stop> &stops_;
+    double opacity_;
+    double low_ = 1, high_ = 0;  ///< where `from_` and `to_` are the colours around; nowhere at first
+    double origin_ = 0, perLength_ = 0;
+    Colour from_{}, to_{};
+};
+
+}  // namespace
+
+bool velGradient::AddStop(float offset, DWORD colour) {
+    if (!stops_.Append({offset, colour})) return false;
+    Stop *stop = stops_.Data() + stops_.Size() - 1;
+    for (; stop != stops_.begin() && stop[-1].offset > offset; --stop) std::swap(stop[-1], stop[0]);
+    return true;
+}
+
+bool velGradient::SuitsRenderer(Point offset, const Clip &visible) const {
+    // Beyond this the renderer reduces the gradient and its coordinates, which it keeps in steps of 2^-16.
+    constexpr double kLargest = 16383, kError = 0x1p-17;
+    double largest = radius_;
+    for (const Point p : {first_ + offset, second_ + offset}) {
+        largest = std::max({largest, std::fabs(p.x), std::fabs(p.y)});
+    }
+    if (largest <= kLargest || Length() == 0) return true;
+
+    const double distance = kError * (largest / kLargest) * (std::max(visible.right, visible.bottom) + 1);
+    const double shift = distance / Length() + kError;
+    constexpr double kHalfLevel = 1.0 / 512;
+    for (size_t i = 1; i < stops_.Size(); ++i) {
+        if (stops_[i].colour == stops_[i - 1].colour) continue;
+        if (shift > kHalfLevel * static_cast<double>(stops_[i].offset - stops_[i - 1].offset)) return false;
+    }
+    return true;
 }
 
 cairo_pattern_t *velGradient::Pattern(Point offset, double opacity) const {
@@ -19,10 +86,37 @@ cairo_pattern_t *velGradient::Pattern(Point offset, double opacity) const {
     cairo_pattern_t *pattern = radius_ > 0 ? cairo_pattern_create_radial(first.x, first.y, 0, first.x, first.y, radius_)
                                            : cairo_pattern_create_linear(first.x, first.y, second.x, second.y);
     for (const Stop &stop : stops_) {
-        const Colour colour = lacquer::vel::ColourOf(stop.colour, opacity);
+        const Colour colour = ColourOf(stop.colour, opacity);
         cairo_pattern_add_color_stop_rgba(pattern, static_cast<double>(stop.offset), colour.red, colour.green,
                                           colour.blue, colour.alpha);
     }
+    return pattern;
+}
+
+cairo_pattern_t *velGradient::Painted(const Clip &part, Point offset, double opacity) const {
+    const int columns = std::max(part.right - part.left, 0), rows = std::max(part.bottom - part.top, 0);
+    cairo_surface_t *image = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, columns, rows);
+    if (cairo_surface_status(image) == CAIRO_STATUS_SUCCESS) {
+        Ramp ramp(stops_, opacity);
+        const Point direction = second_ - first_, from = first_ + offset;
+        const Point step = 1 / (Length() * Length()) * direction;
+        unsigned char *pixels = cairo_image_surface_get_data(image);
+        const ptrdiff_t stride = cairo_image_surface_get_stride(image);
+        for (int y = 0; y < rows; ++y) {
+            uint32_t *pixel = reinterpret_cast<uint32_t *>(pixels + y * stride);
+            for (int x = 0; x < columns; ++x) {
+                const Point p = Point{part.left + x + 0.5, part.top + y + 0.5} - from;
+                *pixel++ = ramp.At(radius_ > 0 ? lacquer::vel::Length(p) / radius_ : p.x * step.x + p.y * step.y);
+            }
+        }
+        cairo_surface_mark_dirty(image);
+    }
+    cairo_pattern_t *pattern = cairo_pattern_create_for_surface(image);
+    cairo_surface_destroy(image);
+    cairo_matrix_t matrix;
+    cairo_matrix_init_translate(&matrix, -part.left, -part.top);
+    cairo_pattern_set_matrix(pattern, &matrix);
+    cairo_pattern_set_filter(pattern, CAIRO_FILTER_NEAREST);
     return pattern;
 }
 

@@ -5,31 +5,39 @@
 #include <velgraphic/velgraphic.h>
 
 #include "buffer.h"
-#include "geometry.h"
+#include "clip.h"
 #include "shared.h"
 
 struct velGradient final : lacquer::vel::Shared<velGradient> {
 public:
+    using Clip = lacquer::vel::Clip;
     using Point = lacquer::vel::Point;
 
     /// From `first` to `second`, or with a positive radius around `first`.
     velGradient(Point first, Point second, double radius) : first_(first), second_(second), radius_(radius) {}
 
     /// 0 <= offset <= 1. False when memory is short.
-    bool AddStop(float offset, DWORD colour) { return stops_.Append({offset, colour}); }
+    bool AddStop(float offset, DWORD colour);
 
-    /// Whether the gradient's geometry, moved by `offset`, is in the range that can be drawn.
-    bool IsInRange(Point offset) const;
+    // What to draw with: moved by `offset`, alpha scaled by `opacity`. The caller destroys it; it may be in error.
 
-    /// What to draw with: moved by `offset`, alpha scaled by `opacity`. The caller destroys it; it may be in error.
+    /// Whether the renderer's own gradient, moved by `offset`, has the right colours on the pixels `visible`. It has
+    /// not when the gradient is far larger, or far away, and yet changes its colour quickly.
+    bool SuitsRenderer(Point offset, const Clip &visible) const;
     cairo_pattern_t *Pattern(Point offset, double opacity) const;
+    /// The colours of the pixels `part` alone, computed one by one.
+    cairo_pattern_t *Painted(const Clip &part, Point offset, double opacity) const;
 
-private:
     struct Stop {
         float offset;
         DWORD colour;
     };
+
+private:
+    /// From 0 to 1: the distance of the two points, or the radius.
+    double Length() const { return radius_ > 0 ? radius_ : lacquer::vel::Length(second_ - first_); }
+
     Point first_, second_;
     double radius_;
-    lacquer::vel::Buffer<Stop> stops_;
+    lacquer::vel::Buffer<Stop> stops_;  ///< by their offsets
 };

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <numbers>
 
+#include "bezier.h"
+
 namespace lacquer::vel {
 
 void Outline::GoBackTo(const Position &position) {
@@ -44,21 +46,36 @@ bool Outline::Close() { return Add(Verb::kClose, nullptr); }
 
 namespace {
 
+Precision PrecisionFor(double radius) { return radius > kMaxCoordinate ? Precision::kFull : Precision::kSteps; }
+
 /// A circle or ellipse as the image of the unit circle: point = centre + x * xAxis + y * yAxis.
 struct CircleImage {
     Point centre, xAxis, yAxis;
 
     Point At(Point p) const { return centre + p.x * xAxis + p.y * yAxis; }
+    double Radius() const { return std::max(Length(xAxis), Length(yAxis)); }
+    Precision PrecisionOfPoints() const { return PrecisionFor(Radius()); }
+
+    /// For how many degrees at most one curve may follow the circle.
+    double LargestStep() const {
+        double step = 45;  // keeps the curve within 0.000005 radii of the circle
+        if (Radius() <= kMaxCoordinate) return step;
+        // Within 0.005 pixels, as far as a double can tell. Half of the step divides the error by 2^6.
+        step /= 4;
+        constexpr double kLargest = 1e15;
+        for (double radius = 2 * kMaxCoordinate; radius < std::min(Radius(), kLargest); radius *= 64) step /= 2;
+        return step;
+    }
 };
 
 /// Appends curves along the image from `start` for `sweep` degrees; the present point is taken to lie at the start.
 bool FollowCircle(Outline &outline, const CircleImage &image, double start, double sweep) {
-    constexpr double kStep = 45;  // keeps the curves within 0.000005 radii of the circle
-    const int steps = std::max(1, static_cast<int>(std::ceil(std::fabs(sweep) / kStep - 1e-6)));
-    const double handle = ArcHandle(sweep / steps);
-    Point from = UnitVector(start);
+    const int steps = std::max(1, static_cast<int>(std::ceil(std::fabs(sweep) / image.LargestStep() - 1e-6)));
+    const Precision precision = image.PrecisionOfPoints();
+    const double handle = ArcHandle(sweep / steps, precision);
+    Point from = UnitVector(start, precision);
     for (int i = 1; i <= steps; ++i) {
-        const Point to = UnitVector(start + sweep * i / steps);
+        const Point to = UnitVector(start + sweep * i / steps, precision);
         if (!outline.CurveTo(image.At({from.x - handle * from.y, from.y + handle * from.x}),
                              image.At({to.x + handle * to.y, to.y - handle * to.x}), image.At(to))) {
             return false;
@@ -72,7 +89,7 @@ bool FollowCircle(Outline &outline, const CircleImage &image, double start, doub
 
 bool Outline::Arc(Point centre, Point radii, double start, double sweep, bool newFigure) {
     const CircleImage image{centre, {radii.x, 0}, {0, radii.y}};
-    const Point first = image.At(UnitVector(start));
+    const Point first = image.At(UnitVector(start, image.PrecisionOfPoints()));
     if (!(newFigure ? MoveTo(first) : LineTo(first))) return false;
     return FollowCircle(*this, image, start, std::clamp(sweep, -360.0, 360.0));
 }
@@ -82,9 +99,12 @@ bool Outline::EndpointArc(Point radii, double rotation, bool largeArc, bool cloc
     if (radii.x == 0 || radii.y == 0 || (half.x == 0 && half.y == 0)) return LineTo(end);
 
     // In a system where the ellipse is the unit circle: +-`q` are the two ends seen from the middle between them.
-    const Point axis = UnitVector(rotation);
+    const Point axis = UnitVector(rotation, PrecisionFor(std::max(radii.x, radii.y)));
     Point q{(axis.x * half.x + axis.y * half.y) / radii.x, (axis.x * half.y - axis.y * half.x) / radii.y};
     const double distance = std::hypot(q.x, q.y);
+    // The arc would hardly leave the line, and its centre, far away, would be too coarse to find it again.
+    constexpr double kFlat = 1e-9;
+    if (distance < kFlat && !largeArc) return LineTo(end);
     if (distance > 1) {
         radii = distance * radii;
         q = 1 / distance * q;
@@ -178,8 +198,29 @@ Bounds Outline::Extents() const {
     return all;
 }
 
-bool Outline::IsInRange(Point offset) const {
-    return std::all_of(points_.begin(), points_.end(), [offset](Point p) { return InRange(p + offset); });
+bool Outline::SuitsRenderer(Point offset) const {
+    const auto areWithin = [&](double limit) {
+        return std::all_of(points_.begin(), points_.end(), [=](Point p) { return InRange(p + offset, limit); });
+    };
+    if (areWithin(kSafeCoordinate)) return true;
+    if (!areWithin(kMaxCoordinate)) return false;
+    bool isSafe = true;
+    ForEachFigure([&](const Figure &figure) {
+        Point from = figure.start;
+        const auto line = [&](Point to) {
+            isSafe = isSafe && std::fabs((to.x - from.x) * (to.y - from.y)) <= kMaxEdgeArea;
+            from = to;
+        };
+        figure.ForEach(line, [&](const Point *p) {
+            const Bezier curve{from, p[0], p[1], p[2]};
+            const Point size = curve.Hull().high - curve.Hull().low;
+            // The more it is bent, the shorter are the lines that stand for it.
+            isSafe = isSafe && size.x * size.y <= kMaxEdgeArea * std::max(1.0, curve.LeastBend());
+            from = p[2];
+        });
+        line(figure.start);
+    });
+    return isSafe;
 }
 
 double Outline::LengthAtMost() const {

@@ -13,14 +13,28 @@ enum class Verb : uint8_t { kMove, kLine, kCurve, kClose };
 /// How many points come with a verb.
 inline int PointsOf(Verb verb) { return verb == Verb::kCurve ? 3 : verb == Verb::kClose ? 0 : 1; }
 
-struct Bounds {
-    Point low, high;
-};
-
 /// Every function that appends gives false when memory is short; a change of several steps may have been made in part
 /// then, and `Mark` and `GoBackTo` undo it.
 class Outline {
 public:
+    /// Lines and curves that follow each other.
+    struct Figure {
+        Point start;
+        const Verb *verbs;  ///< of the lines and curves
+        const Verb *verbsEnd;
+        const Point *points;  ///< of the lines and curves
+        bool isClosed;
+
+        /// Calls `line` with the end of each line, and `curve` with the three points of each curve.
+        template <typename Line, typename Curve>
+        void ForEach(Line line, Curve curve) const {
+            const Point *next = points;
+            for (const Verb *verb = verbs; verb != verbsEnd; next += PointsOf(*verb++)) {
+                *verb == Verb::kLine ? line(*next) : curve(next);
+            }
+        }
+    };
+
     const Buffer<Verb> &Verbs() const { return verbs_; }
     const Buffer<Point> &Points() const { return points_; }
     bool HasPresentPoint() const { return verbs_.Size() > 0; }
@@ -53,10 +67,29 @@ public:
 
     /// The smallest rectangle around lines and curves; zeros when empty.
     Bounds Extents() const;
-    /// Whether all points moved by `offset` can be drawn.
-    bool IsInRange(Point offset) const;
+    /// Whether the renderer can draw the figures moved by `offset` as they are.
+    bool SuitsRenderer(Point offset) const;
     /// At least the length of all lines and curves.
     double LengthAtMost() const;
+
+    /// Calls `handle` with each figure.
+    template <typename Handle>
+    void ForEachFigure(Handle handle) const {
+        Point start;
+        const Point *next = points_.begin();
+        for (const Verb *verb = verbs_.begin(); verb != verbs_.end();) {
+            if (*verb == Verb::kMove) {
+                start = *next++;
+                ++verb;
+            }
+            Figure figure{start, verb, verb, next, false};
+            while (verb != verbs_.end() && (*verb == Verb::kLine || *verb == Verb::kCurve)) next += PointsOf(*verb++);
+            figure.verbsEnd = verb;
+            figure.isClosed = verb != verbs_.end() && *verb == Verb::kClose;
+            if (figure.isClosed) ++verb;
+            handle(figure);
+        }
+    }
 
 private:
     bool Add(Verb verb, const Point *points);

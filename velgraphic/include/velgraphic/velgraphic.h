@@ -11,9 +11,11 @@
  *   square between (0, 0) and (1, 1). Angles are degrees, clockwise on screen from the positive x axis; those of an
  *   ellipse count on the circle that it is stretched from.
  *
- * - Limits: a draw is refused when one of its points, after the translation, lies more than 1,000,000 pixels from the
- *   origin; so is a stroke width, dash length, text size or animation side of more than 32767 pixels, and a stroke that
- *   would consist of more than 10,000 dashes. Drawing reaches the first 32767 columns and rows of a bitmap.
+ * - Limits: shapes, paths, strokes and gradients may reach as far as floats do. What is seen of them is drawn: straight
+ *   lines where they are; curves, and the dashes of a stroke, to about 2^-50 of the largest coordinate or length. Refused
+ *   is a stroke width, dash length, text size or animation side of more than 32767 pixels; a stroke of which more than
+ *   10,000 dashes would be seen; and a glyph or an animation that, after the translation, lies more than 1,000,000
+ *   pixels from the origin. Drawing reaches the first 32767 columns and rows of a bitmap.
  *
  * - Colours are straight 0xAARRGGBB. Pixels are premultiplied words 0xAARRGGBB, in memory blue, green, red, alpha.
  *

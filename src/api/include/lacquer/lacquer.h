@@ -112,6 +112,35 @@ typedef struct TextureMode {
     RECT margins;
 } TextureMode;
 
+/* A rectangle in logical coordinates, pixels; fractions of a pixel count, to the nearest 1/256. */
+typedef struct GeoRect {
+    float left, top, right, bottom;
+} GeoRect;
+
+/* How a geometric rectangle is painted. 28 bytes. */
+typedef struct GeoStyle {
+    DWORD border, fill; /* straight colours 0xAARRGGBB; alpha 0 leaves that part unpainted, in every mode */
+    float borderWidth;  /* pixels, inside the rectangle's edge; 0 to 16384 */
+    float radii[4];     /* pixels, 0 to 16384: top left, top right, bottom right, bottom left corner */
+} GeoStyle;
+
+/* One shadow of a rectangle. 44 bytes. */
+typedef struct ShadowStyle {
+    DWORD colour;          /* straight, 0xAARRGGBB */
+    LONG offsetX, offsetY; /* pixels by which the shadow is moved right and down */
+    float blur;            /* pixels, 0 to 1024: twice the standard deviation of the Gaussian, as in CSS */
+    float spread;          /* pixels, -16384 to 16384, by which the shadow grows before it is blurred */
+    float radii[4];        /* pixels, of the rectangle's corners before the spread; order as in GeoStyle */
+    float lightness;       /* factor on the colour's lightness, 0 to 255; exactly 1 leaves the colour alone */
+    DWORD flags;           /* LACQUER_SHADOW_..., added up */
+} ShadowStyle;
+
+/* Where a shadow falls. Without a flag: around the rectangle, not under it. */
+enum {
+    LACQUER_SHADOW_INNER = 1, /* into the rectangle, from its edge inwards */
+    LACQUER_SHADOW_FILLED = 2 /* also under the rectangle; ignored with LACQUER_SHADOW_INNER */
+};
+
 /* The draw mode: the top byte of an object's filter word, with which the object is drawn as a source (s); other values,
  * and LACQUER_DRAW_OR and LACQUER_DRAW_GREY_TINT, copy. Also the top byte of a fill's mode word, with the colour as s;
  * there LACQUER_DRAW_COLOR_KEY and other values act as LACQUER_DRAW_OVER. d is the destination.
@@ -415,6 +444,37 @@ LACQUER_API int FillPreMulColorRectEx(HGCANVAS canvas, DWORD colour, const RECT 
  * result 1, on a canvas made from a device context and for a rectangle that reaches beyond the limits of vector
  * drawing. */
 LACQUER_API int FillGradualRect(HGCANVAS canvas, DWORD from, DWORD to, const RECT *rect, int direction);
+
+/* ---- Geometric rectangles and shadows ----------------------------------------------------------------------- */
+
+/* Rectangles, rounded rectangles, focus rings and shadows with smooth edges; the same pixels on every machine. For all
+ * of them: coordinates are clamped to 2^31 pixels on either side of 0 and rounded to 1/256 pixel, lengths likewise and
+ * clamped to their ranges. A rectangle that is empty or inverted then, and a number that is none (NaN) in a field that
+ * the function uses, draws nothing, with the result 1; a shadow with such a field is left out of its list. Only 32-bit
+ * pixels are drawn on. Result: 1, also when nothing is visible; 0 for a wrong handle, a null pointer, a negative count.
+ *
+ * Each part of a shape is drawn as FillSolidRectEx draws its colour, to the extent that the part covers a pixel; whole
+ * pixels are those of FillSolidRectEx. Radii that do not fit into a side are made smaller together. The inner edge of a
+ * border keeps the circles' centres; a border that leaves nothing inside is all there is. */
+
+/* `borderWidth` and `radius`: pixels, 0 to 16384. The colours are straight, drawn over; alpha 0 leaves a part out. */
+LACQUER_API int GeoRectangle(HGCANVAS canvas, const RECT *rect, DWORD border, DWORD fill, int borderWidth);
+LACQUER_API int GeoRoundRect(HGCANVAS canvas, const RECT *rect, DWORD border, DWORD fill, int borderWidth, int radius);
+
+/* The top byte of `modeWord` is the draw mode. GeoRectangleEx ignores the radii. */
+LACQUER_API int GeoRectangleEx(HGCANVAS canvas, const GeoRect *rect, const GeoStyle *style, DWORD modeWord);
+LACQUER_API int GeoRoundRectEx(HGCANVAS canvas, const GeoRect *rect, const GeoStyle *style, DWORD modeWord);
+
+/* A border in one straight colour, drawn over, of dashes that close: as many as fit best of `dash` + `gap`, the first
+ * in the middle of the top left corner. Width (at most half the smaller side), radius of all corners, dash and gap:
+ * pixels, 0 to 16384. A dash or a gap of 0, or a ring of more than 65536 pixels, is drawn without gaps. Around a
+ * rectangle of whole pixels a width, dash and gap of 1 with sharp corners paint every other pixel of the edge. */
+LACQUER_API int GeoRectFocusEx(HGCANVAS canvas, const GeoRect *rect, DWORD colour, float width, float radius,
+                               float dash, float gap);
+
+/* Draws `count` shadows of a rectangle over the canvas, the last one first, so that the first one lies on top.
+ * `shadows` may be null when `count` is 0. A shadow ends 3/2 of its blur beyond its edge. */
+LACQUER_API int DrawShadows(HGCANVAS canvas, const RECT *rect, const ShadowStyle *shadows, int count);
 
 /* ---- Compositing canvases ----------------------------------------------------------------------------------- */
 

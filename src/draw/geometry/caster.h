@@ -1,0 +1,58 @@
+// What casts a blurred shadow: a rounded rectangle, the blur, and where on the canvas both are felt.
+#pragma once
+
+#include <cstdint>
+
+#include "draw/geometry/caster_side.h"
+#include "draw/geometry/gaussian_edge.h"
+#include "draw/geometry/rounded_rect.h"
+
+namespace lacquer {
+
+/// Pixels from `begin` to `end` are shadowed at all, those from `middleBegin` to `middleEnd` as by straight edges of
+/// the other direction alone.
+struct ShadowSpan {
+    int64_t begin, middleBegin, middleEnd, end;
+};
+
+/// Positions are in 1/65536 pixel.
+class Caster {
+public:
+    /// `blur`: units, above 0. `shape` is not empty; its corners' squares may overlap.
+    Caster(const RoundedRect &shape, int64_t blur);
+
+    const GaussianEdge &Edge() const { return edge_; }
+
+    /// The right side runs against the x axis.
+    const CasterSide &Left() const { return left_; }
+    const CasterSide &Right() const { return right_; }
+
+    /// No row has anything to cast.
+    bool IsEmpty() const { return top_ >= bottom_; }
+
+    ShadowSpan Columns() const;
+    ShadowSpan Rows() const;
+
+    /// The weight of all rows of the caster for a row of pixels, up to 2 × GaussianEdge::kHalf.
+    int RowWeight(int64_t y) const;
+
+    /// False when none of these columns has a pixel that is nothing but shadow.
+    bool MayBeWhole(int64_t x, int64_t xEnd) const {
+        return (xEnd << 16) - edge_.Reach() > shape_.left && (x << 16) + edge_.Reach() < shape_.right;
+    }
+
+    /// The pixels of a row that are nothing but shadow: with the blur's reach around them they lie in the caster.
+    void FindWhole(int64_t y, int64_t *begin, int64_t *end) const;
+
+private:
+    void CutOverlap();
+    CasterSide MakeSide(bool isLeft) const;
+    int64_t WidthAt(int64_t y) const { return -right_.At(y) - left_.At(y); }
+
+    RoundedRect shape_;  ///< in 1/65536 pixel
+    GaussianEdge edge_;
+    int64_t top_, bottom_;  ///< of the rows that the arcs leave over
+    CasterSide left_, right_;
+};
+
+}  // namespace lacquer

@@ -1,0 +1,38 @@
+// Dashes of equal length along a closed line.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+
+namespace lacquer {
+
+/// Positions and lengths along the line are in 1/65536 pixel.
+class Dashes {
+public:
+    static constexpr int64_t kLongestLine = int64_t{65536} << 16;
+
+    /// `line`: its length, at most kLongestLine. `dash` and `gap` are above 0, at most 16384 pixels and at least 1/256.
+    /// The line carries as many dashes as fit best; the first has its middle at 0.
+    Dashes(int64_t line, int64_t dash, int64_t gap)
+        : line_(line),
+          count_(std::max<int64_t>(1, (2 * line + dash + gap) / (2 * (dash + gap)))),
+          scaledDash_(line * (dash >> 8) / ((dash + gap) >> 8)) {}
+
+    /// How much of the line between two positions is dashes. -line <= from <= to <= 2 × line.
+    int64_t Between(int64_t from, int64_t to) const { return (ScaledBefore(to) - ScaledBefore(from)) / count_; }
+
+    bool Contains(int64_t position) const { return ScaledPlace(position) % line_ < scaledDash_; }
+
+private:
+    /// Times the number of dashes, so that periods are whole: the line's length is the period.
+    int64_t ScaledPlace(int64_t position) const { return (position + line_) * count_ + scaledDash_ / 2; }
+
+    int64_t ScaledBefore(int64_t position) const {
+        const int64_t place = ScaledPlace(position), period = place / line_;
+        return period * scaledDash_ + std::min(place - period * line_, scaledDash_);
+    }
+
+    int64_t line_, count_, scaledDash_;
+};
+
+}  // namespace lacquer

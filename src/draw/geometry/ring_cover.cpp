@@ -1,0 +1,170 @@
+// Cover of a ring's pixels. The straight sides are products of two lengths; a corner is cut into thin arcs around its
+// centre, of which the dashed length is known exactly.
+
+#include "draw/geometry/ring_cover.h"
+
+#include <algorithm>
+
+#include "draw/geometry/angle.h"
+#include "draw/geometry/integer_root.h"
+#include "draw/geometry/units.h"
+
+namespace lacquer {
+namespace {
+
+constexpr int kSlices = 16;  ///< of the mitres in which two sides meet
+constexpr int kArcs = 6;     ///< of each part of a pixel's way through a corner
+
+int64_t CornerSide(int64_t radius, int64_t width) { return std::max(radius, width / 2); }
+
+int64_t ArcLength(int64_t radius) { return (radius * kQuarterTurn + (int64_t{1} << 29)) >> kAngleBits; }
+
+int64_t Distance(int64_t x, int64_t y) { return FloorRoot(static_cast<uint64_t>(x * x + y * y)); }
+
+/// The other leg of a right-angled triangle.
+int64_t Leg(int64_t longest, int64_t leg) {
+    const int64_t square = longest * longest - leg * leg;
+    return square > 0 ? FloorRoot(static_cast<uint64_t>(square)) : 0;
+}
+
+}  // namespace
+
+RingCover::Box RingCover::Box::CutTo(int64_t aLow, int64_t aHigh, int64_t bLow, int64_t bHigh) const {
+    return {std::max(a0, aLow), std::min(a1, aHigh), std::max(b0, bLow), std::min(b1, bHigh)};
+}
+
+int64_t RingCover::LineLength(const RoundedRect &shape, int64_t width) {
+    const int64_t corner = CornerSide(shape.radii[0] << 8, width << 8);
+    return 2 * ((shape.right - shape.left + shape.bottom - shape.top) << 8) - 8 * corner +
+           4 * ArcLength(corner - (width << 7));
+}
+
+RingCover::RingCover(const RoundedRect &shape, int64_t width, int64_t dash, int64_t gap)
+    : left_(shape.left << 8),
+      top_(shape.top << 8),
+      right_(shape.right << 8),
+      bottom_(shape.bottom << 8),
+      width_(width << 8),
+      outerRadius_(shape.radii[0] << 8),
+      corner_(CornerSide(outerRadius_, width_)),
+      lineRadius_(corner_ - width_ / 2),
+      across_(right_ - left_ - 2 * corner_),
+      down_(bottom_ - top_ - 2 * corner_),
+      arc_(ArcLength(lineRadius_)),
+      dashes_(LineLength(shape, width), dash << 8, gap << 8) {}
+
+BYTE RingCover::At(int64_t x, int64_t y) const {
+    // Sides: along them clockwise, and inwards. Corners: from the circle's centre, clockwise.
+    const int64_t x0 = x << 16, x1 = (x + 1) << 16, y0 = y << 16, y1 = (y + 1) << 16;
+    const int64_t leftEnd = left_ + corner_, topEnd = top_ + corner_;
+    const int64_t rightEnd = right_ - corner_, bottomEnd = bottom_ - corner_;
+    const int64_t topStart = arc_ / 2, rightStart = topStart + across_ + arc_;
+    const int64_t bottomStart = rightStart + down_ + arc_, leftStart = bottomStart + across_ + arc_;
+    const int64_t reach = std::max(corner_, width_);
+    const bool isLeft = x0<left_ + reach, isRight = x1> right_ - reach;
+    int64_t area = 0;
+    if (y0 < top_ + reach) {
+        area += SideArea({x0 - leftEnd, x1 - leftEnd, y0 - top_, y1 - top_}, across_, topStart);
+        if (isLeft) area += CornerArea({leftEnd - x1, leftEnd - x0, topEnd - y1, topEnd - y0}, -arc_ / 2);
+        if (isRight) area += CornerArea({topEnd - y1, topEnd - y0, x0 - rightEnd, x1 - rightEnd}, topStart + across_);
+    }
+    if (y1 > bottom_ - reach) {
+        area += SideArea({rightEnd - x1, rightEnd - x0, bottom_ - y1, bottom_ - y0}, across_, bottomStart);
+        if (isRight) {
+            area += CornerArea({x0 - rightEnd, x1 - rightEnd, y0 - bottomEnd, y1 - bottomEnd}, rightStart + down_);
+        }
+        if (isLeft)
+            area += CornerArea({y0 - bottomEnd, y1 - bottomEnd, leftEnd - x1, leftEnd - x0}, bottomStart + across_);
+    }
+    if (isLeft) area += SideArea({bottomEnd - y1, bottomEnd - y0, x0 - left_, x1 - left_}, down_, leftStart);
+    if (isRight) area += SideArea({y0 - topEnd, y1 - topEnd, right_ - x1, right_ - x0}, down_, rightStart);
+    return static_cast<BYTE>(std::min<int64_t>(255, (area * 255 + (int64_t{1} << 31)) >> 32));
+}
+
+/// `box`: a along the side from where it begins, b from the outer edge. A wide ring's sides meet in mitres.
+int64_t RingCover::SideArea(const Box &box, int64_t length, int64_t start) const {
+    int64_t area = 0;
+    const Box straight = box.CutTo(0, length, 0, std::min(corner_, width_));
+    if (!straight.IsEmpty()) {
+        area = dashes_.Between(start + straight.a0, start + straight.a1) * (straight.b1 - straight.b0);
+    }
+    const Box mitred = box.CutTo(0, length, corner_, width_);
+    if (mitred.IsEmpty()) return area;
+    for (int i = 0; i < kSlices; ++i) {
+        const int64_t depth = mitred.b1 - mitred.b0;
+        const int64_t b0 = mitred.b0 + depth * i / kSlices, b1 = mitred.b0 + depth * (i + 1) / kSlices;
+        const int64_t inset = (b0 + b1) / 2 - corner_;
+        const Box slice = mitred.CutTo(inset, length - inset, b0, b1);
+        if (!slice.IsEmpty()) area += dashes_.Between(start + slice.a0, start + slice.a1) * (b1 - b0);
+    }
+    return area;
+}
+
+/// `box`: a towards the arc's beginning, b towards its end.
+int64_t RingCover::CornerArea(const Box &whole, int64_t start) const {
+    const Box box = whole.CutTo(0, corner_, 0, corner_);
+    if (box.IsEmpty()) return 0;
+    if (lineRadius_ == 0) return SharpCornerArea(box, start);
+    const int64_t innerRadius = std::max<int64_t>(0, corner_ - width_);
+    const int64_t nearest = Distance(box.a0, box.b0), farthest = Distance(box.a1, box.b1);
+    const int64_t from = std::max(innerRadius, nearest), to = std::min(outerRadius_, farthest);
+    if (from >= to) return 0;
+    // Most pixels lie in one dash, or in one gap.
+    const int64_t first = start + (AngleOf(box.a1, box.b0) * lineRadius_ >> kAngleBits);
+    const int64_t last = start + (AngleOf(box.a0, box.b1) * lineRadius_ >> kAngleBits);
+    const int64_t dashed = dashes_.Between(first, last);
+    if (dashed == 0) return 0;
+    if (dashed >= last - first) {
+        const bool isInside = nearest >= innerRadius && farthest < outerRadius_;
+        return isInside ? box.Area() : DiscArea(box, outerRadius_) - DiscArea(box, innerRadius);
+    }
+    return SectorArea(box, from, to, start);
+}
+
+/// The part of a box inside the disc; here all positions are whole units.
+int64_t RingCover::DiscArea(const Box &box, int64_t radius) const {
+    const Box inside = box.CutTo(0, radius, 0, radius);
+    if (inside.IsEmpty()) return 0;
+    const ArcRow row(radius >> 8, inside.b0 >> 8, inside.b1 >> 8);
+    return inside.Area() - row.Outside(inside.a0 >> 8, inside.a1 >> 8);
+}
+
+/// All points of a sharp corner belong to the point in which the centre line turns.
+int64_t RingCover::SharpCornerArea(const Box &box, int64_t start) const {
+    if (!dashes_.Contains(start)) return 0;
+    const int64_t inset = corner_ - outerRadius_;
+    const Box rounded =
+        Box{box.a0 - inset, box.a1 - inset, box.b0 - inset, box.b1 - inset}.CutTo(0, outerRadius_, 0, outerRadius_);
+    return rounded.IsEmpty() ? box.Area() : box.Area() - rounded.Area() + DiscArea(rounded, outerRadius_);
+}
+
+/// The dashed area of a box between two radii. Between the distances of the box's corners the arcs' lengths change
+/// smoothly.
+int64_t RingCover::SectorArea(const Box &box, int64_t from, int64_t to, int64_t start) const {
+    int64_t turns[] = {Distance(box.a0, box.b1), Distance(box.a1, box.b0), to};
+    if (turns[0] > turns[1]) std::swap(turns[0], turns[1]);
+    int64_t area = 0;
+    for (const int64_t turn : turns) {
+        const int64_t end = std::clamp(turn, from, to);
+        for (int i = 0; i < kArcs && end > from; ++i) {
+            const int64_t inner = from + (end - from) * i / kArcs, outer = from + (end - from) * (i + 1) / kArcs;
+            const int64_t radius = (inner + outer) / 2;
+            area += AlongArc(box, radius, start) * radius / lineRadius_ * (outer - inner);
+        }
+        from = end;
+    }
+    return area;
+}
+
+/// The dashes that an arc of so large a radius crosses inside a box, measured on the centre line.
+int64_t RingCover::AlongArc(const Box &box, int64_t radius, int64_t start) const {
+    const int64_t squared = radius * radius;
+    const int64_t low = squared <= box.a1 * box.a1 + box.b0 * box.b0 ? AngleOf(Leg(radius, box.b0), box.b0)
+                                                                     : AngleOf(box.a1, Leg(radius, box.a1));
+    const int64_t high = squared <= box.a0 * box.a0 + box.b1 * box.b1 ? AngleOf(box.a0, Leg(radius, box.a0))
+                                                                      : AngleOf(Leg(radius, box.b1), box.b1);
+    if (low >= high) return 0;
+    return dashes_.Between(start + (low * lineRadius_ >> kAngleBits), start + (high * lineRadius_ >> kAngleBits));
+}
+
+}  // namespace lacquer

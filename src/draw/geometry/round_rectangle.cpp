@@ -1,0 +1,155 @@
+// Rows with corners in them have two short ends and an even middle; other rows are alike, are cut where one of the two
+// edges begins or ends to vary, and are painted together. What a mirror gives is not computed twice.
+
+#include "draw/geometry/round_rectangle.h"
+
+#include <algorithm>
+#include <span>
+
+#include "core/locked.h"
+#include "draw/geometry/visible_part.h"
+
+namespace lacquer {
+namespace {
+
+/// The cover of a row that is the same from one pixel to the next, or not.
+struct Cover {
+    bool varies;
+    BYTE value;
+};
+
+Cover CoverAt(const CoverRow &row, int64_t x) {
+    if (x < row.begin || x >= row.end) return {false, 0};
+    const bool isFlat = x >= row.flatBegin && x < row.flatEnd;
+    return {!isFlat, row.flat};
+}
+
+BYTE BorderOf(BYTE outer, BYTE inner) { return outer > inner ? static_cast<BYTE>(outer - inner) : BYTE{0}; }
+
+constexpr int kMostCovered = PartPainter::kMostCovered;
+
+/// The covers of fill and border.
+struct Covers {
+    BYTE inner[kMostCovered], border[kMostCovered];
+
+    void Compute(const CoverRow &outside, const CoverRow &inside, int64_t x, int count) {
+        inside.Write(x, count, inner);
+        outside.Write(x, count, border);
+        for (int i = 0; i < count; ++i) border[i] = BorderOf(border[i], inner[i]);
+    }
+
+    void Mirror(int count) {
+        std::reverse(inner, inner + count);
+        std::reverse(border, border + count);
+    }
+};
+
+/// Paints one shape into the visible part of a canvas.
+class ShapePainter {
+public:
+    ShapePainter(const PartPainter &painter, const RoundedRect &shape, int64_t borderWidth, const RECT &visible)
+        : painter_(painter), shape_(shape), inside_(shape.Grown(-borderWidth)), visible_(visible) {}
+
+    void Paint() const;
+
+private:
+    bool PaintEnds(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t mirrored) const;
+    void PaintAlike(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t yEnd) const;
+    bool IsVisibleRow(int64_t y) const { return y >= visible_.top && y < visible_.bottom; }
+
+    const PartPainter &painter_;
+    const RoundedRect &shape_;
+    const RoundedRect inside_;
+    const RECT &visible_;
+};
+
+void ShapePainter::Paint() const {
+    const bool isSymmetric = shape_.IsSymmetricDown();
+    const int64_t lastMirrored = PixelAt(shape_.top + shape_.bottom) - 1;
+    for (int64_t y = visible_.top; y < visible_.bottom;) {
+        const CoverRow outer(shape_, y), inner(inside_, y);
+        const int64_t yEnd = std::min({outer.AlikeUntil(), inner.AlikeUntil(), int64_t{visible_.bottom}});
+        const int64_t mirrored = isSymmetric ? lastMirrored - y : y;
+        const bool isSingle = yEnd == y + 1;
+        if (isSingle && mirrored < y && IsVisibleRow(mirrored)) {
+            // It was painted with its mirror image.
+        } else if (!isSingle || !PaintEnds(outer, inner, y, mirrored)) {
+            PaintAlike(outer, inner, y, yEnd);
+            if (isSingle && mirrored > y && IsVisibleRow(mirrored)) PaintAlike(outer, inner, mirrored, mirrored + 1);
+        }
+        y = yEnd;
+    }
+}
+
+/// A row of short ends and an even middle, and the row that mirrors it. Result: false when it is not of that kind, or
+/// not visible from end to end.
+bool ShapePainter::PaintEnds(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t mirrored) const {
+    const bool hasInside = inner.begin < inner.end;
+    const int64_t leftEnd = hasInside ? std::max(outer.flatBegin, inner.flatBegin) : outer.flatBegin;
+    const int64_t rightBegin = hasInside ? std::min(outer.flatEnd, inner.flatEnd) : outer.flatEnd;
+    const int64_t left = leftEnd - outer.begin, right = outer.end - rightBegin;
+    if (leftEnd > rightBegin || left > kMostCovered || right > kMostCovered) return false;
+    if (outer.begin < visible_.left || outer.end > visible_.right) return false;
+    const bool isMirror = left == right && shape_.IsSymmetricAcross();
+    const BYTE inside = hasInside ? inner.flat : BYTE{0}, border = BorderOf(outer.flat, inside);
+    const int64_t images[] = {y, mirrored};
+    const std::span rows(images, mirrored == y ? 1 : 2);
+    Covers covers;
+    covers.Compute(outer, inner, outer.begin, static_cast<int>(left));
+    for (const int64_t row : rows) {
+        if (!IsVisibleRow(row)) continue;
+        painter_.Covered(outer.begin, static_cast<int>(left), row, row + 1, covers.inner, covers.border);
+        painter_.Evenly(leftEnd, rightBegin, row, row + 1, inside, border);
+    }
+    if (isMirror) {
+        covers.Mirror(static_cast<int>(left));
+    } else {
+        covers.Compute(outer, inner, rightBegin, static_cast<int>(right));
+    }
+    for (const int64_t row : rows) {
+        if (!IsVisibleRow(row)) continue;
+        painter_.Covered(rightBegin, static_cast<int>(right), row, row + 1, covers.inner, covers.border);
+    }
+    return true;
+}
+
+void ShapePainter::PaintAlike(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t yEnd) const {
+    int64_t cuts[] = {outer.begin,     outer.flatBegin, outer.flatEnd, outer.end,     inner.begin,
+                      inner.flatBegin, inner.flatEnd,   inner.end,     visible_.right};
+    std::sort(std::begin(cuts), std::end(cuts));
+    int64_t x = std::max<int64_t>(visible_.left, outer.begin);
+    for (const int64_t cut : cuts) {
+        const int64_t xEnd = std::min<int64_t>(cut, visible_.right);
+        if (xEnd <= x) continue;
+        const Cover outside = CoverAt(outer, x), inside = CoverAt(inner, x);
+        if (!outside.varies && !inside.varies) {
+            painter_.Evenly(x, xEnd, y, yEnd, inside.value, BorderOf(outside.value, inside.value));
+            x = xEnd;
+            continue;
+        }
+        for (; x < xEnd; x += kMostCovered) {
+            Covers covers;
+            const int count = static_cast<int>(std::min<int64_t>(kMostCovered, xEnd - x));
+            covers.Compute(outer, inner, x, count);
+            painter_.Covered(x, count, y, yEnd, covers.inner, covers.border);
+        }
+        x = xEnd;
+    }
+}
+
+}  // namespace
+
+void DrawRoundedRect(Canvas &canvas, const RoundedRect &shape, int64_t borderWidth, const Paint &paint) {
+    RECT visible{};
+    if (shape.IsEmpty() || (paint.fill | paint.border) >> 24 == 0) return;
+    if (!FindVisiblePart(canvas, PixelAt(shape.left), PixelAt(shape.top), PixelFrom(shape.right),
+                         PixelFrom(shape.bottom), &visible)) {
+        return;
+    }
+    const LockedCanvas target(canvas, &visible);
+    if (!target.View() || target.View()->bitsPerPixel != 32) return;
+    const PartPainter painter(*target.View(), visible.left, visible.top, paint);
+    ShapePainter(painter, shape, borderWidth, visible).Paint();
+}
+
+}  // namespace lacquer

@@ -1,0 +1,77 @@
+// Rectangles with round corners, and how much of each pixel they cover.
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "draw/geometry/arc.h"
+#include "platform/platform.h"
+
+namespace lacquer {
+
+/// A rectangle in units, less, in each corner's radius × radius square, what lies outside the circle around the
+/// square's inner corner.
+struct RoundedRect {
+    enum Corner { kTopLeft, kTopRight, kBottomRight, kBottomLeft };
+
+    int64_t left = 0, top = 0, right = 0, bottom = 0;
+    std::array<int64_t, 4> radii{};
+
+    bool IsEmpty() const { return left >= right || top >= bottom; }
+
+    /// Scales radii that do not fit down together: each × (side / sum of its two) for the worst side, rounded down.
+    void FitRadii();
+
+    /// The rectangle with every edge moved outwards and the radii grown alike; inwards for a negative `by`. Radii do
+    /// not become negative.
+    RoundedRect Grown(int64_t by) const;
+
+    /// Whether a mirror maps the shape and the pixels onto themselves.
+    bool IsSymmetricAcross() const {
+        return ((left + right) & 255) == 0 && radii[kTopLeft] == radii[kTopRight] &&
+               radii[kBottomLeft] == radii[kBottomRight];
+    }
+    bool IsSymmetricDown() const {
+        return ((top + bottom) & 255) == 0 && radii[kTopLeft] == radii[kBottomLeft] &&
+               radii[kTopRight] == radii[kBottomRight];
+    }
+};
+
+/// How much of the pixels of one row a shape covers, 0..255. Depends on nothing but shape and row.
+class CoverRow {
+public:
+    CoverRow(const RoundedRect &shape, int64_t y);
+
+    /// Pixels from `begin` to `end` may be covered, those from `flatBegin` to `flatEnd` equally: `flat`.
+    int64_t begin = 0, flatBegin = 0, flatEnd = 0, end = 0;
+    BYTE flat = 0;
+
+    /// The rows from this one up to that one are alike.
+    int64_t AlikeUntil() const { return alikeUntil_; }
+
+    /// Writes the cover of `count` pixels from x on.
+    void Write(int64_t x, int count, BYTE *out) const;
+
+    BYTE At(int64_t x) const;
+
+private:
+    struct CornerArc {
+        bool isLeft, isTop;
+        int64_t centreX, centreY, radius;
+        int arc;  ///< its place in `arcs_`
+    };
+
+    void AddCorner(RoundedRect::Corner corner);
+    const ArcRow &ArcOf(const CornerArc &corner) const { return arcs_[static_cast<size_t>(corner.arc)]; }
+    void SetAlike(int64_t y);
+    int64_t AreaBySlices(int64_t from, int64_t to) const;
+
+    const RoundedRect &shape_;
+    int64_t top_, bottom_;  ///< of the shape in this row, units
+    int64_t alikeUntil_;
+    std::array<CornerArc, 4> corners_;  ///< the first `cornerCount_` of them
+    std::array<ArcRow, 4> arcs_;
+    int cornerCount_ = 0, arcCount_ = 0;
+};
+
+}  // namespace lacquer

@@ -1,0 +1,93 @@
+// The rectangle's part of each pixel, and the shadow that is left of it.
+
+#include "draw/geometry/shadow_painter.h"
+
+#include <algorithm>
+
+namespace lacquer {
+
+const CoverRow &ShadowPainter::RowAt(int64_t y) {
+    if (!row_ || y < rowBegin_ || y >= row_->AlikeUntil()) {
+        row_.emplace(rect_, y);
+        rowBegin_ = y;
+    }
+    return *row_;
+}
+
+/// Where the rectangle covers so much, nothing is painted.
+bool ShadowPainter::IsNone(BYTE cover) const {
+    return (place_ == ShadowPlace::Around && cover == 255) || (place_ == ShadowPlace::Inside && cover == 0);
+}
+
+BYTE ShadowPainter::CoverOf(int32_t share, BYTE rect) const {
+    switch (place_) {
+        case ShadowPlace::Around: return CoverOfShare(share, 255 - rect);
+        case ShadowPlace::Inside: return CoverOfShare(kFullShadow - share, rect);
+        default: return CoverOfShare(share, 255);
+    }
+}
+
+/// Calls paint(x, xEnd, y, yEnd, varies, cover) for pieces of equal rows: the rectangle varies in it from pixel to
+/// pixel, or covers each of its pixels so much.
+template <class Paint>
+void ShadowPainter::ForEachPiece(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, const Paint &paint) {
+    if (place_ == ShadowPlace::AroundAndUnder) return paint(x, xEnd, y, yEnd, false, BYTE{0});
+    while (y < yEnd) {
+        const CoverRow &row = RowAt(y);
+        const int64_t until = std::min(yEnd, row.AlikeUntil());
+        int64_t from = x;
+        const int64_t cuts[] = {row.begin, row.flatBegin, row.flatEnd, row.end, xEnd};
+        for (const int64_t cut : cuts) {
+            const int64_t to = std::min(cut, xEnd);
+            if (to <= from) continue;
+            const bool isOutside = from < row.begin || from >= row.end;
+            const bool isFlat = from >= row.flatBegin && from < row.flatEnd;
+            const BYTE cover = isOutside ? BYTE{0} : row.flat;
+            const bool varies = !isOutside && !isFlat;
+            if (varies || !IsNone(cover)) paint(from, to, y, until, varies, cover);
+            from = to;
+        }
+        y = until;
+    }
+}
+
+void ShadowPainter::Even(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, int32_t share) {
+    ForEachPiece(x, xEnd, y, yEnd, [&](int64_t from, int64_t to, int64_t top, int64_t bottom, bool varies, BYTE cover) {
+        if (!varies) return painter_.Evenly(from, to, top, bottom, CoverOf(share, cover), 0);
+        for (; from < to; ++from) {
+            painter_.Evenly(from, from + 1, top, bottom, CoverOf(share, RowAt(top).At(from)), 0);
+        }
+    });
+}
+
+void ShadowPainter::Varying(int64_t x, int count, int64_t y, int64_t yEnd, const int32_t *shares) {
+    constexpr BYTE kNoBorder[PartPainter::kMostCovered] = {};
+    ForEachPiece(x, x + count, y, yEnd,
+                 [&](int64_t from, int64_t to, int64_t top, int64_t bottom, bool varies, BYTE cover) {
+                     BYTE covers[PartPainter::kMostCovered];
+                     const int length = static_cast<int>(to - from);
+                     const int32_t *own = shares + (from - x);
+                     if (!varies && place_ != ShadowPlace::Inside && cover == 0) {
+                         ShadowKernelsInUse().cover(own, length, covers);
+                     } else {
+                         for (int i = 0; i < length; ++i) {
+                             covers[i] = CoverOf(own[i], varies ? RowAt(top).At(from + i) : cover);
+                         }
+                     }
+                     painter_.Covered(from, length, top, bottom, covers, kNoBorder);
+                 });
+}
+
+void ShadowPainter::Narrow(int64_t *x, int64_t *xEnd, int64_t y) {
+    if (place_ == ShadowPlace::AroundAndUnder) return;
+    const CoverRow &row = RowAt(y);
+    if (place_ == ShadowPlace::Inside) {
+        *x = std::max(*x, row.begin);
+        *xEnd = std::min(*xEnd, row.end);
+    } else if (row.flat == 255 && row.flatBegin < row.flatEnd) {
+        if (*x >= row.flatBegin) *x = std::max(*x, std::min(*xEnd, row.flatEnd));
+        if (*xEnd <= row.flatEnd) *xEnd = std::min(*xEnd, std::max(*x, row.flatBegin));
+    }
+}
+
+}  // namespace lacquer

@@ -1,0 +1,139 @@
+// A shape is a stack of slabs, and a blurred slab is a product: its weight in the row × the transition at its edge in
+// the column. The transitions of the left side rise and those of the right side fall; whole shadow is where both are
+// at their upper end. Slabs whose edge is felt nowhere in the tile count together.
+
+#include "draw/geometry/shadow_tile.h"
+
+#include <algorithm>
+
+namespace lacquer {
+namespace {
+
+constexpr int64_t kPixel = GaussianEdge::kPixel;
+
+/// The first number from `low` on for which `test` fails; it fails for all that follow.
+template <class Test>
+int64_t FirstFailing(int64_t low, int64_t high, const Test &test) {
+    while (low < high) {
+        const int64_t middle = low + (high - low) / 2;
+        if (test(middle)) {
+            low = middle + 1;
+        } else {
+            high = middle;
+        }
+    }
+    return low;
+}
+
+}  // namespace
+
+void ShadowTile::Compute(int64_t x, int64_t y, int columns, int rows, const Wanted *wanted) {
+    x_ = x;
+    y_ = y;
+    columns_ = columns;
+    rows_ = rows;
+    wanted_ = wanted;
+    std::fill_n(groups_, rows, 0);
+    const Felt left = FindFelt(caster_.Left(), true), right = FindFelt(caster_.Right(), false);
+    AddGroups(caster_.Left(), left);
+    AddGroups(caster_.Right(), right);
+    for (int row = 0; row < rows; ++row) std::fill_n(sums_[row], columns, groups_[row]);
+    for (const bool isLeft : {true, false}) {
+        const CasterSide &side = isLeft ? caster_.Left() : caster_.Right();
+        const Felt &felt = isLeft ? left : right;
+        AddSlabs(side, isLeft, felt.upperFelt, felt.upperEnd);
+        AddSlabs(side, isLeft, felt.straight, felt.afterStraight);
+        AddSlabs(side, isLeft, felt.lowerFelt, felt.lowerEnd);
+    }
+    SetWhole();
+}
+
+ShadowTile::Felt ShadowTile::FindFelt(const CasterSide &side, bool isLeft) const {
+    const int64_t reach = caster_.Edge().Reach();
+    const int64_t above = y_ * kPixel - reach, below = (y_ + rows_) * kPixel + reach;
+    const int64_t nearLimit = (isLeft ? x_ : -(x_ + columns_)) * kPixel - reach;
+    const int64_t farLimit = (isLeft ? x_ + columns_ : -x_) * kPixel + reach;
+    const auto isBefore = [&](int64_t i) { return side.EdgeOf(i) <= nearLimit; };
+    const auto isNotBefore = [&](int64_t i) { return side.EdgeOf(i) > nearLimit; };
+    const auto isBeyond = [&](int64_t i) { return side.EdgeOf(i) >= farLimit; };
+    const auto isNotBeyond = [&](int64_t i) { return side.EdgeOf(i) < farLimit; };
+
+    // Downwards the upper arc comes nearer, and the lower arc goes away.
+    Felt felt{};
+    felt.first = FirstFailing(0, side.SlabCount(), [&](int64_t i) { return side.Cut(i + 1) <= above; });
+    felt.last = FirstFailing(felt.first, side.SlabCount(), [&](int64_t i) { return side.Cut(i) < below; });
+    felt.straight = std::clamp(side.StraightSlab(), felt.first, felt.last);
+    felt.afterStraight = std::clamp(side.StraightSlab() + 1, felt.first, felt.last);
+    felt.upperFelt = FirstFailing(felt.first, felt.straight, isBeyond);
+    felt.upperEnd = FirstFailing(felt.upperFelt, felt.straight, isNotBefore);
+    felt.lowerFelt = FirstFailing(felt.afterStraight, felt.last, isBefore);
+    felt.lowerEnd = FirstFailing(felt.lowerFelt, felt.last, isNotBeyond);
+    // A straight edge that is not felt joins the group after it.
+    if (felt.straight < felt.afterStraight && isBefore(felt.straight)) felt.afterStraight = felt.straight;
+    return felt;
+}
+
+void ShadowTile::AddGroups(const CasterSide &side, const Felt &felt) {
+    AddGroup(side, felt.first, felt.upperFelt, -GaussianEdge::kHalf);
+    AddGroup(side, felt.upperEnd, felt.straight, GaussianEdge::kHalf);
+    AddGroup(side, felt.afterStraight, felt.lowerFelt, GaussianEdge::kHalf);
+    AddGroup(side, felt.lowerEnd, felt.last, -GaussianEdge::kHalf);
+}
+
+/// Slabs with one transition in all of the tile.
+void ShadowTile::AddGroup(const CasterSide &side, int64_t from, int64_t to, int transition) {
+    if (from >= to) return;
+    int16_t *top = cuts_, *bottom = cuts_ + kSide;
+    caster_.Edge().Line(y_ * kPixel - side.Cut(from), rows_, top);
+    caster_.Edge().Line(y_ * kPixel - side.Cut(to), rows_, bottom);
+    for (int row = 0; row < rows_; ++row) groups_[row] += (top[row] - bottom[row]) * transition;
+}
+
+void ShadowTile::AddSlabs(const CasterSide &side, bool isLeft, int64_t from, int64_t to) {
+    const GaussianEdge &edge = caster_.Edge();
+    const int64_t start = (isLeft ? x_ : -(x_ + columns_)) * kPixel;
+    for (int64_t done = from; done < to; done += kMostLines) {
+        const int count = static_cast<int>(std::min<int64_t>(kMostLines, to - done));
+        for (int i = 0; i < count; ++i) {
+            int16_t *line = lines_ + i * kLinePixels;
+            edge.Line(start - side.EdgeOf(done + i), columns_, line);
+            if (!isLeft) std::reverse(line, line + columns_);
+        }
+        for (int i = 0; i <= count; ++i) {
+            edge.Line(y_ * kPixel - side.Cut(done + i), rows_, cuts_ + i * kSide);
+        }
+        AddWeighted(count);
+    }
+}
+
+/// Adds the lines of so many slabs to every row that feels them.
+void ShadowTile::AddWeighted(int count) {
+    for (int row = 0; row < rows_; ++row) {
+        if (wanted_[row].from >= wanted_[row].to) continue;
+        int16_t weights[kMostLines];
+        int felt = count, end = 0;
+        for (int i = 0; i < count; ++i) {
+            weights[i] = static_cast<int16_t>(cuts_[i * kSide + row] - cuts_[(i + 1) * kSide + row]);
+            if (weights[i] == 0) continue;
+            felt = std::min(felt, i);
+            end = i + 1;
+        }
+        if (felt < end) {
+            kernels_.addLines(sums_[row], lines_ + felt * kLinePixels, weights + felt, end - felt, wanted_[row].from,
+                              wanted_[row].to);
+        }
+    }
+}
+
+void ShadowTile::SetWhole() {
+    if (!caster_.MayBeWhole(x_, x_ + columns_)) return;
+    for (int row = 0; row < rows_; ++row) {
+        int64_t begin = 0, end = 0;
+        caster_.FindWhole(y_ + row, &begin, &end);
+        begin = std::max<int64_t>(begin - x_, wanted_[row].from);
+        end = std::min<int64_t>(end - x_, wanted_[row].to);
+        for (int64_t x = begin; x < end; ++x) sums_[row][x] = kFullShadow;
+    }
+}
+
+}  // namespace lacquer

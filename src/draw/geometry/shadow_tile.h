@@ -1,0 +1,55 @@
+// A piece of a blurred shape: for each pixel the share of it that lies in shadow.
+#pragma once
+
+#include <cstdint>
+
+#include "draw/geometry/caster.h"
+#include "draw/geometry/shadow_kernels.h"
+
+namespace lacquer {
+
+/// Up to 64 × 64 pixels, made slab by slab. Lives on the stack: 25 KB.
+class ShadowTile {
+public:
+    static constexpr int kSide = kLinePixels;
+
+    /// The pixels of a row that are wanted; the others may be left out.
+    struct Wanted {
+        int from, to;
+    };
+
+    explicit ShadowTile(const Caster &caster) : caster_(caster), kernels_(ShadowKernelsInUse()) {}
+
+    /// Computes `rows` rows of `columns` pixels from (x, y) on; both at most kSide.
+    void Compute(int64_t x, int64_t y, int columns, int rows, const Wanted *wanted);
+
+    /// Shares of kFullShadow.
+    const int32_t *Row(int row) const { return sums_[row]; }
+
+private:
+    /// The slabs of a side that the tile feels, in order: those whose edge is felt in it, and groups beside them.
+    struct Felt {
+        int64_t first, upperFelt, upperEnd, straight, afterStraight, lowerFelt, lowerEnd, last;
+    };
+
+    Felt FindFelt(const CasterSide &side, bool isLeft) const;
+    void AddGroups(const CasterSide &side, const Felt &felt);
+    void AddGroup(const CasterSide &side, int64_t from, int64_t to, int transition);
+    void AddSlabs(const CasterSide &side, bool isLeft, int64_t from, int64_t to);
+    void AddWeighted(int count);
+    void SetWhole();
+
+    static constexpr int kMostLines = 32;
+
+    const Caster &caster_;
+    const ShadowKernels &kernels_;
+    int64_t x_ = 0, y_ = 0;
+    int columns_ = 0, rows_ = 0;
+    const Wanted *wanted_ = nullptr;
+    int32_t sums_[kSide][kSide];
+    int32_t groups_[kSide];                    ///< by row: what is the same in all columns
+    int16_t lines_[kMostLines * kLinePixels];  ///< transitions at slabs' edges, by column
+    int16_t cuts_[(kMostLines + 1) * kSide];   ///< transitions at slabs' ends, by row
+};
+
+}  // namespace lacquer

@@ -1,0 +1,275 @@
+// Shadows against a convolution in double precision; clips, mirrors, order, colours and bad numbers.
+
+#include <limits>
+
+#include "shape_model.h"
+
+namespace lacquer {
+namespace {
+
+constexpr float kNaN = std::numeric_limits<float>::quiet_NaN();
+
+/// A shadow of opaque black.
+ShadowStyle Black(LONG dx, LONG dy, float blur, float spread, const std::array<float, 4> &radii, DWORD flags) {
+    return {0xFF000000, dx, dy, blur, spread, {radii[0], radii[1], radii[2], radii[3]}, 1, flags};
+}
+
+/// The standard Gaussian's integral, integrated once more.
+double TwiceIntegrated(double t) {
+    return t * 0.5 * std::erfc(-t / std::sqrt(2.0)) + std::exp(-t * t / 2) / std::sqrt(8 * std::atan(1.0));
+}
+
+/// An edge at `edge`, blurred, averaged over the pixel that begins at x.
+double EdgeIn(LONG x, double edge, double deviation) {
+    return deviation * (TwiceIntegrated((x + 1 - edge) / deviation) - TwiceIntegrated((x - edge) / deviation));
+}
+
+/// The shares of pixels that a blurred shape covers, by thin slices of the shape.
+std::vector<double> BlurredShares(const ModelShape &shape, double blur, LONG width, LONG height) {
+    const double deviation = blur / 2;
+    std::vector<double> shares(static_cast<size_t>(width * height));
+    const double reach = 6 * deviation + 1;
+    const double top = std::max(shape.top, -reach), bottom = std::min(shape.bottom, height + reach);
+    const int slices = static_cast<int>(std::ceil((bottom - top) / std::min(0.1, std::max(0.01, deviation / 8))));
+    std::vector<double> line(static_cast<size_t>(width));
+    for (int i = 0; i < slices; ++i) {
+        const double y0 = top + (bottom - top) * i / slices, y1 = top + (bottom - top) * (i + 1) / slices;
+        const auto [from, to] = shape.At((y0 + y1) / 2);
+        if (from >= to) continue;
+        for (LONG x = 0; x < width; ++x) {
+            line[static_cast<size_t>(x)] = EdgeIn(x, from, deviation) - EdgeIn(x, to, deviation);
+        }
+        for (LONG y = 0; y < height; ++y) {
+            const double weight = EdgeIn(y, y0, deviation) - EdgeIn(y, y1, deviation);
+            if (weight < 1e-9) continue;
+            for (LONG x = 0; x < width; ++x) {
+                shares[static_cast<size_t>(y * width + x)] += weight * line[static_cast<size_t>(x)];
+            }
+        }
+    }
+    return shares;
+}
+
+/// What a shadow of `rect` covers, and whether a pixel is one that it must leave alone or take as a whole.
+struct ModelShadow {
+    ModelShape rect, caster;
+    double blur;
+    DWORD flags;
+    std::vector<double> shares;
+    LONG width;
+
+    ModelShadow(const RECT &from, const ShadowStyle &style, LONG canvasWidth, LONG canvasHeight)
+        : flags(style.flags), width(canvasWidth) {
+        rect = ShapeOf({float(from.left), float(from.top), float(from.right), float(from.bottom)},
+                       {style.radii[0], style.radii[1], style.radii[2], style.radii[3]});
+        const double spread = Rounded(std::clamp(style.spread, -16384.0f, 16384.0f));
+        caster = rect.Grown(flags & LACQUER_SHADOW_INNER ? -spread : spread, true);
+        caster.left += style.offsetX;
+        caster.right += style.offsetX;
+        caster.top += style.offsetY;
+        caster.bottom += style.offsetY;
+        blur = Rounded(std::clamp(style.blur, 0.0f, 1024.0f));
+        if (caster.IsEmpty()) {
+            shares.assign(static_cast<size_t>(canvasWidth * canvasHeight), 0);
+        } else if (blur == 0) {
+            for (LONG y = 0; y < canvasHeight; ++y) {
+                for (LONG x = 0; x < canvasWidth; ++x) shares.push_back(caster.AreaIn(x, y));
+            }
+        } else {
+            shares = BlurredShares(caster, blur, canvasWidth, canvasHeight);
+        }
+    }
+
+    double CoverAt(LONG x, LONG y) const {
+        const double share = shares[static_cast<size_t>(y * width + x)], inside = rect.AreaIn(x, y);
+        if (flags & LACQUER_SHADOW_INNER) return 255 * (1 - share) * inside;
+        return 255 * share * (flags & LACQUER_SHADOW_FILLED ? 1 : 1 - inside);
+    }
+
+    bool MissesBounds(LONG x, LONG y) const {
+        const double reach = 1.5 * blur;
+        return caster.IsEmpty() || x + 1 + reach <= caster.left || x - reach >= caster.right ||
+               y + 1 + reach <= caster.top || y - reach >= caster.bottom;
+    }
+
+    bool IsWhole(LONG x, LONG y) const {
+        const double reach = 1.5 * blur, left = x - reach, right = x + 1 + reach;
+        for (const double row : {y - reach, y + 1 + reach}) {
+            const auto [from, to] = caster.At(row);
+            if (caster.IsEmpty() || from >= to || left < from || right > to) return false;
+        }
+        return true;
+    }
+};
+
+void ExpectShadow(const RECT &rect, const ShadowStyle &style, LONG width, LONG height) {
+    const Picture covers = CoversOf(width, height, [&](HGCANVAS canvas, DWORD colour) {
+        ShadowStyle drawn = style;
+        drawn.colour = colour;
+        EXPECT_EQ(1, DrawShadows(canvas, &rect, &drawn, 1));
+    });
+    const ModelShadow model(rect, style, width, height);
+    ForEachPixel(covers, [&](LONG x, LONG y) {
+        const double expected = model.CoverAt(x, y), actual = covers.At(x, y);
+        ASSERT_NEAR(expected, actual, 2) << x << ", " << y;
+        const bool isInner = model.flags & LACQUER_SHADOW_INNER, isFilled = !isInner && model.flags != 0;
+        const double inside = model.rect.AreaIn(x, y);
+        const bool isNone =
+            isInner ? inside == 0 || model.IsWhole(x, y) : model.MissesBounds(x, y) || (!isFilled && inside > 1 - 1e-9);
+        if (isNone) {
+            ASSERT_EQ(0, actual) << x << ", " << y;
+        } else if (isFilled && model.IsWhole(x, y)) {
+            ASSERT_EQ(255, actual) << x << ", " << y;
+        }
+    });
+}
+
+constexpr DWORD kFlags[] = {0, LACQUER_SHADOW_INNER, LACQUER_SHADOW_FILLED,
+                            LACQUER_SHADOW_INNER | LACQUER_SHADOW_FILLED};
+
+TEST(Shadows, AreBlurredShapes) {
+    Random random(1);
+    for (int round = 0; round < 32; ++round) {
+        const RECT rect = random.Inside({8, 8, 48, 44});
+        std::array<float, 4> radii{};
+        for (float &radius : radii) radius = static_cast<float>(random.Between(0, 3) * random.Between(0, 300)) / 64;
+        const float blur = random.Of({0.0f, 0.1f, 0.5f, 1.0f, 2.0f, 4.5f, 8.0f, 16.0f, 24.0f});
+        const float spread = random.Of({0.0f, 0.0f, 2.5f, -1.25f, 6.0f, -4.0f});
+        const ShadowStyle style =
+            Black(random.Between(-6, 6), random.Between(-6, 6), blur, spread, radii, kFlags[random.Word() % 4]);
+        SCOPED_TRACE(::testing::Message()
+                     << "round " << round << " rect " << rect.left << " " << rect.top << " " << rect.right << " "
+                     << rect.bottom << " radii " << radii[0] << " " << radii[1] << " " << radii[2] << " " << radii[3]
+                     << " offset " << style.offsetX << " " << style.offsetY << " blur " << blur << " spread " << spread
+                     << " flags " << style.flags);
+        ExpectShadow(rect, style, 56, 52);
+        if (HasFatalFailure()) return;
+    }
+}
+
+TEST(Shadows, OfUnusualShapesAreBlurredShapesToo) {
+    constexpr float kFar = 1e9f;
+    struct Case {
+        RECT rect;
+        ShadowStyle style;
+    };
+    const Case cases[] = {{{10, 10, 40, 40}, Black(0, 0, 6, -7, {30, 0, 0, 0}, 0)},
+                          {{10, 10, 40, 40}, Black(0, 0, 3, -5, {30, 0, 30, 0}, 2)},
+                          {{10, 10, 40, 40}, Black(0, 0, 3, 5, {30, 0, 30, 0}, 1)},
+                          {{10, 10, 40, 40}, Black(0, 0, 3, -9, {0, 30, 0, 30}, 2)},
+                          {{10, 10, 40, 30}, Black(0, 0, 6, 8, {20, 0, 0, 0}, 0)},
+                          {{10, 10, 40, 30}, Black(0, 0, 6, -200, {20, 0, 0, 0}, 2)},
+                          {{10, 10, 40, 30}, Black(0, 0, 6, 200, {20, 0, 0, 0}, 1)},
+                          {{-500, -700, 30, 30}, Black(0, 0, 40, 0, {0, 0, 300, 0}, 2)},
+                          {{-9000, 5, 25, 30000}, Black(3, 3, 0.7f, 0, {0, kFar, 0, 0}, 0)},
+                          {{20, 20, 21, 21}, Black(0, 0, 30, 0, {}, 0)},
+                          {{-3000, -3000, 20, 20}, Black(0, 0, 2000, 0, {0, 0, 40, 0}, 2)}};
+    for (const Case &c : cases) {
+        SCOPED_TRACE(&c - cases);
+        ExpectShadow(c.rect, c.style, 50, 46);
+    }
+}
+
+TEST(Shadows, AreTheSameUnderEveryClipMoveAndMirror) {
+    Random random(2);
+    for (int round = 0; round < 40; ++round) {
+        const RECT rect = random.Inside({-20, -20, 170, 150});
+        std::array<float, 4> radii{};
+        for (float &radius : radii) radius = static_cast<float>(random.Between(0, 80)) / 2;
+        const float blur = static_cast<float>(random.Between(0, 160)) / 4;
+        const ShadowStyle style = Black(random.Between(-9, 9), random.Between(-9, 9), blur,
+                                        static_cast<float>(random.Between(-20, 20)) / 4, radii, kFlags[round % 3]);
+        const auto drawn = [&](const RECT &of, const ShadowStyle &shadow, std::vector<RECT> clips, int viewport = 0) {
+            const TestCanvas canvas(CanvasKind::Memory, 150, 130, 5);
+            SetViewportOrg(canvas, viewport, -viewport, nullptr);
+            const RECT moved = Moved(of, -viewport, viewport);
+            for (const RECT &clip : clips) {
+                const RECT logical = Moved(clip, -viewport, viewport);
+                SetCanvasClipRect(canvas, &logical);
+                EXPECT_EQ(1, DrawShadows(canvas, &moved, &shadow, 1));
+            }
+            return canvas.Pixels();
+        };
+        const RECT all{0, 0, 150, 130};
+        const Picture whole = drawn(rect, style, {all});
+        const LONG x = random.Between(0, 150), y = random.Between(0, 130);
+        EXPECT_TRUE(Same(whole, drawn(rect, style, {{0, 0, x, y}, {x, 0, 150, y}, {0, y, 150, 130}}))) << round;
+        EXPECT_TRUE(Same(whole, drawn(rect, style, {all}, 12345))) << round;
+        ExpectSameOutside({x / 2, y / 2, x, y}, drawn(rect, style, {}), drawn(rect, style, {{x / 2, y / 2, x, y}}));
+
+        const auto covers = [&](const RECT &of, const ShadowStyle &shadow) {
+            return CoversOf(150, 130, [&](HGCANVAS canvas, DWORD colour) {
+                ShadowStyle black = shadow;
+                black.colour = colour;
+                EXPECT_EQ(1, DrawShadows(canvas, &of, &black, 1));
+            });
+        };
+        ShadowStyle across = style, down = style;
+        across.offsetX = -style.offsetX;
+        down.offsetY = -style.offsetY;
+        for (int i = 0; i < 4; ++i) {
+            across.radii[i] = style.radii[i ^ 1];
+            down.radii[i] = style.radii[3 - i];
+        }
+        const Picture straight = covers(rect, style);
+        const Picture leftRight = covers({150 - rect.right, rect.top, 150 - rect.left, rect.bottom}, across);
+        const Picture upDown = covers({rect.left, 130 - rect.bottom, rect.right, 130 - rect.top}, down);
+        ForEachPixel(straight, [&](LONG px, LONG py) {
+            ASSERT_EQ(straight.At(px, py), leftRight.At(149 - px, py)) << round << ": " << px << ", " << py;
+            ASSERT_EQ(straight.At(px, py), upDown.At(px, 129 - py)) << round << ": " << px << ", " << py;
+        });
+    }
+}
+
+TEST(Shadows, AreDrawnLastToFirst) {
+    const RECT rect{20, 20, 60, 50};
+    const ShadowStyle shadows[] = {{0x80FF0000, 3, 3, 8, 0, {4, 4, 4, 4}, 1, 0},
+                                   {0xC000FF00, -3, 1, 5, 2, {4, 0, 4, 0}, 1, LACQUER_SHADOW_INNER},
+                                   {0xFF0000FF, 0, 8, 0, -1, {}, 1, LACQUER_SHADOW_FILLED},
+                                   {0xFF0000FF, 0, 8, kNaN, -1, {}, 1, LACQUER_SHADOW_FILLED},
+                                   {0xFF0000FF, 0, 8, 3, kNaN, {}, 1, LACQUER_SHADOW_FILLED},
+                                   {0xFF0000FF, 0, 8, 3, 0, {0, 0, kNaN, 0}, 1, LACQUER_SHADOW_FILLED},
+                                   {0xFF0000FF, 0, 8, 3, 0, {}, kNaN, LACQUER_SHADOW_FILLED}};
+    for (const CanvasKind kind : kCanvasKinds) {
+        const TestCanvas list(kind, 80, 70, 1), one(kind, 80, 70, 1);
+        EXPECT_EQ(1, DrawShadows(list, &rect, shadows, static_cast<int>(std::size(shadows))));
+        for (const int i : {2, 1, 0}) EXPECT_EQ(1, DrawShadows(one, &rect, &shadows[i], 1));
+        EXPECT_TRUE(Same(one.Pixels(), list.Pixels()));
+        EXPECT_EQ(1, DrawShadows(list, &rect, nullptr, 0));
+        EXPECT_EQ(1, DrawShadows(list, &rect, &shadows[3], 4)) << "each of them has a number that is none";
+        EXPECT_TRUE(Same(one.Pixels(), list.Pixels()));
+    }
+}
+
+TEST(Shadows, ChangeTheirColoursLightness) {
+    const auto filled = [](DWORD colour, float lightness) {
+        const TestCanvas canvas(CanvasKind::Memory, 4, 4, 1);
+        FillWith(canvas.View(), 0);
+        const RECT rect{0, 0, 4, 4};
+        const ShadowStyle shadow{colour, 0, 0, 0, 0, {}, lightness, LACQUER_SHADOW_FILLED};
+        EXPECT_EQ(1, DrawShadows(canvas, &rect, &shadow, 1));
+        return canvas.Pixels().At(2, 2);
+    };
+    for (const DWORD colour : {0xFF804020u, 0xFF123456u, 0xFFC0C0C0u, 0xFF0000FFu}) {
+        EXPECT_EQ(colour, filled(colour, 1));
+        const DWORD ahsl = ARGBtoAHSL(colour);
+        for (const float factor : {0.0f, -3.0f, 0.5f, 0.999f, 1.25f, 7.0f, 300.0f}) {
+            const float product = static_cast<float>(ahsl & 255) * std::clamp(factor, 0.0f, 255.0f);
+            const DWORD lightness = product >= 255 ? 255 : static_cast<DWORD>(product);
+            EXPECT_EQ(AHSLtoARGB((ahsl & 0xFFFFFF00) | lightness), filled(colour, factor)) << std::hex << colour;
+        }
+    }
+}
+
+TEST(Shadows, OfALongListTakeNoLongerThanTheyPaint) {
+    const TestCanvas canvas(CanvasKind::Memory, 64, 64, 1);
+    const RECT rect{-100, -100, 60, 60}, away{5000, 5000, 9000, 9000};
+    const std::vector<ShadowStyle> shadows(10000, {0x01000000, 0, 0, 2000, 0, {9, 9, 9, 9}, 1, 0});
+    EXPECT_EQ(1, DrawShadows(canvas, &away, shadows.data(), 10000));
+    EXPECT_EQ(1, DrawShadows(canvas, &rect, shadows.data(), 200));
+    EXPECT_EQ(0, DrawShadows(canvas, &rect, shadows.data(), -1));
+    EXPECT_EQ(0, DrawShadows(canvas, &rect, shadows.data(), INT32_MIN));
+}
+
+}  // namespace
+}  // namespace lacquer
