@@ -87,8 +87,7 @@ DWORD ChooseModeWord(Call &call) {
 
 float ChooseLength(Call &call) {
     if (!call.choices.Seldom(12)) return static_cast<float>(call.choices.Below(65536) % 46080) / 512.0f - 16.0f;
-    const float odd = ChooseOddFloat(call);
-    return std::abs(odd) > caps::kVectorCoordinate && std::isfinite(odd) ? caps::kVectorCoordinate : odd;
+    return ChooseOddFloat(call);
 }
 
 float ChooseFraction(Call &call) {
@@ -100,14 +99,8 @@ float ChooseScale(Call &call) {
     return call.choices.Seldom(24) ? ChooseOddFloat(call) : call.choices.OneOf(kScales);
 }
 
-float ChooseTextSize(Call &call) {
-    const float size = call.choices.Seldom(16) ? ChooseOddFloat(call) : static_cast<float>(call.choices.Byte()) / 8;
-    return size > caps::kTextSize && size <= 32767 ? caps::kTextSize : size;
-}
-
-float ChooseStrokeWidth(Call &call) {
-    const float width = call.choices.Seldom(16) ? ChooseOddFloat(call) : static_cast<float>(call.choices.Byte()) / 16;
-    return width > caps::kStrokeWidth && width <= 32767 ? caps::kStrokeWidth : width;
+float ChooseSmallLength(Call &call) {
+    return call.choices.Seldom(16) ? ChooseOddFloat(call) : static_cast<float>(call.choices.Byte()) / 8;
 }
 
 Extent::Extent(Call &call) {
@@ -117,8 +110,10 @@ Extent::Extent(Call &call) {
     height = side(how < 128 ? 16 : caps::kSide);
     if (how >= 240) width = side(caps::kLargeSide), height = side(caps::kLargeSide);
     constexpr DWORD kOddSides[] = {0, caps::kWideSide, 32768, 65537, 0x80000000, 0xFFFFFFFF};
-    if (how >= 246) (how & 1 ? width : height) = call.choices.OneOf(kOddSides);
-    if (how >= 250) (how & 1 ? height : width) = side(3);
+    if (how >= 248) {
+        (how & 1 ? width : height) = call.choices.OneOf(kOddSides);
+        (how & 1 ? height : width) = side(3);
+    }
 }
 
 Format::Format(Call &call) : Extent(call) {
