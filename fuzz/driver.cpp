@@ -254,7 +254,7 @@ unsigned GroupsNamed(const std::string &list) {
     constexpr const char *kNames[] = {"surfaces", "vector", "text", "contexts", "gdi"};
     unsigned groups = 0;
     for (unsigned i = 0; i < std::size(kNames); ++i) {
-        if (list.find(kNames[i]) != std::string::npos) groups |= 1u << i;
+        if ((',' + list + ',').find(std::string(",") + kNames[i] + ',') != std::string::npos) groups |= 1u << i;
     }
     return groups;
 }

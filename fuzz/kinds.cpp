@@ -64,11 +64,9 @@ int ChooseSmallInteger(Call &call) {
 DWORD ChooseColour(Call &call) {
     constexpr DWORD kColours[] = {0, 0xFFFFFFFF, 0xFF000000, 0x80808080, 0x00FFFFFF, 0x01FF00FF, 0x7F4F2F1F};
     const int how = call.choices.Byte();
-    if (how < 80) return call.choices.OneOf(kColours);
-    DWORD colour = call.choices.Word();
-    if (how < 128) colour |= 0xFF000000;
-    const DWORD most = std::max({colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF, colour >> 24});
-    return how < 200 || call.world.rules.comparable ? (colour & 0xFFFFFF) | most << 24 : colour;
+    DWORD colour = how < 80 ? call.choices.OneOf(kColours) : call.choices.Word();
+    if (how >= 220) colour |= 0xFF000000;
+    return how < 140 && !call.world.rules.comparable ? colour : Premultiplied(colour);
 }
 
 DWORD ChooseWord(Call &call) { return call.choices.Seldom(64) ? call.choices.Word() : call.choices.Byte(); }
