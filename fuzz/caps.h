@@ -11,13 +11,8 @@ constexpr int kDepthOfLarge = 64;   // deeper surfaces are small
 constexpr int kPaletteCount = 256;  // beyond it creation cuts anyway
 
 // The companion.
-constexpr int kGlyphs = 8;
-constexpr float kTextSize = 64;
-constexpr int kDashes = 6;
-constexpr float kShortestDash = 0.25f;
-constexpr float kStrokeWidth = 2000;
-constexpr float kVectorCoordinate = 1000000;  // finite coordinates of vector drawing
-constexpr float kAnimationSide = 128;         // as drawn
-constexpr int kAnimationChanges = 4;          // digits changed in the text of an animation
+constexpr int kGlyphs = 40;
+constexpr int kDashes = 20;
+constexpr int kAnimationChanges = 8;  // digits changed in the text of an animation
 
 }  // namespace fuzz::caps

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -16,9 +15,7 @@
 #include "program.h"
 #include "tables.h"
 #ifndef _WIN32
-#include <fcntl.h>
 #include <sys/mman.h>
-#include <sys/resource.h>
 #include <sys/time.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -91,6 +88,22 @@ void RunOne(const Options &options, uint64_t index, const Program &program, Prog
     });
 }
 
+/// Ends the process when a program takes too long from now on.
+void StartWatch() {
+#ifndef _WIN32
+    constexpr int kMostSeconds = 20;
+    const itimerval limit{{0, 0}, {kMostSeconds, 0}};
+    setitimer(ITIMER_VIRTUAL, &limit, nullptr);
+#endif
+}
+
+/// Ends a child that has written to its standard error stream.
+void ExpectSilence() {
+#ifndef _WIN32
+    if (lseek(STDERR_FILENO, 0, SEEK_CUR) > 0) std::abort();
+#endif
+}
+
 /// The programs from `progress.program` to the end, or until the time has come.
 void RunFrom(const Options &options, uint64_t end, double until, Progress &progress) {
     for (; progress.program < end && (until == 0 || Now() < until); ++progress.program) {
@@ -99,13 +112,13 @@ void RunFrom(const Options &options, uint64_t end, double until, Progress &progr
             WriteProgram(std::filesystem::path(options.save) / std::to_string(progress.program), program);
         }
         if (options.print) std::cout << "// program " << progress.program << std::endl;
+        StartWatch();
         RunOne(options, progress.program, program, progress);
+        ExpectSilence();
     }
 }
 
 #ifndef _WIN32
-
-constexpr int kMostSecondsOfAProgram = 20;
 
 /// Runs `work` in a child. Result: whether the child ended as it should, and wrote nothing to the standard error
 /// stream.
@@ -131,17 +144,6 @@ bool Succeeds(bool quiet, Work work) {
     }
     std::fclose(errors);
     return WIFEXITED(status) && WEXITSTATUS(status) == 0 && !wrote;
-}
-
-/// Ends the child when the program just run has written to the standard error stream.
-void ExpectSilence() {
-    if (lseek(STDERR_FILENO, 0, SEEK_CUR) > 0) std::abort();
-}
-
-/// Ends the process when a program takes too long from now on.
-void StartWatch() {
-    const itimerval limit{{0, 0}, {kMostSecondsOfAProgram, 0}};
-    setitimer(ITIMER_VIRTUAL, &limit, nullptr);
 }
 
 /// Leaves calls out as long as the program fails still.
@@ -175,16 +177,7 @@ Program Reduced(const Options &options, Program program, Progress &progress) {
 int RunAll(const Options &options, uint64_t end, double until, Progress &progress) {
     constexpr int kMostFailures = 10;
     int failures = 0;
-    while (failures < kMostFailures && !Succeeds(false, [&] {
-               struct sigaction again {};
-               again.sa_handler = SIG_DFL;
-               sigaction(SIGVTALRM, &again, nullptr);
-               for (uint64_t next = progress.program; next < end && (until == 0 || Now() < until); ++next) {
-                   StartWatch();
-                   RunFrom(options, next + 1, until, progress);
-                   ExpectSilence();
-               }
-           })) {
+    while (failures < kMostFailures && !Succeeds(false, [&] { RunFrom(options, end, until, progress); })) {
         ++failures;
         Options printing = options;
         printing.print = true;
@@ -261,7 +254,7 @@ unsigned GroupsNamed(const std::string &list) {
     constexpr const char *kNames[] = {"surfaces", "vector", "text", "contexts", "gdi"};
     unsigned groups = 0;
     for (unsigned i = 0; i < std::size(kNames); ++i) {
-        if (list.find(kNames[i]) != std::string::npos) groups |= 1u << i;
+        if ((',' + list + ',').find(std::string(",") + kNames[i] + ',') != std::string::npos) groups |= 1u << i;
     }
     return groups;
 }

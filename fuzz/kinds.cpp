@@ -64,11 +64,9 @@ int ChooseSmallInteger(Call &call) {
 DWORD ChooseColour(Call &call) {
     constexpr DWORD kColours[] = {0, 0xFFFFFFFF, 0xFF000000, 0x80808080, 0x00FFFFFF, 0x01FF00FF, 0x7F4F2F1F};
     const int how = call.choices.Byte();
-    if (how < 80) return call.choices.OneOf(kColours);
-    DWORD colour = call.choices.Word();
-    if (how < 128) colour |= 0xFF000000;
-    const DWORD most = std::max({colour & 0xFF, colour >> 8 & 0xFF, colour >> 16 & 0xFF, colour >> 24});
-    return how < 200 || call.world.rules.comparable ? (colour & 0xFFFFFF) | most << 24 : colour;
+    DWORD colour = how < 80 ? call.choices.OneOf(kColours) : call.choices.Word();
+    if (how >= 220) colour |= 0xFF000000;
+    return how < 140 && !call.world.rules.comparable ? colour : Premultiplied(colour);
 }
 
 DWORD ChooseWord(Call &call) { return call.choices.Seldom(64) ? call.choices.Word() : call.choices.Byte(); }
@@ -87,8 +85,7 @@ DWORD ChooseModeWord(Call &call) {
 
 float ChooseLength(Call &call) {
     if (!call.choices.Seldom(12)) return static_cast<float>(call.choices.Below(65536) % 46080) / 512.0f - 16.0f;
-    const float odd = ChooseOddFloat(call);
-    return std::abs(odd) > caps::kVectorCoordinate && std::isfinite(odd) ? caps::kVectorCoordinate : odd;
+    return ChooseOddFloat(call);
 }
 
 float ChooseFraction(Call &call) {
@@ -100,14 +97,8 @@ float ChooseScale(Call &call) {
     return call.choices.Seldom(24) ? ChooseOddFloat(call) : call.choices.OneOf(kScales);
 }
 
-float ChooseTextSize(Call &call) {
-    const float size = call.choices.Seldom(16) ? ChooseOddFloat(call) : static_cast<float>(call.choices.Byte()) / 8;
-    return size > caps::kTextSize && size <= 32767 ? caps::kTextSize : size;
-}
-
-float ChooseStrokeWidth(Call &call) {
-    const float width = call.choices.Seldom(16) ? ChooseOddFloat(call) : static_cast<float>(call.choices.Byte()) / 16;
-    return width > caps::kStrokeWidth && width <= 32767 ? caps::kStrokeWidth : width;
+float ChooseSmallLength(Call &call) {
+    return call.choices.Seldom(16) ? ChooseOddFloat(call) : static_cast<float>(call.choices.Byte()) / 8;
 }
 
 Extent::Extent(Call &call) {
@@ -117,8 +108,10 @@ Extent::Extent(Call &call) {
     height = side(how < 128 ? 16 : caps::kSide);
     if (how >= 240) width = side(caps::kLargeSide), height = side(caps::kLargeSide);
     constexpr DWORD kOddSides[] = {0, caps::kWideSide, 32768, 65537, 0x80000000, 0xFFFFFFFF};
-    if (how >= 246) (how & 1 ? width : height) = call.choices.OneOf(kOddSides);
-    if (how >= 250) (how & 1 ? height : width) = side(3);
+    if (how >= 248) {
+        (how & 1 ? width : height) = call.choices.OneOf(kOddSides);
+        (how & 1 ? height : width) = side(3);
+    }
 }
 
 Format::Format(Call &call) : Extent(call) {

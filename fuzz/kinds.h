@@ -59,8 +59,7 @@ DWORD ChooseWord(Call &call);
 float ChooseLength(Call &call);    // of vector drawing; seldom anything
 float ChooseFraction(Call &call);  // -1 to 1; seldom anything
 float ChooseScale(Call &call);
-float ChooseTextSize(Call &call);
-float ChooseStrokeWidth(Call &call);
+float ChooseSmallLength(Call &call);  // 0 to 32; seldom anything
 inline BYTE ChooseByte(Call &call) { return call.choices.Seldom(100) ? 255 : call.choices.Byte(); }
 inline int ChooseFlag(Call &call) { return call.choices.Byte() & 1; }
 template <int kBelow>
@@ -84,8 +83,7 @@ using Alpha = Chosen<BYTE, ChooseByte>;
 using Length = Chosen<float, ChooseLength>;
 using Fraction = Chosen<float, ChooseFraction>;
 using Scale = Chosen<float, ChooseScale>;
-using TextSize = Chosen<float, ChooseTextSize>;
-using StrokeWidth = Chosen<float, ChooseStrokeWidth>;
+using SmallLength = Chosen<float, ChooseSmallLength>;
 
 template <auto kValue>
 struct Constant {

@@ -116,12 +116,6 @@ struct File {
     int how;
 };
 
-float ChooseSide(Call &call) {
-    const float side = ChooseLength(call);
-    return side > caps::kAnimationSide && side <= caps::kVectorCoordinate ? caps::kAnimationSide : side;
-}
-using Side = Chosen<float, ChooseSide>;
-
 }  // namespace
 
 std::vector<Row> TextCalls() {
@@ -129,10 +123,10 @@ std::vector<Row> TextCalls() {
         CALL(DrawPosTextByGlyphs, Canvas, Glyphs),
         CALL(SetFontFaceName, Canvas, FontName),
         CALL(SetFontStyle, Canvas, Code<16>),
-        CALL(SetTextSize, Canvas, TextSize),
+        CALL(SetTextSize, Canvas, SmallLength),
         CALL(velCanvasSetFontFaceName, VelCanvas, FontName),
         CALL(velCanvasSetFontStyle, VelCanvas, Code<16>),
-        CALL(velCanvasSetTextSize, VelCanvas, TextSize),
+        CALL(velCanvasSetTextSize, VelCanvas, SmallLength),
         CALL(velCanvasDrawPosTextByGlyphs, VelCanvas, Glyphs),
         CALL(velCanvasGetGlyphs, VelCanvas, Text),
         CALL(velCanvasGetFontMetrics, VelCanvas, Out<float>, Out<float>, Out<float>),
@@ -140,8 +134,8 @@ std::vector<Row> TextCalls() {
         CALL(velLottieCreateFromFile, File),
         CALL(velLottieGetInfo, Lottie, Out<velLottieInfo>),
         CALL(velLottieDestroy, Ended<velLottie *>),
-        CALL(DrawLottie, Canvas, Lottie, Length, Length, Length, Side, Side),
-        CALL(velLottieDraw, VelCanvas, Lottie, Length, Length, Length, Side, Side),
+        CALL(DrawLottie, Canvas, Lottie, Length, Length, Length, Length, Length),
+        CALL(velLottieDraw, VelCanvas, Lottie, Length, Length, Length, Length, Length),
     };
 }
 

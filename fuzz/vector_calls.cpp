@@ -7,18 +7,10 @@ namespace {
 
 constexpr Group kGroup = kVector;
 
-POINT ChoosePoint(Call &call) {
-    const int limit = static_cast<int>(caps::kVectorCoordinate);
-    const auto coordinate = [&] { return std::clamp(ChooseCoordinate(call), -limit, limit); };
-    return {coordinate(), coordinate()};
-}
+POINT ChoosePoint(Call &call) { return {ChooseCoordinate(call), ChooseCoordinate(call)}; }
 using Points = List<POINT, ChoosePoint, 9>;
 
-float ChooseDash(Call &call) {
-    return call.choices.Seldom(8) ? ChooseLength(call)
-                                  : caps::kShortestDash + static_cast<float>(call.choices.Byte()) / 16;
-}
-using Dashes = List<float, ChooseDash, caps::kDashes>;
+using Dashes = List<float, ChooseSmallLength, caps::kDashes>;
 
 float ChooseAngle(Call &call) {
     return call.choices.Seldom(16) ? ChooseLength(call) : static_cast<float>(call.choices.Byte()) * 4 - 360;
@@ -99,7 +91,7 @@ std::vector<Row> VectorCalls() {
         ON_CANVASES(SetStrokeCap, Code<3>),
         ON_CANVASES(SetStrokeJoin, Code<3>),
         ON_CANVASES(SetGradient, Gradient),
-        ON_CANVASES(SetStrokeWidth, StrokeWidth),
+        ON_CANVASES(SetStrokeWidth, SmallLength),
         ON_CANVASES(GetStrokeWidth),
         ON_CANVASES(SetDashStyle, Code<6>),
         ON_CANVASES(SetDashPattern, Dashes, Length),

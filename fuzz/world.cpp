@@ -14,13 +14,6 @@ std::byte *RowAt(const SurfaceView &view, LONG y) {
     return static_cast<std::byte *>(view.bits) + static_cast<ptrdiff_t>(view.stride) * y;
 }
 
-/// Alpha is at least as much as each colour channel.
-uint32_t Premultiplied(uint32_t pixel) {
-    const uint32_t most =
-        std::max(std::max(pixel & 0xFF, pixel >> 8 & 0xFF), std::max(pixel >> 16 & 0xFF, pixel >> 24));
-    return (pixel & 0xFFFFFF) | most << 24;
-}
-
 void Premultiply(uint32_t *pixels, size_t count) {
     uint32_t wrong = 0;
     for (size_t i = 0; i < count; ++i) wrong |= pixels[i] ^ Premultiplied(pixels[i]);

@@ -7,6 +7,7 @@
 #include <lacquer/headless_gdi.h>
 #endif
 
+#include <algorithm>
 #include <array>
 #include <memory>
 #include <tuple>
@@ -88,6 +89,12 @@ inline void Delete(velGradient *gradient) { velGradientDestroy(gradient); }
 inline void Delete(velLottie *lottie) { velLottieDestroy(lottie); }
 inline void Delete(velCanvas *canvas) { velCanvasDestroy(canvas); }
 inline void Delete(velBitmap *bitmap) { velBitmapDestroy(bitmap); }
+
+/// The pixel with an alpha that is at least as much as each channel.
+inline DWORD Premultiplied(DWORD pixel) {
+    const DWORD most = std::max(std::max(pixel & 0xFF, pixel >> 8 & 0xFF), std::max(pixel >> 16 & 0xFF, pixel >> 24));
+    return (pixel & 0xFFFFFF) | most << 24;
+}
 
 /// What a program may do.
 struct Rules {
