@@ -22,7 +22,7 @@ bool JoinToOne(const RECT &first, const RECT &second) {
 }  // namespace
 
 LockedPieces::LockedPieces(Canvas &canvas, const RECT &area) : canvas_(canvas), clipBox_(canvas.ClipBox()) {
-    IntersectRect(&area_, &area, &clipBox_);
+    FindVisible(area, &area_);
 }
 
 const SurfaceView *LockedPieces::LockApart(const RECT &piece) {

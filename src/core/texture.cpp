@@ -31,13 +31,18 @@ const RECT *Texture::CurrentSlice() const {
                : nullptr;
 }
 
+RECT Texture::ShownPart() const {
+    const RECT *slice = CurrentSlice();
+    return slice ? *slice : RECT{0, 0, surface_.GetWidth(), surface_.GetHeight()};
+}
+
 bool Texture::GetSize(SIZE *out) const {
     if (!slices_) {
         *out = {surface_.GetWidth(), surface_.GetHeight()};
         return true;
     }
     const RECT *slice = CurrentSlice();
-    if (slice) *out = {ClampToLong(WidthOf(*slice)), ClampToLong(HeightOf(*slice))};
+    if (slice) *out = SizeOf(*slice);
     return slice != nullptr;
 }
 

@@ -28,6 +28,9 @@ public:
     /// The current slice, or null: without a list, or when the index is not in it.
     const RECT *CurrentSlice() const;
 
+    /// The current slice, else the whole surface.
+    RECT ShownPart() const;
+
     /// The current slice's size, or the surface's when no list was ever set. Result: false when there is a list but no
     /// current slice.
     bool GetSize(SIZE *out) const;

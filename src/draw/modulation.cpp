@@ -59,9 +59,8 @@ void DrawThroughMask(Canvas &canvas, int x, int y, PixelSurface &mask, const REC
     const RECT whole{0, 0, mask.GetWidth(), mask.GetHeight()};
     const RECT from = source ? *source : whole;
     const RECT dest{x, y, ClampToLong(x + WidthOf(from)), ClampToLong(y + HeightOf(from))};
-    const RECT clipBox = canvas.ClipBox();
     RECT visible{};
-    if (!IntersectRect(&visible, &dest, &clipBox)) return;
+    if (!canvas.FindVisible(dest, &visible)) return;
     const RECT covered = Moved(visible, static_cast<int64_t>(from.left) - x, static_cast<int64_t>(from.top) - y);
     const LockedCanvas target(canvas, &visible);
     if (!target.View()) return;

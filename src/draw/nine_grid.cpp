@@ -78,13 +78,15 @@ bool ReadMiddle(PixelSurface &surface, const RECT &cell, DWORD *colour) {
     return ReadPixel(surface, middle(cell.left, cell.right), middle(cell.top, cell.bottom), colour);
 }
 
-/// What fills a hollow centre: its middle pixel at the draw's strength; none where there is none, or none that can be
-/// drawn.
+/// What fills a hollow centre: its middle pixel at the draw's strength; none where there is none, and when the fill
+/// would change nothing.
 std::optional<DWORD> CentreColour(const TextureDraw &draw, const RECT &sourceCell) {
+    PixelSurface &surface = draw.texture.Surface();
     DWORD colour = 0;
-    if (!ReadMiddle(draw.texture.Surface(), sourceCell, &colour)) return std::nullopt;
-    return DrawModeOf(draw.texture.Surface().GetFilter()) == LACQUER_DRAW_MODULATE ? colour
-                                                                                   : Scale(colour, draw.alpha + 1u);
+    if (!ReadMiddle(surface, sourceCell, &colour)) return std::nullopt;
+    if (DrawModeOf(surface.GetFilter()) != LACQUER_DRAW_MODULATE) colour = Scale(colour, draw.alpha + 1u);
+    if (IsVoidFill(colour, surface.GetFilter())) return std::nullopt;
+    return colour;
 }
 
 /// Whether it takes longer to copy a rectangle of a device context for nothing than to make copies of the eight pieces
@@ -111,7 +113,7 @@ int DrawNineGrid(const TextureDraw &draw, const NineGridStyle &style) {
     const NineCellSplit destCells = SplitByMargins(draw.dest, destMargins);
     const NineCellSplit sourceCells = SplitByMargins(slice, sourceMargins);
     const auto fill = style.hollowCentre ? CentreColour(draw, sourceCells[kCentre]) : std::nullopt;
-    const bool staysOpen = style.hollowCentre && (!fill || IsVoidFill(*fill, surface.GetFilter()));
+    const bool staysOpen = style.hollowCentre && !fill;
     TexturePieces pieces(draw, staysOpen && IsLarge(destCells[kCentre]) ? RECT{} : draw.dest);
     for (size_t i = 0; i < destCells.size(); ++i) {
         if (!style.hollowCentre || i != kCentre) {

@@ -82,7 +82,7 @@ void DrawTiled(const TextureDraw &draw, DWORD scaleFlags, float scale) {
     }
     const RECT &dest = draw.dest;
     TexturePieces pieces(draw, dest);
-    if (cellWidth <= 0 || cellHeight <= 0 || !IntersectRect(&visible, &dest, &pieces.ClipBox())) return;
+    if (cellWidth <= 0 || cellHeight <= 0 || !pieces.FindVisible(dest, &visible)) return;
     for (int64_t y = dest.top; y < visible.bottom;) {
         if (y + cellHeight > dest.bottom) {
             cellHeight = dest.bottom - y;

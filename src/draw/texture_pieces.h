@@ -22,6 +22,7 @@ public:
         : target_(draw.canvas, area), source_(draw.texture.Surface(), nullptr), style_(StyleOf(draw)) {}
 
     const RECT &ClipBox() const { return target_.ClipBox(); }
+    bool FindVisible(const RECT &rect, RECT *part) const { return target_.FindVisible(rect, part); }
 
     void Draw(const RECT &dest, const RECT &piece) { BlitPiece(target_, dest, source_.View(), piece, style_); }
 

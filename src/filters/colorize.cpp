@@ -1,8 +1,9 @@
-// The shift of one colour, and of the pixels of a view.
+// The shift of one colour, and of the pixels of a surface.
 
 #include "filters/colorize.h"
 
 #include "core/geometry.h"
+#include "filters/apply.h"
 #include "filters/colour_models.h"
 #include "filters/map_pixels.h"
 #include "filters/single_precision.h"
@@ -42,8 +43,10 @@ uint32_t ShiftedAhsl(uint32_t ahsl, const ColourShift &shift) {
 
 uint32_t ShiftedArgb(uint32_t argb, const ColourShift &shift) { return ArgbOf(ShiftedAhsl(AhslOf(argb), shift)); }
 
-void Colorize(const SurfaceView &view, const ColourShift &shift) {
-    MapColours(view, [&](uint32_t colour) { return ShiftedArgb(colour, shift); });
+bool Colorize(PixelSurface &surface, const ColourShift &shift) {
+    return ApplyTo(surface, nullptr, [&](const SurfaceView &view) {
+        MapColours(view, [&](uint32_t colour) { return ShiftedArgb(colour, shift); });
+    });
 }
 
 }  // namespace lacquer
