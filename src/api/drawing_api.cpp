@@ -40,7 +40,7 @@ int DrawBitmapRectEx(HGCANVAS canvas, const RECT *dest, HGBITMAP bitmap, const R
     PixelSurface *from = Find(bitmap);
     Canvas *to = from ? Find(canvas) : nullptr;
     if (!to || !dest) return 0;
-    Blit(*to, *dest, *from, source, {from->GetFilter(), kernelMode, alpha});
+    Blit(*to, *dest, *from, source, {from->Filter(), kernelMode, alpha});
     return 1;
 }
 

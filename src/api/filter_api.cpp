@@ -32,7 +32,7 @@ int BlurredInPlace(PixelSurface *target, PixelSurface *scratch) {
 
 /// Of a rectangle, null: of the surface.
 SIZE SizeOf(const PixelSurface &surface, const RECT *rect) {
-    return rect ? lacquer::SizeOf(*rect) : SIZE{surface.GetWidth(), surface.GetHeight()};
+    return rect ? lacquer::SizeOf(*rect) : SIZE{surface.Width(), surface.Height()};
 }
 
 }  // namespace

@@ -14,9 +14,7 @@ namespace {
 constexpr int kNoSlice = -1;
 
 /// A texture that takes a surface's pixels over.
-HGTEXTURE RegisterTextureOf(std::unique_ptr<PixelSurface> surface) {
-    return Register(MakeSharingTexture(surface.get(), false));
-}
+HGTEXTURE RegisterTextureOf(std::unique_ptr<PixelSurface> surface) { return Register(MakeTextureOf(surface.get())); }
 
 }  // namespace
 

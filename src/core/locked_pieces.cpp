@@ -5,7 +5,6 @@
 #include <algorithm>
 
 namespace lacquer {
-
 namespace {
 
 bool Meet(const RECT &a, const RECT &b) {

@@ -8,7 +8,6 @@
 #include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
-
 namespace {
 
 void BlitVisible(const SurfaceView &to, const RECT &visible, const SurfaceView &from, const RECT &dest,

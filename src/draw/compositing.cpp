@@ -12,7 +12,6 @@
 #include "pipeline/table/kernel_table.h"
 
 namespace lacquer {
-
 namespace {
 
 bool HasPixelAlpha(const Canvas &canvas) { return DrawModeOf(canvas.Filter()) == LACQUER_DRAW_OVER; }

@@ -13,7 +13,6 @@
 #include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
-
 namespace {
 
 struct Margins {
@@ -44,13 +43,13 @@ int64_t ScaledMargin(int64_t margin, float scale, int64_t destExtent, int64_t so
 }
 
 void ScaleMargins(Margins &margins, const NineGridStyle &style, const RECT &dest, const RECT &source) {
-    const auto scaled = [&](int64_t margin, ScaleFlag flag, int64_t destExtent, int64_t sourceExtent) {
+    const auto scaled = [&](int64_t margin, DWORD flag, int64_t destExtent, int64_t sourceExtent) {
         return style.scaleFlags & flag ? ScaledMargin(margin, style.scale, destExtent, sourceExtent) : margin;
     };
-    margins.left = scaled(margins.left, kScaleLeft, WidthOf(dest), WidthOf(source));
-    margins.top = scaled(margins.top, kScaleTop, HeightOf(dest), HeightOf(source));
-    margins.right = scaled(margins.right, kScaleRight, WidthOf(dest), WidthOf(source));
-    margins.bottom = scaled(margins.bottom, kScaleBottom, HeightOf(dest), HeightOf(source));
+    margins.left = scaled(margins.left, LACQUER_SCALE_LEFT, WidthOf(dest), WidthOf(source));
+    margins.top = scaled(margins.top, LACQUER_SCALE_TOP, HeightOf(dest), HeightOf(source));
+    margins.right = scaled(margins.right, LACQUER_SCALE_RIGHT, WidthOf(dest), WidthOf(source));
+    margins.bottom = scaled(margins.bottom, LACQUER_SCALE_BOTTOM, HeightOf(dest), HeightOf(source));
 }
 
 /// Row by row from the top-left cell. Neighbours share their coordinates; corners are clamped into the rectangle, while
@@ -84,8 +83,8 @@ std::optional<DWORD> CentreColour(const TextureDraw &draw, const RECT &sourceCel
     PixelSurface &surface = draw.texture.Surface();
     DWORD colour = 0;
     if (!ReadMiddle(surface, sourceCell, &colour)) return std::nullopt;
-    if (DrawModeOf(surface.GetFilter()) != LACQUER_DRAW_MODULATE) colour = Scale(colour, draw.alpha + 1u);
-    if (IsVoidFill(colour, surface.GetFilter())) return std::nullopt;
+    if (DrawModeOf(surface.Filter()) != LACQUER_DRAW_MODULATE) colour = Scale(colour, draw.alpha + 1u);
+    if (IsVoidFill(colour, surface.Filter())) return std::nullopt;
     return colour;
 }
 

@@ -11,7 +11,7 @@ namespace lacquer {
 
 /// A draw's style; the texture's filter word is the mode word.
 inline BlitStyle StyleOf(const TextureDraw &draw) {
-    return {draw.texture.Surface().GetFilter(), draw.kernelMode, draw.alpha};
+    return {draw.texture.Surface().Filter(), draw.kernelMode, draw.alpha};
 }
 
 /// Holds one lock of the canvas and one of the texture for all pieces of a layout.

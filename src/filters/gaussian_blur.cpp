@@ -12,7 +12,6 @@
 #include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
-
 namespace {
 
 constexpr int kReach = 3, kTaps = 2 * kReach + 1, kPasses = 2;

@@ -8,7 +8,6 @@
 #include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
-
 namespace {
 
 void GlowThrough(const SurfaceView &object, const SurfaceView &scratch) {

@@ -9,7 +9,6 @@
 #include "pipeline/table/image_table.h"
 
 namespace lacquer {
-
 namespace {
 
 constexpr DWORD kAlphaToColour = 1, kColourToAlpha = 6;
@@ -40,7 +39,7 @@ bool ReplaceColour(PixelSurface &surface, DWORD find, DWORD put) {
 
 bool InvertAgainstAlpha(PixelSurface &surface) {
     // What has no pixels can't be locked; there is nothing to invert in it.
-    if (surface.GetWidth() == 0) return true;
+    if (surface.Width() == 0) return true;
     return ApplyTo(surface, nullptr,
                    [](const SurfaceView &view) { ChangeWords(view, WordsPerRow(view), ImageKernels().invert); });
 }

@@ -6,7 +6,6 @@
 #include "core/locked.h"
 
 namespace lacquer {
-
 namespace {
 
 bool DrawsInto(velCanvas *companion, const SurfaceView &view) {

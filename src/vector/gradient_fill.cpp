@@ -6,7 +6,6 @@
 #include "vector/companion.h"
 
 namespace lacquer {
-
 namespace {
 
 velGradient *NewGradient(const RECT &rect, DWORD from, DWORD to, GradientDirection direction) {
