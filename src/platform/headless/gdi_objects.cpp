@@ -65,7 +65,7 @@ void *Add(DWORD kind, void *object) {
 template <typename T>
 void *AddOwned(DWORD kind, std::unique_ptr<T> object) {
     void *handle = object != nullptr ? Add(kind, object.get()) : nullptr;
-    if (handle != nullptr) object.release();
+    if (handle != nullptr) static_cast<void>(object.release());
     return handle;
 }
 
