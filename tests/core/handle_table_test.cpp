@@ -174,9 +174,11 @@ TEST(HandleTableTest, RevokeFreesTheHandlesOfOneObjectWhicheverWereFreedBefore) 
 TEST(HandleTableTest, IsEmptyAndFullBeforeItOpensAndAfterItClosesWhateverHoldsTheLock) {
     for (const bool held : {false, true}) {
         HandleTable table;
+        EXPECT_FALSE(table.IsOpen());
         EXPECT_EQ(0u, table.NewHandleEntry(kBitmap, &objects[0]));
         EXPECT_EQ(nullptr, table.LookupHandleEntry(0x01020001));
         table.Open();
+        EXPECT_TRUE(table.IsOpen());
         const uint32_t handle = table.NewHandleEntry(kBitmap, &objects[0]);
         EXPECT_EQ(0x01020001u, handle);
         std::optional<HeldTable> holder;
