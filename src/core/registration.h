@@ -27,7 +27,7 @@ template <class Object>
 uint32_t RegisterObject(HandleType type, std::unique_ptr<Object> object) {
     if (!object) return 0;
     const uint32_t handle = ProcessHandleTable().NewHandleEntry(static_cast<int>(type), object.get());
-    if (handle != 0) object.release();
+    if (handle != 0) static_cast<void>(object.release());
     return handle;
 }
 
