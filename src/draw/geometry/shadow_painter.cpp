@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "pipeline/table/image_table.h"
+
 namespace lacquer {
 
 const CoverRow &ShadowPainter::RowAt(int64_t y) {
@@ -61,20 +63,20 @@ void ShadowPainter::Even(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, int32
 }
 
 void ShadowPainter::Varying(int64_t x, int count, int64_t y, int64_t yEnd, const int32_t *shares) {
-    constexpr BYTE kNoBorder[PartPainter::kMostCovered] = {};
     ForEachPiece(x, x + count, y, yEnd,
                  [&](int64_t from, int64_t to, int64_t top, int64_t bottom, bool varies, BYTE cover) {
-                     BYTE covers[PartPainter::kMostCovered];
+                     BYTE covers[kMostVarying];
                      const int length = static_cast<int>(to - from);
                      const int32_t *own = shares + (from - x);
-                     if (!varies && place_ != ShadowPlace::Inside && cover == 0) {
-                         ShadowKernelsInUse().cover(own, length, covers);
+                     const bool isInside = place_ == ShadowPlace::Inside;
+                     if (!varies && cover == (isInside ? 255 : 0)) {
+                         ImageKernels().coverShares(own, length, isInside, covers);
                      } else {
                          for (int i = 0; i < length; ++i) {
                              covers[i] = CoverOf(own[i], varies ? RowAt(top).At(from + i) : cover);
                          }
                      }
-                     painter_.Covered(from, length, top, bottom, covers, kNoBorder);
+                     painter_.FillCovered(from, length, top, bottom, covers);
                  });
 }
 

@@ -6,7 +6,7 @@
 
 #include "draw/geometry/painted_parts.h"
 #include "draw/geometry/rounded_rect.h"
-#include "draw/geometry/shadow_kernels.h"
+#include "pipeline/shape/shadow.h"
 
 namespace lacquer {
 
@@ -21,11 +21,12 @@ public:
 
     void Even(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, int32_t share);
 
-    /// At most PartPainter::kMostCovered pixels.
+    /// At most kMostVarying pixels.
+    static constexpr int kMostVarying = 512;
     void Varying(int64_t x, int count, int64_t y, int64_t yEnd, const int32_t *shares);
 
     /// Asks for pixels that will be painted soon.
-    void Prefetch(int64_t x, int count, int64_t y) const { painter_.Prefetch(x, count, y); }
+    void Prefetch(int64_t x, ptrdiff_t count, int64_t y) const { painter_.Prefetch(x, count, y); }
 
     /// Narrows the pixels x..xEnd of a row to where shadow may be painted.
     void Narrow(int64_t *x, int64_t *xEnd, int64_t y);

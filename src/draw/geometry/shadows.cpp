@@ -34,39 +34,68 @@ void ForEachBand(const ShadowSpan &span, int64_t from, int64_t to, const Visit &
     }
 }
 
-/// A piece of at most a tile's size, of which the rows are computed one by one, or one row stands for all.
-void PaintTile(ShadowTile &tile, ShadowPainter &painter, int64_t x, int columns, int64_t y, int rows) {
-    ShadowTile::Wanted wanted[ShadowTile::kSide];
-    bool isAnyWanted = false;
-    for (int row = 0; row < rows; ++row) {
-        int64_t from = x, to = x + columns;
-        painter.Narrow(&from, &to, y + row);
-        wanted[row] = {static_cast<int>(from - x), static_cast<int>(std::max(from, to) - x)};
-        if (from >= to) continue;
-        isAnyWanted = true;
-        painter.Prefetch(from, static_cast<int>(to - from), y + row);
+/// The pixels that are wanted of each row of a tile.
+struct WantedRows {
+    ShadowTile::Wanted rows[ShadowTile::kSide];
+    int count;
+
+    WantedRows(ShadowPainter &painter, int64_t x, int columns, int64_t y, int64_t yEnd)
+        : count(static_cast<int>(std::clamp<int64_t>(yEnd - y, 0, ShadowTile::kSide))) {
+        for (int row = 0; row < count; ++row) {
+            int64_t from = x, to = x + columns;
+            painter.Narrow(&from, &to, y + row);
+            rows[row] = {static_cast<int>(from - x), static_cast<int>(std::max(from, to) - x)};
+        }
     }
-    if (!isAnyWanted) return;
-    tile.Compute(x, y, columns, rows, wanted);
-    for (int row = 0; row < rows; ++row) {
-        const auto [from, to] = wanted[row];
-        if (from < to) painter.Varying(x + from, to - from, y + row, y + row + 1, tile.Row(row) + from);
+
+    bool IsAny() const {
+        return std::any_of(rows, rows + count, [](const ShadowTile::Wanted &row) { return row.from < row.to; });
+    }
+};
+
+/// Columns in which every row is computed. The pixels of a tile are asked for while the one above it is painted.
+void PaintTiles(ShadowTile &tile, ShadowPainter &painter, int64_t x, int columns, int64_t y, int64_t yEnd) {
+    WantedRows wanted(painter, x, columns, y, yEnd);
+    while (wanted.count > 0) {
+        const int64_t next = y + wanted.count;
+        const WantedRows below(painter, x, columns, next, yEnd);
+        const bool isAny = wanted.IsAny();
+        if (isAny) tile.Compute(x, y, columns, wanted.count, wanted.rows);
+        for (int row = 0; row < wanted.count; ++row) {
+            if (row < below.count) {
+                const auto [from, to] = below.rows[row];
+                if (from < to) painter.Prefetch(x + from, to - from, next + row);
+            }
+            const auto [from, to] = wanted.rows[row];
+            if (from < to) painter.Varying(x + from, to - from, y + row, y + row + 1, tile.Row(row) + from);
+        }
+        wanted = below;
+        y = next;
+    }
+}
+
+/// Columns in which one row stands for all.
+void PaintAlike(ShadowTile &tile, ShadowPainter &painter, const Band &columns, const Band &rows) {
+    int32_t shares[ShadowPainter::kMostVarying];
+    int count = 0;
+    for (int64_t x = columns.from; x < columns.to;) {
+        const int width = static_cast<int>(std::min<int64_t>(ShadowTile::kSide, columns.to - x));
+        const ShadowTile::Wanted all{0, width};
+        tile.Compute(x, rows.from, width, 1, &all);
+        std::copy_n(tile.Row(0), width, shares + count);
+        count += width;
+        x += width;
+        if (count + ShadowTile::kSide <= ShadowPainter::kMostVarying && x < columns.to) continue;
+        painter.Varying(x - count, count, rows.from, rows.to, shares);
+        count = 0;
     }
 }
 
 void PaintSides(ShadowTile &tile, ShadowPainter &painter, const Band &columns, const Band &rows) {
-    constexpr int64_t kSide = ShadowTile::kSide;
-    for (int64_t x = columns.from; x < columns.to; x += kSide) {
-        const int width = static_cast<int>(std::min(kSide, columns.to - x));
-        if (rows.kind == Band::kMiddle) {
-            const ShadowTile::Wanted all{0, width};
-            tile.Compute(x, rows.from, width, 1, &all);
-            painter.Varying(x, width, rows.from, rows.to, tile.Row(0));
-            continue;
-        }
-        for (int64_t y = rows.from; y < rows.to; y += kSide) {
-            PaintTile(tile, painter, x, width, y, static_cast<int>(std::min(kSide, rows.to - y)));
-        }
+    if (rows.kind == Band::kMiddle) return PaintAlike(tile, painter, columns, rows);
+    for (int64_t x = columns.from; x < columns.to; x += ShadowTile::kSide) {
+        const int width = static_cast<int>(std::min<int64_t>(ShadowTile::kSide, columns.to - x));
+        PaintTiles(tile, painter, x, width, rows.from, rows.to);
     }
 }
 
