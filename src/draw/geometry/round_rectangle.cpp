@@ -68,7 +68,7 @@ void ShapePainter::Paint() const {
     const int64_t lastMirrored = PixelAt(shape_.top + shape_.bottom) - 1;
     for (int64_t y = visible_.top; y < visible_.bottom;) {
         const CoverRow outer(shape_, y), inner(inside_, y);
-        const int64_t yEnd = std::min({outer.AlikeUntil(), inner.AlikeUntil(), int64_t{visible_.bottom}});
+        const int64_t yEnd = std::min({outer.alikeUntil, inner.alikeUntil, int64_t{visible_.bottom}});
         const int64_t mirrored = isSymmetric ? lastMirrored - y : y;
         const bool isSingle = yEnd == y + 1;
         if (isSingle && mirrored < y && IsVisibleRow(mirrored)) {

@@ -33,8 +33,7 @@ RoundedRect RoundedRect::Grown(int64_t by) const {
 CoverRow::CoverRow(const RoundedRect &shape, int64_t y)
     : shape_(shape),
       top_(std::max(shape.top, y * kUnits)),
-      bottom_(std::min(shape.bottom, (y + 1) * kUnits)),
-      alikeUntil_(y + 1) {
+      bottom_(std::min(shape.bottom, (y + 1) * kUnits)) {
     SetAlike(y);
     if (shape.IsEmpty() || top_ >= bottom_) return;
     begin = PixelAt(shape.left);
@@ -56,18 +55,19 @@ CoverRow::CoverRow(const RoundedRect &shape, int64_t y)
 
 void CoverRow::SetAlike(int64_t y) {
     const auto &radii = shape_.radii;
+    alikeUntil = y + 1;
     if (shape_.IsEmpty() || y >= PixelFrom(shape_.bottom)) {
-        alikeUntil_ = INT64_MAX;
+        alikeUntil = INT64_MAX;
         return;
     }
     if (y < PixelAt(shape_.top)) {
-        alikeUntil_ = PixelAt(shape_.top);
+        alikeUntil = PixelAt(shape_.top);
         return;
     }
     const int64_t upper = std::max(radii[RoundedRect::kTopLeft], radii[RoundedRect::kTopRight]);
     const int64_t lower = std::max(radii[RoundedRect::kBottomLeft], radii[RoundedRect::kBottomRight]);
     const int64_t straightUntil = PixelAt(shape_.bottom - lower);
-    if (y >= PixelFrom(shape_.top + upper) && y < straightUntil) alikeUntil_ = straightUntil;
+    if (y >= PixelFrom(shape_.top + upper) && y < straightUntil) alikeUntil = straightUntil;
 }
 
 void CoverRow::AddCorner(RoundedRect::Corner corner) {

@@ -37,17 +37,18 @@ struct RoundedRect {
     }
 };
 
-/// How much of the pixels of one row a shape covers, 0..255. Depends on nothing but shape and row.
-class CoverRow {
-public:
-    CoverRow(const RoundedRect &shape, int64_t y);
-
+/// Where the pixels of a row are covered at all, and where evenly.
+struct CoverSpan {
     /// Pixels from `begin` to `end` may be covered, those from `flatBegin` to `flatEnd` equally: `flat`.
     int64_t begin = 0, flatBegin = 0, flatEnd = 0, end = 0;
+    int64_t alikeUntil = 0;  ///< the rows from this one up to that one are alike
     BYTE flat = 0;
+};
 
-    /// The rows from this one up to that one are alike.
-    int64_t AlikeUntil() const { return alikeUntil_; }
+/// How much of the pixels of one row a shape covers, 0..255. Depends on nothing but shape and row.
+class CoverRow : public CoverSpan {
+public:
+    CoverRow(const RoundedRect &shape, int64_t y);
 
     /// Writes the cover of `count` pixels from x on.
     void Write(int64_t x, int count, BYTE *out) const;
@@ -68,7 +69,6 @@ private:
 
     const RoundedRect &shape_;
     int64_t top_, bottom_;  ///< of the shape in this row, units
-    int64_t alikeUntil_;
     std::array<CornerArc, 4> corners_;  ///< the first `cornerCount_` of them
     std::array<ArcRow, 4> arcs_;
     int cornerCount_ = 0, arcCount_ = 0;

@@ -9,11 +9,18 @@
 namespace lacquer {
 
 const CoverRow &ShadowPainter::RowAt(int64_t y) {
-    if (!row_ || y < rowBegin_ || y >= row_->AlikeUntil()) {
+    if (!row_ || rowAt_ != y) {
         row_.emplace(rect_, y);
-        rowBegin_ = y;
+        rowAt_ = y;
     }
     return *row_;
+}
+
+/// Tiles beside each other ask for the same rows.
+const CoverSpan &ShadowPainter::SpanAt(int64_t y) {
+    auto &known = spans_[y & (kKnownSpans - 1)];
+    if (known.y != y) known = {y, RowAt(y)};
+    return known.span;
 }
 
 /// Where the rectangle covers so much, nothing is painted.
@@ -35,8 +42,8 @@ template <class Paint>
 void ShadowPainter::ForEachPiece(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, const Paint &paint) {
     if (place_ == ShadowPlace::AroundAndUnder) return paint(x, xEnd, y, yEnd, false, BYTE{0});
     while (y < yEnd) {
-        const CoverRow &row = RowAt(y);
-        const int64_t until = std::min(yEnd, row.AlikeUntil());
+        const CoverSpan &row = SpanAt(y);
+        const int64_t until = std::min(yEnd, row.alikeUntil);
         int64_t from = x;
         const int64_t cuts[] = {row.begin, row.flatBegin, row.flatEnd, row.end, xEnd};
         for (const int64_t cut : cuts) {
@@ -80,16 +87,18 @@ void ShadowPainter::Varying(int64_t x, int count, int64_t y, int64_t yEnd, const
                  });
 }
 
-void ShadowPainter::Narrow(int64_t *x, int64_t *xEnd, int64_t y) {
-    if (place_ == ShadowPlace::AroundAndUnder) return;
-    const CoverRow &row = RowAt(y);
+PixelRange ShadowPainter::Narrowed(int64_t x, int columns, int64_t y) {
+    if (place_ == ShadowPlace::AroundAndUnder) return {0, columns};
+    const CoverSpan &row = SpanAt(y);
+    int64_t from = x, to = x + columns;
     if (place_ == ShadowPlace::Inside) {
-        *x = std::max(*x, row.begin);
-        *xEnd = std::min(*xEnd, row.end);
+        from = std::max(from, row.begin);
+        to = std::min(to, row.end);
     } else if (row.flat == 255 && row.flatBegin < row.flatEnd) {
-        if (*x >= row.flatBegin) *x = std::max(*x, std::min(*xEnd, row.flatEnd));
-        if (*xEnd <= row.flatEnd) *xEnd = std::min(*xEnd, std::max(*x, row.flatBegin));
+        if (from >= row.flatBegin) from = std::max(from, std::min(to, row.flatEnd));
+        if (to <= row.flatEnd) to = std::min(to, std::max(from, row.flatBegin));
     }
+    return {static_cast<int>(from - x), static_cast<int>(std::max(from, to) - x)};
 }
 
 }  // namespace lacquer

@@ -27,7 +27,7 @@ int64_t FirstFailing(int64_t low, int64_t high, const Test &test) {
 
 }  // namespace
 
-void ShadowTile::Compute(int64_t x, int64_t y, int columns, int rows, const Wanted *wanted) {
+void ShadowTile::Compute(int64_t x, int64_t y, int columns, int rows, const PixelRange *wanted) {
     x_ = x;
     y_ = y;
     columns_ = columns;

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "draw/geometry/caster.h"
+#include "draw/geometry/units.h"
 #include "pipeline/shape/shadow.h"
 #include "pipeline/table/image_table.h"
 
@@ -14,15 +15,11 @@ class ShadowTile {
 public:
     static constexpr int kSide = kLinePixels;
 
-    /// The pixels of a row that are wanted; the others may be left out.
-    struct Wanted {
-        int from, to;
-    };
-
     explicit ShadowTile(const Caster &caster) : caster_(caster), kernels_(ImageKernels()) {}
 
-    /// Computes `rows` rows of `columns` pixels from (x, y) on; both at most kSide.
-    void Compute(int64_t x, int64_t y, int columns, int rows, const Wanted *wanted);
+    /// Computes `rows` rows of `columns` pixels from (x, y) on; both at most kSide. Pixels of a row that are not wanted
+    /// may be left out.
+    void Compute(int64_t x, int64_t y, int columns, int rows, const PixelRange *wanted);
 
     /// Shares of kFullShadow.
     const int32_t *Row(int row) const { return sums_[row]; }
@@ -46,7 +43,7 @@ private:
     const ImageTable &kernels_;
     int64_t x_ = 0, y_ = 0;
     int columns_ = 0, rows_ = 0;
-    const Wanted *wanted_ = nullptr;
+    const PixelRange *wanted_ = nullptr;
     int32_t sums_[kSide][kSide];
     int32_t groups_[kSide];                    ///< by row: what is the same in all columns
     int gathered_ = 0;                         ///< slabs whose products are still to be added
