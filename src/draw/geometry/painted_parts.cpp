@@ -25,9 +25,9 @@ bool IsOver(DWORD modeWord) {
 /// Rows come in pieces, of which one so many pixels ahead is asked for: the processor's own guesses end with each page.
 constexpr int64_t kPiecePixels = Lookahead::kPiecePixels, kPixelsAhead = 4 * kPiecePixels;
 
-bool IsAnyCovered(const BYTE *cover, ptrdiff_t count) {
+bool IsAnyCovered(const BYTE *cover, int count) {
     BYTE any = 0;
-    for (ptrdiff_t i = 0; i < count; ++i) any |= cover[i];
+    for (int i = 0; i < count; ++i) any |= cover[i];
     return any != 0;
 }
 
@@ -114,7 +114,7 @@ void PartPainter::Covered(int64_t x, int count, int64_t y, int64_t yEnd, const B
 }
 
 void PartPainter::FillCovered(int64_t x, ptrdiff_t count, int64_t y, int64_t yEnd, const BYTE *cover) const {
-    if (!fill_.isPainted || !IsAnyCovered(cover, count)) return;
+    if (!fill_.isPainted) return;
     for (; y < yEnd; ++y) {
         if (y + kRowsAhead < yEnd) Prefetch(x, count, y + kRowsAhead);
         kernels_.drawCovered(PixelAt(x, y), fill_.colour, cover, count);

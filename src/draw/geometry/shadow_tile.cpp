@@ -84,7 +84,7 @@ void ShadowTile::AddGroups(const CasterSide &side, const Felt &felt) {
 /// Slabs with one transition in all of the tile.
 void ShadowTile::AddGroup(const CasterSide &side, int64_t from, int64_t to, int transition) {
     if (from >= to) return;
-    int16_t top[kSide], bottom[kSide];
+    int16_t top[kRows], bottom[kRows];
     caster_.Edge().Line(y_ * kPixel - side.Cut(from), rows_, top);
     caster_.Edge().Line(y_ * kPixel - side.Cut(to), rows_, bottom);
     for (int row = 0; row < rows_; ++row) groups_[row] += (top[row] - bottom[row]) * transition;
@@ -94,7 +94,7 @@ void ShadowTile::GatherSlabs(const CasterSide &side, bool isLeft, int64_t from, 
     if (from >= to) return;
     const GaussianEdge &edge = caster_.Edge();
     const int64_t start = (isLeft ? x_ : -(x_ + columns_)) * kPixel;
-    int16_t cuts[2][kSide];  // transitions at a slab's ends, by row; the lower end is the next one's upper
+    int16_t cuts[2][kRows];  // transitions at a slab's ends, by row; the lower end is the next one's upper
     edge.Line(y_ * kPixel - side.Cut(from), rows_, cuts[from & 1]);
     for (int64_t i = from; i < to; ++i) {
         if (gathered_ == kMostLines) AddGathered();

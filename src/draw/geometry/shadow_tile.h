@@ -10,14 +10,14 @@
 
 namespace lacquer {
 
-/// Up to 64 × 64 pixels, made slab by slab. Lives on the stack: 25 KB.
+/// Up to kColumns × kRows pixels, made slab by slab. Lives on the stack: 26 KB.
 class ShadowTile {
 public:
-    static constexpr int kSide = kLinePixels;
+    static constexpr int kColumns = kLinePixels, kRows = 32;
 
     explicit ShadowTile(const Caster &caster) : caster_(caster), kernels_(ImageKernels()) {}
 
-    /// Computes `rows` rows of `columns` pixels from (x, y) on; both at most kSide. Pixels of a row that are not wanted
+    /// Computes `rows` rows of `columns` pixels from (x, y) on; at most kRows and kColumns. Pixels of a row that are not wanted
     /// may be left out.
     void Compute(int64_t x, int64_t y, int columns, int rows, const PixelRange *wanted);
 
@@ -44,11 +44,11 @@ private:
     int64_t x_ = 0, y_ = 0;
     int columns_ = 0, rows_ = 0;
     const PixelRange *wanted_ = nullptr;
-    int32_t sums_[kSide][kSide];
-    int32_t groups_[kSide];                    ///< by row: what is the same in all columns
+    int32_t sums_[kRows][kColumns];
+    int32_t groups_[kRows];                    ///< by row: what is the same in all columns
     int gathered_ = 0;                         ///< slabs whose products are still to be added
     int16_t lines_[kMostLines * kLinePixels];  ///< transitions at their edges, by column
-    int16_t weights_[kSide][kMostLines];       ///< by row
+    int16_t weights_[kRows][kMostLines];       ///< by row
 };
 
 }  // namespace lacquer

@@ -47,7 +47,7 @@ public:
         : tile_(tile), painter_(painter), visible_(visible), y_(y), count_(static_cast<int>(yEnd - y)), mirror_(mirror) {}
 
     void Paint(const Band &columns) {
-        for (int64_t x = columns.from; x < columns.to; x += ShadowTile::kSide) PaintTile(x, columns.to);
+        for (int64_t x = columns.from; x < columns.to; x += ShadowTile::kColumns) PaintTile(x, columns.to);
     }
 
     /// Calls paint(row, y) for each of them.
@@ -78,8 +78,8 @@ private:
 };
 
 void TileRows::PaintTile(int64_t x, int64_t xEnd) {
-    const int columns = static_cast<int>(std::min<int64_t>(ShadowTile::kSide, xEnd - x));
-    PixelRange wanted[ShadowTile::kSide];
+    const int columns = static_cast<int>(std::min<int64_t>(ShadowTile::kColumns, xEnd - x));
+    PixelRange wanted[ShadowTile::kRows];
     std::fill_n(wanted, count_, PixelRange{columns, 0});
     bool isAnyWanted = false;
     ForEach([&](int row, int64_t y) {
@@ -102,10 +102,10 @@ void TileRows::PrefetchAhead(int row, int64_t x, int64_t xEnd) const {
     int ahead = row + kRowsAhead;
     if (ahead >= count_) {
         ahead -= count_;
-        x += ShadowTile::kSide;
+        x += ShadowTile::kColumns;
     }
     if (ahead >= count_ || x >= xEnd) return;
-    const ptrdiff_t columns = std::min<int64_t>(ShadowTile::kSide, xEnd - x);
+    const ptrdiff_t columns = std::min<int64_t>(ShadowTile::kColumns, xEnd - x);
     painter_.Prefetch(x, columns, y_ + ahead);
     if (HasMirror(ahead)) painter_.Prefetch(x, columns, *mirror_ - y_ - ahead);
 }
@@ -115,13 +115,13 @@ void PaintAlike(ShadowTile &tile, ShadowPainter &painter, const Band &columns, c
     int32_t shares[ShadowPainter::kMostVarying];
     int count = 0;
     for (int64_t x = columns.from; x < columns.to;) {
-        const int width = static_cast<int>(std::min<int64_t>(ShadowTile::kSide, columns.to - x));
+        const int width = static_cast<int>(std::min<int64_t>(ShadowTile::kColumns, columns.to - x));
         const PixelRange all{0, width};
         tile.Compute(x, rows.from, width, 1, &all);
         std::copy_n(tile.Row(0), width, shares + count);
         count += width;
         x += width;
-        if (count + ShadowTile::kSide <= ShadowPainter::kMostVarying && x < columns.to) continue;
+        if (count + ShadowTile::kColumns <= ShadowPainter::kMostVarying && x < columns.to) continue;
         painter.Varying(x - count, count, rows.from, rows.to, shares);
         count = 0;
     }
@@ -141,8 +141,8 @@ void PaintBlurred(ShadowPainter &painter, const Caster &caster, const RECT &visi
     ShadowTile tile(caster);
     const std::optional<int64_t> mirror = caster.MirrorDown();
     const auto paintRows = [&](int64_t y, int64_t yEnd, std::optional<int64_t> mirrorOf) {
-        for (; y < yEnd; y += ShadowTile::kSide) {
-            PaintRows(painter, caster, visible, {tile, painter, visible, y, std::min(y + ShadowTile::kSide, yEnd), mirrorOf});
+        for (; y < yEnd; y += ShadowTile::kRows) {
+            PaintRows(painter, caster, visible, {tile, painter, visible, y, std::min(y + ShadowTile::kRows, yEnd), mirrorOf});
         }
     };
     ForEachBand(caster.Rows(), visible.top, visible.bottom, [&](const Band &rows) {

@@ -11,7 +11,7 @@ namespace lacquer {
 inline constexpr int32_t kFullShadow = 1 << 28;
 
 /// Lines of transitions are so many pixels long.
-inline constexpr int kLinePixels = 64;
+inline constexpr int kLinePixels = 128;
 
 /// A share as a cover of 0..255, of which only `part` of 255 counts.
 constexpr BYTE CoverOfShare(int32_t share, int part) {
