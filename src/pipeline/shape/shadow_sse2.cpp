@@ -13,13 +13,6 @@ __m128i LoadLanes(const int16_t *lanes) { return _mm_loadu_si128(reinterpret_cas
 __m128i LoadSums(const int32_t *sums) { return _mm_loadu_si128(reinterpret_cast<const __m128i *>(sums)); }
 void StoreSums(int32_t *sums, __m128i four) { _mm_storeu_si128(reinterpret_cast<__m128i *>(sums), four); }
 
-/// 0 where a lane is negative, `most` where it is above.
-__m128i Bounded(__m128i lanes, __m128i most) {
-    const __m128i isAbove = _mm_cmpgt_epi32(lanes, most);
-    const __m128i upTo = _mm_or_si128(_mm_and_si128(isAbove, most), _mm_andnot_si128(isAbove, lanes));
-    return _mm_andnot_si128(_mm_srai_epi32(lanes, 31), upTo);
-}
-
 }  // namespace
 
 /// Sums beside `from`..`to`, in the same eight, are changed too: nobody asks for them.
@@ -42,18 +35,19 @@ void AddLines(int32_t *sums, const int16_t *lines, const int16_t *weights, int c
 }
 
 void CoverShares(const int32_t *shares, int count, bool ofRest, BYTE *out) {
-    // What a share leaves of the whole is the whole and the share with its bits turned over and one.
+    // What a share leaves of the whole is the whole and the share with its bits turned over and one. A share in 2^-16 is
+    // moved down by half, so that the pack bounds it to 16 bits; 1 and the number before it have one cover.
     const __m128i turn = _mm_set1_epi32(ofRest ? -1 : 0);
-    const __m128i start = _mm_set1_epi32((1 << 11) + (ofRest ? kFullShadow + 1 : 0));
-    const __m128i whole = _mm_set1_epi32(65536), round = _mm_set1_epi32(32768);
-    const auto coversOf = [&](const int32_t *four) {
-        const __m128i sum = _mm_add_epi32(_mm_xor_si128(LoadSums(four), turn), start);
-        const __m128i share = Bounded(_mm_srai_epi32(sum, 12), whole);
-        return _mm_srli_epi32(_mm_add_epi32(_mm_sub_epi32(_mm_slli_epi32(share, 8), share), round), 16);
+    const __m128i start = _mm_set1_epi32((1 << 11) - (1 << 27) + (ofRest ? kFullShadow + 1 : 0));
+    const __m128i half = _mm_set1_epi16(INT16_MIN), most = _mm_set1_epi16(255);
+    const auto bounded = [&](const int32_t *four) {
+        return _mm_srai_epi32(_mm_add_epi32(_mm_xor_si128(LoadSums(four), turn), start), 12);
     };
     int i = 0;
     for (; i + 8 <= count; i += 8) {
-        const __m128i covers = _mm_packs_epi32(coversOf(shares + i), coversOf(shares + i + 4));
+        const __m128i share = _mm_xor_si128(_mm_packs_epi32(bounded(shares + i), bounded(shares + i + 4)), half);
+        const __m128i carry = _mm_srli_epi16(_mm_mullo_epi16(share, most), 15);
+        const __m128i covers = _mm_add_epi16(_mm_mulhi_epu16(share, most), carry);
         _mm_storel_epi64(reinterpret_cast<__m128i *>(out + i), _mm_packus_epi16(covers, covers));
     }
     lacquer::CoverShares(shares + i, count - i, ofRest, out + i);
