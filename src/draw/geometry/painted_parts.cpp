@@ -25,12 +25,6 @@ bool IsOver(DWORD modeWord) {
 /// Rows come in pieces, of which one so many pixels ahead is asked for: the processor's own guesses end with each page.
 constexpr int64_t kPiecePixels = Lookahead::kPiecePixels, kPixelsAhead = 4 * kPiecePixels;
 
-bool IsAnyCovered(const BYTE *cover, int count) {
-    BYTE any = 0;
-    for (int i = 0; i < count; ++i) any |= cover[i];
-    return any != 0;
-}
-
 }  // namespace
 
 PartPainter::Part PartPainter::PartOf(DWORD straight, DWORD modeWord) {
@@ -47,7 +41,12 @@ PartPainter::PartPainter(const SurfaceView &view, int64_t left, int64_t top, con
       isOver_(IsOver(paint.modeWord)),
       fill_(PartOf(paint.fill, paint.modeWord)),
       border_(PartOf(paint.border, paint.modeWord)),
-      kernels_(ImageKernels()) {}
+      kernels_(ImageKernels()),
+      isOpaque_(isOver_ && Alpha(fill_.colour & border_.colour) == 255) {
+    if (!isOpaque_) return;
+    std::fill_n(words_[0], kMostCovered, fill_.colour);
+    std::fill_n(words_[1], kMostCovered, border_.colour);
+}
 
 BYTE *PartPainter::PixelAt(int64_t x, int64_t y) const {
     return static_cast<BYTE *>(RowOf(view_, y - top_)) + (x - left_) * kPixelBytes;
@@ -57,15 +56,16 @@ void PartPainter::Whole(const Part &part, int64_t x, int64_t xEnd, int64_t y, in
     if (!part.isPainted || x >= xEnd || y >= yEnd) return;
     if (isOver_ && xEnd - x <= kNarrow) {
         const int count = static_cast<int>(xEnd - x);
-        const bool isOpaque = Alpha(part.colour) == 255;
-        for (; y < yEnd; ++y) {
-            BYTE *pixels = PixelAt(x, y);
-            if (isOpaque) {
-                for (int i = 0; i < count; ++i) StorePixel(pixels + i * kPixelBytes, part.colour);
-            } else {
+        if (Alpha(part.colour) < 255) {
+            for (; y < yEnd; ++y) {
                 if (y + kRowsAhead < yEnd) Prefetch(x, count, y + kRowsAhead);
-                kernels_.drawEvenly(pixels, part.colour, 255, count);
+                kernels_.drawEvenly(PixelAt(x, y), part.colour, 255, count);
             }
+            return;
+        }
+        BYTE *pixels = PixelAt(x, y);
+        for (; y < yEnd; ++y, pixels += view_.stride) {
+            for (int i = 0; i < count; ++i) StorePixel(pixels + i * kPixelBytes, part.colour);
         }
         return;
     }
@@ -95,17 +95,17 @@ void PartPainter::MixByFills(BYTE *pixels, int count, const BYTE *inner, const B
 }
 
 void PartPainter::Covered(int64_t x, int count, int64_t y, int64_t yEnd, const BYTE *inner, const BYTE *border) const {
-    const bool hasInner = fill_.isPainted && IsAnyCovered(inner, count);
-    const bool hasBorder = border_.isPainted && IsAnyCovered(border, count);
-    if (!hasInner && !hasBorder) return;
+    if (!fill_.isPainted && !border_.isPainted) return;
     for (; y < yEnd; ++y) {
         if (y + kRowsAhead < yEnd) Prefetch(x, count, y + kRowsAhead);
         BYTE *pixels = PixelAt(x, y);
-        if (!isOver_) {
+        if (isOpaque_) {
+            kernels_.mixParts(pixels, words_[0], words_[1], inner, border, count);
+        } else if (!isOver_) {
             MixByFills(pixels, count, inner, border);
-        } else if (!hasBorder) {
+        } else if (!border_.isPainted) {
             kernels_.drawCovered(pixels, fill_.colour, inner, count);
-        } else if (!hasInner) {
+        } else if (!fill_.isPainted) {
             kernels_.drawCovered(pixels, border_.colour, border, count);
         } else {
             kernels_.drawParts(pixels, fill_.colour, border_.colour, inner, border, count);

@@ -56,6 +56,8 @@ private:
     bool isOver_;
     Part fill_, border_;
     const ImageTable &kernels_;
+    bool isOpaque_;                 ///< both parts replace what they cover
+    DWORD words_[2][kMostCovered];  ///< a run of each, then
 };
 
 }  // namespace lacquer

@@ -46,12 +46,15 @@ RingCover::RingCover(const RoundedRect &shape, int64_t width, int64_t dash, int6
       bottom_(shape.bottom << 8),
       width_(width << 8),
       outerRadius_(shape.radii[0] << 8),
+      innerRadius_(std::max<int64_t>(0, outerRadius_ - width_)),
       corner_(CornerSide(outerRadius_, width_)),
       lineRadius_(corner_ - width_ / 2),
       across_(right_ - left_ - 2 * corner_),
       down_(bottom_ - top_ - 2 * corner_),
       arc_(ArcLength(lineRadius_)),
-      dashes_(LineLength(shape, width), dash << 8, gap << 8) {}
+      dashes_(LineLength(shape, width), dash << 8, gap << 8),
+      outer_(outerRadius_ >> 8),
+      inner_(innerRadius_ >> 8) {}
 
 BYTE RingCover::At(int64_t x, int64_t y) const {
     // Sides: along them clockwise, and inwards. Corners: from the circle's centre, clockwise.
@@ -105,9 +108,8 @@ int64_t RingCover::CornerArea(const Box &whole, int64_t start) const {
     const Box box = whole.CutTo(0, corner_, 0, corner_);
     if (box.IsEmpty()) return 0;
     if (lineRadius_ == 0) return SharpCornerArea(box, start);
-    const int64_t innerRadius = std::max<int64_t>(0, corner_ - width_);
     const int64_t nearest = Distance(box.a0, box.b0), farthest = Distance(box.a1, box.b1);
-    const int64_t from = std::max(innerRadius, nearest), to = std::min(outerRadius_, farthest);
+    const int64_t from = std::max(innerRadius_, nearest), to = std::min(outerRadius_, farthest);
     if (from >= to) return 0;
     // Most pixels lie in one dash, or in one gap.
     const int64_t first = start + (AngleOf(box.a1, box.b0) * lineRadius_ >> kAngleBits);
@@ -115,17 +117,18 @@ int64_t RingCover::CornerArea(const Box &whole, int64_t start) const {
     const int64_t dashed = dashes_.Between(first, last);
     if (dashed == 0) return 0;
     if (dashed >= last - first) {
-        const bool isInside = nearest >= innerRadius && farthest < outerRadius_;
-        return isInside ? box.Area() : DiscArea(box, outerRadius_) - DiscArea(box, innerRadius);
+        const bool isInside = nearest >= innerRadius_ && farthest < outerRadius_;
+        return isInside ? box.Area() : DiscArea(box, outer_) - DiscArea(box, inner_);
     }
     return SectorArea(box, from, to, start);
 }
 
 /// The part of a box inside the disc; here all positions are whole units.
-int64_t RingCover::DiscArea(const Box &box, int64_t radius) const {
+int64_t RingCover::DiscArea(const Box &box, const Circle &disc) {
+    const int64_t radius = disc.Radius().length;
     const Box inside = box.CutTo(0, radius, 0, radius);
     if (inside.IsEmpty()) return 0;
-    const ArcRow row(radius >> 8, inside.b0 >> 8, inside.b1 >> 8);
+    const ArcRow row(disc, inside.b0 >> 8, inside.b1 >> 8);
     return inside.Area() - row.Outside(inside.a0 >> 8, inside.a1 >> 8);
 }
 
@@ -135,7 +138,7 @@ int64_t RingCover::SharpCornerArea(const Box &box, int64_t start) const {
     const int64_t inset = corner_ - outerRadius_;
     const Box rounded =
         Box{box.a0 - inset, box.a1 - inset, box.b0 - inset, box.b1 - inset}.CutTo(0, outerRadius_, 0, outerRadius_);
-    return rounded.IsEmpty() ? box.Area() : box.Area() - rounded.Area() + DiscArea(rounded, outerRadius_);
+    return rounded.IsEmpty() ? box.Area() : box.Area() - rounded.Area() + DiscArea(rounded, outer_);
 }
 
 /// The dashed area of a box between two radii. Between the distances of the box's corners the arcs' lengths change

@@ -43,7 +43,7 @@ private:
     BYTE CoverOf(int32_t share, BYTE rect) const;
 
     const PartPainter &painter_;
-    const RoundedRect &rect_;
+    const CoverShape rect_;
     const ShadowPlace place_;
     std::optional<CoverRow> row_;  ///< the last one that was asked for
     int64_t rowAt_ = 0;

@@ -168,8 +168,9 @@ int32_t ShareOf(BYTE cover) { return static_cast<int32_t>(int64_t{kFullShadow} *
 /// Without a blur the shadow is the shape itself.
 void PaintSharp(ShadowPainter &painter, const RoundedRect &shape, const RECT &visible) {
     int32_t shares[PartPainter::kMostCovered];
+    const CoverShape covers(shape);
     for (int64_t y = visible.top; y < visible.bottom;) {
-        const CoverRow row(shape, y);
+        const CoverRow row(covers, y);
         const int64_t yEnd = std::min<int64_t>(row.alikeUntil, visible.bottom);
         int64_t x = visible.left;
         for (const int64_t cut : {row.begin, row.flatBegin, row.flatEnd, row.end, int64_t{visible.right}}) {
