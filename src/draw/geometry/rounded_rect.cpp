@@ -36,6 +36,9 @@ CoverShape::CoverShape(const RoundedRect &rect)
     const auto &radii = rect.radii;
     straightFrom_ = PixelFrom(rect.top + std::max(radii[RoundedRect::kTopLeft], radii[RoundedRect::kTopRight]));
     straightUntil_ = PixelAt(rect.bottom - std::max(radii[RoundedRect::kBottomLeft], radii[RoundedRect::kBottomRight]));
+    mirrorSum_ = PixelAt(rect.left + rect.right) - 1;
+    const int64_t leftEnd = PixelFrom(rect.left + std::max(radii[RoundedRect::kTopLeft], radii[RoundedRect::kBottomLeft]));
+    isMirrored_ = rect.IsSymmetricAcross() && 2 * leftEnd <= mirrorSum_ + 1;
     uint8_t count = 0;
     for (uint8_t i = 0; i < 4; ++i) {
         uint8_t same = 0;
@@ -61,14 +64,19 @@ CoverRow::CoverRow(const CoverShape &shape, int64_t y)
     flat = static_cast<BYTE>(((bottom_ - top_) * kUnits * 255 + 32768) >> 16);
     const auto &radii = rect.radii;
     if (top_ < rect.top + std::max(radii[RoundedRect::kTopLeft], radii[RoundedRect::kTopRight])) {
-        AddCorner(RoundedRect::kTopLeft);
-        AddCorner(RoundedRect::kTopRight);
+        AddCorners(RoundedRect::kTopLeft, RoundedRect::kTopRight);
     }
     if (bottom_ > rect.bottom - std::max(radii[RoundedRect::kBottomLeft], radii[RoundedRect::kBottomRight])) {
-        AddCorner(RoundedRect::kBottomRight);
-        AddCorner(RoundedRect::kBottomLeft);
+        AddCorners(RoundedRect::kBottomLeft, RoundedRect::kBottomRight);
     }
     if (flatBegin >= flatEnd) flatBegin = flatEnd = end;
+}
+
+void CoverRow::AddCorners(RoundedRect::Corner left, RoundedRect::Corner right) {
+    AddCorner(left);
+    if (!shape_.IsMirrored()) return AddCorner(right);
+    end = shape_.MirrorSum() + 1 - begin;
+    flatEnd = shape_.MirrorSum() + 1 - flatBegin;
 }
 
 void CoverRow::AddCorner(RoundedRect::Corner corner) {
@@ -100,6 +108,7 @@ void CoverRow::AddCorner(RoundedRect::Corner corner) {
 }
 
 BYTE CoverRow::At(int64_t x) const {
+    if (shape_.IsMirrored()) x = std::min(x, shape_.MirrorSum() - x);
     const int64_t from = std::max(left_, x * kUnits), to = std::min(right_, (x + 1) * kUnits);
     if (from >= to || top_ >= bottom_) return 0;
     int64_t area = (to - from) * (bottom_ - top_) << 16;

@@ -45,6 +45,10 @@ public:
     const RoundedRect &Rect() const { return rect_; }
     const Circle &CircleOf(RoundedRect::Corner corner) const { return circles_[circleOf_[corner]]; }
 
+    /// The sum of two columns of which one mirrors the other, where that holds and left and right corners share no pixel.
+    bool IsMirrored() const { return isMirrored_; }
+    int64_t MirrorSum() const { return mirrorSum_; }
+
     /// The rows from y on are alike up to that one.
     int64_t AlikeUntil(int64_t y) const {
         if (y >= end_) return INT64_MAX;
@@ -55,6 +59,8 @@ public:
 private:
     RoundedRect rect_;
     int64_t begin_, end_, straightFrom_, straightUntil_;  ///< rows
+    int64_t mirrorSum_;
+    bool isMirrored_;
     std::array<Circle, 4> circles_;
     std::array<uint8_t, 4> circleOf_;  ///< by corner; equal ones share theirs
 };
@@ -85,6 +91,7 @@ private:
         int arc;  ///< its place in `arcs_`
     };
 
+    void AddCorners(RoundedRect::Corner left, RoundedRect::Corner right);
     void AddCorner(RoundedRect::Corner corner);
     const ArcRow &ArcOf(const CornerArc &corner) const { return arcs_[static_cast<size_t>(corner.arc)]; }
     int64_t AreaBySlices(int64_t from, int64_t to) const;
