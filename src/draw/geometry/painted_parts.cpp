@@ -130,7 +130,8 @@ void PartPainter::OverEvenly(const Part &part, int64_t x, int64_t xEnd, int64_t 
     for (; y < yEnd; ++y) {
         for (int64_t from = x; from < xEnd; from += kPiecePixels) {
             const int64_t to = std::min(from + kPiecePixels, xEnd);
-            const int64_t ahead = from - x + kPixelsAhead, below = y + ahead / width, next = x + ahead % width;
+            const int64_t ahead = from - x + kPixelsAhead, below = y + std::min(ahead / width, kRowsAhead);
+            const int64_t next = x + ahead % width;
             if (below - top_ < view_.height) Prefetch(next, std::min(kPiecePixels, xEnd - next), below);
             kernels_.drawEvenly(PixelAt(from, y), part.colour, cover, to - from);
         }

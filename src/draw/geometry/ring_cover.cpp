@@ -13,6 +13,7 @@ namespace lacquer {
 namespace {
 
 constexpr int kSlices = 16;  ///< of the mitres in which two sides meet
+constexpr int kStretches = 8;  ///< of a pixel far from its corner's centre
 constexpr int kArcs = 6;     ///< of each part of a pixel's way through a corner
 
 int64_t CornerSide(int64_t radius, int64_t width) { return std::max(radius, width / 2); }
@@ -93,6 +94,11 @@ int64_t RingCover::SideArea(const Box &box, int64_t length, int64_t start) const
     }
     const Box mitred = box.CutTo(0, length, corner_, width_);
     if (mitred.IsEmpty()) return area;
+    const int64_t least = mitred.b0 - corner_, most = mitred.b1 - corner_;
+    if (mitred.a1 <= least || mitred.a0 >= length - least) return area;
+    if (mitred.a0 >= most && mitred.a1 <= length - most) {
+        return area + dashes_.Between(start + mitred.a0, start + mitred.a1) * (mitred.b1 - mitred.b0);
+    }
     for (int i = 0; i < kSlices; ++i) {
         const int64_t depth = mitred.b1 - mitred.b0;
         const int64_t b0 = mitred.b0 + depth * i / kSlices, b1 = mitred.b0 + depth * (i + 1) / kSlices;
@@ -108,6 +114,7 @@ int64_t RingCover::CornerArea(const Box &whole, int64_t start) const {
     const Box box = whole.CutTo(0, corner_, 0, corner_);
     if (box.IsEmpty()) return 0;
     if (lineRadius_ == 0) return SharpCornerArea(box, start);
+    if (IsFar(box)) return FarArea(box, start);
     const int64_t nearest = Distance(box.a0, box.b0), farthest = Distance(box.a1, box.b1);
     const int64_t from = std::max(innerRadius_, nearest), to = std::min(outerRadius_, farthest);
     if (from >= to) return 0;
@@ -121,6 +128,23 @@ int64_t RingCover::CornerArea(const Box &whole, int64_t start) const {
         return isInside ? box.Area() : DiscArea(box, outer_) - DiscArea(box, inner_);
     }
     return SectorArea(box, from, to, start);
+}
+
+/// A whole pixel of the ring's corner so far from the centre that the radii through it are as good as parallel.
+bool RingCover::IsFar(const Box &box) const {
+    constexpr int64_t kFar = 64 << 16;
+    const int64_t least = std::max(innerRadius_, kFar);
+    return box.Area() == int64_t{1} << 32 && box.a0 * box.a0 + box.b0 * box.b0 >= least * least &&
+           box.a1 * box.a1 + box.b1 * box.b1 <= outerRadius_ * outerRadius_ && lineRadius_ >= kFar;
+}
+
+/// In stretches along the side that turns more of the angle: what each crosses of the centre line is known exactly.
+int64_t RingCover::FarArea(const Box &box, int64_t start) const {
+    const int64_t a = (box.a0 + box.a1) / 2, b = (box.b0 + box.b1) / 2, squared = (a * a + b * b) >> 16;
+    const int64_t place = start + (AngleOf(a, b) * lineRadius_ >> kAngleBits);
+    const int64_t length = lineRadius_ * std::max(a, b) / squared, spread = lineRadius_ * std::min(a, b) / squared;
+    const int64_t first = place - length / 2 - spread * (kStretches - 1) / (2 * kStretches);
+    return (dashes_.MeanBetween(first, spread, kStretches, length) << 32) / length;
 }
 
 /// The part of a box inside the disc; here all positions are whole units.

@@ -32,6 +32,8 @@ private:
     int64_t SideArea(const Box &box, int64_t length, int64_t start) const;
     int64_t CornerArea(const Box &box, int64_t start) const;
     int64_t SharpCornerArea(const Box &box, int64_t start) const;
+    bool IsFar(const Box &box) const;
+    int64_t FarArea(const Box &box, int64_t start) const;
     int64_t SectorArea(const Box &box, int64_t from, int64_t to, int64_t start) const;
     int64_t AlongArc(const Box &box, int64_t radius, int64_t start) const;
     static int64_t DiscArea(const Box &box, const Circle &disc);
