@@ -118,8 +118,8 @@ void ShadowTile::AddGathered() {
         while (first < end && weights[first] == 0) ++first;
         while (first < end && weights[end - 1] == 0) --end;
         if (first == end) continue;
-        kernels_.addLines(sums_[row], lines_ + ptrdiff_t{first} * kLinePixels, weights + first, end - first, wanted_[row].from,
-                          wanted_[row].to);
+        kernels_.addLines(sums_[row], lines_ + ptrdiff_t{first} * kLinePixels, weights + first, end - first,
+                          wanted_[row].from, wanted_[row].to);
     }
     gathered_ = 0;
 }
