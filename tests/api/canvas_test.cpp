@@ -13,7 +13,7 @@ namespace {
 
 constexpr uint32_t kColours = 0xFFFFFF;
 
-using Point = std::array<LONG, 2>;
+using Point = Size;
 
 /// What `get` tells of a canvas or of a device context.
 template <class Object>

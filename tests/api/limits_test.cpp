@@ -11,13 +11,6 @@
 namespace lacquer {
 namespace {
 
-/// Deletes whatever a handle names.
-void DeleteAny(uintptr_t handle) {
-    DeleteBitmap({handle});
-    DeleteTexture({handle});
-    DeleteCanvas({handle});
-}
-
 /// An index that the next object will take: the same before and after what leaves no object behind.
 uintptr_t NextIndex() {
     const HGBITMAP bitmap = CreateMemBitmap(1, 1);
@@ -73,33 +66,6 @@ TEST_F(LimitsTest, MemoryThatNoMachineHasIsAFailure) {
     EXPECT_FALSE(CreateMemBitmapEx(32767, 32767, 65535, 0));
     const OwnedBitmap wide(CreateMemBitmapEx(32767, 1, 65535, 0));
     EXPECT_EQ(next, NextIndex() - 1) << "nothing but the last one";
-}
-
-TEST_F(LimitsTest, EveryDepthCanBeMadeAndInspected) {
-    for (const DWORD depth : {0u, 1u, 4u, 7u, 9u, 16u, 48u, 65535u, 0x10020u}) {
-        SCOPED_TRACE(depth);
-        const OwnedBitmap bitmap(CreateMemBitmapEx(3, 2, depth, 70000));
-        const DWORD kept = depth & 0xFFFF;
-        const OwnedTexture texture(CreateTextureEx(3, 2, depth, 70000)), turnedTexture(TransformTexture(texture, 6));
-        const OwnedBitmap turned(TransformBitmap(bitmap, 1)), resized(ResizeBitmap(bitmap, 5, 5, 1)),
-            other(CreateMemBitmapEx(3, 2, depth, 70000));
-        BYTE depths[3] = {};
-        EXPECT_EQ(1, GetBitmapBitsPixel(bitmap, &depths[0]));
-        EXPECT_EQ(1, GetBitmapBitsPixel(turned, &depths[1]));
-        EXPECT_EQ(1, GetTextureBitsPixel(turnedTexture, &depths[2]));
-        for (const BYTE byte : depths) EXPECT_EQ(kept & 0xFF, byte);
-        SurfaceView view{};
-        EXPECT_EQ(kept >= 8, LockBitmapBitsEx(bitmap, &view, nullptr));
-        EXPECT_EQ(kept >= 8 ? kept : 0, view.bitsPerPixel);
-        EXPECT_EQ(kept == 32, GetBitmapHandle(bitmap) != nullptr);
-        EXPECT_EQ(1, CopyBitmap(other, nullptr, bitmap, nullptr));
-        EXPECT_EQ(1, CopyBitmap(resized, nullptr, bitmap, nullptr));
-        if (kept == 16) {
-            FillWithNoise(ViewOf(bitmap), 1);
-            EXPECT_EQ(1, CopyBitmap(other, nullptr, bitmap, nullptr));
-            EXPECT_EQ(PixelsIn(bitmap), PixelsIn(other)) << "equal depths are copied, whatever they are";
-        }
-    }
 }
 
 /// Takes every free slot of the handle table.
