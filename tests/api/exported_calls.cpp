@@ -7,8 +7,6 @@
 
 namespace lacquer {
 
-namespace {
-
 /// Handles that arguments of some functions must be: an entry made by hand, aliases of a bitmap and of a canvas.
 struct Entry {
     uintptr_t value;
@@ -19,37 +17,21 @@ struct BitmapAlias {
 struct CanvasAlias {
     uintptr_t value;
 };
-
-}  // namespace
-
-template <>
-constexpr char kLetter<Entry> = 'e';
-template <>
-constexpr char kLetter<BitmapAlias> = 'a';
-template <>
-constexpr char kLetter<CanvasAlias> = 'p';
+LETTER(Entry, 'e');
+LETTER(BitmapAlias, 'a');
+LETTER(CanvasAlias, 'p');
 
 namespace {
 
-/// The function that is called for an exported one.
-template <auto kFunction>
-constexpr auto kStandIn = kFunction;
-
 int DeleteEntry(Entry entry) { return e_DelHandleEntry(nullptr, static_cast<DWORD>(entry.value)); }
-template <>
-constexpr auto kStandIn<e_DelHandleEntry> = DeleteEntry;
 
 void ReleaseAlias(BitmapAlias alias) { ReleaseBitmap({alias.value}); }
-template <>
-constexpr auto kStandIn<ReleaseBitmap> = ReleaseAlias;
 
 /// A handle of another type is answered with its type bits.
 bool ReleaseParent(CanvasAlias alias) {
     const uintptr_t type = alias.value & 0xFF0000;
     return ReleaseCanvas({alias.value}) != (type == 0x10000 ? 0 : type);
 }
-template <>
-constexpr auto kStandIn<ReleaseCanvas> = ReleaseParent;
 
 /// A wrong template is ignored, a right one lends its filter word.
 template <HGCANVAS (*kCreate)(DWORD, DWORD, HGCANVAS)>
@@ -60,95 +42,57 @@ DWORD FilterTaken(DWORD width, DWORD height, HGCANVAS model) {
     DeleteCanvas(canvas);
     return filter;
 }
-template <>
-constexpr auto kStandIn<CreateCanvas> = FilterTaken<CreateCanvas>;
-template <>
-constexpr auto kStandIn<CreateSystemCanvas> = FilterTaken<CreateSystemCanvas>;
 
 int SetAndResetKernelMode(DWORD mode) { return SetStretchKernelMode(mode) && SetStretchKernelMode(1); }
-template <>
-constexpr auto kStandIn<SetStretchKernelMode> = SetAndResetKernelMode;
 
 int DestroyPath(velPath *path) { return PathDestroy(path ? PathCreate() : nullptr); }
-template <>
-constexpr auto kStandIn<PathDestroy> = DestroyPath;
+
 int DestroyGradient(velGradient *gradient) {
     return GradientDestroy(gradient ? GradientCreateLinear(0, 0, 1, 1) : nullptr);
 }
-template <>
-constexpr auto kStandIn<GradientDestroy> = DestroyGradient;
 
 constexpr DWORD kColour = 0xFF112233, kOther = 0xFF445566;
 
 const Exception kExceptions[] = {
     {"e_NewHandleEntry", {9}, "2"},
-    {"CreateMemBitmapEx", {5, 5, 8, 16}},
-    {"CreateTextureEx", {5, 5, 8, 16}},
-    {"LockBitmapBits", {}, "2"},
-    {"LockBitmapBitsEx", {}, "2"},
-    {"LockTextureBits", {}, "2"},
-    {"LockTextureBitsEx", {}, "2"},
-    {"LockCanvasBits", {}, "2"},
-    {"LockCanvasBitsEx", {}, "2"},
-    {"CopyBitmap", {}, "13"},
-    {"CopyTexture", {}, "13"},
-    {"FlipBitmap", {4}},
-    {"FlipTexture", {4}},
+    {"CreateMemBitmapEx CreateTextureEx", {5, 5, 8, 16}},
+    {"LockBitmapBits LockBitmapBitsEx LockTextureBits LockTextureBitsEx LockCanvasBits LockCanvasBitsEx", {}, "2"},
+    {"CopyBitmap CopyTexture BlurBitmapEx BlurTextureEx GaussianBlurCanvas MixCanvas", {}, "13"},
+    {"FlipBitmap FlipTexture", {4}},
     {"SetTextureCurSlice", {0}, {}, 0xFFFFFFFF},
-    {"GetTextureSliceCount", {}, {}, 0xFFFFFFFF},
-    {"SetViewportOrg", {}, "3"},
-    {"SetWindowOrg", {}, "3"},
+    {"GetTextureSliceCount GetBlendMode", {}, {}, 0xFFFFFFFF},
+    {"SetViewportOrg SetWindowOrg", {}, "3"},
     {"SetCanvasBkColor", {}, "2"},
+    {"LightTextureEx CreateTextureRgn", {}, "1"},
+    {"ShuffleBitmapEx ShuffleTextureEx", {1}, "1"},
+    {"TranslateTexture", {0, kColour}},
+    {"ColorizeTexture", {0.5, 0, 0}},
+    {"ARGBtoAHSL AHSLtoARGB DrawColor", {kColour}},
+    {"ARGBColorize AHSLColorize", {kColour, 0.5, 0, 0}},
 
-    {"FillSolidRect", {kColour}},
-    {"FillSolidRectEx", {kColour, 0}},
-    {"FillPreMulColorRectEx", {kColour, 0}},
-    {"FillGradualRect", {kColour, kOther, 1}},
-    {"GeoRectangle", {kColour, kOther, 1}},
+    {"FillSolidRect FillSolidRectEx FillPreMulColorRectEx", {kColour, 0}},
+    {"FillGradualRect GeoRectangle", {kColour, kOther, 1}},
     {"GeoRoundRect", {kColour, kOther, 1, 1}},
-    {"GeoRectangleEx", {0}},
-    {"GeoRoundRectEx", {0}},
+    {"GeoRectangleEx GeoRoundRectEx SetDrawStyle", {0}},
     {"GeoRectFocusEx", {kColour, 1, 0, 1, 1}},
-    {"DrawBitmapRectEx", {}, "3"},
-    {"DrawTextureCenter", {}, "3"},
-    {"DrawTextureTile", {}, "3", 0, true},
-    {"DrawTextureTopTile", {}, "3", 0, true},
+    {"DrawBitmapRectEx DrawTextureCenter", {}, "3"},
+    {"DrawTextureTile DrawTextureTopTile", {}, "3", 0, true},
     {"DrawTexture9Grid", {1, 0, 255, 0, 1, 0}, "3"},
-    {"MixCanvas", {}, "13"},
     {"MixCanvasWithColor", {kColour, 128}, "1"},
     {"CanvasScroll", {0, 1}},
     {"DrawModulation", {0, 0, kColour}, "4"},
 
-    {"ARGBtoAHSL", {kColour}},
-    {"AHSLtoARGB", {kColour}},
-    {"ARGBColorize", {kColour, 0.5, 0, 0}},
-    {"AHSLColorize", {kColour, 0.5, 0, 0}},
-    {"ColorizeTexture", {0.5, 0, 0}},
-    {"TranslateTexture", {0, kColour}},
-    {"BlurBitmapEx", {}, "13"},
-    {"BlurTextureEx", {}, "13"},
-    {"GaussianBlurCanvas", {}, "13"},
-    {"ShuffleBitmapEx", {1}, "1"},
-    {"ShuffleTextureEx", {1}, "1"},
-    {"LightTextureEx", {}, "1"},
-    {"CreateTextureRgn", {}, "1"},
-
     {"DrawLine", {0, 0, 2, 2}},
     {"DrawArc", {0, 0, 3, 3, 0, 90, 1}},
     {"DrawPolygon", {3}},
-    {"DrawColor", {kColour}},
     {"DrawBezier", {0, 0, 1, 2, 2, 1, 3, 3}},
     // Without an animation and without a font they give 0 always.
-    {"DrawLottie", {}, {}, 0, true},
-    {"DrawPosTextByGlyphs", {1}, {}, 0, true},
-    {"SetDrawStyle", {0}},
-    {"GetBlendMode", {}, {}, 0xFFFFFFFF},
+    {"DrawLottie DrawPosTextByGlyphs", {}, {}, 0, true},
     {"GetBlendValue", {}, {}, 255},
     {"GetStrokeWidth", {}, {}, std::bit_cast<uint32_t>(1.0f)},
     {"PathSetFillType", {1}},
-    {"PathArcTo", {0, 0, 4, 4, 0, 270, 0}},
+    {"PathArcTo PathAddArc", {0, 0, 4, 4, 0, 270, 0}},
     {"PathOvalCurveTo", {2, 1, 0, 1, 1, 3, 3}},
-    {"PathAddArc", {0, 0, 4, 4, 0, 270}},
     {"GradientCreateLinear", {0, 0, 1, 1}},
     {"GradientAddColorStop", {0.5, kColour}},
 };
@@ -159,6 +103,15 @@ bool IsCurrent(char letter, uintptr_t handle) {
 }
 
 }  // namespace
+
+STAND_IN(e_DelHandleEntry, DeleteEntry);
+STAND_IN(ReleaseBitmap, ReleaseAlias);
+STAND_IN(ReleaseCanvas, ReleaseParent);
+STAND_IN(CreateCanvas, FilterTaken<CreateCanvas>);
+STAND_IN(CreateSystemCanvas, FilterTaken<CreateSystemCanvas>);
+STAND_IN(SetStretchKernelMode, SetAndResetKernelMode);
+STAND_IN(PathDestroy, DestroyPath);
+STAND_IN(GradientDestroy, DestroyGradient);
 
 bool HasWorked(const ExportedCall &row, uint64_t result, Arguments arguments) {
     const std::string_view name = row.name;

@@ -10,6 +10,7 @@
 #include <cstdint>
 #include <ostream>
 #include <span>
+#include <string>
 #include <string_view>
 #include <type_traits>
 #include <utility>
@@ -23,38 +24,17 @@ alignas(16) inline unsigned char outRecord[1024];
 /// Four records of each type that calls read.
 template <class Record>
 inline const Record kSamples[4]{};
-template <>
-inline const RECT kSamples<RECT>[4] {
-    {0, 0, 2, 2}, {1, 1, 4, 3}, {0, 0, 1, 1}, { 2, 2, 3, 3 }
-};
-template <>
-inline const GeoRect kSamples<GeoRect>[4] {
-    { 0, 0, 2, 2 }
-};
-template <>
-inline const GeoStyle kSamples<GeoStyle>[4] {
-    {
-        0xFF112233, 0xFF445566, 1, {}
-    }
-};
-template <>
-inline const ShadowStyle kSamples<ShadowStyle>[4] {
-    { 0xFF112233, 1, 1, 2, 0, {}, 1, 0 }
-};
-template <>
-inline const TextureMode kSamples<TextureMode>[4] {
-    {
-        5, 5, { 0, 0, 2, 2 }
-    }
-};
-template <>
-inline const POINT kSamples<POINT>[4] {
-    {0, 0}, {3, 0}, { 0, 3 }
-};
-template <>
-inline const float kSamples<float>[4] { 1, 2, 3, 1 };
-template <>
-inline const WCHAR kSamples<WCHAR>[4] { 'A', 'n', 'y', 0 };
+#define SAMPLES(Record, ...) \
+    template <>              \
+    inline const Record kSamples<Record>[4] = {__VA_ARGS__}
+SAMPLES(RECT, {0, 0, 2, 2}, {1, 1, 4, 3}, {0, 0, 1, 1}, {2, 2, 3, 3});
+SAMPLES(GeoRect, {0, 0, 2, 2});
+SAMPLES(GeoStyle, {0xFF112233, 0xFF445566, 1, {}});
+SAMPLES(ShadowStyle, {0xFF112233, 1, 1, 2, 0, {}, 1, 0});
+SAMPLES(TextureMode, {5, 5, {0, 0, 2, 2}});
+SAMPLES(POINT, {0, 0}, {3, 0}, {0, 3});
+SAMPLES(float, 1, 2, 3, 1);
+SAMPLES(WCHAR, 'A', 'n', 'y', 0);
 
 /// How a type travels: 'n' a number, '<' a record to read, '>' one to write, 's' a record by value, '0' what is always
 /// null; the other letters are handles, and objects of the companion.
@@ -63,32 +43,29 @@ constexpr char kLetter = std::is_arithmetic_v<Type>                     ? 'n'
                          : !std::is_pointer_v<Type>                     ? 's'
                          : std::is_const_v<std::remove_pointer_t<Type>> ? '<'
                                                                         : '>';
-template <>
-constexpr char kLetter<void> = 'v';
-template <>
-constexpr char kLetter<HGCANVAS> = 'c';
-template <>
-constexpr char kLetter<HGBITMAP> = 'b';
-template <>
-constexpr char kLetter<HGTEXTURE> = 't';
-template <>
-constexpr char kLetter<HDC> = 'D';
-template <>
-constexpr char kLetter<HBITMAP> = 'H';
-template <>
-constexpr char kLetter<HRGN> = 'R';
-template <>
-constexpr char kLetter<velCanvas *> = 'V';
-template <>
-constexpr char kLetter<velPath *> = 'P';
-template <>
-constexpr char kLetter<velGradient *> = 'G';
-template <>
-constexpr char kLetter<velLottie *> = '0';
-template <>
-constexpr char kLetter<HandleTable *> = '0';
-template <>
-constexpr char kLetter<HWND> = '0';
+#define LETTER(Type, letter) \
+    template <>              \
+    constexpr char kLetter<Type> = letter
+LETTER(void, 'v');
+LETTER(HGCANVAS, 'c');
+LETTER(HGBITMAP, 'b');
+LETTER(HGTEXTURE, 't');
+LETTER(HDC, 'D');
+LETTER(HBITMAP, 'H');
+LETTER(HRGN, 'R');
+LETTER(velCanvas *, 'V');
+LETTER(velPath *, 'P');
+LETTER(velGradient *, 'G');
+LETTER(velLottie *, '0');
+LETTER(HandleTable *, '0');
+LETTER(HWND, '0');
+
+/// The function that is called for an exported one.
+template <auto kFunction>
+constexpr auto kStandIn = kFunction;
+#define STAND_IN(exported, function) \
+    template <>                      \
+    constexpr auto kStandIn<exported> = function
 
 struct Argument {
     char letter;
@@ -113,9 +90,9 @@ struct ExportedCall {
 /// Whether a call with live objects did its work. Deletes what was made.
 bool HasWorked(const ExportedCall &row, uint64_t result, Arguments arguments);
 
-/// What does not follow from a function's type: its number arguments, all 2 else (bytes 200), and the rest.
+/// What does not follow from the types of some functions: their number arguments, all 2 else (bytes 200), and the rest.
 struct Exception {
-    std::string_view name;
+    std::string_view names;
     std::vector<double> numbers = {};
     std::string_view optional = {};
     uint64_t refused = 0;
@@ -185,7 +162,8 @@ template <auto kFunction>
 ExportedCall MakeCall(const char *name, std::span<const Exception> exceptions) {
     ExportedCall row = exported_calls::Derived<kFunction>::Row(name);
     for (const Exception &exception : exceptions) {
-        if (exception.name != name) continue;
+        if ((' ' + std::string(exception.names) + ' ').find(' ' + std::string(name) + ' ') == std::string::npos)
+            continue;
         size_t used = 0;
         for (Argument &argument : row.arguments) {
             if (argument.letter == 'n' && used < exception.numbers.size()) {
