@@ -114,23 +114,6 @@ TEST_P(CanvasTest, LocksLogicalRectangles) {
     EXPECT_EQ(1, UnlockCanvasBits(canvas));
 }
 
-TEST_P(CanvasTest, ExtremeOriginsReachNoForeignPixels) {
-    const OwnedCanvas canvas(Create(4, 4));
-    for (const int viewport : {INT_MIN, -1, 0, INT_MAX}) {
-        for (const int window : {INT_MIN, 0, 1, INT_MAX}) {
-            SetViewportOrg(canvas, viewport, viewport, nullptr);
-            SetWindowOrg(canvas, window, window, nullptr);
-            for (const LONG from : {INT_MIN, -1, 0, 1, INT_MAX - 4}) {
-                const RECT rect{from, from, from + 4, from + 4};
-                SurfaceView view{};
-                const bool fits = int64_t{from} + viewport - window == 0;
-                EXPECT_EQ(fits, LockCanvasBits(canvas, &view, &rect)) << viewport << ' ' << window << ' ' << from;
-                if (fits) FillWith(view, 1);
-            }
-        }
-    }
-}
-
 TEST_P(CanvasTest, GdiAndTheLibraryDrawOnTheSamePixels) {
     const OwnedCanvas canvas(Create(6, 6));
     FillWithNoise(ViewOf(canvas), 5);

@@ -65,35 +65,27 @@ TEST(ConversionTest, ABitmapGivesItsPixelsAway) {
 }
 
 TEST(SharingTest, BorrowedPixelsOutliveWhateverTheCanvasDoes) {
-    enum class Event { Release, Delete, GetHandle, ToBitmap, ToTexture, DeleteAlias, ConvertAlias };
-    for (const Event event : {Event::Release, Event::Delete, Event::GetHandle, Event::ToBitmap, Event::ToTexture,
-                              Event::DeleteAlias, Event::ConvertAlias}) {
+    using Event = void (*)(HGCANVAS canvas, HGBITMAP alias);
+    const Event events[] = {[](HGCANVAS canvas, HGBITMAP) { ReleaseTexture(GetTexture(canvas)); },
+                            [](HGCANVAS canvas, HGBITMAP) { DeleteCanvas(canvas); },
+                            [](HGCANVAS canvas, HGBITMAP) { EXPECT_NE(nullptr, GetCanvasHandle(canvas)); },
+                            [](HGCANVAS canvas, HGBITMAP) { const OwnedBitmap made(CanvasToBitmap(canvas)); },
+                            [](HGCANVAS canvas, HGBITMAP) { const OwnedTexture made(CanvasToTexture(canvas)); },
+                            [](HGCANVAS, HGBITMAP alias) { DeleteBitmap(alias); },
+                            [](HGCANVAS, HGBITMAP alias) { EXPECT_NE(nullptr, GetBitmapHandle(alias)); }};
+    for (const Event &event : events) {
         for (const bool system : {false, true}) {
-            SCOPED_TRACE(static_cast<int>(event));
+            SCOPED_TRACE(testing::Message() << "event " << &event - events);
             const HGCANVAS canvas = system ? CreateSystemCanvas(6, 5, {}) : CreateCanvas(6, 5, {});
-            SetCanvasFilter(canvas, 0x01000000);
+            SetCanvasFilter(canvas, kFilter);
             FillWithNoise(ViewOf(canvas), 8);
             const OwnedTexture texture(GetTexture(canvas));
-            EXPECT_EQ(0x01000000u, FilterOf(texture));
+            EXPECT_EQ(kFilter, FilterOf(texture));
             EXPECT_EQ(ViewOf(canvas).bits, ViewOf(texture).bits);
             EXPECT_EQ(system, GetTextureHandle(texture) != nullptr) << "the texture can't move them";
             const std::vector<uint32_t> pixels = PixelsIn(texture);
-            HGBITMAP made{};
-            HGTEXTURE other{};
-            const HGBITMAP alias = GetBitmap(canvas);
-            switch (event) {
-                case Event::Release: ReleaseTexture(GetTexture(canvas)); break;
-                case Event::Delete: DeleteCanvas(canvas); break;
-                case Event::GetHandle: EXPECT_NE(nullptr, GetCanvasHandle(canvas)); break;
-                case Event::ToBitmap: made = CanvasToBitmap(canvas); break;
-                case Event::ToTexture: other = CanvasToTexture(canvas); break;
-                case Event::DeleteAlias: DeleteBitmap(alias); break;
-                case Event::ConvertAlias: EXPECT_NE(nullptr, GetBitmapHandle(alias)); break;
-            }
-            ReleaseBitmap(alias);
+            event(canvas, GetBitmap(canvas));
             EXPECT_EQ(pixels, PixelsIn(texture));
-            DeleteBitmap(made);
-            DeleteTexture(other);
             DeleteCanvas(canvas);
             EXPECT_EQ(pixels, PixelsIn(texture));
             FillWith(ViewOf(texture), 0x01020304);

@@ -177,35 +177,6 @@ TEST_F(DcCanvasTest, LocksOneCopyAtATimeWithLocksInPlaceInsideIt) {
     EXPECT_NE(0u, GetObjectType(dc_)) << "the context is the caller's";
 }
 
-TEST_F(DcCanvasTest, RefusesEmptyAndImpossibleRectangles) {
-    const RECT wrong[] = {{3, 3, 3, 5},
-                          {3, 3, 5, 3},
-                          {5, 5, 3, 3},
-                          {INT_MAX, INT_MAX, INT_MIN, INT_MIN},
-                          {INT_MIN, INT_MIN, INT_MAX, INT_MAX},
-                          {0, 0, INT_MAX, INT_MAX},
-                          {INT_MIN, 0, INT_MAX, 1},
-                          {0, 0, 65536, 65536}};
-    for (const RECT &rect : wrong) {
-        EXPECT_EQ(0, Lock(rect)) << testing::PrintToString(Rect(rect));
-        Unlock();
-    }
-}
-
-TEST_F(DcCanvasTest, ExtremeOriginsReachNoForeignPixels) {
-    for (const int viewport : {INT_MIN, -1, 0, INT_MAX}) {
-        for (const int window : {INT_MIN, 0, INT_MAX}) {
-            SetViewportOrgEx(dc_, viewport, 0, nullptr);
-            SetWindowOrgEx(dc_, window, 0, nullptr);
-            for (const LONG left : {0, INT_MIN, INT_MAX - 4}) {
-                if (!Lock({left, 0, left + 4, 4})) continue;
-                FillWith(view_, 0x12345678);
-                Unlock();
-            }
-        }
-    }
-}
-
 TEST_F(DcCanvasTest, TakesTheContextsOriginsOver) {
     SetViewportOrgEx(dc_, 3, 4, nullptr);
     SetWindowOrgEx(dc_, 1, -1, nullptr);

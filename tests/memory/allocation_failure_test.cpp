@@ -33,6 +33,7 @@ public:
         DeleteObject(bitmap_);
         for (HRGN region : regions_) DeleteObject(region);
     }
+
     /// Whether every object is still there.
     bool IsWhole() const {
         for (size_t i = 0; i < 2; ++i) {
