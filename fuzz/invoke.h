@@ -22,6 +22,8 @@ void WriteValue(std::ostream &out, const Value &value) {
         out << +value;
     } else if constexpr (std::is_null_pointer_v<Value>) {
         out << '0';
+    } else if constexpr (std::is_same_v<Value, const char *>) {
+        out << '"' << (value ? value : "0") << '"';
     } else if constexpr (std::is_pointer_v<Value>) {
         using Record = std::remove_cv_t<std::remove_pointer_t<Value>>;
         out << (!value ? "0" : std::is_const_v<std::remove_pointer_t<Value>> ? "&" : "&out");
