@@ -79,7 +79,7 @@ TEST(ExtremeOriginTest, ReachesNoForeignPixels) {
             for (const int window : {INT_MIN, 0, 1, INT_MAX}) {
                 SetViewportOrg(canvas, viewport, viewport, nullptr);
                 SetWindowOrg(canvas, window, window, nullptr);
-                for (const LONG from : {INT_MIN, -1, 0, 1, INT_MAX - kSide}) {
+                for (const LONG from : std::initializer_list<LONG>{INT_MIN, -1, 0, 1, INT_MAX - kSide}) {
                     const RECT rect{from, from, from + kSide, from + kSide};
                     SurfaceView view{};
                     const bool locked = LockCanvasBits(canvas, &view, &rect);
