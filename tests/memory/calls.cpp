@@ -10,8 +10,6 @@
 namespace lacquer {
 namespace {
 
-constexpr RECT kRect{1, 1, 3, 3};
-
 struct ThreeRects {
     RGNDATAHEADER header{sizeof(RGNDATAHEADER), RDH_RECTANGLES, 3, sizeof(RECT) * 3, {0, 0, 9, 9}};
     RECT rects[3] = {{0, 0, 2, 2}, {4, 0, 6, 3}, {1, 5, 9, 9}};
