@@ -55,7 +55,6 @@ const Row &RowFor(uint32_t code);
 
 // The parts of the table.
 std::vector<Row> SurfaceCalls();
-std::vector<Row> FigureCalls();
 std::vector<Row> VectorCalls();
 std::vector<Row> TextCalls();
 std::vector<Row> ContextCalls();

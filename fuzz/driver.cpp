@@ -7,8 +7,10 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <iterator>
+#include <map>
 #include <set>
 #include <string>
 
@@ -230,13 +232,11 @@ int CheckExports(const char *path) {
     for (const Row &row : Calls()) names.insert(row.name);
     int missing = 0;
     std::ifstream file(path);
-    std::string name, following;
     bool inList = false;
-    for (std::string line; std::getline(file, line);) {
-        if (line.starts_with("EXPORTS")) inList = true;
+    for (std::string line; std::getline(file, line); inList = inList || line.starts_with("EXPORTS")) {
         const size_t start = line.find_first_not_of(' ');
         if (!inList || start == 0 || start == std::string::npos || line[start] == '"') continue;
-        name = line.substr(start);
+        std::string name = line.substr(start);
         // The layouts have C++ names: _Z, the length, the name.
         if (name.starts_with("_Z")) {
             size_t digits = 0;
@@ -263,43 +263,39 @@ int Main(int count, char **arguments) {
     Options options;
     int missing = 0;
     bool checks = false;
+    const auto number = [](const char *text) { return std::strtoull(text, nullptr, 10); };
+    // With a value, and without.
+    const std::map<std::string, std::function<void(const char *)>> settings = {
+        {"--seed", [&](const char *value) { options.seed = number(value); }},
+        {"--first", [&](const char *value) { options.first = number(value); }},
+        {"--programs", [&](const char *value) { options.programs = number(value); }},
+        {"--seconds", [&](const char *value) { options.seconds = std::strtod(value, nullptr); }},
+        {"--groups", [&](const char *value) { options.rules.groups = GroupsNamed(value); }},
+        {"--save", [&](const char *value) { options.save = value; }},
+        {"--exports", [&](const char *value) { missing += CheckExports(value), checks = true; }}};
+    const std::map<std::string, bool *> switches = {{"--print", &options.print},
+                                                    {"--report", &options.report},
+                                                    {"--tables", &options.tables},
+                                                    {"--digests", &options.digests}};
     for (int i = 1; i < count; ++i) {
         const std::string argument = arguments[i];
-        const auto value = [&] { return ++i < count ? arguments[i] : ""; };
-        if (argument == "--seed") {
-            options.seed = std::strtoull(value(), nullptr, 10);
-        } else if (argument == "--first") {
-            options.first = std::strtoull(value(), nullptr, 10);
-        } else if (argument == "--programs") {
-            options.programs = std::strtoull(value(), nullptr, 10);
-        } else if (argument == "--seconds") {
-            options.seconds = std::strtod(value(), nullptr);
-        } else if (argument == "--groups") {
-            options.rules.groups = GroupsNamed(value());
-        } else if (argument == "--print") {
-            options.print = true;
-        } else if (argument == "--report") {
-            options.report = true;
-        } else if (argument == "--tables") {
-            options.tables = true;
-        } else if (argument == "--digests") {
-            options.digests = options.rules.comparable = options.rules.plainGdi = true;
-        } else if (argument == "--save") {
-            options.save = value();
-        } else if (argument == "--exports") {
-            missing += CheckExports(value());
-            checks = true;
+        if (const auto setting = settings.find(argument); setting != settings.end()) {
+            setting->second(++i < count ? arguments[i] : "");
+        } else if (const auto found = switches.find(argument); found != switches.end()) {
+            *found->second = true;
         } else if (argument.starts_with("-")) {
             std::fputs(kUsage, stderr);
             return 2;
         } else if (std::filesystem::is_directory(argument)) {
-            for (const auto &entry : std::filesystem::directory_iterator(argument))
+            for (const auto &entry : std::filesystem::directory_iterator(argument)) {
                 options.files.push_back(entry.path());
+            }
             std::sort(options.files.begin(), options.files.end());
         } else {
             options.files.push_back(argument);
         }
     }
+    if (options.digests) options.rules.comparable = options.rules.plainGdi = true;
     if (checks) return missing != 0;
     if (options.seconds == 0 && options.programs == UINT64_MAX) options.programs = 1000;
     Progress &progress = MakeProgress();

@@ -20,18 +20,13 @@ DWORD ChooseOperation(Call &call) {
 }
 using Operation = Chosen<DWORD, ChooseOperation>;
 
-int ChooseCombination(Call &call) {
-    return call.choices.Seldom(8) ? ChooseSmallInteger(call) : call.choices.Byte() % 5 + 1;
-}
+int ChooseCombination(Call &call) { return call.choices.Seldom(8) ? ChooseInteger(call) : call.choices.Byte() % 5 + 1; }
 using Combination = Chosen<int, ChooseCombination>;
 
 struct BlendWord {
     explicit BlendWord(Call &call)
-        : blend{AC_SRC_OVER, 0, ChooseByte(call), static_cast<BYTE>(call.choices.Byte() & AC_SRC_ALPHA)} {}
+        : blend{AC_SRC_OVER, 0, ChooseAlpha(call), static_cast<BYTE>(call.choices.Byte() & AC_SRC_ALPHA)} {}
     BLENDFUNCTION Value() const { return blend; }
-    void Write(std::ostream &out) const {
-        out << "{0, 0, " << +blend.SourceConstantAlpha << ", " << +blend.AlphaFormat << '}';
-    }
     BLENDFUNCTION blend;
 };
 
@@ -75,11 +70,14 @@ struct Picture {
     } info;
     std::vector<uint32_t> pixels;
 };
+/// What CreateDIBSection is called with.
 struct Layout : Picture {
     using Picture::Picture;
-    const BITMAPINFO *Value() const { return Info(); }
+    std::tuple<HDC, const BITMAPINFO *, UINT, void **, HANDLE, DWORD> Value() const {
+        return {nullptr, Info(), DIB_RGB_COLORS, nullptr, nullptr, 0};
+    }
 };
-/// startScan, lines, bits, info.
+/// startScan, lines, bits, info, usage.
 struct Scans : Picture {
     explicit Scans(Call &call) : Picture(call) {
         // The rows from the first one on are there; a number beyond the picture's height counts as far as it goes.
@@ -88,8 +86,8 @@ struct Scans : Picture {
         first = isPart ? call.choices.Below(caps::kSide) : 0;
         count = isPart ? call.choices.Below(2 * caps::kSide) : height;
     }
-    std::tuple<UINT, UINT, const void *, const BITMAPINFO *> Value() const {
-        return {first, count, pixels.data(), Info()};
+    std::tuple<UINT, UINT, const void *, const BITMAPINFO *, UINT> Value() const {
+        return {first, count, pixels.data(), Info(), DIB_RGB_COLORS};
     }
     void Write(std::ostream &out) const { Picture::Write(out << first << ", " << count << ", bits, "); }
     UINT first = 0, count = 0;
@@ -106,17 +104,19 @@ struct RegionData {
         if (count > 0) std::memcpy(bytes.data() + sizeof header, rects.data(), size);
         if (!call.world.rules.plainGdi && call.choices.Seldom(8)) bytes.resize(bytes.size() - 1);
     }
-    std::tuple<DWORD, const RGNDATA *> Value() const {
-        return {static_cast<DWORD>(bytes.size()), reinterpret_cast<const RGNDATA *>(bytes.data())};
+    std::tuple<std::nullptr_t, DWORD, const RGNDATA *> Value() const {
+        return {nullptr, static_cast<DWORD>(bytes.size()), reinterpret_cast<const RGNDATA *>(bytes.data())};
     }
     void Write(std::ostream &out) const { WriteItems(out << bytes.size() << ", ", rects); }
     std::vector<RECT> rects;
     std::vector<char> bytes;
 };
 
-HDC NewDcWithBitmap(const BITMAPINFO *info) {
+HBITMAP MakeBitmap(int width, int height) { return CreateBitmap(width, height, 1, 32, nullptr); }
+
+HDC MakeDcWithBitmap(HDC, const BITMAPINFO *info, UINT usage, void **, HANDLE, DWORD) {
     HDC dc = CreateCompatibleDC(nullptr);
-    HBITMAP bitmap = CreateDIBSection(nullptr, info, DIB_RGB_COLORS, nullptr, nullptr, 0);
+    HBITMAP bitmap = CreateDIBSection(nullptr, info, usage, nullptr, nullptr, 0);
     if (bitmap) SelectObject(dc, bitmap);
     // The context keeps the bitmap until it goes.
     DeleteObject(bitmap);
@@ -128,24 +128,17 @@ HDC NewDcWithBitmap(const BITMAPINFO *info) {
 std::vector<Row> ContextCalls() {
     constexpr Group kGroup = kContexts;
     return {
-        CALL_AS(CreateCompatibleDC, (+[](HDC dc) { return Owned<HDC>{CreateCompatibleDC(dc)}; }), Dc),
-        CALL_AS(CreateDcWithBitmap, (+[](const BITMAPINFO *info) { return Owned<HDC>{NewDcWithBitmap(info)}; }),
-                Layout),
+        FOR_EACH(CALL, CreateCompatibleDC, SaveDC, GdiFlush),
+        CALL_AS(CreateDcWithBitmap, MakeDcWithBitmap, Layout),
+        CALL(CreateDIBSection, Layout),
         CALL(DeleteDC, OwnDc),
-        CALL(SaveDC, Dc),
         CALL(RestoreDC, Dc, Level),
         CALL(SetViewportOrgEx, Dc, Origin, Origin, Out<POINT>),
         CALL(SetWindowOrgEx, Dc, Origin, Origin, Out<POINT>),
         CALL(GetViewportOrgEx, Dc, Needed<POINT>),
         CALL(GetWindowOrgEx, Dc, Needed<POINT>),
-        CALL(GdiFlush),
-        CALL_AS(SelectObject, (+[](HDC dc, HBITMAP bitmap) { return SelectObject(dc, bitmap) != nullptr; }), Dc,
-                GdiBitmap),
-        CALL_AS(DeleteObject, (+[](HBITMAP bitmap) { return DeleteObject(bitmap); }), Ended<HBITMAP>),
-        CALL_AS(CreateDIBSection, (+[](const BITMAPINFO *info) {
-                    return Owned<HBITMAP>{CreateDIBSection(nullptr, info, DIB_RGB_COLORS, nullptr, nullptr, 0)};
-                }),
-                Layout),
+        CALL(SelectObject, Dc, GdiBitmap),
+        CALL(DeleteObject, Ended<HBITMAP>),
         CALL(IntersectClipRect, Dc, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate),
     };
 }
@@ -153,34 +146,22 @@ std::vector<Row> ContextCalls() {
 std::vector<Row> GdiCalls() {
     constexpr Group kGroup = kGdi;
     return {
+        FOR_EACH(CALL, GetStretchBltMode, GetClipRgn, SelectClipRgn, EqualRgn),
         CALL(SetStretchBltMode, Dc, Integer),
-        CALL(GetStretchBltMode, Dc),
-        CALL_AS(DeleteRegion, (+[](HRGN region) { return DeleteObject(region); }), Ended<HRGN>),
-        CALL_AS(CreateBitmap, (+[](DWORD width, DWORD height) {
-                    return Owned<HBITMAP>{
-                        CreateBitmap(static_cast<int>(width), static_cast<int>(height), 1, 32, nullptr)};
-                }),
-                GdiExtent),
-        CALL_AS(CreateCompatibleBitmap, (+[](HDC dc, DWORD width, DWORD height) {
-                    return Owned<HBITMAP>{
-                        CreateCompatibleBitmap(dc, static_cast<int>(width), static_cast<int>(height))};
-                }),
-                Dc, GdiExtent),
+        CALL_AS(DeleteRegion, DeleteObject, Ended<HRGN>),
+        CALL_AS(CreateBitmap, MakeBitmap, GdiExtent),
+        CALL(CreateCompatibleBitmap, Dc, GdiExtent),
         CALL(GetClipBox, Dc, Needed<RECT>),
-        CALL(GetClipRgn, Dc, Region),
-        CALL(SelectClipRgn, Dc, Region),
         CALL(ExtSelectClipRgn, Dc, Region, Combination),
         CALL(ExcludeClipRect, Dc, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate),
         CALL(OffsetClipRgn, Dc, GdiCoordinate, GdiCoordinate),
         CALL(PtVisible, Dc, GdiCoordinate, GdiCoordinate),
         CALL(RectVisible, Dc, GdiRect),
         CALL(CreateRectRgn, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate),
-        CALL_AS(ExtCreateRegion,
-                (+[](DWORD size, const RGNDATA *data) { return ExtCreateRegion(nullptr, size, data); }), RegionData),
+        CALL(ExtCreateRegion, RegionData),
         CALL(SetRectRgn, Region, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate),
         CALL(CombineRgn, Region, Region, Region, Combination),
         CALL(GetRgnBox, Region, Needed<RECT>),
-        CALL(EqualRgn, Region, Region),
         CALL(OffsetRgn, Region, GdiCoordinate, GdiCoordinate),
         CALL(PtInRegion, Region, GdiCoordinate, GdiCoordinate),
         CALL(RectInRegion, Region, GdiRect),
@@ -189,13 +170,7 @@ std::vector<Row> GdiCalls() {
              Operation),
         CALL(PatBlt, Dc, GdiCoordinate, GdiCoordinate, GdiCoordinate, GdiCoordinate, Operation),
         CALL(GdiAlphaBlend, Dc, GdiCoordinate, GdiCoordinate, Span, Span, Dc, Span, Span, Span, Span, BlendWord),
-        CALL_AS(SetDIBitsToDevice,
-                (+[](HDC dc, int x, int y, DWORD width, DWORD height, int sourceX, int sourceY, UINT first, UINT count,
-                     const void *bits, const BITMAPINFO *info) {
-                    return SetDIBitsToDevice(dc, x, y, width, height, sourceX, sourceY, first, count, bits, info,
-                                             DIB_RGB_COLORS);
-                }),
-                Dc, GdiCoordinate, GdiCoordinate, GdiExtent, GdiCoordinate, GdiCoordinate, Scans),
+        CALL(SetDIBitsToDevice, Dc, GdiCoordinate, GdiCoordinate, GdiExtent, GdiCoordinate, GdiCoordinate, Scans),
         CALL(GetPixel, Dc, GdiCoordinate, GdiCoordinate),
         CALL(SetPixel, Dc, GdiCoordinate, GdiCoordinate, Colour),
     };

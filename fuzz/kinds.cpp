@@ -10,25 +10,25 @@ constexpr int kExtremes[] = {INT_MIN, INT_MIN + 1, -(1 << 30), -(1 << 27) - 1, -
                              1 << 24, 1 << 26,     1 << 27,    (1 << 27) - 1,  (1 << 27) + 1, 1 << 30, INT_MAX - 1,
                              INT_MAX};
 
-constexpr float kInfinity = std::numeric_limits<float>::infinity();
+using Floats = std::numeric_limits<float>;
 constexpr float kOddFloats[] = {0.0f,
                                 -0.0f,
                                 1.0f,
                                 -1.0f,
-                                std::numeric_limits<float>::quiet_NaN(),
-                                kInfinity,
-                                -kInfinity,
-                                std::numeric_limits<float>::denorm_min(),
-                                std::numeric_limits<float>::min(),
-                                std::numeric_limits<float>::max(),
-                                std::numeric_limits<float>::lowest(),
                                 1e-6f,
-                                2147483648.0f,
-                                -2147483904.0f,
-                                1000000.0f,
                                 32767.0f,
                                 32768.0f,
-                                1e9f};
+                                1000000.0f,
+                                1e9f,
+                                2147483648.0f,
+                                -2147483904.0f,
+                                Floats::max(),
+                                Floats::lowest(),
+                                Floats::min(),
+                                Floats::denorm_min(),
+                                Floats::infinity(),
+                                -Floats::infinity(),
+                                Floats::quiet_NaN()};
 
 float ChooseOddFloat(Call &call) { return call.choices.OneOf(kOddFloats); }
 
@@ -57,9 +57,13 @@ int ChooseSpan(Call &call) {
     return call.choices.Seldom(40) ? ChooseGdiCoordinate(call) : static_cast<int>(call.choices.Below(12));
 }
 
-int ChooseSmallInteger(Call &call) {
+int ChooseInteger(Call &call) {
     return call.choices.Seldom(20) ? call.choices.OneOf(kExtremes) : static_cast<int>(call.choices.Below(12)) - 2;
 }
+
+int ChooseFlag(Call &call) { return call.choices.Byte() & 1; }
+
+BYTE ChooseAlpha(Call &call) { return call.choices.Seldom(100) ? 255 : call.choices.Byte(); }
 
 DWORD ChooseColour(Call &call) {
     constexpr DWORD kColours[] = {0, 0xFFFFFFFF, 0xFF000000, 0x80808080, 0x00FFFFFF, 0x01FF00FF, 0x7F4F2F1F};
@@ -123,17 +127,13 @@ Format::Format(Call &call) : Extent(call) {
     if (bits > caps::kDepthOfLarge) width %= 9, height %= 9;
 }
 
-Entry::Entry(Call &call) {
+EndedEntry::EndedEntry(Call &call) {
     const World &world = call.world;
-    const size_t place = call.choices.Byte();
+    const size_t place = call.choices.Byte(), which = place / 4;
     switch (place % 4) {
-        case 0:
-            handle = static_cast<DWORD>(world.PoolOf<HGCANVAS>()[kShape<HGCANVAS>.own + place / 4 % 2].value);
-            break;
-        case 1:
-            handle = static_cast<DWORD>(world.PoolOf<HGBITMAP>()[kShape<HGBITMAP>.own + place / 4 % 2].value);
-            break;
-        default: handle = world.PoolOf<DWORD>()[place / 4 % kShape<DWORD>.own];
+        case 0: handle = static_cast<DWORD>(world.PoolOf<HGCANVAS>()[kShape<HGCANVAS>.own + which % 2].value); break;
+        case 1: handle = static_cast<DWORD>(world.PoolOf<HGBITMAP>()[kShape<HGBITMAP>.own + which % 2].value); break;
+        default: handle = world.PoolOf<Entry>()[which % kShape<Entry>.own].value;
     }
     if (place >= 250) handle += 0x80000000;
 }

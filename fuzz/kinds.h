@@ -14,28 +14,10 @@ namespace fuzz {
 
 // ---- Numbers
 
-/// Writes a number, or a record as the numbers that it consists of.
-template <class Value>
-void Write(std::ostream &out, const Value &value) {
-    if constexpr (std::is_floating_point_v<Value>) {
-        out << value;  // as "nan" and "inf" where it is no number
-    } else if constexpr (std::is_same_v<Value, DWORD>) {
-        out << (value < 65536 ? "" : "0x") << (value < 65536 ? std::dec : std::hex) << value << std::dec;
-    } else if constexpr (std::is_integral_v<Value>) {
-        out << +value;
-    } else {
-        using Part = std::conditional_t<std::is_same_v<Value, velPointF> || std::is_same_v<Value, GeoRect>, float,
-                                        std::conditional_t<alignof(Value) == 1, BYTE, LONG>>;
-        Part parts[sizeof(Value) / sizeof(Part)];
-        std::memcpy(parts, &value, sizeof parts);
-        for (const Part &part : parts) Write(out << (&part == parts ? "{" : ", "), part);
-        out << '}';
-    }
-}
 template <class Items>
 void WriteItems(std::ostream &out, const Items &items) {
     out << '{';
-    for (const auto &item : items) Write(out, item), out << ", ";
+    for (const auto &item : items) WriteValue(out, item), out << ", ";
     out << '}';
 }
 
@@ -43,61 +25,39 @@ template <class Number, Number (*kChoose)(Call &)>
 struct Chosen {
     explicit Chosen(Call &call) : number(kChoose(call)) {}
     Number Value() const { return number; }
-    void Write(std::ostream &out) const { fuzz::Write(out, number); }
     Number number;
 };
 
-int ChooseCoordinate(Call &call);  // about the size of a surface; seldom anything
-int ChooseOrigin(Call &call);      // as a coordinate
-int ChooseGdiCoordinate(Call &call);
-int ChooseSpan(Call &call);          // 0 to 11; seldom anything
-int ChooseSmallInteger(Call &call);  // -2 to 9; seldom anything
-DWORD ChooseColour(Call &call);
-DWORD ChooseKernelMode(Call &call);
-DWORD ChooseModeWord(Call &call);  // a draw mode in the top byte, a colour below
-DWORD ChooseWord(Call &call);
-float ChooseLength(Call &call);    // of vector drawing; seldom anything
-float ChooseFraction(Call &call);  // -1 to 1; seldom anything
-float ChooseScale(Call &call);
-float ChooseSmallLength(Call &call);  // 0 to 32; seldom anything
-inline BYTE ChooseByte(Call &call) { return call.choices.Seldom(100) ? 255 : call.choices.Byte(); }
-inline int ChooseFlag(Call &call) { return call.choices.Byte() & 1; }
+#define CHOSEN(Name, Number)         \
+    Number Choose##Name(Call &call); \
+    using Name = Chosen<Number, Choose##Name>
+CHOSEN(Coordinate, int);     // about the size of a surface; seldom anything
+CHOSEN(Origin, int);         // as a coordinate
+CHOSEN(GdiCoordinate, int);  // as a coordinate
+CHOSEN(Span, int);           // 0 to 11; seldom anything
+CHOSEN(Integer, int);        // -2 to 9; seldom anything
+CHOSEN(Flag, int);
+CHOSEN(Colour, DWORD);
+CHOSEN(KernelMode, DWORD);
+CHOSEN(ModeWord, DWORD);  // a draw mode in the top byte, a colour below
+CHOSEN(Word, DWORD);
+CHOSEN(Alpha, BYTE);
+CHOSEN(Length, float);    // of vector drawing; seldom anything
+CHOSEN(Fraction, float);  // -1 to 1; seldom anything
+CHOSEN(Scale, float);
+CHOSEN(SmallLength, float);  // 0 to 32; seldom anything
+
 template <int kBelow>
 DWORD ChooseCode(Call &call) {
     return call.choices.Seldom(16) ? call.choices.Word() : call.choices.Below(kBelow);
 }
-
-using Coordinate = Chosen<int, ChooseCoordinate>;
-using Origin = Chosen<int, ChooseOrigin>;
-using GdiCoordinate = Chosen<int, ChooseGdiCoordinate>;
-using Span = Chosen<int, ChooseSpan>;
-using Integer = Chosen<int, ChooseSmallInteger>;
-using Flag = Chosen<int, ChooseFlag>;
-using Colour = Chosen<DWORD, ChooseColour>;
-using KernelMode = Chosen<DWORD, ChooseKernelMode>;
-using ModeWord = Chosen<DWORD, ChooseModeWord>;
-using Word = Chosen<DWORD, ChooseWord>;
 template <int kBelow>
 using Code = Chosen<DWORD, ChooseCode<kBelow>>;
-using Alpha = Chosen<BYTE, ChooseByte>;
-using Length = Chosen<float, ChooseLength>;
-using Fraction = Chosen<float, ChooseFraction>;
-using Scale = Chosen<float, ChooseScale>;
-using SmallLength = Chosen<float, ChooseSmallLength>;
-
-template <auto kValue>
-struct Constant {
-    explicit Constant(Call &) {}
-    auto Value() const { return kValue; }
-    void Write(std::ostream &out) const { out << (kValue == decltype(kValue){} ? "0" : "constant"); }
-};
-using Null = Constant<nullptr>;
 
 /// Width and height.
 struct Extent {
     explicit Extent(Call &call);
     std::tuple<DWORD, DWORD> Value() const { return {width, height}; }
-    void Write(std::ostream &out) const { out << width << ", " << height; }
     DWORD width = 0, height = 0;
 };
 
@@ -105,10 +65,6 @@ struct Extent {
 struct Format : Extent {
     explicit Format(Call &call);
     std::tuple<DWORD, DWORD, DWORD, DWORD> Value() const { return {width, height, bits, paletteCount}; }
-    void Write(std::ostream &out) const {
-        Extent::Write(out);
-        out << ", " << bits << ", " << paletteCount;
-    }
     DWORD bits = 32, paletteCount = 0;
 };
 
@@ -157,34 +113,26 @@ struct Handle {
 
     void Disguise(Call &call, int how) {
         isDisguised = true;
+        const World &world = call.world;
         if constexpr (std::is_class_v<Type>) {
-            constexpr bool kIsCanvas = std::is_same_v<Type, HGCANVAS>, kIsTexture = std::is_same_v<Type, HGTEXTURE>;
-            uintptr_t value = handle.value;
-            const World &world = call.world;
-            switch (how) {
-                case 0:
-                case 1: value = 0; break;
-                case 2:
-                case 3:
-                case 4: value |= static_cast<uintptr_t>(0xDEADBEEFu) << 16 << 16; break;
-                case 5:
-                    value += 0x80000000u;
-                    value &= 0xFFFFFFFF;
-                    break;
-                case 6: value |= 0x8000; break;
-                case 7: value &= 0xFF00FFFF; break;
-                case 8: value |= 0x00FF0000; break;
-                case 9: value = static_cast<uintptr_t>(0xFFFFFFFFFFFFFFFF); break;
-                case 10: value = 0x7FFF | static_cast<uintptr_t>(how) << 16; break;
-                case 11:
-                case 12: value = world.PoolOf<std::conditional_t<kIsCanvas, HGBITMAP, HGCANVAS>>()[0].value; break;
-                case 13:
-                case 14: value = world.PoolOf<std::conditional_t<kIsTexture, HGBITMAP, HGTEXTURE>>()[0].value; break;
-                default: value = world.PoolOf<DWORD>()[0]; break;
-            }
-            handle = {value};
+            using OtherThanCanvas = std::conditional_t<std::is_same_v<Type, HGCANVAS>, HGBITMAP, HGCANVAS>;
+            using OtherThanTexture = std::conditional_t<std::is_same_v<Type, HGTEXTURE>, HGBITMAP, HGTEXTURE>;
+            const uintptr_t value = handle.value, upper = static_cast<uintptr_t>(0xDEADBEEFu) << 16 << 16;
+            const uintptr_t canvas = world.PoolOf<OtherThanCanvas>()[0].value,
+                            texture = world.PoolOf<OtherThanTexture>()[0].value;
+            const uintptr_t wrong[] = {0,
+                                       value | upper,
+                                       (value + 0x80000000u) & 0xFFFFFFFF,
+                                       value | 0x8000,
+                                       value & 0xFF00FFFF,
+                                       value | 0x00FF0000,
+                                       ~uintptr_t{0},
+                                       0x000A7FFF,
+                                       canvas,
+                                       texture,
+                                       world.PoolOf<Entry>()[0].value};
+            handle = {call.choices.OneOf(wrong)};
         } else if constexpr (kIsGdiHandle<Type>) {
-            const World &world = call.world;
             handle = how < 8    ? Type{}
                      : how < 11 ? reinterpret_cast<Type>(static_cast<uintptr_t>(0xDEADBEEF12345678))
                      : how < 13 ? reinterpret_cast<Type>(world.PoolOf<HDC>()[0])
@@ -242,10 +190,9 @@ struct Ended : Handle<Type, Use::OwnOnly> {
 };
 
 /// What e_DelHandleEntry may be given: entries made by hand, and aliases.
-struct Entry {
-    explicit Entry(Call &call);
+struct EndedEntry {
+    explicit EndedEntry(Call &call);
     DWORD Value() const { return handle; }
-    void Write(std::ostream &out) const { out << "0x" << std::hex << handle << std::dec; }
     DWORD handle = 0;
 };
 
@@ -264,13 +211,6 @@ template <class Record, Record (*kChoose)(Call &), int kNull = 24>
 struct In {
     explicit In(Call &call) : isNull(call.choices.Seldom(kNull)), record(kChoose(call)) {}
     const Record *Value() const { return isNull ? nullptr : &record; }
-    void Write(std::ostream &out) const {
-        if (isNull) {
-            out << "0";
-        } else {
-            fuzz::Write(out << '&', record);
-        }
-    }
     bool isNull;
     Record record;
 };
@@ -284,7 +224,6 @@ template <class Record, int kNull = 8>
 struct Out {
     explicit Out(Call &call) : isNull(call.choices.Seldom(kNull)) {}
     Record *Value() { return isNull ? nullptr : &record; }
-    void Write(std::ostream &out) const { out << (isNull ? "0" : "&out"); }
     void After(Call &call) {
         if (!call.done || isNull) return;
         if constexpr (std::is_same_v<Record, RECT>) {
@@ -292,7 +231,7 @@ struct Out {
             if (record.left >= record.right || record.top >= record.bottom) record = {};
         }
         call.digest.AddBytes(&record, sizeof record);
-        if (call.text) fuzz::Write(*call.text << "// gives ", record), *call.text << '\n';
+        if (call.text) WriteValue(*call.text << "// gives ", record), *call.text << '\n';
     }
     bool isNull;
     Record record{};
@@ -326,4 +265,26 @@ struct List {
     int count = 0;
 };
 
+// ---- What types stand for
+
+template <class Type>
+struct KindOf {
+    using Kind = Handle<Type>;
+};
+template <class Record>
+requires(kShape<Record *>.own == 0) struct KindOf<Record *> {
+    using Kind = Out<Record>;
+};
+template <>
+struct KindOf<const RECT *> {
+    using Kind = Rect;
+};
+template <>
+struct KindOf<int> {
+    using Kind = Coordinate;
+};
+template <>
+struct KindOf<float> {
+    using Kind = Length;
+};
 }  // namespace fuzz

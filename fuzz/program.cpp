@@ -16,8 +16,7 @@ namespace fuzz {
 const std::vector<Row> &Calls() {
     static const std::vector<Row> calls = [] {
         std::vector<Row> all;
-        for (const auto &part :
-             {SurfaceCalls(), FigureCalls(), VectorCalls(), TextCalls(), ContextCalls(), GdiCalls()}) {
+        for (const auto &part : {SurfaceCalls(), VectorCalls(), TextCalls(), ContextCalls(), GdiCalls()}) {
             all.insert(all.end(), part.begin(), part.end());
         }
         std::sort(all.begin(), all.end(), [](const Row &a, const Row &b) { return a.code < b.code; });

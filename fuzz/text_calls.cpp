@@ -1,6 +1,7 @@
 // The rows of text and animations.
 
 #include "kinds.h"
+#include "velgraphic/animations.h"
 
 namespace fuzz {
 namespace {
@@ -73,27 +74,12 @@ struct Text {
     bool hasAdvances;
 };
 
-constexpr const char *kAnimations[] = {
-    R"({"v":"5.5.7","fr":30,"ip":0,"op":30,"w":40,"h":30,"nm":"a","ddd":0,"assets":[],"layers":[{"ddd":0,"ind":1,"ty":4,
-"nm":"s","sr":1,"ks":{"o":{"a":0,"k":80},"r":{"a":1,"k":[{"i":{"x":[0.8],"y":[0.8]},"o":{"x":[0.2],"y":[0.2]},"t":0,
-"s":[0]},{"t":29,"s":[90]}]},"p":{"a":0,"k":[20,15,0]},"a":{"a":0,"k":[0,0,0]},"s":{"a":0,"k":[100,100,100]}},"ao":0,
-"shapes":[{"ty":"gr","it":[{"ty":"rc","d":1,"s":{"a":0,"k":[20,10]},"p":{"a":0,"k":[0,0]},"r":{"a":0,"k":3},"nm":"r"},
-{"ty":"st","c":{"a":0,"k":[0,0.5,1,1]},"o":{"a":0,"k":100},"w":{"a":0,"k":2},"lc":2,"lj":2,"d":[{"n":"d","nm":"d",
-"v":{"a":0,"k":3}},{"n":"g","nm":"g","v":{"a":0,"k":2}},{"n":"o","nm":"o","v":{"a":0,"k":0}}],"nm":"k"},{"ty":"tr",
-"p":{"a":0,"k":[0,0]},"a":{"a":0,"k":[0,0]},"s":{"a":0,"k":[100,100]},"r":{"a":0,"k":0},"o":{"a":0,"k":100}}],
-"nm":"g"}],"ip":0,"op":30,"st":0,"bm":0}]})",
-    R"({"v":"5.5.7","fr":25,"ip":0,"op":10,"w":16,"h":16,"assets":[],"layers":[{"ind":1,"ty":4,"sr":1,"ks":{"o":{"a":0,
-"k":100},"r":{"a":0,"k":0},"p":{"a":0,"k":[8,8,0]},"a":{"a":0,"k":[0,0,0]},"s":{"a":0,"k":[100,100,100]}},"shapes":[
-{"ty":"gr","it":[{"ty":"el","d":1,"s":{"a":0,"k":[8,8]},"p":{"a":0,"k":[0,0]}},{"ty":"fl","c":{"a":0,"k":[1,0,0,1]},
-"o":{"a":0,"k":100},"r":1},{"ty":"rp","c":{"a":0,"k":3},"o":{"a":0,"k":0},"m":1,"tr":{"ty":"tr","p":{"a":0,"k":[3,0]},
-"a":{"a":0,"k":[0,0]},"s":{"a":0,"k":[90,90]},"r":{"a":0,"k":9},"so":{"a":0,"k":100},"eo":{"a":0,"k":50}}},{"ty":"tr",
-"p":{"a":0,"k":[0,0]},"a":{"a":0,"k":[0,0]},"s":{"a":0,"k":[100,100]},"r":{"a":0,"k":0},"o":{"a":0,"k":100}}]},
-{"ty":"tm","s":{"a":0,"k":10},"e":{"a":0,"k":90},"o":{"a":0,"k":0},"m":1}],"ip":0,"op":10,"st":0}]})",
-    R"({"v":"5","fr":1,"ip":0,"op":1,"w":1,"h":1,"layers":[]})"};
-
 /// The text of an animation, with some of its digits changed, or cut short.
 struct Animation {
-    explicit Animation(Call &call) : json(call.choices.OneOf(kAnimations)) {
+    explicit Animation(Call &call) {
+        static const std::string animations[] = {lacquer::RichAnimation(), lacquer::AnimationOf(lacquer::RedSquare()),
+                                                 lacquer::Composition("")};
+        json = call.choices.OneOf(animations);
         const int how = call.choices.Byte();
         for (int i = 0; how >= 64 && i < caps::kAnimationChanges; ++i) {
             char &place = json[call.choices.Below(static_cast<uint32_t>(json.size()))];
@@ -112,7 +98,6 @@ struct File {
     const char *Value() const {
         return how < 192 ? LACQUER_FUZZ_ANIMATION : how < 224 ? "no/such/file" : how < 248 ? "" : nullptr;
     }
-    void Write(std::ostream &out) const { out << (Value() ? Value() : "0"); }
     int how;
 };
 

@@ -35,7 +35,6 @@ struct VelPixels {
         }
     }
     std::tuple<void *, LONG, LONG, LONG> Value() const { return {bits, width, height, stride}; }
-    void Write(std::ostream &out) const { out << "bits, " << width << ", " << height << ", " << stride; }
     void *bits = nullptr;
     LONG width = 0, height = 0, stride = 0;
 };
@@ -65,72 +64,48 @@ velCanvas *NewVelCanvasWithBitmap(void *bits, LONG width, LONG height, LONG stri
 
 // Functions that the library passes on to the companion under nearly the same name.
 #define ON_CANVASES(name, ...) \
-    CALL(name, Canvas __VA_OPT__(, ) __VA_ARGS__), CALL(velCanvas##name, VelCanvas __VA_OPT__(, ) __VA_ARGS__)
+    CALL(name __VA_OPT__(, Canvas, __VA_ARGS__)), CALL(velCanvas##name __VA_OPT__(, VelCanvas, __VA_ARGS__))
 #define OF_COMPANION(name, ...) CALL(name __VA_OPT__(, ) __VA_ARGS__), CALL(vel##name __VA_OPT__(, ) __VA_ARGS__)
 
 std::vector<Row> VectorCalls() {
     return {
-        ON_CANVASES(DrawPoint, Length, Length),
-        ON_CANVASES(DrawLine, Length, Length, Length, Length),
-        ON_CANVASES(DrawRectangle, Length, Length, Length, Length),
-        ON_CANVASES(DrawRoundRect, Length, Length, Length, Length, Length, Length),
-        ON_CANVASES(DrawCircle, Length, Length, Length),
+        FOR_EACH(ON_CANVASES, DrawPoint, DrawLine, DrawRectangle, DrawRoundRect, DrawCircle, DrawEllipse, DrawPath,
+                 Save, Restore, GetBlendMode, GetBlendValue, SetGradient, GetStrokeWidth),
+        FOR_EACH(OF_COMPANION, PathCreate, PathBegin, PathClose, PathMoveTo, PathLineTo, PathBezierCurveTo,
+                 PathQuadraticCurveTo, PathAddRectangle, PathAddCircle, PathAddEllipse, PathGetBounds,
+                 GradientCreateLinear, GradientCreateRadial),
+        FOR_EACH(CALL, DrawBezier, velCanvasCreate, velCanvasSetBitmap, velCanvasClipRect, velCanvasTranslate),
+
         ON_CANVASES(DrawArc, Length, Length, Length, Length, Angle, Angle, Flag),
-        ON_CANVASES(DrawEllipse, Length, Length, Length, Length),
         ON_CANVASES(DrawColor, Colour),
-        ON_CANVASES(DrawPath, Path),
-        ON_CANVASES(Save),
-        ON_CANVASES(Restore),
         ON_CANVASES(SetDrawStyle, Code<4>),
         ON_CANVASES(SetColor, Colour),
         ON_CANVASES(SetSmooth, Flag),
         ON_CANVASES(SetBlendMode, Code<23>),
-        ON_CANVASES(GetBlendMode),
         ON_CANVASES(SetBlendValue, Word),
-        ON_CANVASES(GetBlendValue),
         ON_CANVASES(SetStrokeCap, Code<3>),
         ON_CANVASES(SetStrokeJoin, Code<3>),
-        ON_CANVASES(SetGradient, Gradient),
         ON_CANVASES(SetStrokeWidth, SmallLength),
-        ON_CANVASES(GetStrokeWidth),
         ON_CANVASES(SetDashStyle, Code<6>),
         ON_CANVASES(SetDashPattern, Dashes, Length),
         CALL_AS(DrawPolygon,
                 (+[](HGCANVAS canvas, const POINT *points, int count) { return DrawPolygon(canvas, count, points); }),
                 Canvas, Points),
-        CALL(DrawBezier, Canvas, Length, Length, Length, Length, Length, Length, Length, Length),
 
-        OF_COMPANION(PathCreate),
         OF_COMPANION(PathDestroy, Ended<velPath *>),
-        OF_COMPANION(PathBegin, Path),
-        OF_COMPANION(PathClose, Path),
         OF_COMPANION(PathSetFillType, Path, Code<2>),
-        OF_COMPANION(PathMoveTo, Path, Length, Length),
-        OF_COMPANION(PathLineTo, Path, Length, Length),
         OF_COMPANION(PathArcTo, Path, Length, Length, Length, Length, Angle, Angle, Flag),
         OF_COMPANION(PathOvalCurveTo, Path, Length, Length, Angle, Flag, Flag, Length, Length),
-        OF_COMPANION(PathBezierCurveTo, Path, Length, Length, Length, Length, Length, Length),
-        OF_COMPANION(PathQuadraticCurveTo, Path, Length, Length, Length, Length),
         OF_COMPANION(PathAddArc, Path, Length, Length, Length, Length, Angle, Angle),
-        OF_COMPANION(PathAddRectangle, Path, Length, Length, Length, Length),
-        OF_COMPANION(PathAddCircle, Path, Length, Length, Length),
-        OF_COMPANION(PathAddEllipse, Path, Length, Length, Length, Length),
-        OF_COMPANION(PathGetBounds, Path, Out<velRectF>),
-        OF_COMPANION(GradientCreateLinear, Length, Length, Length, Length),
-        OF_COMPANION(GradientCreateRadial, Length, Length, Length),
         OF_COMPANION(GradientAddColorStop, Gradient, Fraction, Colour),
         OF_COMPANION(GradientDestroy, Ended<velGradient *>),
 
-        CALL(velCanvasCreate),
         CALL_AS(CreateVelCanvasWithBitmap, NewVelCanvasWithBitmap, VelPixels),
         CALL(velCanvasDestroy, Ended<velCanvas *>),
         CALL(velBitmapCreateFromData, VelPixels),
         CALL(velBitmapDestroy, Ended<velBitmap *>),
-        CALL(velCanvasSetBitmap, VelCanvas, VelBitmap),
         CALL(velCanvasLockBits, VelCanvas, Rect, VelView),
         CALL(velCanvasUnlockBits, VelCanvas, Rect),
-        CALL(velCanvasClipRect, VelCanvas, Coordinate, Coordinate, Coordinate, Coordinate),
-        CALL(velCanvasTranslate, VelCanvas, Length, Length),
     };
 }
 

@@ -34,14 +34,8 @@ bool IsLive(HGCANVAS canvas) {
     DWORD filter = 0;
     return GetCanvasFilter(canvas, &filter) != 0;
 }
-bool IsLive(HGBITMAP bitmap) {
-    DWORD filter = 0;
-    return GetBitmapFilter(bitmap, &filter) != 0;
-}
-bool IsLive(HGTEXTURE texture) {
-    DWORD filter = 0;
-    return GetTextureFilter(texture, &filter) != 0;
-}
+bool IsLive(HGBITMAP bitmap) { return UnlockBitmapBits(bitmap) != 0; }
+bool IsLive(HGTEXTURE texture) { return UnlockTextureBits(texture) != 0; }
 
 const void *PixelsOf(HBITMAP bitmap, SurfaceView &view) {
     BITMAP described{};
@@ -59,19 +53,13 @@ const void *PixelsOf(HGCANVAS canvas, SurfaceView &view) {
     if (!IsLive(canvas)) return nullptr;
     if (!GetCanvasSize(canvas, &size)) return PixelsOf(GetCanvasHandle(canvas), view);
     // Without a rectangle, origins play no part.
-    if (!LockCanvasBitsEx(canvas, &view, nullptr)) return nullptr;
-    UnlockCanvasBits(canvas);
-    return view.bits;
+    return LockCanvasBitsEx(canvas, &view, nullptr) && UnlockCanvasBits(canvas) ? view.bits : nullptr;
 }
 const void *PixelsOf(HGBITMAP bitmap, SurfaceView &view) {
-    if (!LockBitmapBitsEx(bitmap, &view, nullptr)) return nullptr;
-    UnlockBitmapBits(bitmap);
-    return view.bits;
+    return LockBitmapBitsEx(bitmap, &view, nullptr) && UnlockBitmapBits(bitmap) ? view.bits : nullptr;
 }
 const void *PixelsOf(HGTEXTURE texture, SurfaceView &view) {
-    if (!LockTextureBitsEx(texture, &view, nullptr)) return nullptr;
-    UnlockTextureBits(texture);
-    return view.bits;
+    return LockTextureBitsEx(texture, &view, nullptr) && UnlockTextureBits(texture) ? view.bits : nullptr;
 }
 
 World::World(const Rules &rulesToKeep) : rules(rulesToKeep) { SetStretchKernelMode(1); }
@@ -140,12 +128,9 @@ bool World::Clear() {
     views.clear();
     for (const auto &[handle, section] : received_) {
         if (section == Section::Lent) e_DelHandleEntry(nullptr, handle);
-        const HGCANVAS canvas{handle};
-        const HGBITMAP bitmap{handle};
-        const HGTEXTURE texture{handle};
-        Delete(canvas);
-        Delete(bitmap);
-        Delete(texture);
+        Delete(HGCANVAS{handle});
+        Delete(HGBITMAP{handle});
+        Delete(HGTEXTURE{handle});
     }
     const auto clear = [](auto &pool) {
         for (size_t i = 0; i < pool.Count(Section::Own); ++i) {

@@ -21,36 +21,39 @@ namespace fuzz {
 /// Own: the program deletes it. Lent: it belongs to another object; of library handles, an alias.
 enum class Section { Own, Lent };
 
+/// An entry of the handle table that is made by hand.
+struct Entry {
+    DWORD value;
+};
+
+/// Types of handles: the name in programs, how many places there are for own ones and for lent ones, how one is
+/// deleted.
+#define FUZZ_POOLS(POOL)                                            \
+    POOL(HGCANVAS, canvas, 6, 2, DeleteCanvas(handle))              \
+    POOL(HGBITMAP, bitmap, 6, 2, DeleteBitmap(handle))              \
+    POOL(HGTEXTURE, texture, 6, 0, DeleteTexture(handle))           \
+    POOL(HDC, dc, 4, 2, DeleteDC(handle))                           \
+    POOL(HBITMAP, gdiBitmap, 4, 2, DeleteObject(handle))            \
+    POOL(HRGN, region, 4, 0, DeleteObject(handle))                  \
+    POOL(velPath *, path, 3, 0, velPathDestroy(handle))             \
+    POOL(velGradient *, gradient, 2, 0, velGradientDestroy(handle)) \
+    POOL(velLottie *, lottie, 2, 0, velLottieDestroy(handle))       \
+    POOL(velCanvas *, vel, 2, 0, velCanvasDestroy(handle))          \
+    POOL(velBitmap *, velBitmap, 2, 0, velBitmapDestroy(handle))
+
 struct PoolShape {
     const char *name;
     size_t own, lent;
 };
 template <class Handle>
 inline constexpr PoolShape kShape{};
-template <>
-inline constexpr PoolShape kShape<HGCANVAS>{"canvas", 6, 2};
-template <>
-inline constexpr PoolShape kShape<HGBITMAP>{"bitmap", 6, 2};
-template <>
-inline constexpr PoolShape kShape<HGTEXTURE>{"texture", 6, 0};
-template <>
-inline constexpr PoolShape kShape<DWORD>{"entry", 3, 0};
-template <>
-inline constexpr PoolShape kShape<HDC>{"dc", 4, 2};
-template <>
-inline constexpr PoolShape kShape<HBITMAP>{"gdiBitmap", 4, 2};
-template <>
-inline constexpr PoolShape kShape<HRGN>{"region", 4, 0};
-template <>
-inline constexpr PoolShape kShape<velPath *>{"path", 3, 0};
-template <>
-inline constexpr PoolShape kShape<velGradient *>{"gradient", 2, 0};
-template <>
-inline constexpr PoolShape kShape<velLottie *>{"lottie", 2, 0};
-template <>
-inline constexpr PoolShape kShape<velCanvas *>{"vel", 2, 0};
-template <>
-inline constexpr PoolShape kShape<velBitmap *>{"velBitmap", 2, 0};
+#define POOL(Handle, name, own, lent, deletion)                  \
+    template <>                                                  \
+    inline constexpr PoolShape kShape<Handle>{#name, own, lent}; \
+    inline void Delete(Handle handle) { deletion; }
+FUZZ_POOLS(POOL)
+POOL(Entry, entry, 3, 0, e_DelHandleEntry(nullptr, handle.value))
+#undef POOL
 
 template <class Handle>
 struct Pool : std::array<Handle, kShape<Handle>.own + kShape<Handle>.lent> {
@@ -67,7 +70,7 @@ inline constexpr bool kIsGdiHandle =
 bool IsLive(HGCANVAS canvas);
 bool IsLive(HGBITMAP bitmap);
 bool IsLive(HGTEXTURE texture);
-inline bool IsLive(DWORD entry) { return entry != 0; }
+inline bool IsLive(Entry entry) { return entry.value != 0; }
 template <class Object>
 bool IsLive(Object *handle) {
     if constexpr (kIsGdiHandle<Object *>) {
@@ -76,19 +79,6 @@ bool IsLive(Object *handle) {
         return handle != nullptr;
     }
 }
-
-inline void Delete(HGCANVAS canvas) { DeleteCanvas(canvas); }
-inline void Delete(HGBITMAP bitmap) { DeleteBitmap(bitmap); }
-inline void Delete(HGTEXTURE texture) { DeleteTexture(texture); }
-inline void Delete(DWORD entry) { e_DelHandleEntry(nullptr, entry); }
-inline void Delete(HDC dc) { DeleteDC(dc); }
-inline void Delete(HBITMAP bitmap) { DeleteObject(bitmap); }
-inline void Delete(HRGN region) { DeleteObject(region); }
-inline void Delete(velPath *path) { velPathDestroy(path); }
-inline void Delete(velGradient *gradient) { velGradientDestroy(gradient); }
-inline void Delete(velLottie *lottie) { velLottieDestroy(lottie); }
-inline void Delete(velCanvas *canvas) { velCanvasDestroy(canvas); }
-inline void Delete(velBitmap *bitmap) { velBitmapDestroy(bitmap); }
 
 /// The pixel with an alpha that is at least as much as each channel.
 inline DWORD Premultiplied(DWORD pixel) {
@@ -133,9 +123,8 @@ public:
         Handle &kept = PoolOf<Handle>()[place];
         // Library objects whose handle is displaced live on until the end.
         if constexpr (std::is_class_v<Handle>) {
-            received_.emplace_back(static_cast<DWORD>(handle.value), section);
-        } else if constexpr (std::is_same_v<Handle, DWORD>) {
-            received_.emplace_back(handle, Section::Lent);
+            received_.emplace_back(static_cast<DWORD>(handle.value),
+                                   std::is_same_v<Handle, Entry> ? Section::Lent : section);
         } else if (section == Section::Own && IsLive(kept)) {
             views.clear();
             Delete(kept);
@@ -164,9 +153,9 @@ public:
     std::vector<SurfaceView> views;  ///< locked, and valid still
 
 private:
-    std::tuple<Pool<HGCANVAS>, Pool<HGBITMAP>, Pool<HGTEXTURE>, Pool<DWORD>, Pool<HDC>, Pool<HBITMAP>, Pool<HRGN>,
-               Pool<velPath *>, Pool<velGradient *>, Pool<velLottie *>, Pool<velCanvas *>, Pool<velBitmap *>>
-        pools_{};
+#define POOL(Handle, name, own, lent, deletion) Pool<Handle>,
+    std::tuple<FUZZ_POOLS(POOL) Pool<Entry>> pools_{};
+#undef POOL
     std::vector<std::pair<DWORD, Section>> received_;  ///< every library handle
     std::vector<std::unique_ptr<std::byte[]>> buffers_;
     std::vector<uint64_t> seen_;  ///< checksums of single surfaces, by place

@@ -35,8 +35,10 @@ TEST_P(AliasTest, DeletingOneEmptiesTheCanvasForGood) {
         const OwnedCanvas canvas(Create());
         EXPECT_TRUE(!withDC || GetCanvasHandle(canvas));
         const HGBITMAP first = GetBitmap(canvas), second = GetBitmap(canvas);
+        SetBitmapFilter(first, 0x01000011);
         DeleteBitmap(first);
         EXPECT_FALSE(IsLive(first));
+        EXPECT_EQ(0u, FilterOf(second)) << "nothing is left";
         SurfaceView view{};
         EXPECT_EQ(0, LockCanvasBits(canvas, &view, nullptr));
         EXPECT_EQ(0, LockCanvasBitsEx(canvas, &view, &kPixel));

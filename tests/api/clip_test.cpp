@@ -1,4 +1,5 @@
-// The clip of a canvas against sums in 64 bits, with and without a device context: both must tell the same.
+// The clip of a canvas against sums in 64 bits, with a device context of its own, another's and without: all must tell
+// the same.
 
 #include <gtest/gtest.h>
 
@@ -6,6 +7,7 @@
 #include <climits>
 
 #include "objects.h"
+#include "support/memory_dc.h"
 
 namespace lacquer {
 namespace {
@@ -43,41 +45,53 @@ private:
     Wide clip_{0, 0, kWidth, kHeight};
 };
 
-/// The canvas tells the model's clip, and fills exactly that.
-void ExpectClip(const Model &model, HGCANVAS canvas) {
-    const Rect clip = ClipOf(canvas);
-    const Wide wide = model.Logical(), device = model.Device();
-    const Rect expected(static_cast<LONG>(wide.left), static_cast<LONG>(wide.top), static_cast<LONG>(wide.right),
-                        static_cast<LONG>(wide.bottom));
-    EXPECT_TRUE(expected == clip || (model.IsEmpty() && clip.IsEmpty())) << testing::PrintToString(clip);
-    const SurfaceView view = ViewOf(canvas);
-    const RECT everywhere{-100, -100, 100, 100};
-    FillWith(view, 0);
-    EXPECT_EQ(1, FillSolidRect(canvas, 0xFFFFFFFF, &everywhere));
-    for (LONG y = 0; y < kHeight; ++y) {
-        for (LONG x = 0; x < kWidth; ++x) {
-            const bool inside = x >= device.left && x < device.right && y >= device.top && y < device.bottom;
-            ASSERT_EQ(inside ? 0xFFFFFFFF : 0, PixelAt(view, x, y)) << x << ' ' << y;
-        }
-    }
-}
-
 struct Origins {
     POINT viewport, window;
 };
 
-class ClipTest : public testing::TestWithParam<bool> {
-protected:
-    OwnedCanvas Create(const Origins &origins) const {
-        OwnedCanvas canvas(CreateCanvas(kWidth, kHeight, {}));
-        EXPECT_TRUE(!GetParam() || GetCanvasHandle(canvas));
-        SetViewportOrg(canvas, origins.viewport.x, origins.viewport.y, nullptr);
-        SetWindowOrg(canvas, origins.window.x, origins.window.y, nullptr);
-        return canvas;
+enum class Context { None, Own, Foreign };
+
+/// A canvas, and its pixels.
+class Subject {
+public:
+    Subject(Context context, const Origins &origins)
+        : canvas_(context == Context::Foreign ? CreateCanvasFromDC(dc_) : CreateCanvas(kWidth, kHeight, {})),
+          view_(context == Context::Foreign ? dib_.View() : SurfaceView{}) {
+        EXPECT_TRUE(context != Context::Own || GetCanvasHandle(canvas_));
+        if (!view_.bits) view_ = ViewOf(canvas_);
+        SetViewportOrg(canvas_, origins.viewport.x, origins.viewport.y, nullptr);
+        SetWindowOrg(canvas_, origins.window.x, origins.window.y, nullptr);
     }
+
+    operator HGCANVAS() const { return canvas_; }
+
+    /// The canvas tells the model's clip, and fills exactly that.
+    void ExpectClip(const Model &model) const {
+        const Rect clip = ClipOf(canvas_);
+        const Wide wide = model.Logical(), device = model.Device();
+        const Rect expected(static_cast<LONG>(wide.left), static_cast<LONG>(wide.top), static_cast<LONG>(wide.right),
+                            static_cast<LONG>(wide.bottom));
+        EXPECT_TRUE(expected == clip || (model.IsEmpty() && clip.IsEmpty())) << testing::PrintToString(clip);
+        const RECT everywhere{-100, -100, 100, 100};
+        FillWith(view_, 0);
+        EXPECT_EQ(1, FillSolidRect(canvas_, 0xFFFFFFFF, &everywhere));
+        for (LONG y = 0; y < kHeight; ++y) {
+            for (LONG x = 0; x < kWidth; ++x) {
+                const bool inside = x >= device.left && x < device.right && y >= device.top && y < device.bottom;
+                ASSERT_EQ(inside ? 0xFFFFFFFF : 0, PixelAt(view_, x, y)) << x << ' ' << y;
+            }
+        }
+    }
+
+private:
+    const Dib dib_{kWidth, kHeight};
+    const MemoryDC dc_{dib_.Handle()};
+    const OwnedCanvas canvas_;
+    SurfaceView view_;
 };
 
-INSTANTIATE_TEST_SUITE_P(WithoutAndWithDC, ClipTest, testing::Bool());
+using ClipTest = testing::TestWithParam<Context>;
+INSTANTIATE_TEST_SUITE_P(Contexts, ClipTest, testing::Values(Context::None, Context::Own, Context::Foreign));
 
 constexpr Origins kOrigins[] = {{{0, 0}, {0, 0}}, {{5, 5}, {0, 0}}, {{-3, 2}, {4, -6}}, {{1000000, -7}, {999990, -3}}};
 
@@ -101,24 +115,24 @@ TEST_P(ClipTest, SetAndIntersectFollowTheModel) {
             for (const RECT &second : kRects) {
                 SCOPED_TRACE(testing::PrintToString(Rect(first)) + testing::PrintToString(Rect(second)) +
                              std::to_string(origins.viewport.x));
-                const OwnedCanvas canvas = Create(origins);
+                const Subject canvas(GetParam(), origins);
                 Model model(origins.viewport, origins.window);
                 EXPECT_EQ(1, SetCanvasClipRect(canvas, &first));
                 model.Set(first);
-                ExpectClip(model, canvas);
+                canvas.ExpectClip(model);
                 EXPECT_EQ(1, IntersectCanvasClipRect(canvas, &second));
                 model.Intersect(second);
-                ExpectClip(model, canvas);
+                canvas.ExpectClip(model);
                 EXPECT_EQ(1, SetCanvasClipRect(canvas, &second));
                 model.Set(second);
-                ExpectClip(model, canvas);
+                canvas.ExpectClip(model);
             }
         }
     }
 }
 
 TEST_P(ClipTest, StaysOnTheDeviceWhenTheOriginsMove) {
-    const OwnedCanvas canvas = Create({{5, 5}, {0, 0}});
+    const Subject canvas(GetParam(), {{5, 5}, {0, 0}});
     const RECT rect{0, 0, 10, 10};
     SetCanvasClipRect(canvas, &rect);
     EXPECT_EQ(Rect(rect), ClipOf(canvas));

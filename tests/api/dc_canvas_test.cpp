@@ -1,4 +1,4 @@
-// Canvases around a caller's device context.
+// Canvases around a caller's device context: locks in place and by copy, origins, clip.
 
 #include <gtest/gtest.h>
 
@@ -11,19 +11,28 @@
 namespace lacquer {
 namespace {
 
+constexpr uint32_t kColours = 0xFFFFFF;
 constexpr LONG kSide = 10;
+constexpr RECT kAll{0, 0, kSide, kSide};
 
 class DcCanvasTest : public testing::Test {
 protected:
     DcCanvasTest() { FillWithNoise(dib_.View(), 2); }
 
+    /// The pixel at device coordinates.
+    uint32_t At(LONG x, LONG y) const { return PixelAt(dib_.View(), x, y); }
+
+    int Lock(const RECT &rect) { return LockCanvasBits(canvas_, &view_, &rect); }
+    void Unlock() const { EXPECT_EQ(1, UnlockCanvasBits(canvas_)); }
+
     const Dib dib_{kSide, kSide};
     const MemoryDC dc_{dib_.Handle()};
     const OwnedCanvas canvas_{CreateCanvasFromDC(dc_)};
+    SurfaceView view_{};
 };
 
 TEST_F(DcCanvasTest, HasNoSurface) {
-    EXPECT_EQ((std::array<LONG, 2>{-7, -8}), SizeOf(canvas_)) << "it has none";
+    EXPECT_EQ((Size{-7, -8}), SizeOf(canvas_)) << "it has none";
     EXPECT_FALSE(GetBitmap(canvas_));
     EXPECT_FALSE(GetTexture(canvas_));
     EXPECT_FALSE(CanvasToBitmap(canvas_));
@@ -35,73 +44,157 @@ TEST_F(DcCanvasTest, HasNoSurface) {
     EXPECT_EQ(nullptr, GetCanvasWindow(canvas_));
 }
 
-TEST_F(DcCanvasTest, LocksARectangleInPlace) {
-    const RECT rect{1, 2, 5, 6};
-    SurfaceView view{};
-    ASSERT_EQ(1, LockCanvasBits(canvas_, &view, &rect));
-    EXPECT_EQ(4, view.width);
-    EXPECT_EQ(static_cast<char *>(dib_.View().bits) + 2 * dib_.View().stride + 4, view.bits);
-    EXPECT_EQ(1, UnlockCanvasBits(canvas_));
+/// A context, and a rectangle of it in device coordinates.
+struct Situation {
+    WORD depth;
+    RECT rect, clip = kAll, hole{};
+    POINT viewport{}, window{};
+
+    bool IsVisible(LONG x, LONG y) const {
+        const POINT point{x, y};
+        const auto holds = [&](const RECT &box) {
+            return point.x >= box.left && point.x < box.right && point.y >= box.top && point.y < box.bottom;
+        };
+        return holds(kAll) && holds(clip) && !holds(hole);
+    }
+};
+
+TEST(DcLockTest, IsInPlaceInASimpleClipElseACopyThatIsWrittenBackWhereItIsVisible) {
+    const std::pair<bool, Situation> situations[] = {
+        {true, {32, {2, 3, 6, 8}}},
+        {true, {32, {0, 1, 5, 4}, kAll, {}, {5, -4}, {3, -6}}},
+        {true, {32, {1, 1, 7, 7}, {1, 1, 7, 7}}},
+        {true, {8, {1, 2, 3, 4}}},
+        {true, {16, {1, 2, 3, 4}}},
+        {true, {24, {1, 2, 3, 4}}},
+        {false, {32, {1, 1, 7, 7}, {2, 2, 5, 6}}},
+        {false, {32, kAll, kAll, {3, 3, 5, 5}}},
+        {false, {32, {6, 6, 9, 9}, kAll, {3, 3, 5, 5}}},  // in sight, but the clip is complex
+        {false, {32, {-2, -2, 2, 4}, kAll, {}, {-2, 1}}},
+        {false, {24, {2, 2, 6, 6}, kAll, {0, 0, 1, 1}, {3, 1}, {-1, 2}}},
+    };
+    for (const auto &[isInPlace, situation] : situations) {
+        const auto &[depth, rect, clip, hole, viewport, window] = situation;
+        SCOPED_TRACE(&situation - &situations[0].second);
+        const Dib dib(kSide, kSide, depth);
+        FillWithNoise(dib.View(), 21);
+        const MemoryDC dc(dib.Handle());
+        SelectClipWithHole(dc, clip, hole);
+        SetViewportOrgEx(dc, viewport.x, viewport.y, nullptr);
+        SetWindowOrgEx(dc, window.x, window.y, nullptr);
+        const OwnedCanvas canvas(CreateCanvasFromDC(dc));
+        const LONG dx = window.x - viewport.x, dy = window.y - viewport.y;
+        const RECT logical{rect.left + dx, rect.top + dy, rect.right + dx, rect.bottom + dy};
+        const SurfaceView whole = dib.View();
+        const std::vector<uint32_t> before = PixelsOf(whole);
+        SurfaceView view{};
+        ASSERT_EQ(1, LockCanvasBits(canvas, &view, &logical));
+        EXPECT_EQ((Size{rect.right - rect.left, rect.bottom - rect.top}), (Size{view.width, view.height}));
+        EXPECT_EQ(isInPlace ? whole.stride : 4 * view.width, view.stride);
+        EXPECT_EQ(isInPlace ? depth : 32, view.bitsPerPixel);
+        const char *first = static_cast<char *>(whole.bits) + rect.top * whole.stride + rect.left * (depth / 8);
+        EXPECT_EQ(isInPlace, view.bits == first);
+
+        const auto written = [](LONG x, LONG y) { return 0x80000000 | static_cast<uint32_t>(y * 16 + x + 64); };
+        for (LONG y = rect.top; y < rect.bottom; ++y) {
+            for (LONG x = rect.left; x < rect.right; ++x) {
+                const uint32_t looked = depth == 24 ? kColours : 0xFFFFFFFF;
+                if (situation.IsVisible(x, y)) {
+                    EXPECT_EQ(PixelAt(whole, x, y), PixelAt(view, x - rect.left, y - rect.top) & looked);
+                }
+                PutPixel(view, x - rect.left, y - rect.top, written(x, y));
+            }
+        }
+        EXPECT_EQ(isInPlace, before != PixelsOf(whole)) << "a copy is not written before the unlock";
+        EXPECT_EQ(1, UnlockCanvasBits(canvas));
+        for (LONG i = 0; i < kSide * kSide; ++i) {
+            const LONG x = i % kSide, y = i / kSide;
+            const bool isLocked = x >= rect.left && x < rect.right && y >= rect.top && y < rect.bottom;
+            EXPECT_EQ(isLocked && situation.IsVisible(x, y) ? written(x, y) & 0xFFFFFFFF >> (32 - depth)
+                                                            : before[static_cast<size_t>(i)],
+                      PixelAt(whole, x, y))
+                << x << ' ' << y;
+        }
+    }
 }
 
-TEST_F(DcCanvasTest, LocksACopyWhereTheClipIsComplexWhichADeletionForgets) {
-    SelectClipWithHole(dc_, {0, 0, kSide, kSide}, {4, 4, 6, 6});
-    const RECT all{0, 0, kSide, kSide};
-    SurfaceView view{}, second{};
-    const std::vector<uint32_t> before = PixelsOf(dib_.View());
-    const HGCANVAS other = CreateCanvasFromDC(dc_);
-    ASSERT_EQ(1, LockCanvasBits(other, &view, &all));
-    FillWith(view, 1);
-    DeleteCanvas(other);
-    EXPECT_EQ(before, PixelsOf(dib_.View()));
-    EXPECT_NE(0u, GetObjectType(dc_)) << "the context is the caller's";
+TEST(DcLockTest, ABitmapThatIsNoDibSectionIsCopied) {
+    constexpr COLORREF kWhite = 0xFFFFFF, kBlack = 0;
+    HBITMAP bitmap = CreateBitmap(6, 4, 1, 1, nullptr);
+    {
+        const MemoryDC dc(bitmap);
+        const OwnedCanvas canvas(CreateCanvasFromDC(dc));
+        const RECT rect{1, 1, 5, 4};
+        SurfaceView view{};
+        PatBlt(dc, 0, 0, 6, 4, BLACKNESS);
+        SetPixel(dc, 2, 1, kWhite);
+        ASSERT_EQ(1, LockCanvasBits(canvas, &view, &rect));
+        EXPECT_EQ(kColours, PixelAt(view, 1, 0) & kColours);
+        EXPECT_EQ(0u, PixelAt(view, 0, 0) & kColours);
+        PutPixel(view, 1, 0, 0xFF000000);
+        PutPixel(view, 3, 2, 0xFFFFFFFF);
+        EXPECT_EQ(1, UnlockCanvasBits(canvas));
+        EXPECT_EQ(kBlack, GetPixel(dc, 2, 1));
+        EXPECT_EQ(kWhite, GetPixel(dc, 4, 3));
+        EXPECT_EQ(kBlack, GetPixel(dc, 4, 2));
+    }
+    DeleteObject(bitmap);
+}
 
-    ASSERT_EQ(1, LockCanvasBits(canvas_, &view, &all));
-    EXPECT_EQ(0, LockCanvasBits(canvas_, &second, &all));
-    FillWith(view, 0x0A0B0C0D);
-    EXPECT_EQ(1, UnlockCanvasBits(canvas_));
-    EXPECT_EQ(0x0A0B0C0Du, PixelAt(dib_.View(), 3, 3));
-    EXPECT_EQ(before[5 * kSide + 5], PixelAt(dib_.View(), 5, 5));
+TEST_F(DcCanvasTest, LocksOneCopyAtATimeWithLocksInPlaceInsideIt) {
+    const RECT hole{3, 3, 5, 5};
+    EXPECT_EQ(1, Lock({0, 0, 2, 2})) << "in place, before the copy";
+    EXPECT_EQ(1, Lock(kAll)) << "locks in place are not exclusive";
+    SelectClipWithHole(dc_, kAll, hole);
+    ASSERT_EQ(1, Lock({0, 0, 4, 4}));
+    FillWith(view_, 0x01020304);
+    EXPECT_EQ(0, Lock(kAll)) << "a second copy";
+    ExtSelectClipRgn(dc_, nullptr, RGN_COPY);
+    const uint32_t before = At(0, 0);
+    for (int nested = 0; nested < 2; ++nested) {
+        ASSERT_EQ(1, Lock({4, 4, 6, 6}));
+        EXPECT_EQ(At(5, 4), PixelAt(view_, 1, 0));
+    }
+    EXPECT_EQ(0, Lock({4, 4, 4, 6})) << "a refused lock has no unlock";
+    Unlock();
+    Unlock();
+    EXPECT_EQ(before, At(0, 0)) << "these unlocks end the locks in place";
+    Unlock();
+    EXPECT_EQ(0x01020304u, At(0, 0));
+    EXPECT_EQ(0x01020304u, At(3, 3)) << "the copy has kept its rectangle";
+    EXPECT_NE(0x01020304u, At(4, 4));
+    FillWith(dib_.View(), 0);
+    for (int more = 0; more < 3; ++more) Unlock();
+    EXPECT_EQ(0u, At(0, 0)) << "the copy is written once";
+
+    // What is never unlocked is forgotten when the canvas is deleted.
+    SelectClipWithHole(dc_, kAll, hole);
+    const HGCANVAS other = CreateCanvasFromDC(dc_);
+    ASSERT_EQ(1, LockCanvasBits(other, &view_, &kAll));
+    FillWith(view_, 1);
+    DeleteCanvas(other);
+    EXPECT_EQ(0u, At(0, 0));
+    EXPECT_NE(0u, GetObjectType(dc_)) << "the context is the caller's";
 }
 
 TEST_F(DcCanvasTest, TakesTheContextsOriginsOver) {
     SetViewportOrgEx(dc_, 3, 4, nullptr);
     SetWindowOrgEx(dc_, 1, -1, nullptr);
     const OwnedCanvas canvas(CreateCanvasFromDC(dc_));
-    POINT origin{};
-    GetViewportOrg(canvas, &origin);
-    EXPECT_EQ(3, origin.x);
-    EXPECT_EQ(4, origin.y);
-    GetWindowOrg(canvas, &origin);
-    EXPECT_EQ(1, origin.x);
-    EXPECT_EQ(-1, origin.y);
+    POINT viewport{}, window{};
+    GetViewportOrg(canvas, &viewport);
+    GetWindowOrg(canvas, &window);
+    EXPECT_EQ((Size{3, 4}), (Size{viewport.x, viewport.y}));
+    EXPECT_EQ((Size{1, -1}), (Size{window.x, window.y}));
     const OwnedBitmap bitmap = NoisyBitmap(2, 2, 5);
     const RECT place{0, 0, 2, 2};
     EXPECT_EQ(1, DrawBitmap(canvas, &place, bitmap, 0));
-    EXPECT_EQ(PixelAt(ViewOf(bitmap), 1, 1), PixelAt(dib_.View(), 3, 6));
+    EXPECT_EQ(PixelAt(ViewOf(bitmap), 1, 1), At(3, 6));
     // And moves them.
-    EXPECT_NE(0, SetViewportOrg(canvas, 0, 0, &origin));
-    EXPECT_EQ(3, origin.x);
-    GetViewportOrgEx(dc_, &origin);
-    EXPECT_EQ(0, origin.x);
-}
-
-TEST_F(DcCanvasTest, ClipsThroughTheContext) {
-    EXPECT_EQ(Rect(0, 0, kSide, kSide), ClipOf(canvas_));
-    const RECT clip{2, 2, 8, 8}, narrower{5, 0, 20, 7};
-    EXPECT_EQ(1, SetCanvasClipRect(canvas_, &clip));
-    EXPECT_EQ(Rect(clip), ClipOf(canvas_));
-    EXPECT_EQ(1, IntersectCanvasClipRect(canvas_, &narrower));
-    EXPECT_EQ(Rect(5, 2, 8, 7), ClipOf(canvas_));
-    RECT box{};
-    EXPECT_EQ(SIMPLEREGION, GetClipBox(dc_, &box));
-    EXPECT_EQ(Rect(5, 2, 8, 7), Rect(box));
-    const RECT inverted{8, 8, 2, 2};
-    EXPECT_EQ(1, SetCanvasClipRect(canvas_, &inverted));
-    EXPECT_TRUE(ClipOf(canvas_).IsEmpty());
-    EXPECT_EQ(1, SetCanvasClipRect(canvas_, &clip));
-    EXPECT_EQ(1, IntersectCanvasClipRect(canvas_, &inverted));
-    EXPECT_TRUE(ClipOf(canvas_).IsEmpty());
+    EXPECT_NE(0, SetViewportOrg(canvas, 0, 0, &viewport));
+    EXPECT_EQ(3, viewport.x);
+    GetViewportOrgEx(dc_, &viewport);
+    EXPECT_EQ(0, viewport.x);
 }
 
 TEST_F(DcCanvasTest, TheClipLastsWhenTheVisiblePartChanges) {
@@ -124,14 +217,18 @@ TEST_F(DcCanvasTest, TheClipLastsWhenTheVisiblePartChanges) {
     }
 }
 
-TEST(RefusingDcTest, ClipsAreAcceptedAllTheSame) {
+TEST(GoneDcTest, ClipsAreAcceptedAndPixelsAreTransparentBlack) {
     const OwnedCanvas system(CreateSystemCanvas(4, 4, {}));
     HDC gone = CreateCompatibleDC(nullptr);
     const OwnedCanvas foreign(CreateCanvasFromDC(gone));
     DeleteDC(gone);
     DeleteDC(GetCanvasHandle(system));
     const RECT rect{1, 1, 3, 3};
+    SurfaceView view{};
     for (const HGCANVAS canvas : {HGCANVAS(system), HGCANVAS(foreign)}) {
+        ASSERT_EQ(1, LockCanvasBits(canvas, &view, &rect));
+        EXPECT_EQ(std::vector<uint32_t>(4), PixelsOf(view)) << "what can't be read";
+        EXPECT_EQ(1, UnlockCanvasBits(canvas));
         EXPECT_EQ(1, SetCanvasClipRect(canvas, &rect));
         EXPECT_EQ(1, IntersectCanvasClipRect(canvas, &rect));
     }

@@ -2,19 +2,9 @@
 
 #include "handle_world.h"
 
-#include <algorithm>
-#include <cstring>
+#include <cctype>
 
 namespace lacquer {
-
-OutRecords out;
-
-void OutRecords::Reset() { std::memset(static_cast<void *>(this), 0xA5, sizeof *this); }
-
-bool OutRecords::IsUntouched() const {
-    const auto *bytes = reinterpret_cast<const unsigned char *>(this);
-    return std::all_of(bytes, bytes + sizeof *this, [](unsigned char value) { return value == 0xA5; });
-}
 
 namespace {
 
@@ -28,12 +18,6 @@ HWND FakeWindow() { return reinterpret_cast<HWND>(static_cast<uintptr_t>(0x4321)
 uintptr_t CreateAny(size_t type) {
     if (type == 0) return CreateCanvas(1, 1, HGCANVAS{}).value;
     return type == 1 ? CreateMemBitmap(1, 1).value : CreateTexture(1, 1).value;
-}
-
-void DeleteAny(uintptr_t handle) {
-    DeleteCanvas({handle});
-    DeleteBitmap({handle});
-    DeleteTexture({handle});
 }
 
 }  // namespace
@@ -59,6 +43,12 @@ HandleWorld::HandleWorld() {
     canvasAlias_ = GetCanvasParent(canvases_[0]);
     bitmapAlias_ = GetBitmap(canvases_[0]);
     entry_ = e_NewHandleEntry(nullptr, kEntryType, &entry_);
+    // Its pixels must outlive it.
+    static DWORD pixels[16];
+    velBitmap *bitmap = velBitmapCreateFromData(pixels, 4, 4, 16);
+    velCanvasSetBitmap(companion_, bitmap);
+    velBitmapDestroy(bitmap);
+    velPathAddRectangle(path_, 0, 0, 2, 2);
     for (size_t i = 0; i < kTypes; ++i) {
         reused_[i] = CreateAny(i);
         DeleteAny(reused_[i]);
@@ -73,6 +63,9 @@ HandleWorld::~HandleWorld() {
     ReleaseBitmap(bitmapAlias_);
     e_DelHandleEntry(nullptr, entry_);
     for (const uintptr_t handle : replacements_) DeleteAny(handle);
+    velCanvasDestroy(companion_);
+    velPathDestroy(path_);
+    velGradientDestroy(gradient_);
 }
 
 uintptr_t HandleWorld::Valid(char letter, size_t argument) const {
@@ -82,8 +75,23 @@ uintptr_t HandleWorld::Valid(char letter, size_t argument) const {
         case 't': return HGTEXTURE(textures_[argument]).value;
         case 'p': return canvasAlias_.value;
         case 'a': return bitmapAlias_.value;
+        case 'D': return reinterpret_cast<uintptr_t>(static_cast<HDC>(dc_));
+        case 'V': return reinterpret_cast<uintptr_t>(companion_);
+        case 'P': return reinterpret_cast<uintptr_t>(path_);
+        case 'G': return reinterpret_cast<uintptr_t>(gradient_);
         default: return entry_;
     }
+}
+
+std::vector<Argument> HandleWorld::ArgumentsFor(const ExportedCall &row) const {
+    std::vector<Argument> arguments = row.arguments;
+    size_t handles = 0;
+    for (Argument &argument : arguments) {
+        if (std::isalpha(argument.letter) && argument.letter != 'n' && argument.letter != 's') {
+            argument.word = Valid(argument.letter, handles++);
+        }
+    }
+    return arguments;
 }
 
 std::vector<uintptr_t> HandleWorld::Wrong(char letter, size_t argument) const {

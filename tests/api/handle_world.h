@@ -1,45 +1,35 @@
-// Objects of every type that wrong handles must not touch, the wrong handles themselves, and records that a refused
-// call must not write.
+// Objects of every type, which calls are made with and which wrong handles must not touch, and the wrong handles.
 #pragma once
 
 #include <array>
 #include <vector>
 
+#include "exported_calls.h"
 #include "objects.h"
+#include "support/memory_dc.h"
 
 namespace lacquer {
 
-/// What a call may write to, filled with a pattern before it.
-struct OutRecords {
-    SurfaceView view;
-    TextureMode mode;
-    RECT rect;
-    SIZE size;
-    POINT point;
-    DWORD word;
-    BYTE byte;
-
-    void Reset();
-    bool IsUntouched() const;
-};
-
-/// The records that all calls use.
-extern OutRecords out;
-
 /// What a handle's upper half may hold.
 constexpr uintptr_t kUpperGarbage = static_cast<uintptr_t>(0xDEADBEEF12345678) & ~static_cast<uintptr_t>(0xFFFFFFFF);
+
+/// Whether a letter stands for a handle of the library.
+constexpr bool IsHandle(char letter) { return std::string_view("cbtpae").find(letter) != std::string_view::npos; }
 
 /// Two live objects of each type, and handles that are no longer current.
 class HandleWorld {
 public:
     HandleWorld();
-    ~HandleWorld();
+    virtual ~HandleWorld();
     HandleWorld(const HandleWorld &) = delete;
     HandleWorld &operator=(const HandleWorld &) = delete;
 
-    /// A live handle for an argument: 'c', 'b', 't', 'p' and 'a' for aliases of a canvas and of its surface, or 'e' for
-    /// an entry made by hand. `argument`, 0 or 1: its place among the handle arguments.
-    uintptr_t Valid(char letter, size_t argument) const;
+    /// A live object for an argument: 'c', 'b', 't', 'p' and 'a' for aliases of a canvas and of its surface, 'e' for an
+    /// entry made by hand, 'D', 'V', 'P' or 'G'. `argument`, 0 or 1: its place among the handles.
+    virtual uintptr_t Valid(char letter, size_t argument) const;
+
+    /// What a function is called with.
+    std::vector<Argument> ArgumentsFor(const ExportedCall &row) const;
 
     /// Everything that must be refused for such an argument.
     std::vector<uintptr_t> Wrong(char letter, size_t argument) const;
@@ -56,9 +46,14 @@ private:
     std::array<OwnedCanvas, 2> canvases_{NoisyCanvas(kSide, kSide, 5),
                                          OwnedCanvas(CreateSystemCanvas(kSide, kSide, HGCANVAS{}))};
     std::array<uintptr_t, kTypes> freed_{}, reused_{}, replacements_{};
+    const Dib dib_{kSide, kSide};
+    const MemoryDC dc_{dib_.Handle()};
     HGCANVAS canvasAlias_{};
     HGBITMAP bitmapAlias_{};
     DWORD entry_ = 0;
+    velCanvas *const companion_ = velCanvasCreate();
+    velPath *const path_ = velPathCreate();
+    velGradient *const gradient_ = velGradientCreateLinear(0, 0, 1, 1);
 };
 
 }  // namespace lacquer

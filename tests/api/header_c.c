@@ -1,4 +1,4 @@
-/* The public header alone in C11: layouts, and calls of a few functions. */
+/* The public header alone in C11: layouts. tests/install has a whole program in C. */
 #include <lacquer/lacquer.h>
 
 #include <stddef.h>
@@ -22,24 +22,3 @@ _Static_assert(sizeof(GeoRect) == 16 && sizeof(GeoStyle) == 28 && sizeof(ShadowS
 _Static_assert(offsetof(GeoStyle, radii) == 12 && offsetof(ShadowStyle, radii) == 20 &&
                    offsetof(ShadowStyle, flags) == 40,
                "records of floats");
-
-uint32_t DrawFromC(void);
-
-/* Draws a bitmap's one pixel on a canvas; result: the canvas's pixel, 0 when a call fails. */
-uint32_t DrawFromC(void) {
-    const HGCANVAS none = {0};
-    const RECT rect = {0, 0, 1, 1};
-    const HGCANVAS canvas = CreateCanvas(1, 1, none);
-    const HGBITMAP bitmap = CreateMemBitmap(1, 1);
-    SurfaceView view;
-    uint32_t pixel = 0;
-    if (LockBitmapBits(bitmap, &view, NULL)) {
-        *(uint32_t *)view.bits = 0xFF336699u;
-        if (DrawBitmap(canvas, &rect, bitmap, LACQUER_NEAREST) && LockCanvasBits(canvas, &view, &rect)) {
-            pixel = *(const uint32_t *)view.bits;
-        }
-    }
-    DeleteBitmap(bitmap);
-    DeleteCanvas(canvas);
-    return pixel;
-}

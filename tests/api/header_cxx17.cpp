@@ -1,4 +1,4 @@
-// The public header alone in C++17, its handle types, and what header_c.c makes of it in C11.
+// The public header alone in C++17: its handle types.
 #include <lacquer/lacquer.h>
 
 #include <gtest/gtest.h>
@@ -13,10 +13,7 @@ static_assert(!std::is_convertible_v<HGBITMAP, bool> && !std::is_convertible_v<H
 static_assert(!std::is_convertible_v<uintptr_t, HGCANVAS>);
 static_assert(std::is_standard_layout_v<SurfaceView> && std::is_standard_layout_v<TextureMode>);
 
-extern "C" uint32_t DrawFromC(void);
-
-TEST(HeaderTest, WorksFromC11AndCxx17) {
-    EXPECT_EQ(0xFF336699u, DrawFromC());
+TEST(HeaderTest, HandlesCompareInCxx17) {
     const HGBITMAP none{}, first{0x01020001}, same{0x01020001}, second{0x01020002};
     EXPECT_TRUE(!none && first && first == same && first != second && !(first == second) && !(first != same));
 }

@@ -29,12 +29,25 @@ inline int GetSize(HGBITMAP bitmap, SIZE *size) { return GetBitmapSize(bitmap, s
 inline int GetSize(HGTEXTURE texture, SIZE *size) { return GetTextureSize(texture, size); }
 inline int GetSize(HGCANVAS canvas, SIZE *size) { return GetCanvasSize(canvas, size); }
 
+using Size = std::array<LONG, 2>;
+
 /// Width and height; what `GetSize` leaves of (-7, -8) where it fails.
 template <class Object>
-std::array<LONG, 2> SizeOf(const Object &object) {
+Size SizeOf(const Object &object) {
     SIZE size{-7, -8};
     GetSize(object, &size);
     return {size.cx, size.cy};
+}
+
+inline void DeleteAny(HGBITMAP bitmap) { DeleteBitmap(bitmap); }
+inline void DeleteAny(HGTEXTURE texture) { DeleteTexture(texture); }
+inline void DeleteAny(HGCANVAS canvas) { DeleteCanvas(canvas); }
+
+/// Deletes whatever a handle names.
+inline void DeleteAny(uintptr_t handle) {
+    DeleteAny(HGBITMAP{handle});
+    DeleteAny(HGTEXTURE{handle});
+    DeleteAny(HGCANVAS{handle});
 }
 
 /// Makes rectangles comparable and printable.

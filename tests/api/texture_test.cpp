@@ -1,4 +1,4 @@
-// Textures: slices, layout records, and pixels shared with canvases and taken from bitmaps.
+// What only textures have: slices and layout records.
 
 #include <gtest/gtest.h>
 
@@ -11,13 +11,13 @@ namespace lacquer {
 namespace {
 
 constexpr int kNone = -1;
-using Size = std::array<LONG, 2>;
 
 Rect SliceOf(HGTEXTURE texture) {
     RECT slice{};
     EXPECT_EQ(1, GetTextureCurSlice(texture, &slice));
     return slice;
 }
+
 class SliceTest : public testing::Test {
 protected:
     const RECT slices_[3] = {{10, 0, 40, 20}, {0, 0, 5, 6}, {1, 2, 3, 4}};
@@ -107,109 +107,21 @@ TEST(TextureTest, LocksAreInWholeTextureCoordinates) {
 }
 
 TEST(TextureTest, ProductsHaveNoSlicesAndNoLayout) {
-    const OwnedTexture texture = Noisy(OwnedTexture(CreateTextureEx(6, 4, 8, 16)), 1, true);
+    const OwnedTexture texture = NoisyTexture(6, 4, 1);
     const RECT slice{0, 0, 2, 2};
     const TextureMode mode{3, 1, {1, 1, 1, 1}};
-    SetTextureFilter(texture, 0x01000000);
     SetTextureSlice(texture, 1, &slice);
     SetTextureMode(texture, &mode);
-    const OwnedTexture resized(ResizeTexture(texture, 12, 8, 0)), turned(TransformTexture(texture, 3)),
-        rotated(RotateTexture(texture, 3)), flipped(FlipTexture(texture, 5));
-    for (const HGTEXTURE made : {HGTEXTURE(resized), HGTEXTURE(turned), HGTEXTURE(rotated), HGTEXTURE(flipped)}) {
+    const OwnedTexture resized(ResizeTexture(texture, 12, 8, 0)), turned(TransformTexture(texture, 3));
+    for (const HGTEXTURE made : {HGTEXTURE(resized), HGTEXTURE(turned)}) {
         TextureMode stored{9, 9, {}};
         GetTextureMode(made, &stored);
         EXPECT_EQ(0u, stored.mode);
         EXPECT_EQ(0u, stored.scaleFlags);
         EXPECT_EQ(0u, GetTextureSliceCount(made));
-        EXPECT_EQ(0x01000000u, FilterOf(made));
     }
-    BYTE depth = 0;
-    EXPECT_EQ(1, GetTextureBitsPixel(resized, &depth));
-    EXPECT_EQ(32, depth);
-    EXPECT_EQ(1, GetTextureBitsPixel(turned, &depth));
-    EXPECT_EQ(8, depth);
-    EXPECT_EQ((Size{12, 8}), SizeOf(resized));
+    EXPECT_EQ((Size{12, 8}), SizeOf(resized)) << "the whole texture, not the slice";
     EXPECT_EQ((Size{4, 6}), SizeOf(turned));
-    EXPECT_EQ(PixelsIn(turned), PixelsIn(rotated));
-    const uint32_t topLeft = ColourAt(ViewOf(texture), 0, 0);
-    EXPECT_EQ(topLeft, ColourAt(ViewOf(turned), 0, 5)) << "counter-clockwise: top left to bottom left";
-    EXPECT_EQ(topLeft, ColourAt(ViewOf(flipped), 5, 0));
-    for (const int code : {0, 4, -1}) EXPECT_FALSE(RotateTexture(texture, code));
-    for (const DWORD code : {0u, 3u, 6u}) EXPECT_FALSE(FlipTexture(texture, code));
-    for (const DWORD code : {0u, 8u}) EXPECT_FALSE(TransformTexture(texture, code));
-}
-
-TEST(TextureTest, ProductsOfSystemPixelsAreInMemory) {
-    const OwnedCanvas canvas(CreateSystemCanvas(4, 4, {}));
-    const OwnedTexture borrowed(GetTexture(canvas));
-    const OwnedTexture resized(ResizeTexture(borrowed, 4, 4, 0)), turned(TransformTexture(borrowed, 1));
-    for (const HGTEXTURE made : {HGTEXTURE(resized), HGTEXTURE(turned)}) {
-        const void *bits = ViewOf(made).bits;
-        EXPECT_NE(nullptr, GetTextureHandle(made));
-        EXPECT_NE(bits, ViewOf(made).bits) << "the pixels move when a handle is asked for";
-    }
-}
-
-TEST(TextureTest, CopyIsTheOneOfBitmaps) {
-    const OwnedTexture dest = NoisyTexture(4, 4, 1), source = Noisy(OwnedTexture(CreateTextureEx(2, 2, 24, 0)), 2);
-    SetTextureFilter(source, 0x02000001);
-    const RECT to{1, 1, 4, 4};
-    EXPECT_EQ(1, CopyTexture(dest, &to, source, nullptr));
-    EXPECT_EQ(0x02000001u, FilterOf(dest));
-    EXPECT_EQ(ColourAt(ViewOf(source), 1, 1), PixelAt(ViewOf(dest), 2, 2));
-}
-
-TEST(TextureTest, ABitmapGivesItsPixelsAway) {
-    const HGBITMAP bitmap = Noisy(CreateMemBitmapEx(5, 4, 8, 16), 1, true);
-    SetBitmapFilter(bitmap, 0x02000003);
-    const void *bits = ViewOf(bitmap).bits;
-    const std::vector<uint32_t> colours = ColoursOf(ViewOf(bitmap));
-    const OwnedTexture texture(BitmapToTexture(bitmap));
-    EXPECT_FALSE(IsLive(bitmap));
-    EXPECT_FALSE(BitmapToTexture(bitmap));
-    EXPECT_EQ(bits, ViewOf(texture).bits) << "no pixel is copied";
-    EXPECT_EQ(colours, ColoursOf(ViewOf(texture)));
-    EXPECT_EQ(0x02000003u, FilterOf(texture));
-    EXPECT_EQ(0u, GetTextureSliceCount(texture));
-    EXPECT_NE(nullptr, GetTextureHandle(texture));
-    EXPECT_EQ(colours, PixelsIn(texture));
-}
-
-TEST(TextureTest, BorrowedPixelsOutliveWhateverTheCanvasDoes) {
-    enum class Event { Release, Delete, GetHandle, ToBitmap, ToTexture, DeleteAlias, ConvertAlias };
-    for (const Event event : {Event::Release, Event::Delete, Event::GetHandle, Event::ToBitmap, Event::ToTexture,
-                              Event::DeleteAlias, Event::ConvertAlias}) {
-        for (const bool system : {false, true}) {
-            SCOPED_TRACE(static_cast<int>(event));
-            const HGCANVAS canvas = system ? CreateSystemCanvas(6, 5, {}) : CreateCanvas(6, 5, {});
-            SetCanvasFilter(canvas, 0x01000000);
-            FillWithNoise(ViewOf(canvas), 8);
-            const OwnedTexture texture(GetTexture(canvas));
-            EXPECT_EQ(0x01000000u, FilterOf(texture));
-            EXPECT_EQ(ViewOf(canvas).bits, ViewOf(texture).bits);
-            EXPECT_EQ(system, GetTextureHandle(texture) != nullptr) << "the texture can't move them";
-            const std::vector<uint32_t> pixels = PixelsIn(texture);
-            HGBITMAP made{};
-            HGTEXTURE other{};
-            const HGBITMAP alias = GetBitmap(canvas);
-            switch (event) {
-                case Event::Release: ReleaseTexture(GetTexture(canvas)); break;
-                case Event::Delete: DeleteCanvas(canvas); break;
-                case Event::GetHandle: EXPECT_NE(nullptr, GetCanvasHandle(canvas)); break;
-                case Event::ToBitmap: made = CanvasToBitmap(canvas); break;
-                case Event::ToTexture: other = CanvasToTexture(canvas); break;
-                case Event::DeleteAlias: DeleteBitmap(alias); break;
-                case Event::ConvertAlias: EXPECT_NE(nullptr, GetBitmapHandle(alias)); break;
-            }
-            ReleaseBitmap(alias);
-            EXPECT_EQ(pixels, PixelsIn(texture));
-            DeleteBitmap(made);
-            DeleteTexture(other);
-            DeleteCanvas(canvas);
-            EXPECT_EQ(pixels, PixelsIn(texture));
-            FillWith(ViewOf(texture), 0x01020304);
-        }
-    }
 }
 
 }  // namespace

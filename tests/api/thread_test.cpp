@@ -165,48 +165,29 @@ TEST(ThreadTest, OfTwoDeletionsAtOnceOneDoesNothing) {
         HGBITMAP bitmap, pixels;
         HGTEXTURE texture;
     } family{};
+    // Each way tells whether it made something.
     using End = bool (*)(const Family &);
-    const struct {
-        const char *name;
-        End first, second;
-    } pairs[] = {
-        {"bitmap", [](const Family &f) { return DeleteBitmap(f.bitmap), false; },
-         [](const Family &f) { return DeleteBitmap(f.bitmap), false; }},
-        {"texture", [](const Family &f) { return DeleteTexture(f.texture), false; },
-         [](const Family &f) { return ReleaseTexture(f.texture), false; }},
-        {"canvas and alias", [](const Family &f) { return DeleteCanvas(f.canvas), false; },
-         [](const Family &f) { return DeleteCanvas(f.alias), false; }},
-        {"canvas and its bitmap", [](const Family &f) { return DeleteCanvas(f.canvas), false; },
-         [](const Family &f) { return DeleteBitmap(f.pixels), false; }},
-        {"two bitmaps of a canvas", [](const Family &f) { return DeleteBitmap(f.pixels), false; },
-         [](const Family &f) { return DeleteBitmap(GetBitmap(f.canvas)), false; }},
-        {"conversions of a canvas",
-         [](const Family &f) {
-             const HGBITMAP made = CanvasToBitmap(f.canvas);
-             EXPECT_TRUE(!made || PixelsIn(made).size() == 9);
-             DeleteBitmap(made);
-             return bool(made);
-         },
-         [](const Family &f) {
-             const HGTEXTURE made = CanvasToTexture(f.alias);
-             EXPECT_TRUE(!made || PixelsIn(made).size() == 9);
-             DeleteTexture(made);
-             return bool(made);
-         }},
-        {"conversions of a bitmap",
-         [](const Family &f) {
-             const HGTEXTURE made = BitmapToTexture(f.bitmap);
-             DeleteTexture(made);
-             return bool(made);
-         },
-         [](const Family &f) {
-             const HGTEXTURE made = BitmapToTexture(f.bitmap);
-             DeleteTexture(made);
-             return bool(made);
-         }},
+    static constexpr auto whole = [](auto made) {
+        EXPECT_TRUE(!made || PixelsIn(made).size() == 9);
+        DeleteAny(made);
+        return static_cast<bool>(made);
     };
+    const End deleteBitmap = [](const Family &f) { return DeleteBitmap(f.bitmap), false; },
+              deleteTexture = [](const Family &f) { return DeleteTexture(f.texture), false; },
+              releaseTexture = [](const Family &f) { return ReleaseTexture(f.texture), false; },
+              deleteCanvas = [](const Family &f) { return DeleteCanvas(f.canvas), false; },
+              deleteAlias = [](const Family &f) { return DeleteCanvas(f.alias), false; },
+              deletePixels = [](const Family &f) { return DeleteBitmap(f.pixels), false; },
+              deleteOther = [](const Family &f) { return DeleteBitmap(GetBitmap(f.canvas)), false; },
+              convertCanvas = [](const Family &f) { return whole(CanvasToBitmap(f.canvas)); },
+              convertAlias = [](const Family &f) { return whole(CanvasToTexture(f.alias)); },
+              convertBitmap = [](const Family &f) { return whole(BitmapToTexture(f.bitmap)); };
+    const std::pair<End, End> pairs[] = {{deleteBitmap, deleteBitmap},  {deleteTexture, releaseTexture},
+                                         {deleteCanvas, deleteAlias},   {deleteCanvas, deletePixels},
+                                         {deletePixels, deleteOther},   {convertCanvas, convertAlias},
+                                         {convertBitmap, convertBitmap}};
     for (const auto &pair : pairs) {
-        SCOPED_TRACE(pair.name);
+        SCOPED_TRACE(testing::Message() << "pair " << &pair - pairs);
         const OwnedCanvas child(CreateCanvas(1, 1, {}));
         bool firstMade = false, secondMade = false;
         Race(
@@ -216,7 +197,7 @@ TEST(ThreadTest, OfTwoDeletionsAtOnceOneDoesNothing) {
                 SetCanvasParent(child, family.canvas);
                 family.alias = GetCanvasParent(child);
                 family.pixels = GetBitmap(family.canvas);
-                family.bitmap = CreateMemBitmap(4, 4);
+                family.bitmap = CreateMemBitmap(3, 3);
                 family.texture = CreateTexture(4, 4);
             },
             [&] { firstMade = pair.first(family); }, [&] { secondMade = pair.second(family); },

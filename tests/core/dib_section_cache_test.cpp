@@ -35,22 +35,19 @@ Section Take(DibSectionCache &cache, int width, int height, DWORD now) {
 /// Uses and gives back a section of a size that no test looks at, which lets the cache trim.
 void Touch(DibSectionCache &cache, DWORD now) { cache.Release(Take(cache, 3, 1, now).handle, now); }
 
-TEST(DibSectionCacheTest, DisabledItKeepsNothing) {
-    DibSectionCache cache(false, 0);
-    const Section first = Take(cache, 4, 4, 0);
-    cache.Release(first.handle, 0);
+TEST(DibSectionCacheTest, DisabledOrWithoutASectionItKeepsNothing) {
+    DibSectionCache disabled(false, 0), enabled(true, 0);
+    const Section first = Take(disabled, 4, 4, 0);
+    disabled.Release(first.handle, 0);
     EXPECT_FALSE(Exists(first.handle));
-    EXPECT_EQ(0, cache.Count());
-    EXPECT_EQ(0, cache.Bytes());
-}
-
-TEST(DibSectionCacheTest, FailureLeavesNothingBehind) {
-    DibSectionCache cache(true, 0);
     BITMAP description{};
     description.bmWidth = 77;
-    EXPECT_EQ(nullptr, cache.Acquire(0, 5, 0, &description));
+    EXPECT_EQ(nullptr, enabled.Acquire(0, 5, 0, &description));
     EXPECT_EQ(77, description.bmWidth);
-    EXPECT_EQ(0, cache.Count());
+    for (const DibSectionCache *cache : {&disabled, &enabled}) {
+        EXPECT_EQ(0, cache->Count());
+        EXPECT_EQ(0, cache->Bytes());
+    }
 }
 
 TEST(DibSectionCacheTest, ReusesIdleSectionsOfTheSameSizeOnly) {
@@ -100,39 +97,32 @@ TEST(DibSectionCacheTest, BeyondItsLimitsSectionsAreNotKept) {
 }
 
 TEST(DibSectionCacheTest, TrimsIdleSectionsAtMostOnceAMinute) {
-    DibSectionCache cache(true, 0);
-    const Section idle = Take(cache, 8, 8, 0), used = Take(cache, 9, 9, 0);
-    cache.Release(idle.handle, 0);
-
-    Touch(cache, kIdleLimit - 1);
-    EXPECT_TRUE(Exists(idle.handle)) << "idle for one millisecond less than the limit";
-    Touch(cache, kIdleLimit + kTrimInterval - 2);
-    EXPECT_TRUE(Exists(idle.handle)) << "the last trim was less than a minute ago";
-    Touch(cache, kIdleLimit + kTrimInterval - 1);
-    EXPECT_FALSE(Exists(idle.handle));
-    EXPECT_TRUE(Exists(used.handle)) << "in use";
-    EXPECT_EQ(2, cache.Count());
-    EXPECT_EQ(9 * 9 * 4 + 3 * 4, cache.Bytes());
-}
-
-TEST(DibSectionCacheTest, TheIdleLimitIsExact) {
-    DibSectionCache cache(true, 0);
-    const Section idle = Take(cache, 8, 8, 1000);
-    cache.Release(idle.handle, 1000);
-    Touch(cache, 1000 + kIdleLimit);
-    EXPECT_FALSE(Exists(idle.handle));
-}
-
-TEST(DibSectionCacheTest, TickCountsMayWrap) {
-    DibSectionCache cache(true, 0xFFFFF000);
-    const Section idle = Take(cache, 8, 8, 0xFFFFFFF0);
-    cache.Release(idle.handle, 0xFFFFFFF0);
-    Touch(cache, kTrimInterval);
-    EXPECT_TRUE(Exists(idle.handle));
-    Touch(cache, kIdleLimit - 1);
-    EXPECT_TRUE(Exists(idle.handle));
-    Touch(cache, kIdleLimit + kTrimInterval);
-    EXPECT_FALSE(Exists(idle.handle));
+    struct {
+        DWORD made, lastUse;
+        struct {
+            DWORD now;
+            bool exists;
+        } looks[3];
+    } const cases[] = {
+        // One millisecond less than the limit; less than a minute after that trim; a minute after it.
+        {0,
+         0,
+         {{kIdleLimit - 1, true}, {kIdleLimit + kTrimInterval - 2, true}, {kIdleLimit + kTrimInterval - 1, false}}},
+        {0, 1000, {{1000, true}, {1000 + kIdleLimit, false}, {1001 + kIdleLimit, false}}},
+        // The tick count wraps.
+        {0xFFFFF000, 0xFFFFFFF0, {{kTrimInterval, true}, {kIdleLimit - 1, true}, {kIdleLimit + kTrimInterval, false}}}};
+    for (const auto &[made, lastUse, looks] : cases) {
+        DibSectionCache cache(true, made);
+        const Section idle = Take(cache, 8, 8, lastUse), used = Take(cache, 9, 9, lastUse);
+        cache.Release(idle.handle, lastUse);
+        for (const auto &[now, exists] : looks) {
+            Touch(cache, now);
+            EXPECT_EQ(exists, Exists(idle.handle)) << now - lastUse;
+        }
+        EXPECT_TRUE(Exists(used.handle));
+        EXPECT_EQ(2, cache.Count());
+        EXPECT_EQ(9 * 9 * 4 + 3 * 4, cache.Bytes());
+    }
 }
 
 TEST(DibSectionCacheTest, ItsEndDeletesEverything) {

@@ -35,12 +35,9 @@ TEST(HandleTableTest, FirstHandlesNameTypeGenerationAndIndex) {
     EXPECT_EQ(&objects[0], bitmaps.LookupHandleEntry(0x01020001));
     EXPECT_EQ(&objects[1], bitmaps.LookupHandleEntry(0x01030002));
     EXPECT_EQ(&objects[2], canvases.LookupHandleEntry(0x01010001));
-}
-
-TEST(HandleTableTest, OnlyTheLowByteOfTheTypeCounts) {
-    OpenTable table;
-    EXPECT_EQ(0x01FF0001u, table.NewHandleEntry(-1, &objects[0]));
-    EXPECT_EQ(0x01020002u, table.NewHandleEntry(0x7F02, &objects[0]));
+    // Only the low byte of the type counts.
+    EXPECT_EQ(0x01FF0003u, bitmaps.NewHandleEntry(-1, &objects[0]));
+    EXPECT_EQ(0x01020004u, bitmaps.NewHandleEntry(0x7F02, &objects[0]));
 }
 
 TEST(HandleTableTest, RefusesWhatIsNotCurrent) {
@@ -71,23 +68,16 @@ TEST(HandleTableTest, RefusesWhatIsNotCurrent) {
     EXPECT_FALSE(table.DelHandleEntry(0x02000001)) << "the free slot's own tag";
 }
 
-TEST(HandleTableTest, TypeZeroIsNeverCurrent) {
+TEST(HandleTableTest, WithoutATypeOrAnObjectAnEntryIsNeverCurrent) {
     OpenTable table;
-    const uint32_t handle = table.NewHandleEntry(0x100, &objects[0]);
-    EXPECT_EQ(0x01000001u, handle);
-    EXPECT_EQ(nullptr, table.LookupHandleEntry(handle));
-    EXPECT_FALSE(table.DelHandleEntry(handle));
-    EXPECT_EQ(2u, IndexOf(table.NewHandleEntry(kBitmap, &objects[1]))) << "the slot is held all the same";
-}
-
-TEST(HandleTableTest, ASlotWithoutAnObjectIsHandedOutAgain) {
-    OpenTable table;
-    const uint32_t empty = table.NewHandleEntry(kBitmap, nullptr);
-    EXPECT_EQ(1u, IndexOf(empty));
-    EXPECT_EQ(nullptr, table.LookupHandleEntry(empty));
-    EXPECT_EQ(0x01010001u, table.NewHandleEntry(kCanvas, &objects[0]));
-    EXPECT_EQ(nullptr, table.LookupHandleEntry(empty));
-    EXPECT_FALSE(table.DelHandleEntry(empty));
+    const uint32_t untyped = table.NewHandleEntry(0x100, &objects[0]), empty = table.NewHandleEntry(kBitmap, nullptr);
+    EXPECT_EQ(0x01000001u, untyped);
+    EXPECT_EQ(0x01020002u, empty);
+    EXPECT_EQ(0x01010002u, table.NewHandleEntry(kCanvas, &objects[1])) << "only a slot with an object is held";
+    for (const uint32_t handle : {untyped, empty}) {
+        EXPECT_EQ(nullptr, table.LookupHandleEntry(handle));
+        EXPECT_FALSE(table.DelHandleEntry(handle));
+    }
 }
 
 TEST(HandleTableTest, ReusesTheSlotFreedLastThenTheLowestFreeOne) {

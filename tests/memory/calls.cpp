@@ -4,113 +4,84 @@
 
 #include <string>
 
-#include "support/memory_dc.h"
 #include "support/objects.h"
 #include "velgraphic/animations.h"
 
 namespace lacquer {
 namespace {
 
-using Values = HandleCall::Values;
-
-/// A handle of any type, as an argument or a result.
-struct Any {
-    uintptr_t value;
-    template <class Handle>
-    operator Handle *() const {
-        return reinterpret_cast<Handle *>(value);
-    }
-};
-
-constexpr RECT kRect{1, 1, 3, 3};
-constexpr BLENDFUNCTION kBlend{AC_SRC_OVER, 0, 200, 0};
-RECT rect;
-POINT point;
-BITMAP description;
-
 struct ThreeRects {
     RGNDATAHEADER header{sizeof(RGNDATAHEADER), RDH_RECTANGLES, 3, sizeof(RECT) * 3, {0, 0, 9, 9}};
     RECT rects[3] = {{0, 0, 2, 2}, {4, 0, 6, 3}, {1, 5, 9, 9}};
 } threeRects;
-struct {
-    RGNDATA data;
-    RECT rects[16];
-} regionData;
-struct {
-    BITMAPINFO info;
-    RGBQUAD colours[256];
-} picture = {{{sizeof(BITMAPINFOHEADER), 4, 4, 1, 8, BI_RGB, 0, 0, 0, 0, 0}, {}}, {}};
-DWORD bits[16];
 
-#define GDI(name, letters, expression, ...)                          \
-    {                                                                \
-#name, letters, []([[maybe_unused]] const Values &h) -> uint64_t { \
-            [[maybe_unused]] const Any a{h[0]}, b{h[1]};                  \
-            return static_cast<uint32_t>(expression);                     \
-        } __VA_OPT__(, ) __VA_ARGS__ \
+}  // namespace
+
+/// With room for a colour table.
+template <>
+inline const BITMAPINFO kSamples<BITMAPINFO>[64] {
+    {
+        {sizeof(BITMAPINFOHEADER), 4, 4, 1, 8, BI_RGB, 0, 0, 0, 0, 0}, {}
     }
+};
+SAMPLES(BLENDFUNCTION, {AC_SRC_OVER, 0, 200, 0});
 
-/// Selects a bitmap, and the one before again.
-bool SelectAndBack(HDC dc, HGDIOBJ bitmap) {
+namespace {
+
+HRGN MakeThreeRects() {
+    return ExtCreateRegion(nullptr, sizeof threeRects, reinterpret_cast<const RGNDATA *>(&threeRects));
+}
+HBITMAP MakeDibSection(const BITMAPINFO *info) {
+    return CreateDIBSection(nullptr, info, DIB_RGB_COLORS, nullptr, nullptr, 0);
+}
+BOOL MakeAndDeleteDc() { return DeleteDC(CreateCompatibleDC(nullptr)); }
+BOOL MakeAndDeleteRegion() { return DeleteObject(CreateRectRgn(0, 0, 9, 9)); }
+
+bool SelectAndBack(HDC dc, HBITMAP bitmap) {
     HGDIOBJ previous = SelectObject(dc, bitmap);
     return previous && SelectObject(dc, previous);
 }
+int Describe(HBITMAP bitmap, BITMAP *out) { return GetObjectW(bitmap, sizeof *out, out); }
+DWORD TypeOfRegion(HRGN region) { return GetObjectType(region); }
+bool IsEqualToItself(HRGN region) { return EqualRgn(region, region); }
+bool SaveAndBack(HDC dc) { return SaveDC(dc) && RestoreDC(dc, -1); }
+bool SaveCutAndBack(HDC dc) { return SaveDC(dc) && ExcludeClipRect(dc, 0, 0, 1, 1) && RestoreDC(dc, -1); }
 
-const HandleCall kGdiCalls[] = {
-    GDI(AlphaBlend, "DD", AlphaBlend(a, 0, 0, 4, 4, b, 0, 0, 2, 2, kBlend)),
-    GDI(GdiAlphaBlend, "DD", GdiAlphaBlend(a, 0, 0, 4, 4, b, 0, 0, 4, 4, kBlend)),
-    GDI(BitBlt, "DD", BitBlt(a, 0, 0, 4, 4, b, 0, 0, SRCCOPY)),
-    GDI(StretchBlt, "DD", StretchBlt(a, 0, 0, 6, 6, b, 0, 0, 3, 3, SRCCOPY)),
-    GDI(PatBlt, "D", PatBlt(a, 0, 0, 4, 4, WHITENESS)),
-    GDI(SetDIBitsToDevice, "D", SetDIBitsToDevice(a, 0, 0, 4, 4, 0, 0, 0, 4, bits, &picture.info, DIB_RGB_COLORS)),
-    GDI(GetPixel, "D", GetPixel(a, 0, 0), CLR_INVALID),
-    GDI(SetPixel, "D", SetPixel(a, 0, 0, 0x112233), CLR_INVALID),
-    GDI(GdiFlush, "", GdiFlush()),
-
-    GDI(CreateBitmap, "", DeleteObject(CreateBitmap(4, 4, 1, 1, bits))),
-    GDI(CreateCompatibleBitmap, "D", DeleteObject(CreateCompatibleBitmap(a, 4, 4))),
-    GDI(CreateCompatibleDC, "D", DeleteDC(CreateCompatibleDC(a))),
-    GDI(CreateDIBSection, "",
-        DeleteObject(CreateDIBSection(nullptr, &picture.info, DIB_RGB_COLORS, nullptr, nullptr, 0))),
-    GDI(DeleteDC, "", DeleteDC(CreateCompatibleDC(nullptr))),
-    GDI(DeleteObject, "", DeleteObject(CreateRectRgn(0, 0, 9, 9))),
-    GDI(GetCurrentObject, "D", GetCurrentObject(a, OBJ_BITMAP) != nullptr),
-    GDI(GetObjectType, "R", GetObjectType(a)),
-    GDI(GetObjectW, "H", GetObjectW(a, sizeof description, &description)),
-    GDI(SelectObject, "DH", SelectAndBack(a, b)),
-
-    GDI(CreateRectRgn, "", DeleteObject(CreateRectRgn(9, 9, 0, 0))),
-    GDI(CreateRectRgnIndirect, "", DeleteObject(CreateRectRgnIndirect(&kRect))),
-    GDI(ExtCreateRegion, "",
-        DeleteObject(ExtCreateRegion(nullptr, sizeof threeRects, reinterpret_cast<const RGNDATA *>(&threeRects)))),
-    GDI(CombineRgn, "RR", CombineRgn(a, a, b, RGN_XOR)),
-    GDI(EqualRgn, "R", EqualRgn(a, a)),
-    GDI(GetRegionData, "R", GetRegionData(a, sizeof regionData, &regionData.data)),
-    GDI(GetRgnBox, "R", GetRgnBox(a, &rect)),
-    GDI(OffsetRgn, "R", OffsetRgn(a, 1, 2)),
-    GDI(PtInRegion, "R", PtInRegion(a, 0, 0)),
-    GDI(RectInRegion, "R", RectInRegion(a, &kRect)),
-    GDI(SetRectRgn, "R", SetRectRgn(a, 1, 2, 3, 4)),
-
-    GDI(ExcludeClipRect, "D", ExcludeClipRect(a, 0, 0, 2, 2)),
-    GDI(ExtSelectClipRgn, "DR", ExtSelectClipRgn(a, b, RGN_DIFF)),
-    GDI(GetClipBox, "D", GetClipBox(a, &rect)),
-    GDI(GetClipRgn, "DR", GetClipRgn(a, b), 0xFFFFFFFF),
-    GDI(IntersectClipRect, "D", IntersectClipRect(a, 0, 0, 5, 5)),
-    GDI(OffsetClipRgn, "D", OffsetClipRgn(a, 1, 1)),
-    GDI(PtVisible, "D", PtVisible(a, 0, 0)),
-    GDI(RectVisible, "D", RectVisible(a, &kRect)),
-    GDI(SelectClipRgn, "DR", SelectClipRgn(a, b)),
-
-    GDI(SaveDC, "D", SaveDC(a) && RestoreDC(a, -1)),
-    GDI(RestoreDC, "D", SaveDC(a) && ExcludeClipRect(a, 0, 0, 1, 1) && RestoreDC(a, -1)),
-    GDI(GetStretchBltMode, "D", GetStretchBltMode(a)),
-    GDI(SetStretchBltMode, "D", SetStretchBltMode(a, COLORONCOLOR)),
-    GDI(GetViewportOrgEx, "D", GetViewportOrgEx(a, &point)),
-    GDI(SetViewportOrgEx, "D", SetViewportOrgEx(a, 0, 0, &point)),
-    GDI(GetWindowOrgEx, "D", GetWindowOrgEx(a, &point)),
-    GDI(SetWindowOrgEx, "D", SetWindowOrgEx(a, 0, 0, &point)),
+const Exception kExceptions[] = {
+    {"AlphaBlend", {0, 0, 4, 4, 0, 0, 2, 2}},
+    {"GdiAlphaBlend", {0, 0, 4, 4, 0, 0, 4, 4}},
+    {"BitBlt", {0, 0, 4, 4, 0, 0, SRCCOPY}},
+    {"StretchBlt", {0, 0, 6, 6, 0, 0, 3, 3, SRCCOPY}},
+    {"PatBlt", {0, 0, 4, 4, WHITENESS}},
+    {"SetDIBitsToDevice", {0, 0, 4, 4, 0, 0, 0, 4, DIB_RGB_COLORS}},
+    {"GetPixel SetPixel", {0, 0, 0x112233}, {}, CLR_INVALID},
+    {"CreateBitmap", {4, 4, 1, 1}},
+    {"GetCurrentObject", {OBJ_BITMAP}},
+    {"CreateRectRgn", {9, 9, 0, 0}},
+    {"CombineRgn", {RGN_XOR}},
+    {"GetRegionData", {sizeof outRecord}},
+    {"ExcludeClipRect", {0, 0, 2, 2}},
+    {"ExtSelectClipRgn", {RGN_DIFF}},
+    {"GetClipRgn", {}, {}, 0xFFFFFFFF},
+    {"IntersectClipRect", {0, 0, 5, 5}},
+    {"SetStretchBltMode", {COLORONCOLOR}},
+    {"SetViewportOrgEx SetWindowOrgEx", {0, 0}},
 };
+
+}  // namespace
+
+STAND_IN(ExtCreateRegion, MakeThreeRects);
+STAND_IN(CreateDIBSection, MakeDibSection);
+STAND_IN(DeleteDC, MakeAndDeleteDc);
+STAND_IN(DeleteObject, MakeAndDeleteRegion);
+STAND_IN(SelectObject, SelectAndBack);
+STAND_IN(GetObjectW, Describe);
+STAND_IN(GetObjectType, TypeOfRegion);
+STAND_IN(EqualRgn, IsEqualToItself);
+STAND_IN(SaveDC, SaveAndBack);
+STAND_IN(RestoreDC, SaveCutAndBack);
+
+namespace {
 
 /// Draws into pixels of its own with everything that a canvas can have set.
 uint64_t UseVelCanvas(int (*use)(velCanvas *)) {
@@ -165,7 +136,7 @@ int DrawFilledPath(velCanvas *canvas) {
 int DrawStrokedPath(velCanvas *canvas) { return velCanvasSetDrawStyle(canvas, 0) && DrawFilledPath(canvas); }
 
 /// A region of more runs than are gathered at once.
-uint64_t MakeLargeRegion(const Values &) {
+uint64_t MakeLargeRegion(Arguments) {
     constexpr LONG kHeight = 3000;
     static const OwnedTexture texture = [] {
         OwnedTexture made(CreateTexture(3, kHeight));
@@ -181,14 +152,14 @@ uint64_t MakeLargeRegion(const Values &) {
 }
 
 /// A bitmap that is not kept for the next one.
-uint64_t MakeLargeBitmap(const Values &) {
+uint64_t MakeLargeBitmap(Arguments) {
     const HGBITMAP bitmap = CreateMemBitmap(5000, 5000);
     DeleteBitmap(bitmap);
     return bitmap.value;
 }
 
 /// More objects than the headless GDI's table has room for at first.
-uint64_t FillGdiTable(const Values &) {
+uint64_t FillGdiTable(Arguments) {
     HRGN regions[200];
     for (HRGN &region : regions) region = CreateRectRgn(0, 0, 1, 1);
     uint64_t made = 1;
@@ -197,27 +168,30 @@ uint64_t FillGdiTable(const Values &) {
 }
 
 template <int (*use)(velCanvas *)>
-uint64_t OnVelCanvas(const Values &) {
+uint64_t OnVelCanvas(Arguments) {
     return UseVelCanvas(use);
 }
 
-const HandleCall kDeepCalls[] = {
-    {"LargeRegion", "", MakeLargeRegion},
-    {"LargeBitmap", "", MakeLargeBitmap},
-    {"GdiTable", "", FillGdiTable},
-    {"Text", "", OnVelCanvas<DrawText>},
-    {"FilledPath", "", OnVelCanvas<DrawFilledPath>},
-    {"StrokedPath", "", OnVelCanvas<DrawStrokedPath>},
-    {"Animation", "", OnVelCanvas<DrawAnimation>},
-};
-
 }  // namespace
 
-std::vector<HandleCall> GdiCalls() { return {std::begin(kGdiCalls), std::end(kGdiCalls)}; }
+std::vector<ExportedCall> GdiCalls() {
+#define EXPORT(name) MakeCall<kStandIn<name>>(#name, kExceptions),
+    return {
+#include "exports_headless.inc"
+    };
+#undef EXPORT
+}
 
-std::vector<HandleCall> DeepCalls() {
-    std::vector<HandleCall> calls(std::begin(kDeepCalls), std::end(kDeepCalls));
-    if (!ExpectsAnimations()) calls.pop_back();
+std::vector<ExportedCall> DeepCalls() {
+    std::vector<ExportedCall> calls{
+        {"LargeRegion", {}, 'n', MakeLargeRegion},
+        {"LargeBitmap", {}, 'n', MakeLargeBitmap},
+        {"GdiTable", {}, 'n', FillGdiTable},
+        {"Text", {}, 'n', OnVelCanvas<DrawText>},
+        {"FilledPath", {}, 'n', OnVelCanvas<DrawFilledPath>},
+        {"StrokedPath", {}, 'n', OnVelCanvas<DrawStrokedPath>},
+    };
+    if (ExpectsAnimations()) calls.push_back({"Animation", {}, 'n', OnVelCanvas<DrawAnimation>});
     return calls;
 }
 

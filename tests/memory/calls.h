@@ -3,14 +3,14 @@
 
 #include <vector>
 
-#include "handle_calls.h"
+#include "exported_calls.h"
 
 namespace lacquer {
 
-/// One row for each function of the headless GDI. 'D' stands for a device context, 'H' for a bitmap, 'R' for a region.
-std::vector<HandleCall> GdiCalls();
+/// One row for each function of the headless GDI.
+std::vector<ExportedCall> GdiCalls();
 
 /// Calls that go deeper than those of the tables: text, animations, large regions.
-std::vector<HandleCall> DeepCalls();
+std::vector<ExportedCall> DeepCalls();
 
 }  // namespace lacquer

@@ -42,7 +42,7 @@ MemoryDC::~MemoryDC() {
 
 void SelectClipWithHole(HDC dc, const RECT &rect, const RECT &hole) {
     HRGN region = CreateRectRgnIndirect(&rect), inner = CreateRectRgnIndirect(&hole);
-    EXPECT_EQ(COMPLEXREGION, CombineRgn(region, region, inner, RGN_DIFF));
+    EXPECT_NE(NULLREGION, CombineRgn(region, region, inner, RGN_DIFF));
     ExtSelectClipRgn(dc, region, RGN_COPY);
     DeleteObject(region);
     DeleteObject(inner);

@@ -40,7 +40,7 @@ private:
     HGDIOBJ previous_ = nullptr;
 };
 
-/// Makes the clip of a device context the rectangle without `hole`, in device coordinates.
+/// Makes the clip of a device context the rectangle without `hole`, which may be empty, in device coordinates.
 void SelectClipWithHole(HDC dc, const RECT &rect, const RECT &hole);
 
 }  // namespace lacquer

@@ -1,0 +1,367 @@
+// The pixels of bitmaps and textures: every depth, locks, copies, resampling, turns, the move into a DIB section.
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstring>
+
+#include "objects.h"
+#include "support/memory_dc.h"
+
+namespace lacquer {
+namespace {
+
+constexpr DWORD kFilter = 0x02000003, kOtherFilter = 0x11111111;
+
+/// The functions that bitmaps and textures have under names of their own.
+#define SURFACE_FUNCTIONS(Object, HANDLE, create)                 \
+    struct Object##Functions {                                    \
+        using Handle = HANDLE;                                    \
+        static constexpr auto Create = create;                    \
+        static constexpr auto Delete = Delete##Object;            \
+        static constexpr auto Lock = Lock##Object##Bits;          \
+        static constexpr auto LockEx = Lock##Object##BitsEx;      \
+        static constexpr auto SetFilter = Set##Object##Filter;    \
+        static constexpr auto GetDepth = Get##Object##BitsPixel;  \
+        static constexpr auto GetGdiHandle = Get##Object##Handle; \
+        static constexpr auto FromCanvas = CanvasTo##Object;      \
+        static constexpr auto Copy = Copy##Object;                \
+        static constexpr auto Resize = Resize##Object;            \
+        static constexpr auto Transform = Transform##Object;      \
+        static constexpr auto Rotate = Rotate##Object;            \
+        static constexpr auto Flip = Flip##Object;                \
+    }
+SURFACE_FUNCTIONS(Bitmap, HGBITMAP, CreateMemBitmapEx);
+SURFACE_FUNCTIONS(Texture, HGTEXTURE, CreateTextureEx);
+
+struct Format {
+    DWORD depth, palette = 0;
+    bool isSystem = false;
+};
+
+bool HasKernel(DWORD depth) { return depth == 8 || depth == 24 || depth == 32; }
+
+template <class Functions>
+class SurfaceTest : public testing::Test {
+protected:
+    using Object = Owned<typename Functions::Handle, Functions::Delete>;
+    /// Products of textures are in memory always, those of bitmaps where the bitmap is.
+    static constexpr bool kKeepsStorage = std::is_same_v<typename Functions::Handle, HGBITMAP>;
+
+    /// A surface full of noise, with a filter word.
+    static Object Make(const Format &format, DWORD width, DWORD height, uint32_t seed, DWORD filter = kFilter) {
+        Object made(format.isSystem ? Functions::FromCanvas(CreateSystemCanvas(width, height, {}))
+                                    : Functions::Create(width, height, format.depth, format.palette));
+        Functions::SetFilter(made, filter);
+        return Noisy(std::move(made), seed, format.palette > 0);
+    }
+
+    static DWORD DepthOf(const Object &object) {
+        BYTE depth = 0;
+        EXPECT_EQ(1, Functions::GetDepth(object, &depth));
+        return depth;
+    }
+
+    /// Whether the pixels are in a DIB section; they are afterwards.
+    static bool IsSystem(const Object &object) {
+        const void *bits = ViewOf(object).bits;
+        EXPECT_NE(nullptr, Functions::GetGdiHandle(object));
+        return bits == ViewOf(object).bits;
+    }
+};
+using BitmapsAndTextures = testing::Types<BitmapFunctions, TextureFunctions>;
+TYPED_TEST_SUITE(SurfaceTest, BitmapsAndTextures);
+
+std::vector<uint32_t> PaletteOf(const SurfaceView &view) { return {view.palette, view.palette + view.paletteCount}; }
+
+std::vector<uint32_t> GreyRamp() {
+    std::vector<uint32_t> greys(256);
+    for (uint32_t i = 0; i < 256; ++i) greys[i] = 0xFF000000 + i * 0x010101;
+    return greys;
+}
+
+TYPED_TEST(SurfaceTest, EveryDepthHasItsStrideItsPaletteAndItsLocks) {
+    struct Layout {
+        DWORD width, height, depth, palette;
+        LONG stride;
+        DWORD entries;
+    };
+    constexpr Layout kLayouts[] = {
+        {3, 2, 24, 0, 12, 0},    {5, 2, 8, 16, 8, 16},         {5, 3, 8, 300, 8, 256},       {5, 3, 8, 65535, 8, 256},
+        {4, 1, 8, 0, 4, 256},    {3, 2, 8, 256, 4, 256},       {1, 1, 32, 9, 4, 0},          {7, 5, 24, 256, 24, 0},
+        {3, 3, 16, 7, 8, 0},     {3, 2, 9, 70000, 4, 0},       {3, 2, 48, 0, 20, 0},         {2, 2, 65535, 1, 16384, 0},
+        {1, 32767, 24, 0, 4, 0}, {3, 2, 65544, 70000, 4, 256}, {32767, 1, 32, 0, 131068, 0}, {9, 2, 0, 5, 0, 0},
+        {9, 2, 1, 5, 0, 0},      {9, 2, 4, 99, 0, 0},          {3, 2, 7, 70000, 0, 0},       {5, 3, 8, 3, 8, 3}};
+    for (const Layout &layout : kLayouts) {
+        SCOPED_TRACE(layout.depth);
+        const DWORD depth = layout.depth & 0xFFFF;
+        const auto make = [&] {
+            return typename TestFixture::Object(
+                TypeParam::Create(layout.width, layout.height, layout.depth, layout.palette));
+        };
+        const auto object = make(), other = make();
+        EXPECT_EQ((Size{static_cast<LONG>(layout.width), static_cast<LONG>(layout.height)}), SizeOf(object));
+        EXPECT_EQ(depth & 0xFF, TestFixture::DepthOf(object));
+        EXPECT_EQ(0u, FilterOf(object));
+        TypeParam::SetFilter(object, kFilter);
+        SurfaceView view{}, plain{};
+        ASSERT_EQ(depth >= 8, TypeParam::LockEx(object, &view, nullptr));
+        std::vector<uint32_t> colours;
+        if (depth >= 8) {
+            EXPECT_EQ(0, view.type);
+            EXPECT_EQ(1, view.planes);
+            EXPECT_EQ(layout.stride, view.stride);
+            EXPECT_EQ(depth, view.bitsPerPixel);
+            EXPECT_EQ(layout.entries, view.paletteCount);
+            EXPECT_EQ(layout.entries > 0, view.palette != nullptr);
+            // Every byte of the rows and of the palette is there: an exact block shows under the sanitizer.
+            std::memset(view.bits, 0x5A, static_cast<size_t>(view.stride) * layout.height);
+            if (layout.palette > 0) std::memset(view.palette, 0xA5, layout.entries * sizeof(DWORD));
+            if (depth == 8 && layout.palette == 0) {
+                EXPECT_EQ(GreyRamp(), PaletteOf(view));
+            }
+            // The plain lock writes a BITMAP and no more.
+            plain.paletteCount = 0x5A5A5A5A;
+            plain.palette = &view.paletteCount;
+            EXPECT_EQ(1, TypeParam::Lock(object, &plain, nullptr));
+            EXPECT_EQ(0, std::memcmp(&view, &plain, sizeof(BITMAP)));
+            EXPECT_EQ(0x5A5A5A5Au, plain.paletteCount);
+            EXPECT_EQ(&view.paletteCount, plain.palette);
+        }
+        if (depth >= 8 && depth <= 32) {
+            FillWithNoise(view, 3);
+            EXPECT_EQ(1, TypeParam::Copy(other, nullptr, object, nullptr));
+            EXPECT_EQ(PixelsOf(view), PixelsIn(other)) << "equal depths are copied, whatever they are";
+            EXPECT_EQ(PaletteOf(view), PaletteOf(ViewOf(other)));
+        }
+        for (const DWORD code : {1u, 2u, 4u, 6u}) {
+            const typename TestFixture::Object turned(TypeParam::Transform(object, code));
+            EXPECT_EQ(depth & 0xFF, TestFixture::DepthOf(turned));
+        }
+        // The pixels become those of a DIB section where there is a kernel.
+        if (HasKernel(depth)) colours = ColoursOf(view);
+        HBITMAP bitmap = TypeParam::GetGdiHandle(object);
+        ASSERT_EQ(HasKernel(depth), bitmap != nullptr);
+        EXPECT_EQ(bitmap, TypeParam::GetGdiHandle(object));
+        EXPECT_EQ(bitmap ? 32 : depth & 0xFF, TestFixture::DepthOf(object));
+        EXPECT_EQ(kFilter, FilterOf(object));
+        if (!bitmap) continue;
+        EXPECT_EQ(1, TypeParam::LockEx(object, &view, nullptr));
+        EXPECT_EQ(colours, PixelsOf(view));
+        EXPECT_EQ(nullptr, view.palette);
+        BITMAP description{};
+        ASSERT_NE(0, GetObjectW(bitmap, sizeof description, &description));
+        EXPECT_EQ(0, std::memcmp(&description, &view, sizeof description));
+    }
+}
+
+constexpr Format kFormats[] = {{8, 0}, {8, 16}, {8, 256}, {16}, {24}, {32}, {32, 0, true}};
+constexpr LONG kWidth = 7, kHeight = 5;
+
+TYPED_TEST(SurfaceTest, InnerRectanglesShowTheirPixels) {
+    for (const Format &format : kFormats) {
+        const auto object = TestFixture::Make(format, kWidth, kHeight, 1);
+        const SurfaceView whole = ViewOf(object);
+        for (LONG left = 0; left < kWidth; ++left) {
+            for (LONG right = left + 1; right <= kWidth; ++right) {
+                for (LONG top = 0; top < kHeight; ++top) {
+                    const RECT rect{left, top, right, top + 1};
+                    SurfaceView view{};
+                    ASSERT_EQ(1, TypeParam::Lock(object, &view, &rect));
+                    ASSERT_EQ((Size{right - left, 1}), (Size{view.width, view.height}));
+                    ASSERT_EQ(whole.stride, view.stride);
+                    for (LONG x = left; x < right; ++x) {
+                        ASSERT_EQ(PixelAt(whole, x, top), PixelAt(view, x - left, 0));
+                    }
+                }
+            }
+        }
+    }
+}
+
+/// `put` in the common top-left part of `to` and `from`, `around` elsewhere.
+std::vector<uint32_t> Placed(const std::vector<uint32_t> &around, const RECT &to, const std::vector<uint32_t> &put,
+                             const RECT &from) {
+    std::vector<uint32_t> expected = around;
+    const LONG width = std::min(to.right - to.left, from.right - from.left),
+               height = std::min(to.bottom - to.top, from.bottom - from.top);
+    for (LONG y = 0; y < height; ++y) {
+        for (LONG x = 0; x < width; ++x) {
+            expected[static_cast<size_t>((to.top + y) * kWidth + to.left + x)] =
+                put[static_cast<size_t>((from.top + y) * kWidth + from.left + x)];
+        }
+    }
+    return expected;
+}
+
+TYPED_TEST(SurfaceTest, CopiesOfEqualFormatsArePlainOthersConvertToWords) {
+    const RECT whole{0, 0, kWidth, kHeight}, outside{0, 0, kWidth + 1, 2};
+    const std::pair<RECT, RECT> places[] = {{whole, whole},
+                                            {{2, 1, 6, 4}, {0, 0, 4, 3}},
+                                            {{1, 1, 7, 5}, {3, 2, 5, 3}},
+                                            {{5, 3, 7, 4}, {1, 0, 6, 5}},
+                                            {outside, whole},
+                                            {whole, outside}};
+    for (const Format &destFormat : kFormats) {
+        for (const Format &sourceFormat : kFormats) {
+            for (const auto &[to, from] : places) {
+                SCOPED_TRACE(testing::Message() << destFormat.depth << '/' << destFormat.palette << " from "
+                                                << sourceFormat.depth << '/' << sourceFormat.palette);
+                const auto dest = TestFixture::Make(destFormat, kWidth, kHeight, 1, kOtherFilter),
+                           source = TestFixture::Make(sourceFormat, kWidth, kHeight, 2);
+                const SurfaceView destView = ViewOf(dest), sourceView = ViewOf(source);
+                const std::vector<uint32_t> before = PixelsOf(destView), pixels = PixelsOf(sourceView),
+                                            palette = PaletteOf(destView);
+                EXPECT_EQ(1, TypeParam::Copy(dest, &to, source, &from));
+
+                const bool locks = to.right <= kWidth && from.right <= kWidth;
+                const bool alike =
+                    locks && destFormat.depth == sourceFormat.depth && palette.size() == PaletteOf(sourceView).size();
+                const bool converts = locks && !alike && destFormat.depth == 32;
+                std::vector<uint32_t> expected = before;
+                if (alike) expected = Placed(before, to, pixels, from);
+                if (converts && HasKernel(sourceFormat.depth)) {
+                    expected = Placed(before, to, ColoursOf(sourceView), from);
+                }
+                EXPECT_EQ(expected, PixelsOf(destView));
+                EXPECT_EQ(alike && destFormat.palette > 0 ? PaletteOf(sourceView) : palette, PaletteOf(destView));
+                EXPECT_EQ(alike || converts ? kFilter : kOtherFilter, FilterOf(dest));
+                EXPECT_EQ(pixels, PixelsOf(sourceView));
+            }
+        }
+    }
+    const auto grey = TestFixture::Make({8, 0}, 1, 1, 1);
+    EXPECT_EQ(GreyRamp(), PaletteOf(ViewOf(grey))) << "the shared palette is never written";
+}
+
+TYPED_TEST(SurfaceTest, CopiesWithinOneMayOverlap) {
+    for (const Format &format : {Format{8, 16}, Format{24}, Format{32}}) {
+        for (LONG i = 0; i < 9; ++i) {
+            const LONG dx = i % 3 - 1, dy = i / 3 - 1;
+            const auto object = TestFixture::Make(format, kWidth, kHeight, 3);
+            const std::vector<uint32_t> before = PixelsIn(object);
+            const RECT from{1, 1, kWidth - 1, kHeight - 1},
+                to{from.left + dx, from.top + dy, from.right + dx, from.bottom + dy};
+            EXPECT_EQ(1, TypeParam::Copy(object, &to, object, &from));
+            EXPECT_EQ(Placed(before, to, before, from), PixelsIn(object)) << dx << ' ' << dy;
+        }
+    }
+}
+
+TYPED_TEST(SurfaceTest, ResizedOnesHave32Bits) {
+    for (const Format &format :
+         {kFormats[0], kFormats[1], kFormats[2], kFormats[3], kFormats[4], kFormats[6], {4, 0}}) {
+        using Surface = typename TestFixture::Object;
+        SCOPED_TRACE(format.depth);
+        const Surface source = format.depth == 4 ? Surface(TypeParam::Create(kWidth, kHeight, 4, 0))
+                                                 : TestFixture::Make(format, kWidth, kHeight, 4);
+        TypeParam::SetFilter(source, kFilter);
+        const Surface same(TypeParam::Resize(source, kWidth, kHeight, 4)),
+            twice(TypeParam::Resize(source, 2 * kWidth, 2 * kHeight, 0));
+        EXPECT_EQ(32u, TestFixture::DepthOf(same));
+        EXPECT_EQ(kFilter, FilterOf(same));
+        if (HasKernel(format.depth)) {
+            const std::vector<uint32_t> colours = ColoursOf(ViewOf(source));
+            EXPECT_EQ(colours, PixelsIn(same));
+            for (LONG i = 0; i < 4 * kWidth * kHeight; ++i) {
+                const LONG x = i % (2 * kWidth), y = i / (2 * kWidth);
+                ASSERT_EQ(colours[static_cast<size_t>(y / 2 * kWidth + x / 2)], PixelAt(ViewOf(twice), x, y));
+            }
+        }
+        EXPECT_EQ(format.isSystem && TestFixture::kKeepsStorage, TestFixture::IsSystem(same));
+        EXPECT_EQ(format.isSystem && TestFixture::kKeepsStorage, TestFixture::IsSystem(twice));
+    }
+}
+
+bool SwapsSides(DWORD code) { return code == 1 || code == 3 || code == 6 || code == 7; }
+
+/// Where the source's pixel (x, y) goes in a destination of the given size.
+POINT Moved(DWORD code, LONG x, LONG y, LONG width, LONG height) {
+    switch (code) {
+        case 1: return {width - 1 - y, x};
+        case 2: return {width - 1 - x, height - 1 - y};
+        case 3: return {y, height - 1 - x};
+        case 4: return {x, height - 1 - y};
+        case 5: return {width - 1 - x, y};
+        case 6: return {y, x};
+        default: return {width - 1 - y, height - 1 - x};
+    }
+}
+
+void ExpectTurned(const SurfaceView &from, const SurfaceView &to, DWORD code) {
+    ASSERT_EQ(SwapsSides(code) ? from.height : from.width, to.width);
+    ASSERT_EQ(SwapsSides(code) ? from.width : from.height, to.height);
+    ASSERT_EQ(from.bitsPerPixel, to.bitsPerPixel);
+    ASSERT_EQ(PaletteOf(from), PaletteOf(to));
+    for (LONG y = 0; y < from.height; ++y) {
+        for (LONG x = 0; x < from.width; ++x) {
+            const POINT place = Moved(code, x, y, to.width, to.height);
+            ASSERT_EQ(PixelAt(from, x, y), PixelAt(to, place.x, place.y)) << "code " << code << ' ' << x << ' ' << y;
+        }
+    }
+}
+
+TYPED_TEST(SurfaceTest, TurnsMoveEveryPixelAsTheCodeSays) {
+    using Surface = typename TestFixture::Object;
+    // The thinnest sizes, those of one tile with and without whole blocks, results of more than 16 kB, which take tiles
+    // of 16, 32 or 64 pixels, whose edges they pass by, and a large one.
+    constexpr SIZE kSizes[] = {{1, 1},   {1, 7},   {7, 1},   {3, 2},   {1, 33},  {65, 1},    {31, 33},  {32, 32},
+                               {33, 31}, {65, 34}, {64, 65}, {63, 81}, {97, 95}, {130, 129}, {513, 257}};
+    for (const SIZE &size : kSizes) {
+        for (const Format &format : kFormats) {
+            SCOPED_TRACE(testing::Message() << size.cx << 'x' << size.cy << ' ' << format.depth);
+            const Surface source =
+                TestFixture::Make(format, static_cast<DWORD>(size.cx), static_cast<DWORD>(size.cy), 7);
+            const std::vector<uint32_t> before = PixelsIn(source);
+            for (DWORD code = 1; format.depth != 16 && code <= 7; ++code) {
+                const Surface turned(TypeParam::Transform(source, code));
+                ExpectTurned(ViewOf(source), ViewOf(turned), code);
+                EXPECT_EQ(kFilter, FilterOf(turned));
+                EXPECT_EQ(format.isSystem && TestFixture::kKeepsStorage,
+                          format.depth == 32 && TestFixture::IsSystem(turned));
+                if (testing::Test::HasFatalFailure()) return;
+            }
+            EXPECT_EQ(before, PixelsIn(source));
+        }
+    }
+}
+
+// Results that go past the caches: rows begin at cache lines, and the last tiles are not whole.
+TEST(HugeSurfaceTest, TurnsAreWhole) {
+    for (const DWORD depth : {8u, 32u}) {
+        const OwnedBitmap source = Noisy(OwnedBitmap(CreateMemBitmapEx(2068, depth == 8 ? 2112 : 1040, depth, 0)), 3);
+        for (const DWORD code : {1u, 3u, 5u, 6u, 7u}) {
+            ExpectTurned(ViewOf(source), ViewOf(OwnedBitmap(TransformBitmap(source, code))), code);
+        }
+    }
+}
+
+TYPED_TEST(SurfaceTest, RotateAndFlipTakeTheirOwnCodesOnly) {
+    const auto source = TestFixture::Make({8, 16}, 3, 2, 4);
+    for (int code = -2; code <= 33; ++code) {
+        const DWORD word = static_cast<DWORD>(code);
+        const auto transformed = TypeParam::Transform(source, word), rotated = TypeParam::Rotate(source, code),
+                   flipped = TypeParam::Flip(source, word);
+        EXPECT_EQ(code >= 1 && code <= 7, static_cast<bool>(transformed)) << code;
+        EXPECT_EQ(code >= 1 && code <= 3, static_cast<bool>(rotated)) << code;
+        EXPECT_EQ(code == 4 || code == 5, static_cast<bool>(flipped)) << code;
+        EXPECT_TRUE(!rotated || PixelsIn(transformed) == PixelsIn(rotated));
+        EXPECT_TRUE(!flipped || PixelsIn(transformed) == PixelsIn(flipped));
+        for (const auto made : {transformed, rotated, flipped}) DeleteAny(made);
+    }
+}
+
+TEST(SystemBitmapTest, IsTransparentBlackAndGdisOwn) {
+    const OwnedBitmap bitmap(CreateSystemBitmap(5, 3)), other(CreateMemBitmap(5, 3));
+    EXPECT_EQ(std::vector<uint32_t>(15), PixelsIn(bitmap));
+    EXPECT_EQ(32, ViewOf(other).bitsPerPixel);
+    EXPECT_NE(GetBitmapHandle(bitmap), GetBitmapHandle(other));
+    EXPECT_EQ(1, UnlockBitmapBits(bitmap));
+    // The second row in memory is the second from the top for the system too.
+    PutPixel(ViewOf(bitmap), 1, 1, 0x00112233);
+    const MemoryDC dc(GetBitmapHandle(bitmap));
+    EXPECT_EQ(0x00332211u, GetPixel(dc, 1, 1));
+}
+
+}  // namespace
+}  // namespace lacquer
