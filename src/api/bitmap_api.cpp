@@ -89,7 +89,7 @@ HGBITMAP CanvasToBitmap(HGCANVAS canvas) {
     surface->SetOwner(SurfaceOwner::Handles);
     const HGBITMAP bitmap{RegisterAlias(table, HandleType::Bitmap, surface.get())};
     if (bitmap) {
-        surface.release();
+        static_cast<void>(surface.release());
     } else {
         table.Revoke(surface.get());
     }

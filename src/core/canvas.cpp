@@ -3,10 +3,10 @@
 #include "core/canvas.h"
 
 #include <cstring>
-#include <new>
 #include <utility>
 
 #include "core/geometry.h"
+#include "core/registration.h"
 #include "core/surface_view.h"
 #include "pipeline/table/blit_dispatch.h"
 
@@ -216,7 +216,7 @@ Ref<CanvasAnchor> Canvas::SetParent(Canvas &parent, const Ref<CanvasAnchor> &spa
     return std::exchange(parent_, parent.anchor_);
 }
 
-Ref<CanvasAnchor> NewAnchor() { return Ref<CanvasAnchor>(new (std::nothrow) CanvasAnchor); }
+Ref<CanvasAnchor> NewAnchor() { return Ref<CanvasAnchor>(NewObject<CanvasAnchor>()); }
 
 bool Canvas::SetFilter(DWORD filter) {
     if (foreignDC_) return false;
@@ -226,13 +226,13 @@ bool Canvas::SetFilter(DWORD filter) {
 }
 
 std::unique_ptr<Canvas> MakeCanvas(DWORD width, DWORD height, SurfaceKind kind) {
-    std::unique_ptr<Canvas> canvas(new (std::nothrow) Canvas);
+    std::unique_ptr<Canvas> canvas(NewObject<Canvas>());
     if (canvas && !canvas->CreateSurface(width, height, kind)) canvas.reset();
     return canvas;
 }
 
 std::unique_ptr<Canvas> MakeCanvasFromDC(HDC dc) {
-    std::unique_ptr<Canvas> canvas(new (std::nothrow) Canvas);
+    std::unique_ptr<Canvas> canvas(NewObject<Canvas>());
     if (canvas) canvas->AttachDeviceContext(dc);
     return canvas;
 }

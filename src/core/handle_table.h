@@ -47,6 +47,8 @@ struct HandleTable {
     /// system has ended, the slots are left behind.
     void Close();
 
+    bool IsOpen() const { return slots_.load(std::memory_order_relaxed) != nullptr; }
+
     /// Takes the slot freed last if it is still free, else the free slot of the lowest index. Only the low 8 bits of
     /// `type` are stored. Result: the handle, 0 when no slot is free.
     uint32_t NewHandleEntry(int type, void *object);

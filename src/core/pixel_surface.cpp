@@ -7,6 +7,7 @@
 
 #include "core/dib_storage.h"
 #include "core/memory_storage.h"
+#include "core/registration.h"
 #include "core/surface_view.h"
 #include "pipeline/table/blit_dispatch.h"
 
@@ -103,7 +104,7 @@ HBITMAP PixelSurface::ConvertToSystem() {
 
 std::unique_ptr<PixelSurface> MakeSurface(DWORD width, DWORD height, DWORD bitsPerPixel, DWORD paletteCount,
                                           SurfaceKind kind) {
-    std::unique_ptr<PixelSurface> surface(new (std::nothrow) PixelSurface);
+    std::unique_ptr<PixelSurface> surface(NewObject<PixelSurface>());
     const bool made =
         surface && surface->Create(static_cast<int>(width), static_cast<int>(height),
                                    static_cast<int>(bitsPerPixel & 0xFFFF), static_cast<uint16_t>(paletteCount), kind);

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/geometry.h"
+#include "core/registration.h"
 
 namespace lacquer {
 
@@ -46,7 +47,7 @@ bool Texture::GetSize(SIZE *out) const {
     return slice != nullptr;
 }
 
-std::unique_ptr<Texture> NewTexture() { return std::unique_ptr<Texture>(new (std::nothrow) Texture); }
+std::unique_ptr<Texture> NewTexture() { return std::unique_ptr<Texture>(NewObject<Texture>()); }
 
 std::unique_ptr<Texture> MakeTexture(DWORD width, DWORD height, DWORD bitsPerPixel, DWORD paletteCount) {
     return MakeTextureOf(MakeSurface(width, height, bitsPerPixel, paletteCount, SurfaceKind::Memory).get());

@@ -48,7 +48,7 @@ void WalkPixels(const SurfaceView &dest, const SurfaceView &mask, const Rule &ru
     for (LONG y = 0; y < rows; ++y) {
         auto *d = RowOf(dest, y);
         const auto *m = RowOf(mask, y);
-        for (LONG x = 0; x < columns; ++x) rule(d + x * kChannels, m + x * kChannels);
+        for (ptrdiff_t x = 0; x < columns; ++x) rule(d + x * kChannels, m + x * kChannels);
     }
 }
 

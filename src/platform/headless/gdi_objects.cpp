@@ -64,7 +64,7 @@ void *Add(DWORD kind, void *object) {
 template <class T>
 void *AddOwned(DWORD kind, std::unique_ptr<T> object) {
     void *handle = object ? Add(kind, object.get()) : nullptr;
-    if (handle) object.release();
+    if (handle) static_cast<void>(object.release());
     return handle;
 }
 

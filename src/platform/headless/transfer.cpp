@@ -150,7 +150,7 @@ bool Detach(PixelView &view, const StretchAxis &y, LONG top, LONG bottom, Malloc
     }
     if (low > high) return true;
     const auto stride = static_cast<size_t>(view.step < 0 ? -view.step : view.step);
-    const auto count = static_cast<size_t>(high - low + 1);
+    const auto count = static_cast<size_t>(high - low) + 1;
     storage.reset(static_cast<uint8_t *>(std::malloc(count * stride)));
     if (!storage) return false;
     for (LONG row = low; row <= high; ++row) {
