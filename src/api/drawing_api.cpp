@@ -59,7 +59,7 @@ int DrawTextureEx(HGCANVAS canvas, const RECT *dest, HGTEXTURE texture, DWORD ke
 int DrawTextureCenter(HGCANVAS canvas, const RECT *dest, HGTEXTURE texture, const RECT *slice, DWORD kernelMode,
                       BYTE alpha) {
     const auto draw = DrawOf(canvas, dest, texture, slice, kernelMode, alpha);
-    return draw ? DrawCentred(*draw) : 0;
+    return draw && DrawCentred(*draw);
 }
 
 int DrawTextureTile(HGCANVAS canvas, const RECT *dest, HGTEXTURE texture, const RECT *slice, DWORD kernelMode,

@@ -34,7 +34,7 @@ int FillGradualRect(HGCANVAS canvas, DWORD from, DWORD to, const RECT *rect, int
     const auto along = static_cast<GradientDirection>(direction);
     if (along == GradientDirection::TopToBottom || along == GradientDirection::LeftToRight) {
         FillWithGradient(*found, *rect, from, to, along);
-    } else {
+    } else if (!IsVoidFill(first, kFillOver)) {
         FillRectangle(*found, *rect, first, kFillOver);
     }
     return 1;

@@ -14,7 +14,7 @@
 namespace lacquer {
 namespace {
 
-constexpr int kDibBitsPixel = 32;
+constexpr int kForeignBitsPixel = 32;
 
 bool IsSide(int length) { return length >= 1 && length <= PixelSurface::kLargestSide; }
 
@@ -71,7 +71,7 @@ void PixelSurface::AttachPixels(const SurfaceView &description) {
     foreign.height = description.height;
     foreign.stride = description.stride;
     foreign.planes = 1;
-    foreign.bitsPerPixel = kDibBitsPixel;
+    foreign.bitsPerPixel = kForeignBitsPixel;
     foreign.bits = description.bits;
     Show(PixelsOf::Caller, {}, foreign);
 }

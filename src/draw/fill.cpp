@@ -8,7 +8,7 @@ namespace lacquer {
 
 void FillRectangle(Canvas &canvas, const RECT &rect, DWORD colour, DWORD modeWord) {
     RECT visible{};
-    if (IsVoidFill(colour, modeWord) || !canvas.FindVisible(rect, &visible)) return;
+    if (!canvas.FindVisible(rect, &visible)) return;
     const LockedCanvas target(canvas, &visible);
     if (target.View()) FillView(target.View(), colour, modeWord);
 }

@@ -6,16 +6,16 @@
 
 namespace lacquer {
 
-int DrawLaidOut(const TextureDraw &draw, float scale, bool halfScale) {
+bool DrawLaidOut(const TextureDraw &draw, float scale, bool halfScale) {
     const TextureMode &mode = draw.texture.Mode();
     switch (mode.mode) {
         case LACQUER_LAYOUT_NINE_GRID:
         case LACQUER_LAYOUT_HOLLOW_NINE_GRID:
             return DrawNineGrid(
                 draw, {mode.margins, mode.mode == LACQUER_LAYOUT_HOLLOW_NINE_GRID, mode.scaleFlags, scale, halfScale});
-        case LACQUER_LAYOUT_TILE: DrawTiled(draw, mode.scaleFlags, scale); return 0;
+        case LACQUER_LAYOUT_TILE: DrawTiled(draw, mode.scaleFlags, scale); return false;
         case LACQUER_LAYOUT_CENTER: return DrawCentred(draw);
-        case LACQUER_LAYOUT_TOP_TILE: DrawTopTiled(draw, mode.margins); return 0;
+        case LACQUER_LAYOUT_TOP_TILE: DrawTopTiled(draw, mode.margins); return false;
         default: return DrawStretched(draw);
     }
 }

@@ -96,10 +96,10 @@ bool IsLarge(const RECT &rect) {
 
 }  // namespace
 
-int DrawNineGrid(const TextureDraw &draw, const NineGridStyle &style) {
+bool DrawNineGrid(const TextureDraw &draw, const NineGridStyle &style) {
     PixelSurface &surface = draw.texture.Surface();
     RECT slice{};
-    if (!ResolveSlice(surface, draw.slice, &slice)) return 0;
+    if (!ResolveSlice(surface, draw.slice, &slice)) return false;
 
     const int64_t doubling = style.halfScale ? 2 : 1;
     const RECT halfSlice = style.halfScale ? Halved(slice) : slice;
@@ -121,7 +121,7 @@ int DrawNineGrid(const TextureDraw &draw, const NineGridStyle &style) {
             pieces.Fill(destCells[i], *fill);
         }
     }
-    return 1;
+    return true;
 }
 
 }  // namespace lacquer

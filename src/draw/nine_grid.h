@@ -15,7 +15,7 @@ struct NineGridStyle {
 };
 
 /// Cuts destination and source into nine cells and draws each source cell into its destination cell, nothing tiled.
-/// Cells that the margins leave empty or inverted draw nothing. Result: 1, 0 for a slice that can't be resolved.
-int DrawNineGrid(const TextureDraw &draw, const NineGridStyle &style);
+/// Cells that the margins leave empty or inverted draw nothing. Result: false for a slice that can't be resolved.
+bool DrawNineGrid(const TextureDraw &draw, const NineGridStyle &style);
 
 }  // namespace lacquer

@@ -66,16 +66,16 @@ bool ResolveSlice(const PixelSurface &surface, const RECT *slice, RECT *out) {
     return true;
 }
 
-int DrawStretched(const TextureDraw &draw) {
+bool DrawStretched(const TextureDraw &draw) {
     RECT slice{};
-    if (!ResolveSlice(draw.texture.Surface(), draw.slice, &slice)) return 0;
+    if (!ResolveSlice(draw.texture.Surface(), draw.slice, &slice)) return false;
     DrawOnePiece(draw, draw.dest, slice);
-    return 1;
+    return true;
 }
 
-int DrawCentred(const TextureDraw &draw) {
+bool DrawCentred(const TextureDraw &draw) {
     RECT slice{};
-    if (!ResolveSlice(draw.texture.Surface(), draw.slice, &slice)) return 0;
+    if (!ResolveSlice(draw.texture.Surface(), draw.slice, &slice)) return false;
     const int64_t destWidth = WidthOf(draw.dest), destHeight = HeightOf(draw.dest);
     const int64_t sliceWidth = WidthOf(slice), sliceHeight = HeightOf(slice);
     const int64_t byWidth = sliceHeight * destWidth, byHeight = sliceWidth * destHeight;
@@ -89,7 +89,7 @@ int DrawCentred(const TextureDraw &draw) {
     const RECT &dest = draw.dest;
     DrawOnePiece(draw, ClampedRect(dest.left + insetX, dest.top + insetY, dest.right - insetX, dest.bottom - insetY),
                  slice);
-    return 1;
+    return true;
 }
 
 void DrawTiled(const TextureDraw &draw, DWORD scaleFlags, float scale) {

@@ -21,11 +21,11 @@ struct TextureDraw {
 /// Result: false when it is empty or not inside the surface.
 bool ResolveSlice(const PixelSurface &surface, const RECT *slice, RECT *out);
 
-/// Stretches the slice to the destination. Result, as of the next: 1, 0 for a slice that can't be resolved.
-int DrawStretched(const TextureDraw &draw);
+/// Stretches the slice to the destination. Result, as of the next: false for a slice that can't be resolved.
+bool DrawStretched(const TextureDraw &draw);
 
 /// Scales the slice into the destination with its aspect kept, centred, never cropped.
-int DrawCentred(const TextureDraw &draw);
+bool DrawCentred(const TextureDraw &draw);
 
 /// Repeats the slice from the destination's top-left corner, in cells that `scale` resizes with LACQUER_SCALE_CELL.
 /// Once the last cell of a row was cut at the right edge, later rows start with the cut cell. Nothing is drawn with a

@@ -31,18 +31,25 @@ Radii RadiiOf(const float (&radii)[4]) {
     return {LengthUnits(radii[0]), LengthUnits(radii[1]), LengthUnits(radii[2]), LengthUnits(radii[3])};
 }
 
-RoundedRect Fitted(RoundedRect shape) {
+void SetRadii(RoundedRect &shape, const Radii &radii) {
+    shape.radii = radii;
     if (!shape.IsEmpty()) shape.FitRadii();
-    return shape;
 }
 
 RoundedRect ShapeOf(const RECT &rect, const Radii &radii) {
-    return Fitted({rect.left * kUnits, rect.top * kUnits, rect.right * kUnits, rect.bottom * kUnits, radii});
+    RoundedRect shape{rect.left * kUnits, rect.top * kUnits, rect.right * kUnits, rect.bottom * kUnits, {}};
+    SetRadii(shape, radii);
+    return shape;
 }
 
 RoundedRect ShapeOf(const GeoRect &rect, const Radii &radii) {
-    return Fitted({CoordinateUnits(rect.left), CoordinateUnits(rect.top), CoordinateUnits(rect.right),
-                   CoordinateUnits(rect.bottom), radii});
+    RoundedRect shape{CoordinateUnits(rect.left),
+                      CoordinateUnits(rect.top),
+                      CoordinateUnits(rect.right),
+                      CoordinateUnits(rect.bottom),
+                      {}};
+    SetRadii(shape, radii);
+    return shape;
 }
 
 ShadowPlace PlaceOf(DWORD flags) {
