@@ -36,7 +36,7 @@ uint32_t RegisterObject(HandleType type, std::unique_ptr<Object> object) {
 template <class Object, class Table>
 Object *FindObject(Table &table, HandleType type, uintptr_t handle) {
     const auto value = static_cast<uint32_t>(handle);
-    if ((value & 0xFF0000) != static_cast<uint32_t>(type) << 16) return nullptr;
+    if ((value & kHandleTypeMask) != TypeBits(type)) return nullptr;
     return static_cast<Object *>(table.LookupHandleEntry(value));
 }
 

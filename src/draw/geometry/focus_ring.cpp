@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
-#include "core/locked.h"
 #include "draw/fill.h"
 #include "draw/geometry/ring_cover.h"
 #include "draw/geometry/round_rectangle.h"
 #include "draw/geometry/visible_part.h"
+#include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
 namespace {
@@ -74,11 +74,11 @@ private:
 
     void PaintPixels(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd) const {
         BYTE cover[PartPainter::kMostCovered];
-        constexpr BYTE kNoBorder[PartPainter::kMostCovered] = {};
         for (; x < xEnd; x += PartPainter::kMostCovered) {
             const int count = static_cast<int>(std::min<int64_t>(PartPainter::kMostCovered, xEnd - x));
-            for (int i = 0; i < count; ++i) cover[i] = ring_.At(x + i, y);
-            painter_.Covered(x, count, y, yEnd, cover, kNoBorder);
+            BYTE any = 0;
+            for (int i = 0; i < count; ++i) any |= cover[i] = ring_.At(x + i, y);
+            if (any != 0) painter_.FillCovered(x, count, y, yEnd, cover);
         }
     }
 
@@ -95,19 +95,15 @@ private:
 void DrawFocusRing(Canvas &canvas, const RoundedRect &shape, RingStyle style) {
     if (shape.IsEmpty()) return;
     style.width = std::min({style.width, (shape.right - shape.left) / 2, (shape.bottom - shape.top) / 2});
-    if (style.width == 0 || style.colour >> 24 == 0) return;
+    if (style.width == 0 || Alpha(style.colour) == 0) return;
     if (style.dash == 0 || style.gap == 0 || RingCover::LineLength(shape, style.width) > Dashes::kLongestLine) {
         return DrawRoundedRect(canvas, shape, style.width, {0, style.colour, kFillOver});
     }
-    RECT visible{};
-    if (!FindVisiblePart(canvas, PixelAt(shape.left), PixelAt(shape.top), PixelFrom(shape.right),
-                         PixelFrom(shape.bottom), &visible)) {
-        return;
-    }
-    const LockedCanvas target(canvas, &visible);
-    if (!target.View() || target.View()->bitsPerPixel != 32) return;
-    const PartPainter painter(*target.View(), visible.left, visible.top, {style.colour, 0, kFillOver});
-    RingPainter(painter, shape, style, visible).Paint();
+    const VisiblePart part(canvas, PixelAt(shape.left), PixelAt(shape.top), PixelFrom(shape.right),
+                           PixelFrom(shape.bottom));
+    if (!part.View()) return;
+    const PartPainter painter(*part.View(), part.Rect().left, part.Rect().top, {style.colour, 0, kFillOver});
+    RingPainter(painter, shape, style, part.Rect()).Paint();
 }
 
 }  // namespace lacquer

@@ -3,7 +3,6 @@
 #include "pipeline/sample/area_sse2.h"
 
 namespace lacquer::sse2 {
-
 namespace {
 
 /// Sums of lanes and of their upper bytes; that of the lower bytes follows from them, modulo 2^16.

@@ -5,7 +5,6 @@
 #include "pipeline/transform/turn_tiles.h"
 
 namespace lacquer {
-
 namespace {
 
 PixelWalk WalkOf(const SurfaceView &source, DWORD code) {
