@@ -143,7 +143,7 @@ int64_t RingCover::FarArea(const Box &box, int64_t start) const {
     const int64_t a = (box.a0 + box.a1) / 2, b = (box.b0 + box.b1) / 2, squared = (a * a + b * b) >> 16;
     const int64_t place = start + (AngleOf(a, b) * lineRadius_ >> kAngleBits);
     const int64_t length = lineRadius_ * std::max(a, b) / squared, spread = lineRadius_ * std::min(a, b) / squared;
-    const int64_t first = place - length / 2 - spread * (kStretches - 1) / (2 * kStretches);
+    const int64_t first = place - length / 2 - spread * (kStretches - 1) / (int64_t{2} * kStretches);
     return (dashes_.MeanBetween(first, spread, kStretches, length) << 32) / length;
 }
 
