@@ -52,20 +52,18 @@ uint32_t Cut255(float value) { return Byte(static_cast<int>(Rounded(double{value
 Picture Smoothed(const Picture &source, LONG dx, LONG dy) {
     constexpr std::array<float, 4> kWeights{0.16656f, 0.1599f, 0.14147f, 0.11535f};
     Picture result = source;
-    for (LONG y = 0; y < source.height; ++y) {
-        for (LONG x = 0; x < source.width; ++x) {
-            result.At(x, y) = WordOf([&](int channel) {
-                float sum = 0;
-                for (int k = -3; k <= 3; ++k) {
-                    const LONG column = std::clamp(x + k * dx, LONG{0}, source.width - 1);
-                    const LONG row = std::clamp(y + k * dy, LONG{0}, source.height - 1);
-                    const double weight = kWeights[static_cast<size_t>(std::abs(k))];
-                    sum = Rounded(double{sum} + Rounded(weight * ChannelOf(source.At(column, row), channel)));
-                }
-                return static_cast<uint32_t>(sum);
-            });
-        }
-    }
+    ForEachPixel(source, [&](LONG x, LONG y) {
+        result.At(x, y) = WordOf([&](int channel) {
+            float sum = 0;
+            for (int k = -3; k <= 3; ++k) {
+                const LONG column = std::clamp(x + k * dx, LONG{0}, source.width - 1);
+                const LONG row = std::clamp(y + k * dy, LONG{0}, source.height - 1);
+                const double weight = kWeights[static_cast<size_t>(std::abs(k))];
+                sum = Rounded(double{sum} + Rounded(weight * ChannelOf(source.At(column, row), channel)));
+            }
+            return static_cast<uint32_t>(sum);
+        });
+    });
     return result;
 }
 
@@ -112,21 +110,17 @@ uint32_t ModelShifted(uint32_t ahsl, const Deltas &deltas) {
 
 Picture ModelBoxBlur(const Picture &source) {
     Picture result = source;
-    for (LONG y = 0; y < source.height; ++y) {
-        for (LONG x = 0; x < source.width; ++x) {
-            result.At(x, y) = WordOf([&](int channel) {
-                uint32_t sum = 0;
-                for (LONG row = y - 1; row <= y + 1; ++row) {
-                    for (LONG column = x - 1; column <= x + 1; ++column) {
-                        sum += ChannelOf(source.At(std::clamp(column, LONG{0}, source.width - 1),
-                                                   std::clamp(row, LONG{0}, source.height - 1)),
-                                         channel);
-                    }
-                }
-                return sum / 9;
-            });
-        }
-    }
+    ForEachPixel(source, [&](LONG x, LONG y) {
+        result.At(x, y) = WordOf([&](int channel) {
+            uint32_t sum = 0;
+            for (int i = 0; i < 9; ++i) {
+                const LONG column = std::clamp(x + i % 3 - 1, LONG{0}, source.width - 1);
+                const LONG row = std::clamp(y + i / 3 - 1, LONG{0}, source.height - 1);
+                sum += ChannelOf(source.At(column, row), channel);
+            }
+            return sum / 9;
+        });
+    });
     return result;
 }
 
@@ -142,10 +136,17 @@ Picture NoisePicture(LONG width, LONG height, uint32_t seed) {
     return picture;
 }
 
-void Put(const SurfaceView &view, const Picture &picture) {
-    for (LONG y = 0; y < view.height; ++y) {
-        for (LONG x = 0; x < view.width; ++x) PutPixel(view, x, y, picture.At(x, y));
-    }
+OwnedTexture TextureOf(const Picture &picture) {
+    OwnedTexture texture(CreateTexture(static_cast<DWORD>(picture.width), static_cast<DWORD>(picture.height)));
+    ForEachPixel(picture, [&](LONG x, LONG y) { PutPixel(ViewOf(texture), x, y, picture.At(x, y)); });
+    return texture;
+}
+
+OwnedBitmap BitmapOf(const Picture &picture, bool isSystem) {
+    const auto width = static_cast<DWORD>(picture.width), height = static_cast<DWORD>(picture.height);
+    OwnedBitmap bitmap(isSystem ? CreateSystemBitmap(width, height) : CreateMemBitmap(width, height));
+    ForEachPixel(picture, [&](LONG x, LONG y) { PutPixel(ViewOf(bitmap), x, y, picture.At(x, y)); });
+    return bitmap;
 }
 
 void FillBytes(const SurfaceView &view, BYTE value) {
@@ -158,16 +159,12 @@ bool HasOnlyBytes(const SurfaceView &view, BYTE value) {
 }
 
 void Paste(Picture &whole, LONG left, LONG top, const Picture &part) {
-    for (LONG y = 0; y < part.height; ++y) {
-        for (LONG x = 0; x < part.width; ++x) whole.At(left + x, top + y) = part.At(x, y);
-    }
+    ForEachPixel(part, [&](LONG x, LONG y) { whole.At(left + x, top + y) = part.At(x, y); });
 }
 
 Picture Cut(const Picture &whole, const RECT &rect) {
-    Picture part{rect.right - rect.left, rect.bottom - rect.top, {}};
-    for (LONG y = rect.top; y < rect.bottom; ++y) {
-        for (LONG x = rect.left; x < rect.right; ++x) part.pixels.push_back(whole.At(x, y));
-    }
+    Picture part = NoisePicture(rect.right - rect.left, rect.bottom - rect.top, 0);
+    ForEachPixel(part, [&](LONG x, LONG y) { part.At(x, y) = whole.At(rect.left + x, rect.top + y); });
     return part;
 }
 

@@ -29,8 +29,9 @@ Picture ModelGaussianBlur(const Picture &source);
 /// Any words at all, premultiplied or not.
 Picture NoisePicture(LONG width, LONG height, uint32_t seed);
 
-/// Colour words go into a 32-bit view of the picture's size.
-void Put(const SurfaceView &view, const Picture &picture);
+/// Objects of 32 bits per pixel with the pixels of a picture; a bitmap may be the system's.
+OwnedTexture TextureOf(const Picture &picture);
+OwnedBitmap BitmapOf(const Picture &picture, bool isSystem = false);
 
 /// All bytes of a view of a whole surface, gaps between the rows included.
 void FillBytes(const SurfaceView &view, BYTE value);

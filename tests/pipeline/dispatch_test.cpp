@@ -1,5 +1,6 @@
 // Which sampler and which rule a draw gets, and the draws that get none.
 
+#include "draw/draw_rules.h"
 #include "kernel_check.h"
 #include "pipeline/table/blit_dispatch.h"
 
@@ -12,7 +13,8 @@ constexpr DWORD kKeyColour = 0x00336699;
 TestImage KeyedSource(Random &random, SIZE size, int depth) {
     TestImage source = RandomSource(random, size.cx, size.cy, depth);
     std::vector<DWORD> words;
-    for (int i = 0; i < 256; ++i) words.push_back(random.Of({random.PremultipliedWord(), kKeyColour, ~0xCC996600u}));
+    for (int i = 0; i < 256; ++i)
+        words.push_back(random.Of({random.PremultipliedWord(), kKeyColour, 0xFF000000 | kKeyColour}));
     if (depth == 8) {
         source.SetPalette(words);
     } else {
@@ -94,6 +96,21 @@ TEST(Dispatch, PicksSamplerAndRule) {
                 EXPECT_TRUE(DrawsAsSelected(selection, stretch, clipped))
                     << selection.what << (stretch ? ", stretched" : "") << (clipped ? ", clipped" : "");
             }
+        }
+    }
+}
+
+TEST(Dispatch, FillsByMode) {
+    Random random = CaseRandom(2);
+    for (DWORD mode = 0; mode < 9; ++mode) {
+        for (const DWORD colour : {0u, 0x01000000u, 0x40302010u, 0x80402010u, 0xFF402010u, 0xFFFFFFFFu}) {
+            TestImage dest(5, 3, 32, 4, 1);
+            dest.Fill(random);
+            TestImage wanted = dest;
+            wanted.FillBy([&](int x, int y) { return Filled(mode, colour, dest.At(x, y)); });
+            const SurfaceView view = dest.View();
+            EXPECT_EQ(FillView(&view, colour, mode << 24 | 0x00ABCDEF), 1);
+            EXPECT_TRUE(dest == wanted) << std::hex << "mode " << mode << " colour 0x" << colour;
         }
     }
 }
