@@ -1,85 +1,64 @@
 // Canvas onto canvas where both have pixels: which rule BlendCanvas picks, the mixes, and scrolling.
 
-#include "draw_rules.h"
-#include "painting.h"
+#include "rounds.h"
 
 namespace lacquer {
 namespace {
 
-constexpr RECT kCanvas{0, 0, 40, 36}, kSource{0, 0, 25, 22};
-
-bool SameSize(const RECT &a, const RECT &b) { return WidthOf(a) == WidthOf(b) && HeightOf(a) == HeightOf(b); }
-
-/// A rectangle of the source, often of the same size.
-RECT Partner(Random &random, const RECT &rect) {
-    const LONG width = rect.right - rect.left, height = rect.bottom - rect.top;
-    if (random.Coin() || width > kSource.right || height > kSource.bottom) return random.Inside(kSource);
-    const int left = random.Between(0, kSource.right - width), top = random.Between(0, kSource.bottom - height);
-    return {left, top, left + width, top + height};
-}
-
 TEST(BlendCanvas, PicksItsRuleByFiltersAlphaSizesAndVisibility) {
-    Random random(1);
     int partlyStretched = 0;
-    for (int round = 0; round < 2500; ++round) {
-        const TestCanvas dest(random.Of({CanvasKind::Memory, CanvasKind::System}), 40, 36, random.Word());
+    ForRounds(1, 4000, [&](Round &round) {
+        // Canvases without pixels of their own leave it to GDI.
+        SIZE size{};
+        if (!GetCanvasSize(round.canvas, &size)) return;
+        Random &random = round.random;
         const TestCanvas source(random.Of({CanvasKind::Memory, CanvasKind::System}), 25, 22, random.Word());
         const auto sourceFilter = random.Of<DWORD>({0, kOver, 0x03FFFFFF}),
                    destFilter = random.Of<DWORD>({0, kOver, 0x02000001});
         SetCanvasFilter(source, sourceFilter);
-        SetCanvasFilter(dest, destFilter);
+        SetCanvasFilter(round.canvas, destFilter);
+        SetWindowOrg(source, -6, 13, nullptr);
         const auto alpha = random.Of<BYTE>({0, 1, 128, 254, 255, 255});
-        const RECT destRect = random.Coin() ? random.Inside(kCanvas) : random.Inside({-20, -20, 60, 56});
-        const RECT sourceRect = Partner(random, destRect), clip = random.Coin() ? kCanvas : random.Inside(kCanvas);
+        const RECT from = round.Partner(), &dest = round.dest, &clip = round.clip;
 
-        const bool sameSize = SameSize(destRect, sourceRect);
-        const bool whole = destRect.left >= clip.left && destRect.top >= clip.top && destRect.right <= clip.right &&
-                           destRect.bottom <= clip.bottom;
+        const bool sameSize = WidthOf(dest) == WidthOf(from) && HeightOf(dest) == HeightOf(from);
+        const bool whole =
+            dest.left >= clip.left && dest.top >= clip.top && dest.right <= clip.right && dest.bottom <= clip.bottom;
         const bool fades = (alpha < 255 || destFilter == kOver) && (whole || sameSize);
         partlyStretched += !whole && !sameSize;
         const CombineKind rule = sourceFilter == kOver ? CombineKind::Over
                                  : fades               ? CombineKind::CrossFade
                                                        : CombineKind::Copy;
-        Picture expected = dest.Pixels();
-        DrawNearest(expected, clip, destRect, source.Pixels(), sourceRect,
-                    [&](uint32_t s, uint32_t d) { return ModelCombine(rule, s, d, alpha); });
-
-        // Both canvases with origins of their own.
-        SetViewportOrg(dest, 9, -4, nullptr);
-        SetWindowOrg(source, -6, 13, nullptr);
-        const RECT logicalClip = Moved(clip, -9, 4), logicalDest = Moved(destRect, -9, 4);
-        const RECT logicalSource = Moved(sourceRect, -6, 13);
-        SetCanvasClipRect(dest, &logicalClip);
-        EXPECT_EQ(1, BlendCanvas(dest, &logicalDest, source, &logicalSource, alpha));
-        ASSERT_TRUE(Same(expected, dest.Pixels()))
-            << "round " << round << " filters " << std::hex << sourceFilter << " " << destFilter << " alpha "
-            << int{alpha} << (sameSize ? " same size" : " stretched") << (whole ? " whole" : " partly visible");
-    }
+        const RECT logicalDest = round.Logical(dest), logicalFrom = Moved(from, -6, 13);
+        EXPECT_EQ(1, BlendCanvas(round.canvas, &logicalDest, source, &logicalFrom, alpha));
+        round.Expect(source.Pixels(), from, clip,
+                     [&](uint32_t s, uint32_t d) { return ModelCombine(rule, s, d, alpha); });
+    });
     EXPECT_GT(partlyStretched, 200);
 }
 
 TEST(MixCanvas, MixesEveryChannelWithoutClipping) {
-    Random random(2);
-    const RECT clip{10, 10, 12, 12};
-    for (int round = 0; round < 800; ++round) {
-        const TestCanvas dest(random.Of(kCanvasKinds), 40, 36, random.Word());
-        const TestCanvas source(random.Of(kCanvasKinds), 25, 22, random.Word());
-        const auto weight = random.Of<BYTE>({0, 1, 100, 254, 255});
-        // Null stands for all pixels of a canvas that has its own.
+    ForRounds(2, 800, [](Round &round) {
+        const TestCanvas source(round.random.Of(kCanvasKinds), 25, 22, round.random.Word());
+        const auto weight = round.random.Of<BYTE>({0, 1, 100, 254, 255});
+        const RECT from = round.Partner(), dest = round.Logical(round.dest);
         SIZE size{};
-        const bool isWhole = GetCanvasSize(dest, &size) && GetCanvasSize(source, &size) && random.Coin();
-        const RECT destRect = isWhole ? kCanvas : random.Inside(kCanvas),
-                   sourceRect = isWhole ? kSource : Partner(random, destRect);
-        Picture expected = dest.Pixels();
-        DrawNearest(expected, kCanvas, destRect, source.Pixels(), sourceRect,
-                    [&](uint32_t s, uint32_t d) { return ModelCombine(CombineKind::Mix, s, d, weight); });
-        SetViewportOrg(dest, 3, 5, nullptr);
-        const RECT logicalDest = Moved(destRect, -3, -5);
-        if (GetCanvasSize(dest, &size)) SetCanvasClipRect(dest, &clip);
-        EXPECT_EQ(1,
-                  MixCanvas(dest, isWhole ? nullptr : &logicalDest, source, isWhole ? nullptr : &sourceRect, weight));
-        ASSERT_TRUE(Same(expected, dest.Pixels())) << "round " << round << " weight " << int{weight};
-    }
+        const bool ownsPixels = GetCanvasSize(round.canvas, &size);
+        EXPECT_EQ(1, MixCanvas(round.canvas, &dest, source, &from, weight));
+        // What reaches beyond the canvas can't be locked where the canvas has its own pixels.
+        const RECT &to = round.dest;
+        const bool isInside = to.left >= 0 && to.top >= 0 && to.right <= kCanvas.right && to.bottom <= kCanvas.bottom;
+        round.Expect(source.Pixels(), from, ownsPixels ? (isInside ? kCanvas : RECT{}) : round.clip,
+                     [&](uint32_t s, uint32_t d) { return ModelCombine(CombineKind::Mix, s, d, weight); });
+    });
+    // Null stands for all pixels.
+    const TestCanvas dest(CanvasKind::Memory, 25, 22, 1), source(CanvasKind::System, 7, 5, 2);
+    Picture expected = dest.Pixels();
+    const Picture small = source.Pixels();
+    DrawNearest(expected, expected.Bounds(), expected.Bounds(), small, small.Bounds(),
+                [](uint32_t s, uint32_t d) { return ModelCombine(CombineKind::Mix, s, d, 77); });
+    EXPECT_EQ(1, MixCanvas(dest, nullptr, source, nullptr, 77));
+    EXPECT_TRUE(Same(expected, dest.Pixels()));
 }
 
 TEST(MixCanvas, DrawsNothingFromWhatCannotBeLocked) {

@@ -1,7 +1,6 @@
 // Fills: premultiplying, the fills that do nothing, every rule of combining, clip and origins.
 
-#include "draw_rules.h"
-#include "painting.h"
+#include "rounds.h"
 
 namespace lacquer {
 namespace {
@@ -52,26 +51,16 @@ TEST(Fills, WithoutEffectSucceedOnAnyHandle) {
 }
 
 TEST(Fills, FollowTheirFormulasInsideClipAndOrigins) {
-    constexpr DWORD kColours[] = {0,          0x01010001, 0x40102030, 0x80808080,
-                                  0xFE00FE7F, 0xFF000000, 0xFF0180FF, 0xFFFFFFFF};
-    const RECT clip{2, -1, 15, 12};
-    for (const CanvasKind kind : kCanvasKinds) {
-        for (DWORD mode = 0; mode <= 9; ++mode) {
-            for (const DWORD colour : kColours) {
-                const RECT fill = mode == 9 ? RECT{6, 6, 2, 2} : RECT{-3, 4, 21, 17};
-                const TestCanvas canvas(kind, 18, 16, mode);
-                Picture expected = canvas.Pixels();
-                SetViewportOrg(canvas, 3, 1, nullptr);
-                SetWindowOrg(canvas, 1, 2, nullptr);
-                SetCanvasClipRect(canvas, &clip);
-                EXPECT_EQ(1, FillPreMulColorRectEx(canvas, colour, &fill, ModeWord(mode)));
-                DrawNearest(expected, Moved(clip, 2, -1), Moved(fill, 2, -1), expected, expected.Bounds(),
-                            [&](uint32_t, uint32_t d) { return Filled(mode, colour, d); });
-                EXPECT_TRUE(Same(expected, canvas.Pixels()))
-                    << "kind " << static_cast<int>(kind) << " mode " << mode << " colour " << std::hex << colour;
-            }
-        }
-    }
+    ForRounds(3, 1500, [](Round &round) {
+        const auto colour = round.random.Of<DWORD>(
+            {0, 0x01010001, 0x40102030, 0x80808080, 0xFE00FE7F, 0xFF000000, 0xFF0180FF, 0xFFFFFFFF});
+        const DWORD mode = round.random.Word() % 10;
+        const RECT dest = round.Logical(round.dest), inverted{dest.right, dest.top, dest.left, dest.bottom};
+        EXPECT_EQ(1, FillPreMulColorRectEx(round.canvas, colour, &inverted, ModeWord(mode)));
+        EXPECT_EQ(1, FillPreMulColorRectEx(round.canvas, colour, &dest, ModeWord(mode)));
+        round.Expect(TestCanvas(CanvasKind::Memory, 1, 1, 0).Pixels(), {0, 0, 1, 1}, round.clip,
+                     [&](uint32_t, uint32_t d) { return Filled(mode, colour, d); });
+    });
 }
 
 TEST(Fills, GradientsOfOneColourAreSolid) {

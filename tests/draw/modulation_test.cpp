@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "painting.h"
+#include "rounds.h"
 
 namespace lacquer {
 namespace {
@@ -45,22 +45,16 @@ TEST(DrawModulation, FollowsBothRulesOverAllChannelValues) {
 }
 
 TEST(DrawModulation, ClipsAndMovesTheMaskWithTheClip) {
-    Random random(4);
-    for (int round = 0; round < 500; ++round) {
-        const TestCanvas canvas(random.Of(kCanvasKinds), 40, 36, random.Word());
-        const OwnedBitmap mask = NoiseBitmap(30, 24, 32, random.Word());
-        const RECT source = random.Inside({0, 0, 30, 24}), clip = random.Inside({0, 0, 40, 36});
-        const int x = random.Between(-25, 45), y = random.Between(-25, 40);
-        const DWORD colour = random.Coin() ? 0xFF884422 : 0x80402010;
-        Picture expected = canvas.Pixels();
-        DrawNearest(expected, clip, {x, y, x + source.right - source.left, y + source.bottom - source.top},
-                    PictureOf(ViewOf(mask)), source, [&](uint32_t m, uint32_t d) { return Modulated(d, m, colour); });
-        SetViewportOrg(canvas, 6, -9, nullptr);
-        const RECT logicalClip = Moved(clip, -6, 9);
-        SetCanvasClipRect(canvas, &logicalClip);
-        EXPECT_EQ(1, DrawModulation(canvas, x - 6, y + 9, mask, &source, colour));
-        ASSERT_TRUE(Same(expected, canvas.Pixels())) << "round " << round;
-    }
+    ForRounds(4, 500, [](Round &round) {
+        const OwnedBitmap mask = NoiseBitmap(90, 90, 32, round.random.Word());
+        const LONG x = round.random.Between(0, 5), y = round.random.Between(0, 5);
+        const RECT dest = round.Logical(round.dest);
+        const RECT from{x, y, x + dest.right - dest.left, y + dest.bottom - dest.top};
+        const auto colour = round.random.Of<DWORD>({0xFF884422, 0x80402010});
+        EXPECT_EQ(1, DrawModulation(round.canvas, dest.left, dest.top, mask, &from, colour));
+        round.Expect(PictureOf(ViewOf(mask)), from, round.clip,
+                     [&](uint32_t m, uint32_t d) { return Modulated(d, m, colour); });
+    });
     // Only the visible part of the mask has to be there.
     const OwnedBitmap mask = NoiseBitmap(10, 10, 32, 1);
     const auto drawn = [&](int x, int y, const RECT *source) {

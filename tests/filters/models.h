@@ -10,17 +10,13 @@
 
 namespace lacquer {
 
-uint32_t ModelAhslOf(uint32_t argb);
-uint32_t ModelArgbOf(uint32_t ahsl);
-
 struct Deltas {
     float h, s, l;
 };
 
+/// A colour of hue, saturation and lightness, shifted; and a colour that is converted and converted back for it.
 uint32_t ModelShifted(uint32_t ahsl, const Deltas &deltas);
-inline uint32_t ModelColorized(uint32_t argb, const Deltas &deltas) {
-    return ModelArgbOf(ModelShifted(ModelAhslOf(argb), deltas));
-}
+uint32_t ModelColorized(uint32_t argb, const Deltas &deltas);
 
 /// The whole of a source after the box blur, and after the two passes of the Gaussian blur.
 Picture ModelBoxBlur(const Picture &source);

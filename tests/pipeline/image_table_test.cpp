@@ -69,8 +69,7 @@ TEST(ImageTable, PixelFiltersAreThoseOfTheBaseForEveryAlphaAndValue) {
         for (int first = 0; first < 8; ++first) {
             TestImage ground(256 - first, 256);
             ground.FillBy([&](int x, int alpha) {
-                const int value = x + first;
-                return WordOf([=](int i) { return i == 3 ? alpha : value * (i == 0 ? 1 : i == 1 ? 5 : 11) + i; });
+                return WordOf([=](int i) { return i == 3 ? alpha : (x + first) * (i * 5 + 1) + i; });
             });
             ASSERT_TRUE(AreEqual(ground, [&](const ImageTable &table, const SurfaceView &view) {
                 for (LONG y = 0; y < view.height; ++y) (table.*filter)(RowOf(view, y), view.width);
