@@ -14,7 +14,7 @@ TestImage KeyedSource(Random &random, SIZE size, int depth) {
     TestImage source = RandomSource(random, size.cx, size.cy, depth);
     std::vector<DWORD> words;
     for (int i = 0; i < 256; ++i)
-        words.push_back(random.Of({random.PremultipliedWord(), kKeyColour, 0xFF000000 | kKeyColour}));
+        words.push_back(random.Of<DWORD>({random.PremultipliedWord(), kKeyColour, 0xFF000000 | kKeyColour}));
     if (depth == 8) {
         source.SetPalette(words);
     } else {

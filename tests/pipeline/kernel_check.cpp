@@ -70,10 +70,6 @@ struct SlotSampler {
                                  Nearest = SamplerKind::Nearest;
 };
 
-TableUnderTest TableOf(const char *name, const CpuFeatures &features, const TableUnderTest *below) {
-    return {name, BuildKernelTable(features), WeightFormOf(features), below};
-}
-
 }  // namespace
 
 const std::vector<Kernel> &AllKernels() {
@@ -96,14 +92,26 @@ const KernelTable &BaseKernels(WeightForm form) {
     return form == WeightForm::Q8 ? kQ8 : kQ14;
 }
 
+bool TableUnderTest::Replaces(const Kernel &kernel) const {
+    return below < 0 ||
+           kernel.address(table) != kernel.address(TablesUnderTest()[static_cast<std::size_t>(below)].table);
+}
+
+Overflow TableUnderTest::OverflowOf(const Kernel &kernel) const {
+    return kernel.address(table) == kernel.address(BaseKernels(form)) ? Overflow::Carries : Overflow::Saturates;
+}
+
 const std::array<TableUnderTest, 6> &TablesUnderTest() {
+    const auto tableOf = [](const char *name, const CpuFeatures &features, int below) {
+        return TableUnderTest{name, BuildKernelTable(features), WeightFormOf(features), below};
+    };
     static const std::array<TableUnderTest, 6> tables = {
-        TableUnderTest{"Base8", BaseKernels(WeightForm::Q8), WeightForm::Q8, nullptr},
-        TableUnderTest{"Base14", BaseKernels(WeightForm::Q14), WeightForm::Q14, &tables[0]},
-        TableOf("SSE2Alone", {.sse2 = true}, WeightFormOf({}) == WeightForm::Q8 ? &tables[0] : &tables[1]),
-        TableOf("MMX", {.mmx = true}, &tables[1]),
-        TableOf("SSE", {.mmx = true, .sse = true}, &tables[3]),
-        TableOf("SSE2", {.mmx = true, .sse = true, .sse2 = true}, &tables[4])};
+        TableUnderTest{"Base8", BaseKernels(WeightForm::Q8), WeightForm::Q8, -1},
+        TableUnderTest{"Base14", BaseKernels(WeightForm::Q14), WeightForm::Q14, 0},
+        tableOf("SSE2Alone", {.sse2 = true}, WeightFormOf({}) == WeightForm::Q8 ? 0 : 1),
+        tableOf("MMX", {.mmx = true}, 1),
+        tableOf("SSE", {.mmx = true, .sse = true}, 3),
+        tableOf("SSE2", {.mmx = true, .sse = true, .sse2 = true}, 4)};
     return tables;
 }
 

@@ -49,17 +49,13 @@ struct TableUnderTest {
     const char *name;
     KernelTable table;
     WeightForm form;
-    const TableUnderTest *below;  ///< the one of which it replaces kernels; null for the first
+    int below;  ///< which table's kernels it replaces; -1 for the first
 
     /// Whether it has a kernel of its own; what it takes from below is tested there.
-    bool Replaces(const Kernel &kernel) const {
-        return !below || kernel.address(table) != kernel.address(below->table);
-    }
+    bool Replaces(const Kernel &kernel) const;
 
     /// What a kernel's sums do: those of a base kernel carry, the others saturate.
-    Overflow OverflowOf(const Kernel &kernel) const {
-        return kernel.address(table) == kernel.address(BaseKernels(form)) ? Overflow::Carries : Overflow::Saturates;
-    }
+    Overflow OverflowOf(const Kernel &kernel) const;
 };
 
 /// The base tables of both weight forms, and those of processors with SSE2 alone, with MMX, SSE on top, and SSE2 on
