@@ -59,7 +59,7 @@ void PartPainter::Whole(const Part &part, int64_t x, int64_t xEnd, int64_t y, in
         for (; y < yEnd; ++y) {
             BYTE *pixels = PixelAt(x, y);
             if (isOpaque) {
-                for (int i = 0; i < count; ++i) StorePixel(pixels + i * kPixelBytes, part.colour);
+                for (ptrdiff_t i = 0; i < count; ++i) StorePixel(pixels + i * kPixelBytes, part.colour);
             } else {
                 if (y + kRowsAhead < yEnd) Prefetch(x, count, y + kRowsAhead);
                 kernels_.overEvenly(pixels, part.colour, 255, count);

@@ -94,12 +94,12 @@ void ShadowTile::AddSlabs(const CasterSide &side, bool isLeft, int64_t from, int
     const int64_t start = (isLeft ? x_ : -(x_ + columns_)) * kPixel;
     for (int64_t done = from; done < to; done += kMostLines) {
         const int count = static_cast<int>(std::min<int64_t>(kMostLines, to - done));
-        for (int i = 0; i < count; ++i) {
+        for (ptrdiff_t i = 0; i < count; ++i) {
             int16_t *line = lines_ + i * kLinePixels;
             edge.Line(start - side.EdgeOf(done + i), columns_, line);
             if (!isLeft) std::reverse(line, line + columns_);
         }
-        for (int i = 0; i <= count; ++i) {
+        for (ptrdiff_t i = 0; i <= count; ++i) {
             edge.Line(y_ * kPixel - side.Cut(done + i), rows_, cuts_ + i * kSide);
         }
         AddWeighted(count);
@@ -119,8 +119,8 @@ void ShadowTile::AddWeighted(int count) {
             end = i + 1;
         }
         if (felt < end) {
-            kernels_.addLines(sums_[row], lines_ + felt * kLinePixels, weights + felt, end - felt, wanted_[row].from,
-                              wanted_[row].to);
+            kernels_.addLines(sums_[row], lines_ + ptrdiff_t{felt} * kLinePixels, weights + felt, end - felt,
+                              wanted_[row].from, wanted_[row].to);
         }
     }
 }
