@@ -213,7 +213,9 @@ TEST(FocusRings, CoverTheirDashes) {
                           {{2, 1, 20, 19}, 9, 100, 0.3f, 0.2f, 0xD7D7E20BE461FE5E},
                           {{1, 1, 23, 19}, 2, 5, 1000, 1, 0xBEFE929E18753F9B},
                           {{1.25f, 1, 21, 20}, 3, 9, 5, 1, 0x1B53CFF2B5E7C0C3},
-                          {{-30.5f, 1, 23, 90}, 9, 30, 7, 4, 0xA98B710D5C25B4B7}};
+                          {{-30.5f, 1, 23, 90}, 9, 30, 7, 4, 0xA98B710D5C25B4B7},
+                          {{-42, -40, 400, 400}, 60, 150, 7, 4, 0xC86EB0BD4D5EEA82},
+                          {{-140, 1, 400, 300}, 60, 150, 0.3f, 0.2f, 0x381F3AC220563878}};
     for (const Case &c : cases) {
         const Picture covers = CoversOf(24, 24, [&](HGCANVAS canvas, DWORD colour) {
             EXPECT_EQ(1, GeoRectFocusEx(canvas, &c.rect, colour, c.width, c.radius, c.dash, c.gap));

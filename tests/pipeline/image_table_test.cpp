@@ -1,7 +1,10 @@
 // The second table: every kernel of the faster tier gives what the base kernel gives.
 
-#include "pipeline/table/image_table.h"
+#include <cstring>
+
 #include "kernel_check.h"
+#include "pipeline/shape/shadow.h"
+#include "pipeline/table/image_table.h"
 #include "pipeline/transform/turn.h"
 
 namespace lacquer {
@@ -62,19 +65,78 @@ TEST(ImageTable, TurnsAndBlursAndCopiesAreThoseOfTheBase) {
     }
 }
 
-/// Every alpha with every value of each colour, in every lane of a register and of what is left over.
-TEST(ImageTable, PixelFiltersAreThoseOfTheBaseForEveryAlphaAndValue) {
-    for (const FilterKernel ImageTable::*filter :
-         {&ImageTable::makeGrey, &ImageTable::premultiply, &ImageTable::invert, &ImageTable::colourToAlpha}) {
-        for (int first = 0; first < 8; ++first) {
-            TestImage ground(256 - first, 256);
-            ground.FillBy([&](int x, int alpha) {
-                return WordOf([=](int i) { return i == 3 ? alpha : (x + first) * (i * 5 + 1) + i; });
-            });
-            ASSERT_TRUE(AreEqual(ground, [&](const ImageTable &table, const SurfaceView &view) {
-                for (LONG y = 0; y < view.height; ++y) (table.*filter)(RowOf(view, y), view.width);
-            }));
+/// What kernels of runs take beside the run: for each pixel covers that are 255 together at most, words, and shares
+/// from a little below none to a little above all.
+struct RunInput {
+    std::vector<BYTE> inner, outer;
+    std::vector<DWORD> fills, borders;
+    std::vector<int32_t> shares;
+    std::vector<int16_t> lines, weights;
+
+    RunInput(Random &random, int count, int cover) {
+        for (int i = 0; i < count; ++i) {
+            inner.push_back(static_cast<BYTE>(cover < 256 ? cover : random.Between(0, 255)));
+            outer.push_back(static_cast<BYTE>(random.Between(0, 255 - inner.back())));
+            fills.push_back(random.PremultipliedWord());
+            borders.push_back(random.PremultipliedWord());
+            shares.push_back(random.Between(-5000000, kFullShadow + 5000000));
         }
+        // The weights of a row add up to 2^14 at most.
+        for (int i = random.Between(1, 9); i > 0; --i) weights.push_back(static_cast<int16_t>(random.Between(0, 1820)));
+        for (size_t i = 0; i < weights.size() * kLinePixels; ++i) {
+            lines.push_back(static_cast<int16_t>(random.Between(-8192, 8192)));
+        }
+    }
+};
+
+/// Calls a kernel of a run with what it takes of these; those of whole views are tested above.
+template <class Kernel>
+void CallRun(Kernel, const RunInput &, BYTE *, ptrdiff_t) {}
+void CallRun(FilterKernel kernel, const RunInput &, BYTE *run, ptrdiff_t count) { kernel(run, count); }
+void CallRun(MixPartsKernel kernel, const RunInput &in, BYTE *run, ptrdiff_t count) {
+    kernel(run, in.fills.data(), in.borders.data(), in.inner.data(), in.outer.data(), count);
+}
+void CallRun(DrawPartsKernel kernel, const RunInput &in, BYTE *run, ptrdiff_t count) {
+    kernel(run, in.fills[0], in.borders[0], in.inner.data(), in.outer.data(), count);
+}
+void CallRun(DrawCoveredKernel kernel, const RunInput &in, BYTE *run, ptrdiff_t count) {
+    kernel(run, in.fills[0], in.inner.data(), count);
+}
+void CallRun(DrawEvenlyKernel kernel, const RunInput &in, BYTE *run, ptrdiff_t count) {
+    kernel(run, in.fills[0], in.inner[0], count);
+}
+void CallRun(AddLinesKernel kernel, const RunInput &in, BYTE *run, ptrdiff_t) {
+    int32_t sums[kLinePixels] = {};
+    const int from = in.inner[0] / 2, to = from + in.outer[0] * (kLinePixels - from) / 255;
+    kernel(sums, in.lines.data(), in.weights.data(), static_cast<int>(in.weights.size()), from, to);
+    std::memcpy(run, sums + from, static_cast<size_t>(to - from) * sizeof *sums);
+}
+void CallRun(CoverSharesKernel kernel, const RunInput &in, BYTE *run, ptrdiff_t count) {
+    kernel(in.shares.data(), static_cast<int>(count), in.inner[0] & 1, run);
+}
+
+/// Every alpha with every value of each colour, and every cover, in every lane of a register and of what is left over.
+TEST(ImageTable, RunsAreThoseOfTheBaseForEveryAlphaValueAndCover) {
+    for (int first = 0; first < 8; ++first) {
+        Random random = CaseRandom(first);
+        TestImage ground(256 - first, 256);
+        std::vector<RunInput> inputs;
+        for (int y = 0; y < ground.height(); ++y) {
+            inputs.emplace_back(random, ground.width(), first % 2 == 0 ? y : 256);
+        }
+        ground.FillBy([&](int x, int alpha) {
+            return WordOf([=](int i) { return i == 3 ? alpha : (x + first) * (i * 5 + 1) + i; });
+        });
+        const auto areEqual = [&](const auto &kernel) {
+            return AreEqual(ground, [&](const ImageTable &table, const SurfaceView &view) {
+                for (LONG y = 0; y < view.height; ++y) {
+                    CallRun(table.*kernel, inputs[static_cast<size_t>(y)], RowOf(view, y), view.width);
+                }
+            });
+        };
+#define LACQUER_COMPARE(type, name, function) EXPECT_TRUE(areEqual(&ImageTable::name)) << #name << " " << first;
+        LACQUER_IMAGE_KERNELS(LACQUER_COMPARE)
+#undef LACQUER_COMPARE
     }
 }
 

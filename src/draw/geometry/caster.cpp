@@ -106,7 +106,19 @@ ShadowSpan Caster::Rows() const {
     return MakeSpan(shape_.top, shape_.top + above, shape_.bottom - below, shape_.bottom, edge_.Reach());
 }
 
-int Caster::RowWeight(int64_t y) const { return edge_.At(y * kPixel - top_) - edge_.At(y * kPixel - bottom_); }
+int32_t Caster::RowShare(int64_t y) const {
+    return (edge_.At(y * kPixel - top_) - edge_.At(y * kPixel - bottom_)) * 2 * GaussianEdge::kHalf;
+}
+
+std::optional<int64_t> Caster::MirrorDown() const {
+    const auto &radii = shape_.radii;
+    const bool isSymmetric = (shape_.top + shape_.bottom) % kPixel == 0 &&
+                             top_ + bottom_ == shape_.top + shape_.bottom &&
+                             radii[RoundedRect::kTopLeft] == radii[RoundedRect::kBottomLeft] &&
+                             radii[RoundedRect::kTopRight] == radii[RoundedRect::kBottomRight];
+    if (!isSymmetric) return std::nullopt;
+    return (shape_.top + shape_.bottom) / kPixel - 1;
+}
 
 void Caster::FindWhole(int64_t y, int64_t *begin, int64_t *end) const {
     *begin = *end = 0;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 
 #include "draw/geometry/caster_side.h"
 #include "draw/geometry/gaussian_edge.h"
@@ -33,8 +34,11 @@ public:
     ShadowSpan Columns() const;
     ShadowSpan Rows() const;
 
-    /// The weight of all rows of the caster for a row of pixels, up to 2 × GaussianEdge::kHalf.
-    int RowWeight(int64_t y) const;
+    /// The share of kFullShadow in a row's pixels between the sides.
+    int32_t RowShare(int64_t y) const;
+
+    /// The sum of the rows of which one mirrors the other, if the shape is symmetric.
+    std::optional<int64_t> MirrorDown() const;
 
     /// False when none of these columns has a pixel that is nothing but shadow.
     bool MayBeWhole(int64_t x, int64_t xEnd) const {

@@ -21,15 +21,32 @@ public:
     /// How much of the line between two positions is dashes. -line <= from <= to <= 2 × line.
     int64_t Between(int64_t from, int64_t to) const { return (ScaledBefore(to) - ScaledBefore(from)) / count_; }
 
+    /// The mean of it for `count` stretches of one length that begin evenly spaced; they are short.
+    int64_t MeanBetween(int64_t from, int64_t spacing, int count, int64_t length) const {
+        int64_t sum = 0, beginPeriod = 0, endPeriod = 0;
+        for (int i = 0; i < count; ++i) {
+            const int64_t begin = from + spacing * i / count;
+            sum += ScaledBefore(begin + length, &endPeriod) - ScaledBefore(begin, &beginPeriod);
+        }
+        return sum / count_ / count;
+    }
+
     bool Contains(int64_t position) const { return ScaledPlace(position) % line_ < scaledDash_; }
 
 private:
     /// Times the number of dashes, so that periods are whole: the line's length is the period.
     int64_t ScaledPlace(int64_t position) const { return (position + line_) * count_ + scaledDash_ / 2; }
 
+    /// Most positions lie in the period of the one before.
+    int64_t ScaledBefore(int64_t position, int64_t *period) const {
+        const int64_t place = ScaledPlace(position);
+        if (static_cast<uint64_t>(place - *period * line_) >= static_cast<uint64_t>(line_)) *period = place / line_;
+        return *period * scaledDash_ + std::min(place - *period * line_, scaledDash_);
+    }
+
     int64_t ScaledBefore(int64_t position) const {
-        const int64_t place = ScaledPlace(position), period = place / line_;
-        return period * scaledDash_ + std::min(place - period * line_, scaledDash_);
+        int64_t period = 0;
+        return ScaledBefore(position, &period);
     }
 
     int64_t line_, count_, scaledDash_;

@@ -74,11 +74,11 @@ private:
 
     void PaintPixels(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd) const {
         BYTE cover[PartPainter::kMostCovered];
-        constexpr BYTE kNoBorder[PartPainter::kMostCovered] = {};
         for (; x < xEnd; x += PartPainter::kMostCovered) {
             const int count = static_cast<int>(std::min<int64_t>(PartPainter::kMostCovered, xEnd - x));
-            for (int i = 0; i < count; ++i) cover[i] = ring_.At(x + i, y);
-            painter_.Covered(x, count, y, yEnd, cover, kNoBorder);
+            BYTE any = 0;
+            for (int i = 0; i < count; ++i) any |= cover[i] = ring_.At(x + i, y);
+            if (any != 0) painter_.FillCovered(x, count, y, yEnd, cover);
         }
     }
 

@@ -1,5 +1,4 @@
-// Whole pixels go to the fills; covered ones to the kernels of this folder, by way of the fills in the less usual
-// modes.
+// Whole pixels go to the fills; covered ones to the kernels for shapes, by way of the fills in the less usual modes.
 
 #include "draw/geometry/painted_parts.h"
 
@@ -23,11 +22,8 @@ bool IsOver(DWORD modeWord) {
     return mode == LACQUER_DRAW_OVER || mode == LACQUER_DRAW_COLOR_KEY || mode > LACQUER_DRAW_BEHIND;
 }
 
-bool IsAnyCovered(const BYTE *cover, int count) {
-    BYTE any = 0;
-    for (int i = 0; i < count; ++i) any |= cover[i];
-    return any != 0;
-}
+/// Rows come in pieces, of which one so many pixels ahead is asked for: the processor's own guesses end with each page.
+constexpr int64_t kPiecePixels = Lookahead::kPiecePixels, kPixelsAhead = 4 * kPiecePixels;
 
 }  // namespace
 
@@ -45,7 +41,12 @@ PartPainter::PartPainter(const SurfaceView &view, int64_t left, int64_t top, con
       isOver_(IsOver(paint.modeWord)),
       fill_(PartOf(paint.fill, paint.modeWord)),
       border_(PartOf(paint.border, paint.modeWord)),
-      kernels_(CoverKernelsInUse()) {}
+      kernels_(ImageKernels()),
+      isOpaque_(isOver_ && Alpha(fill_.colour & border_.colour) == 255) {
+    if (!isOpaque_) return;
+    std::fill_n(words_[0], kMostCovered, fill_.colour);
+    std::fill_n(words_[1], kMostCovered, border_.colour);
+}
 
 BYTE *PartPainter::PixelAt(int64_t x, int64_t y) const {
     return static_cast<BYTE *>(RowOf(view_, y - top_)) + (x - left_) * kPixelBytes;
@@ -55,15 +56,16 @@ void PartPainter::Whole(const Part &part, int64_t x, int64_t xEnd, int64_t y, in
     if (!part.isPainted || x >= xEnd || y >= yEnd) return;
     if (isOver_ && xEnd - x <= kNarrow) {
         const int count = static_cast<int>(xEnd - x);
-        const bool isOpaque = Alpha(part.colour) == 255;
-        for (; y < yEnd; ++y) {
-            BYTE *pixels = PixelAt(x, y);
-            if (isOpaque) {
-                for (ptrdiff_t i = 0; i < count; ++i) StorePixel(pixels + i * kPixelBytes, part.colour);
-            } else {
+        if (Alpha(part.colour) < 255) {
+            for (; y < yEnd; ++y) {
                 if (y + kRowsAhead < yEnd) Prefetch(x, count, y + kRowsAhead);
-                kernels_.overEvenly(pixels, part.colour, 255, count);
+                kernels_.drawEvenly(PixelAt(x, y), part.colour, 255, count);
             }
+            return;
+        }
+        BYTE *pixels = PixelAt(x, y);
+        for (; y < yEnd; ++y, pixels += view_.stride) {
+            for (ptrdiff_t i = 0; i < count; ++i) StorePixel(pixels + i * kPixelBytes, part.colour);
         }
         return;
     }
@@ -89,30 +91,51 @@ void PartPainter::MixByFills(BYTE *pixels, int count, const BYTE *inner, const B
         row.bits = words[i];
         FillView(&row, parts[i]->colour, modeWord_);
     }
-    kernels_.mix(pixels, words[0], words[1], inner, border, count);
+    kernels_.mixParts(pixels, words[0], words[1], inner, border, count);
 }
 
 void PartPainter::Covered(int64_t x, int count, int64_t y, int64_t yEnd, const BYTE *inner, const BYTE *border) const {
-    const bool hasInner = fill_.isPainted && IsAnyCovered(inner, count);
-    const bool hasBorder = border_.isPainted && IsAnyCovered(border, count);
-    if (!hasInner && !hasBorder) return;
+    if (!fill_.isPainted && !border_.isPainted) return;
     for (; y < yEnd; ++y) {
         if (y + kRowsAhead < yEnd) Prefetch(x, count, y + kRowsAhead);
         BYTE *pixels = PixelAt(x, y);
-        if (!isOver_) {
+        if (isOpaque_) {
+            kernels_.mixParts(pixels, words_[0], words_[1], inner, border, count);
+        } else if (!isOver_) {
             MixByFills(pixels, count, inner, border);
-        } else if (!hasBorder) {
-            kernels_.overOne(pixels, fill_.colour, inner, count);
-        } else if (!hasInner) {
-            kernels_.overOne(pixels, border_.colour, border, count);
+        } else if (!border_.isPainted) {
+            kernels_.drawCovered(pixels, fill_.colour, inner, count);
+        } else if (!fill_.isPainted) {
+            kernels_.drawCovered(pixels, border_.colour, border, count);
         } else {
-            kernels_.over(pixels, fill_.colour, border_.colour, inner, border, count);
+            kernels_.drawParts(pixels, fill_.colour, border_.colour, inner, border, count);
         }
     }
 }
 
-void PartPainter::Prefetch(int64_t x, int count, int64_t y) const {
-    PrefetchBytes(PixelAt(x, y), ptrdiff_t{count} * kPixelBytes);
+void PartPainter::FillCovered(int64_t x, ptrdiff_t count, int64_t y, int64_t yEnd, const BYTE *cover) const {
+    if (!fill_.isPainted) return;
+    for (; y < yEnd; ++y) {
+        if (y + kRowsAhead < yEnd) Prefetch(x, count, y + kRowsAhead);
+        kernels_.drawCovered(PixelAt(x, y), fill_.colour, cover, count);
+    }
+}
+
+void PartPainter::Prefetch(int64_t x, ptrdiff_t count, int64_t y) const {
+    PrefetchBytes(PixelAt(x, y), count * kPixelBytes);
+}
+
+void PartPainter::OverEvenly(const Part &part, int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, BYTE cover) const {
+    const int64_t width = xEnd - x;
+    for (; y < yEnd; ++y) {
+        for (int64_t from = x; from < xEnd; from += kPiecePixels) {
+            const int64_t to = std::min(from + kPiecePixels, xEnd);
+            const int64_t ahead = from - x + kPixelsAhead, below = y + std::min(ahead / width, kRowsAhead);
+            const int64_t next = x + ahead % width;
+            if (below - top_ < view_.height) Prefetch(next, std::min(kPiecePixels, xEnd - next), below);
+            kernels_.drawEvenly(PixelAt(from, y), part.colour, cover, to - from);
+        }
+    }
 }
 
 void PartPainter::Evenly(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, BYTE inner, BYTE border) const {
@@ -121,9 +144,7 @@ void PartPainter::Evenly(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, BYTE 
     const bool hasInner = inner != 0 && fill_.isPainted, hasBorder = border != 0 && border_.isPainted;
     if (!hasInner && !hasBorder) return;
     if (isOver_ && hasInner != hasBorder) {
-        const DWORD colour = hasInner ? fill_.colour : border_.colour;
-        for (; y < yEnd; ++y) kernels_.overEvenly(PixelAt(x, y), colour, hasInner ? inner : border, xEnd - x);
-        return;
+        return OverEvenly(hasInner ? fill_ : border_, x, xEnd, y, yEnd, hasInner ? inner : border);
     }
     BYTE inners[kMostCovered], borders[kMostCovered];
     std::memset(inners, inner, sizeof inners);

@@ -5,7 +5,7 @@
 
 #include <cstdint>
 
-#include "draw/geometry/cover_kernels.h"
+#include "pipeline/table/image_table.h"
 
 namespace lacquer {
 
@@ -29,11 +29,14 @@ public:
     static constexpr int kMostCovered = 64;
     void Covered(int64_t x, int count, int64_t y, int64_t yEnd, const BYTE *inner, const BYTE *border) const;
 
+    /// The same for any number of pixels that the fill alone covers, and draws over.
+    void FillCovered(int64_t x, ptrdiff_t count, int64_t y, int64_t yEnd, const BYTE *cover) const;
+
     /// The same for any number of pixels, covered evenly.
     void Evenly(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, BYTE inner, BYTE border) const;
 
     /// Asks for pixels that will be painted soon.
-    void Prefetch(int64_t x, int count, int64_t y) const;
+    void Prefetch(int64_t x, ptrdiff_t count, int64_t y) const;
 
 private:
     struct Part {
@@ -43,6 +46,7 @@ private:
 
     static Part PartOf(DWORD straight, DWORD modeWord);
     void Whole(const Part &part, int64_t x, int64_t xEnd, int64_t y, int64_t yEnd) const;
+    void OverEvenly(const Part &part, int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, BYTE cover) const;
     void MixByFills(BYTE *pixels, int count, const BYTE *inner, const BYTE *border) const;
     BYTE *PixelAt(int64_t x, int64_t y) const;
 
@@ -51,7 +55,9 @@ private:
     DWORD modeWord_;
     bool isOver_;
     Part fill_, border_;
-    const CoverKernels &kernels_;
+    const ImageTable &kernels_;
+    bool isOpaque_;                 ///< both parts replace what they cover
+    DWORD words_[2][kMostCovered];  ///< a run of each, then
 };
 
 }  // namespace lacquer

@@ -12,8 +12,9 @@
 namespace lacquer {
 namespace {
 
-constexpr int kSlices = 16;  ///< of the mitres in which two sides meet
-constexpr int kArcs = 6;     ///< of each part of a pixel's way through a corner
+constexpr int kSlices = 16;    ///< of the mitres in which two sides meet
+constexpr int kStretches = 8;  ///< of a pixel far from its corner's centre
+constexpr int kArcs = 6;       ///< of each part of a pixel's way through a corner
 
 int64_t CornerSide(int64_t radius, int64_t width) { return std::max(radius, width / 2); }
 
@@ -46,12 +47,15 @@ RingCover::RingCover(const RoundedRect &shape, int64_t width, int64_t dash, int6
       bottom_(shape.bottom << 8),
       width_(width << 8),
       outerRadius_(shape.radii[0] << 8),
+      innerRadius_(std::max<int64_t>(0, outerRadius_ - width_)),
       corner_(CornerSide(outerRadius_, width_)),
       lineRadius_(corner_ - width_ / 2),
       across_(right_ - left_ - 2 * corner_),
       down_(bottom_ - top_ - 2 * corner_),
       arc_(ArcLength(lineRadius_)),
-      dashes_(LineLength(shape, width), dash << 8, gap << 8) {}
+      dashes_(LineLength(shape, width), dash << 8, gap << 8),
+      outer_(outerRadius_ >> 8),
+      inner_(innerRadius_ >> 8) {}
 
 BYTE RingCover::At(int64_t x, int64_t y) const {
     // Sides: along them clockwise, and inwards. Corners: from the circle's centre, clockwise.
@@ -90,6 +94,11 @@ int64_t RingCover::SideArea(const Box &box, int64_t length, int64_t start) const
     }
     const Box mitred = box.CutTo(0, length, corner_, width_);
     if (mitred.IsEmpty()) return area;
+    const int64_t least = mitred.b0 - corner_, most = mitred.b1 - corner_;
+    if (mitred.a1 <= least || mitred.a0 >= length - least) return area;
+    if (mitred.a0 >= most && mitred.a1 <= length - most) {
+        return area + dashes_.Between(start + mitred.a0, start + mitred.a1) * (mitred.b1 - mitred.b0);
+    }
     for (int i = 0; i < kSlices; ++i) {
         const int64_t depth = mitred.b1 - mitred.b0;
         const int64_t b0 = mitred.b0 + depth * i / kSlices, b1 = mitred.b0 + depth * (i + 1) / kSlices;
@@ -105,9 +114,9 @@ int64_t RingCover::CornerArea(const Box &whole, int64_t start) const {
     const Box box = whole.CutTo(0, corner_, 0, corner_);
     if (box.IsEmpty()) return 0;
     if (lineRadius_ == 0) return SharpCornerArea(box, start);
-    const int64_t innerRadius = std::max<int64_t>(0, corner_ - width_);
+    if (IsFar(box)) return FarArea(box, start);
     const int64_t nearest = Distance(box.a0, box.b0), farthest = Distance(box.a1, box.b1);
-    const int64_t from = std::max(innerRadius, nearest), to = std::min(outerRadius_, farthest);
+    const int64_t from = std::max(innerRadius_, nearest), to = std::min(outerRadius_, farthest);
     if (from >= to) return 0;
     // Most pixels lie in one dash, or in one gap.
     const int64_t first = start + (AngleOf(box.a1, box.b0) * lineRadius_ >> kAngleBits);
@@ -115,17 +124,35 @@ int64_t RingCover::CornerArea(const Box &whole, int64_t start) const {
     const int64_t dashed = dashes_.Between(first, last);
     if (dashed == 0) return 0;
     if (dashed >= last - first) {
-        const bool isInside = nearest >= innerRadius && farthest < outerRadius_;
-        return isInside ? box.Area() : DiscArea(box, outerRadius_) - DiscArea(box, innerRadius);
+        const bool isInside = nearest >= innerRadius_ && farthest < outerRadius_;
+        return isInside ? box.Area() : DiscArea(box, outer_) - DiscArea(box, inner_);
     }
     return SectorArea(box, from, to, start);
 }
 
+/// A whole pixel of the ring's corner so far from the centre that the radii through it are as good as parallel.
+bool RingCover::IsFar(const Box &box) const {
+    constexpr int64_t kFar = 64 << 16;
+    const int64_t least = std::max(innerRadius_, kFar);
+    return box.Area() == int64_t{1} << 32 && box.a0 * box.a0 + box.b0 * box.b0 >= least * least &&
+           box.a1 * box.a1 + box.b1 * box.b1 <= outerRadius_ * outerRadius_ && lineRadius_ >= kFar;
+}
+
+/// In stretches along the side that turns more of the angle: what each crosses of the centre line is known exactly.
+int64_t RingCover::FarArea(const Box &box, int64_t start) const {
+    const int64_t a = (box.a0 + box.a1) / 2, b = (box.b0 + box.b1) / 2, squared = (a * a + b * b) >> 16;
+    const int64_t place = start + (AngleOf(a, b) * lineRadius_ >> kAngleBits);
+    const int64_t length = lineRadius_ * std::max(a, b) / squared, spread = lineRadius_ * std::min(a, b) / squared;
+    const int64_t first = place - length / 2 - spread * (kStretches - 1) / (2 * kStretches);
+    return (dashes_.MeanBetween(first, spread, kStretches, length) << 32) / length;
+}
+
 /// The part of a box inside the disc; here all positions are whole units.
-int64_t RingCover::DiscArea(const Box &box, int64_t radius) const {
+int64_t RingCover::DiscArea(const Box &box, const Circle &disc) {
+    const int64_t radius = disc.Radius().length;
     const Box inside = box.CutTo(0, radius, 0, radius);
     if (inside.IsEmpty()) return 0;
-    const ArcRow row(radius >> 8, inside.b0 >> 8, inside.b1 >> 8);
+    const ArcRow row(disc, inside.b0 >> 8, inside.b1 >> 8);
     return inside.Area() - row.Outside(inside.a0 >> 8, inside.a1 >> 8);
 }
 
@@ -135,7 +162,7 @@ int64_t RingCover::SharpCornerArea(const Box &box, int64_t start) const {
     const int64_t inset = corner_ - outerRadius_;
     const Box rounded =
         Box{box.a0 - inset, box.a1 - inset, box.b0 - inset, box.b1 - inset}.CutTo(0, outerRadius_, 0, outerRadius_);
-    return rounded.IsEmpty() ? box.Area() : box.Area() - rounded.Area() + DiscArea(rounded, outerRadius_);
+    return rounded.IsEmpty() ? box.Area() : box.Area() - rounded.Area() + DiscArea(rounded, outer_);
 }
 
 /// The dashed area of a box between two radii. Between the distances of the box's corners the arcs' lengths change

@@ -32,17 +32,20 @@ private:
     int64_t SideArea(const Box &box, int64_t length, int64_t start) const;
     int64_t CornerArea(const Box &box, int64_t start) const;
     int64_t SharpCornerArea(const Box &box, int64_t start) const;
+    bool IsFar(const Box &box) const;
+    int64_t FarArea(const Box &box, int64_t start) const;
     int64_t SectorArea(const Box &box, int64_t from, int64_t to, int64_t start) const;
     int64_t AlongArc(const Box &box, int64_t radius, int64_t start) const;
-    int64_t DiscArea(const Box &box, int64_t radius) const;
+    static int64_t DiscArea(const Box &box, const Circle &disc);
 
     int64_t left_, top_, right_, bottom_;
     int64_t width_;
-    int64_t outerRadius_;
+    int64_t outerRadius_, innerRadius_;
     int64_t corner_;               ///< side of the square in a corner whose points belong to the corner's arc
     int64_t lineRadius_;           ///< of the centre line in the corners
     int64_t across_, down_, arc_;  ///< lengths of the centre line's sides and of its arcs
     Dashes dashes_;
+    Circle outer_, inner_;
 };
 
 }  // namespace lacquer

@@ -34,6 +34,10 @@ struct Covers {
 
     void Compute(const CoverRow &outside, const CoverRow &inside, int64_t x, int count) {
         inside.Write(x, count, inner);
+        if (&outside == &inside) {
+            std::fill_n(border, count, BYTE{0});
+            return;
+        }
         outside.Write(x, count, border);
         for (int i = 0; i < count; ++i) border[i] = BorderOf(border[i], inner[i]);
     }
@@ -48,37 +52,54 @@ struct Covers {
 class ShapePainter {
 public:
     ShapePainter(const PartPainter &painter, const RoundedRect &shape, int64_t borderWidth, const RECT &visible)
-        : painter_(painter), shape_(shape), inside_(shape.Grown(-borderWidth)), visible_(visible) {}
+        : painter_(painter),
+          outside_(shape),
+          inside_(shape.Grown(-borderWidth)),
+          hasBorder_(borderWidth > 0),
+          visible_(visible) {}
 
     void Paint() const;
 
 private:
+    void PaintRows(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t yEnd, int64_t mirrored) const;
     bool PaintEnds(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t mirrored) const;
     void PaintAlike(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t yEnd) const;
     bool IsVisibleRow(int64_t y) const { return y >= visible_.top && y < visible_.bottom; }
 
     const PartPainter &painter_;
-    const RoundedRect &shape_;
-    const RoundedRect inside_;
+    const CoverShape outside_, inside_;
+    const bool hasBorder_;
     const RECT &visible_;
 };
 
 void ShapePainter::Paint() const {
-    const bool isSymmetric = shape_.IsSymmetricDown();
-    const int64_t lastMirrored = PixelAt(shape_.top + shape_.bottom) - 1;
+    const RoundedRect &shape = outside_.Rect();
+    const bool isSymmetric = shape.IsSymmetricDown();
+    const int64_t lastMirrored = PixelAt(shape.top + shape.bottom) - 1;
     for (int64_t y = visible_.top; y < visible_.bottom;) {
-        const CoverRow outer(shape_, y), inner(inside_, y);
-        const int64_t yEnd = std::min({outer.AlikeUntil(), inner.AlikeUntil(), int64_t{visible_.bottom}});
+        const int64_t yEnd = std::min({outside_.AlikeUntil(y), inside_.AlikeUntil(y), int64_t{visible_.bottom}});
         const int64_t mirrored = isSymmetric ? lastMirrored - y : y;
         const bool isSingle = yEnd == y + 1;
-        if (isSingle && mirrored < y && IsVisibleRow(mirrored)) {
-            // It was painted with its mirror image.
-        } else if (!isSingle || !PaintEnds(outer, inner, y, mirrored)) {
-            PaintAlike(outer, inner, y, yEnd);
-            if (isSingle && mirrored > y && IsVisibleRow(mirrored)) PaintAlike(outer, inner, mirrored, mirrored + 1);
+        // Below the axis a row has been painted with its mirror image.
+        if (!isSingle || mirrored >= y || !IsVisibleRow(mirrored)) {
+            const CoverRow inner(inside_, y);
+            if (hasBorder_) {
+                PaintRows(CoverRow(outside_, y), inner, y, yEnd, mirrored);
+            } else {
+                PaintRows(inner, inner, y, yEnd, mirrored);
+            }
         }
         y = yEnd;
     }
+}
+
+/// Rows y..yEnd, which are alike; a single one together with its mirror image.
+void ShapePainter::PaintRows(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t yEnd,
+                             int64_t mirrored) const {
+    const bool isSingle = yEnd == y + 1;
+    if (isSingle && PaintEnds(outer, inner, y, mirrored)) return;
+    PaintAlike(outer, inner, y, yEnd);
+    if (isSingle && mirrored > y && IsVisibleRow(mirrored)) PaintAlike(outer, inner, mirrored, mirrored + 1);
 }
 
 /// A row of short ends and an even middle, and the row that mirrors it. Result: false when it is not of that kind, or
@@ -90,7 +111,7 @@ bool ShapePainter::PaintEnds(const CoverRow &outer, const CoverRow &inner, int64
     const int64_t left = leftEnd - outer.begin, right = outer.end - rightBegin;
     if (leftEnd > rightBegin || left > kMostCovered || right > kMostCovered) return false;
     if (outer.begin < visible_.left || outer.end > visible_.right) return false;
-    const bool isMirror = left == right && shape_.IsSymmetricAcross();
+    const bool isMirror = left == right && outside_.Rect().IsSymmetricAcross();
     const BYTE inside = hasInside ? inner.flat : BYTE{0}, border = BorderOf(outer.flat, inside);
     const int64_t images[] = {y, mirrored};
     const std::span rows(images, mirrored == y ? 1 : 2);
@@ -139,8 +160,13 @@ void ShapePainter::PaintAlike(const CoverRow &outer, const CoverRow &inner, int6
 
 }  // namespace
 
-void DrawRoundedRect(Canvas &canvas, const RoundedRect &shape, int64_t borderWidth, const Paint &paint) {
-    if (shape.IsEmpty() || Alpha(paint.fill | paint.border) == 0) return;
+void DrawRoundedRect(Canvas &canvas, RoundedRect shape, int64_t borderWidth, const Paint &paint) {
+    if (Alpha(paint.fill | paint.border) == 0) return;
+    if (Alpha(paint.border) == 0) {
+        shape = shape.Grown(-borderWidth);
+        borderWidth = 0;
+    }
+    if (shape.IsEmpty()) return;
     const VisiblePart part(canvas, PixelAt(shape.left), PixelAt(shape.top), PixelFrom(shape.right),
                            PixelFrom(shape.bottom));
     if (!part.View()) return;

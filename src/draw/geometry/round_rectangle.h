@@ -8,6 +8,6 @@
 namespace lacquer {
 
 /// Draws a shape, whose radii fit, in logical coordinates. The border lies inside its edge, `borderWidth` units wide.
-void DrawRoundedRect(Canvas &canvas, const RoundedRect &shape, int64_t borderWidth, const Paint &paint);
+void DrawRoundedRect(Canvas &canvas, RoundedRect shape, int64_t borderWidth, const Paint &paint);
 
 }  // namespace lacquer

@@ -21,6 +21,7 @@ void RoundedRect::FitRadii() {
             sum = needed;
         }
     }
+    if (sum == 1) return;
     for (int64_t &radius : radii) radius = radius * side / sum;
 }
 
@@ -30,52 +31,61 @@ RoundedRect RoundedRect::Grown(int64_t by) const {
     return grown;
 }
 
-CoverRow::CoverRow(const RoundedRect &shape, int64_t y)
-    : shape_(shape),
-      top_(std::max(shape.top, y * kUnits)),
-      bottom_(std::min(shape.bottom, (y + 1) * kUnits)),
-      alikeUntil_(y + 1) {
-    SetAlike(y);
-    if (shape.IsEmpty() || top_ >= bottom_) return;
-    begin = PixelAt(shape.left);
-    end = PixelFrom(shape.right);
-    flatBegin = PixelFrom(shape.left);
-    flatEnd = PixelAt(shape.right);
-    flat = static_cast<BYTE>(((bottom_ - top_) * kUnits * 255 + 32768) >> 16);
-    const auto &radii = shape.radii;
-    if (top_ < shape.top + std::max(radii[RoundedRect::kTopLeft], radii[RoundedRect::kTopRight])) {
-        AddCorner(RoundedRect::kTopLeft);
-        AddCorner(RoundedRect::kTopRight);
+CoverShape::CoverShape(const RoundedRect &rect)
+    : rect_(rect), begin_(PixelAt(rect.top)), end_(rect.IsEmpty() ? INT64_MIN : PixelFrom(rect.bottom)) {
+    const auto &radii = rect.radii;
+    straightFrom_ = PixelFrom(rect.top + std::max(radii[RoundedRect::kTopLeft], radii[RoundedRect::kTopRight]));
+    straightUntil_ = PixelAt(rect.bottom - std::max(radii[RoundedRect::kBottomLeft], radii[RoundedRect::kBottomRight]));
+    mirrorSum_ = PixelAt(rect.left + rect.right) - 1;
+    const int64_t leftEnd =
+        PixelFrom(rect.left + std::max(radii[RoundedRect::kTopLeft], radii[RoundedRect::kBottomLeft]));
+    isMirrored_ = rect.IsSymmetricAcross() && 2 * leftEnd <= mirrorSum_ + 1;
+    uint8_t count = 0;
+    for (uint8_t i = 0; i < 4; ++i) {
+        uint8_t same = 0;
+        while (same < i && radii[same] != radii[i]) ++same;
+        circleOf_[i] = same < i ? circleOf_[same] : count++;
+        if (same == i) std::construct_at(&circles_[circleOf_[i]], radii[i]);
     }
-    if (bottom_ > shape.bottom - std::max(radii[RoundedRect::kBottomLeft], radii[RoundedRect::kBottomRight])) {
-        AddCorner(RoundedRect::kBottomRight);
-        AddCorner(RoundedRect::kBottomLeft);
+}
+
+CoverRow::CoverRow(const CoverShape &shape, int64_t y)
+    : shape_(shape),
+      left_(shape.Rect().left),
+      right_(shape.Rect().right),
+      top_(std::max(shape.Rect().top, y * kUnits)),
+      bottom_(std::min(shape.Rect().bottom, (y + 1) * kUnits)) {
+    const RoundedRect &rect = shape.Rect();
+    alikeUntil = shape.AlikeUntil(y);
+    if (rect.IsEmpty() || top_ >= bottom_) return;
+    begin = PixelAt(left_);
+    end = PixelFrom(right_);
+    flatBegin = PixelFrom(left_);
+    flatEnd = PixelAt(right_);
+    flat = static_cast<BYTE>(((bottom_ - top_) * kUnits * 255 + 32768) >> 16);
+    const auto &radii = rect.radii;
+    if (top_ < rect.top + std::max(radii[RoundedRect::kTopLeft], radii[RoundedRect::kTopRight])) {
+        AddCorners(RoundedRect::kTopLeft, RoundedRect::kTopRight);
+    }
+    if (bottom_ > rect.bottom - std::max(radii[RoundedRect::kBottomLeft], radii[RoundedRect::kBottomRight])) {
+        AddCorners(RoundedRect::kBottomLeft, RoundedRect::kBottomRight);
     }
     if (flatBegin >= flatEnd) flatBegin = flatEnd = end;
 }
 
-void CoverRow::SetAlike(int64_t y) {
-    const auto &radii = shape_.radii;
-    if (shape_.IsEmpty() || y >= PixelFrom(shape_.bottom)) {
-        alikeUntil_ = INT64_MAX;
-        return;
-    }
-    if (y < PixelAt(shape_.top)) {
-        alikeUntil_ = PixelAt(shape_.top);
-        return;
-    }
-    const int64_t upper = std::max(radii[RoundedRect::kTopLeft], radii[RoundedRect::kTopRight]);
-    const int64_t lower = std::max(radii[RoundedRect::kBottomLeft], radii[RoundedRect::kBottomRight]);
-    const int64_t straightUntil = PixelAt(shape_.bottom - lower);
-    if (y >= PixelFrom(shape_.top + upper) && y < straightUntil) alikeUntil_ = straightUntil;
+void CoverRow::AddCorners(RoundedRect::Corner left, RoundedRect::Corner right) {
+    AddCorner(left);
+    if (!shape_.IsMirrored()) return AddCorner(right);
+    end = shape_.MirrorSum() + 1 - begin;
+    flatEnd = shape_.MirrorSum() + 1 - flatBegin;
 }
 
 void CoverRow::AddCorner(RoundedRect::Corner corner) {
     const bool isLeft = corner == RoundedRect::kTopLeft || corner == RoundedRect::kBottomLeft;
     const bool isTop = corner == RoundedRect::kTopLeft || corner == RoundedRect::kTopRight;
-    const int64_t radius = shape_.radii[corner];
-    const int64_t centreX = isLeft ? shape_.left + radius : shape_.right - radius;
-    const int64_t centreY = isTop ? shape_.top + radius : shape_.bottom - radius;
+    const int64_t radius = shape_.Rect().radii[corner];
+    const int64_t centreX = isLeft ? left_ + radius : right_ - radius;
+    const int64_t centreY = isTop ? shape_.Rect().top + radius : shape_.Rect().bottom - radius;
     const int64_t v0 = std::max<int64_t>(0, isTop ? centreY - bottom_ : top_ - centreY);
     const int64_t v1 = isTop ? centreY - top_ : bottom_ - centreY;
     if (v1 <= 0) return;
@@ -83,7 +93,7 @@ void CoverRow::AddCorner(RoundedRect::Corner corner) {
     const CornerArc *previous = cornerCount_ > 0 ? &corners_[static_cast<size_t>(cornerCount_ - 1)] : nullptr;
     if (!previous || previous->isTop != isTop || previous->radius != radius) {
         // In its place: a copy would read what has just been written in other pieces.
-        std::construct_at(&arcs_[static_cast<size_t>(arcCount_++)], radius, v0, v1);
+        std::construct_at(&arcs_[static_cast<size_t>(arcCount_++)], shape_.CircleOf(corner), v0, v1);
     }
     corners_[static_cast<size_t>(cornerCount_++)] = {isLeft, isTop, centreX, centreY, radius, arcCount_ - 1};
     // The roots were rounded down.
@@ -99,7 +109,8 @@ void CoverRow::AddCorner(RoundedRect::Corner corner) {
 }
 
 BYTE CoverRow::At(int64_t x) const {
-    const int64_t from = std::max(shape_.left, x * kUnits), to = std::min(shape_.right, (x + 1) * kUnits);
+    if (shape_.IsMirrored()) x = std::min(x, shape_.MirrorSum() - x);
+    const int64_t from = std::max(left_, x * kUnits), to = std::min(right_, (x + 1) * kUnits);
     if (from >= to || top_ >= bottom_) return 0;
     int64_t area = (to - from) * (bottom_ - top_) << 16;
     int cutting = 0;

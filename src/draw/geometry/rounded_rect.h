@@ -37,17 +37,48 @@ struct RoundedRect {
     }
 };
 
-/// How much of the pixels of one row a shape covers, 0..255. Depends on nothing but shape and row.
-class CoverRow {
+/// A rectangle and the circles of its corners, for the rows that are asked for one after the other.
+class CoverShape {
 public:
-    CoverRow(const RoundedRect &shape, int64_t y);
+    explicit CoverShape(const RoundedRect &rect);
 
+    const RoundedRect &Rect() const { return rect_; }
+    const Circle &CircleOf(RoundedRect::Corner corner) const { return circles_[circleOf_[corner]]; }
+
+    /// The sum of two columns of which one mirrors the other, where that holds and left and right corners share no
+    /// pixel.
+    bool IsMirrored() const { return isMirrored_; }
+    int64_t MirrorSum() const { return mirrorSum_; }
+
+    /// The rows from y on are alike up to that one.
+    int64_t AlikeUntil(int64_t y) const {
+        if (y >= end_) return INT64_MAX;
+        if (y < begin_) return begin_;
+        return y >= straightFrom_ && y < straightUntil_ ? straightUntil_ : y + 1;
+    }
+
+private:
+    RoundedRect rect_;
+    int64_t begin_, end_, straightFrom_, straightUntil_;  ///< rows
+    int64_t mirrorSum_;
+    bool isMirrored_;
+    std::array<Circle, 4> circles_;
+    std::array<uint8_t, 4> circleOf_;  ///< by corner; equal ones share theirs
+};
+
+/// Where the pixels of a row are covered at all, and where evenly.
+struct CoverSpan {
     /// Pixels from `begin` to `end` may be covered, those from `flatBegin` to `flatEnd` equally: `flat`.
     int64_t begin = 0, flatBegin = 0, flatEnd = 0, end = 0;
+    int64_t alikeUntil = 0;  ///< the rows from this one up to that one are alike
     BYTE flat = 0;
+};
 
-    /// The rows from this one up to that one are alike.
-    int64_t AlikeUntil() const { return alikeUntil_; }
+/// How much of the pixels of one row a shape covers, 0..255. Depends on nothing but shape and row.
+class CoverRow : public CoverSpan {
+public:
+    /// `shape` has to live as long.
+    CoverRow(const CoverShape &shape, int64_t y);
 
     /// Writes the cover of `count` pixels from x on.
     void Write(int64_t x, int count, BYTE *out) const;
@@ -61,14 +92,14 @@ private:
         int arc;  ///< its place in `arcs_`
     };
 
+    void AddCorners(RoundedRect::Corner left, RoundedRect::Corner right);
     void AddCorner(RoundedRect::Corner corner);
     const ArcRow &ArcOf(const CornerArc &corner) const { return arcs_[static_cast<size_t>(corner.arc)]; }
-    void SetAlike(int64_t y);
     int64_t AreaBySlices(int64_t from, int64_t to) const;
 
-    const RoundedRect &shape_;
-    int64_t top_, bottom_;  ///< of the shape in this row, units
-    int64_t alikeUntil_;
+    const CoverShape &shape_;
+    int64_t left_, right_;              ///< of the shape, units
+    int64_t top_, bottom_;              ///< of the shape in this row
     std::array<CornerArc, 4> corners_;  ///< the first `cornerCount_` of them
     std::array<ArcRow, 4> arcs_;
     int cornerCount_ = 0, arcCount_ = 0;

@@ -4,14 +4,23 @@
 
 #include <algorithm>
 
+#include "pipeline/table/image_table.h"
+
 namespace lacquer {
 
 const CoverRow &ShadowPainter::RowAt(int64_t y) {
-    if (!row_ || y < rowBegin_ || y >= row_->AlikeUntil()) {
+    if (!row_ || rowAt_ != y) {
         row_.emplace(rect_, y);
-        rowBegin_ = y;
+        rowAt_ = y;
     }
     return *row_;
+}
+
+/// Tiles beside each other ask for the same rows.
+const CoverSpan &ShadowPainter::SpanAt(int64_t y) {
+    auto &known = spans_[y & (kKnownSpans - 1)];
+    if (known.y != y) known = {y, RowAt(y)};
+    return known.span;
 }
 
 /// Where the rectangle covers so much, nothing is painted.
@@ -33,8 +42,8 @@ template <class Paint>
 void ShadowPainter::ForEachPiece(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, const Paint &paint) {
     if (place_ == ShadowPlace::AroundAndUnder) return paint(x, xEnd, y, yEnd, false, BYTE{0});
     while (y < yEnd) {
-        const CoverRow &row = RowAt(y);
-        const int64_t until = std::min(yEnd, row.AlikeUntil());
+        const CoverSpan &row = SpanAt(y);
+        const int64_t until = std::min(yEnd, row.alikeUntil);
         int64_t from = x;
         const int64_t cuts[] = {row.begin, row.flatBegin, row.flatEnd, row.end, xEnd};
         for (const int64_t cut : cuts) {
@@ -61,33 +70,35 @@ void ShadowPainter::Even(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, int32
 }
 
 void ShadowPainter::Varying(int64_t x, int count, int64_t y, int64_t yEnd, const int32_t *shares) {
-    constexpr BYTE kNoBorder[PartPainter::kMostCovered] = {};
     ForEachPiece(x, x + count, y, yEnd,
                  [&](int64_t from, int64_t to, int64_t top, int64_t bottom, bool varies, BYTE cover) {
-                     BYTE covers[PartPainter::kMostCovered];
+                     BYTE covers[kMostVarying];
                      const int length = static_cast<int>(to - from);
                      const int32_t *own = shares + (from - x);
-                     if (!varies && place_ != ShadowPlace::Inside && cover == 0) {
-                         ShadowKernelsInUse().cover(own, length, covers);
+                     const bool isInside = place_ == ShadowPlace::Inside;
+                     if (!varies && cover == (isInside ? 255 : 0)) {
+                         ImageKernels().coverShares(own, length, isInside, covers);
                      } else {
                          for (int i = 0; i < length; ++i) {
                              covers[i] = CoverOf(own[i], varies ? RowAt(top).At(from + i) : cover);
                          }
                      }
-                     painter_.Covered(from, length, top, bottom, covers, kNoBorder);
+                     painter_.FillCovered(from, length, top, bottom, covers);
                  });
 }
 
-void ShadowPainter::Narrow(int64_t *x, int64_t *xEnd, int64_t y) {
-    if (place_ == ShadowPlace::AroundAndUnder) return;
-    const CoverRow &row = RowAt(y);
+PixelRange ShadowPainter::Narrowed(int64_t x, int columns, int64_t y) {
+    if (place_ == ShadowPlace::AroundAndUnder) return {0, columns};
+    const CoverSpan &row = SpanAt(y);
+    int64_t from = x, to = x + columns;
     if (place_ == ShadowPlace::Inside) {
-        *x = std::max(*x, row.begin);
-        *xEnd = std::min(*xEnd, row.end);
+        from = std::max(from, row.begin);
+        to = std::min(to, row.end);
     } else if (row.flat == 255 && row.flatBegin < row.flatEnd) {
-        if (*x >= row.flatBegin) *x = std::max(*x, std::min(*xEnd, row.flatEnd));
-        if (*xEnd <= row.flatEnd) *xEnd = std::min(*xEnd, std::max(*x, row.flatBegin));
+        if (from >= row.flatBegin) from = std::max(from, std::min(to, row.flatEnd));
+        if (to <= row.flatEnd) to = std::min(to, std::max(from, row.flatBegin));
     }
+    return {static_cast<int>(from - x), static_cast<int>(std::max(from, to) - x)};
 }
 
 }  // namespace lacquer

@@ -6,7 +6,8 @@
 
 #include "draw/geometry/painted_parts.h"
 #include "draw/geometry/rounded_rect.h"
-#include "draw/geometry/shadow_kernels.h"
+#include "draw/geometry/units.h"
+#include "pipeline/shape/shadow.h"
 
 namespace lacquer {
 
@@ -21,28 +22,36 @@ public:
 
     void Even(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, int32_t share);
 
-    /// At most PartPainter::kMostCovered pixels.
+    /// At most kMostVarying pixels.
+    static constexpr int kMostVarying = 512;
     void Varying(int64_t x, int count, int64_t y, int64_t yEnd, const int32_t *shares);
 
     /// Asks for pixels that will be painted soon.
-    void Prefetch(int64_t x, int count, int64_t y) const { painter_.Prefetch(x, count, y); }
+    void Prefetch(int64_t x, ptrdiff_t count, int64_t y) const { painter_.Prefetch(x, count, y); }
 
-    /// Narrows the pixels x..xEnd of a row to where shadow may be painted.
-    void Narrow(int64_t *x, int64_t *xEnd, int64_t y);
+    /// Which of `columns` pixels from x on, counted from there, shadow may be painted into; empty when the first is not
+    /// below the second.
+    PixelRange Narrowed(int64_t x, int columns, int64_t y);
 
 private:
     template <class Paint>
     void ForEachPiece(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, const Paint &paint);
 
+    const CoverSpan &SpanAt(int64_t y);
     const CoverRow &RowAt(int64_t y);
     bool IsNone(BYTE cover) const;
     BYTE CoverOf(int32_t share, BYTE rect) const;
 
     const PartPainter &painter_;
-    const RoundedRect &rect_;
+    const CoverShape rect_;
     const ShadowPlace place_;
-    std::optional<CoverRow> row_;
-    int64_t rowBegin_ = 0;
+    std::optional<CoverRow> row_;  ///< the last one that was asked for
+    int64_t rowAt_ = 0;
+    static constexpr int64_t kKnownSpans = 128;
+    struct {
+        int64_t y = INT64_MIN;
+        CoverSpan span;
+    } spans_[kKnownSpans];  ///< those of the last rows, by the last bits of y
 };
 
 }  // namespace lacquer

@@ -27,7 +27,7 @@ int64_t FirstFailing(int64_t low, int64_t high, const Test &test) {
 
 }  // namespace
 
-void ShadowTile::Compute(int64_t x, int64_t y, int columns, int rows, const Wanted *wanted) {
+void ShadowTile::Compute(int64_t x, int64_t y, int columns, int rows, const PixelRange *wanted) {
     x_ = x;
     y_ = y;
     columns_ = columns;
@@ -41,10 +41,11 @@ void ShadowTile::Compute(int64_t x, int64_t y, int columns, int rows, const Want
     for (const bool isLeft : {true, false}) {
         const CasterSide &side = isLeft ? caster_.Left() : caster_.Right();
         const Felt &felt = isLeft ? left : right;
-        AddSlabs(side, isLeft, felt.upperFelt, felt.upperEnd);
-        AddSlabs(side, isLeft, felt.straight, felt.afterStraight);
-        AddSlabs(side, isLeft, felt.lowerFelt, felt.lowerEnd);
+        GatherSlabs(side, isLeft, felt.upperFelt, felt.upperEnd);
+        GatherSlabs(side, isLeft, felt.straight, felt.afterStraight);
+        GatherSlabs(side, isLeft, felt.lowerFelt, felt.lowerEnd);
     }
+    AddGathered();
     SetWhole();
 }
 
@@ -83,46 +84,44 @@ void ShadowTile::AddGroups(const CasterSide &side, const Felt &felt) {
 /// Slabs with one transition in all of the tile.
 void ShadowTile::AddGroup(const CasterSide &side, int64_t from, int64_t to, int transition) {
     if (from >= to) return;
-    int16_t *top = cuts_, *bottom = cuts_ + kSide;
+    int16_t top[kRows], bottom[kRows];
     caster_.Edge().Line(y_ * kPixel - side.Cut(from), rows_, top);
     caster_.Edge().Line(y_ * kPixel - side.Cut(to), rows_, bottom);
     for (int row = 0; row < rows_; ++row) groups_[row] += (top[row] - bottom[row]) * transition;
 }
 
-void ShadowTile::AddSlabs(const CasterSide &side, bool isLeft, int64_t from, int64_t to) {
+void ShadowTile::GatherSlabs(const CasterSide &side, bool isLeft, int64_t from, int64_t to) {
+    if (from >= to) return;
     const GaussianEdge &edge = caster_.Edge();
     const int64_t start = (isLeft ? x_ : -(x_ + columns_)) * kPixel;
-    for (int64_t done = from; done < to; done += kMostLines) {
-        const int count = static_cast<int>(std::min<int64_t>(kMostLines, to - done));
-        for (ptrdiff_t i = 0; i < count; ++i) {
-            int16_t *line = lines_ + i * kLinePixels;
-            edge.Line(start - side.EdgeOf(done + i), columns_, line);
-            if (!isLeft) std::reverse(line, line + columns_);
-        }
-        for (ptrdiff_t i = 0; i <= count; ++i) {
-            edge.Line(y_ * kPixel - side.Cut(done + i), rows_, cuts_ + i * kSide);
-        }
-        AddWeighted(count);
+    int16_t cuts[2][kRows];  // transitions at a slab's ends, by row; the lower end is the next one's upper
+    edge.Line(y_ * kPixel - side.Cut(from), rows_, cuts[from & 1]);
+    for (int64_t i = from; i < to; ++i) {
+        if (gathered_ == kMostLines) AddGathered();
+        int16_t *line = lines_ + ptrdiff_t{gathered_} * kLinePixels;
+        edge.Line(start - side.EdgeOf(i), columns_, line);
+        if (!isLeft) std::reverse(line, line + columns_);
+        const int16_t *top = cuts[i & 1];
+        int16_t *bottom = cuts[(i + 1) & 1];
+        edge.Line(y_ * kPixel - side.Cut(i + 1), rows_, bottom);
+        for (int row = 0; row < rows_; ++row) weights_[row][gathered_] = static_cast<int16_t>(top[row] - bottom[row]);
+        ++gathered_;
     }
 }
 
-/// Adds the lines of so many slabs to every row that feels them.
-void ShadowTile::AddWeighted(int count) {
+/// Adds the slabs' lines to every row that feels them.
+void ShadowTile::AddGathered() {
     for (int row = 0; row < rows_; ++row) {
         if (wanted_[row].from >= wanted_[row].to) continue;
-        int16_t weights[kMostLines];
-        int felt = count, end = 0;
-        for (int i = 0; i < count; ++i) {
-            weights[i] = static_cast<int16_t>(cuts_[i * kSide + row] - cuts_[(i + 1) * kSide + row]);
-            if (weights[i] == 0) continue;
-            felt = std::min(felt, i);
-            end = i + 1;
-        }
-        if (felt < end) {
-            kernels_.addLines(sums_[row], lines_ + ptrdiff_t{felt} * kLinePixels, weights + felt, end - felt,
-                              wanted_[row].from, wanted_[row].to);
-        }
+        const int16_t *weights = weights_[row];
+        int first = 0, end = gathered_;
+        while (first < end && weights[first] == 0) ++first;
+        while (first < end && weights[end - 1] == 0) --end;
+        if (first == end) continue;
+        kernels_.addLines(sums_[row], lines_ + ptrdiff_t{first} * kLinePixels, weights + first, end - first,
+                          wanted_[row].from, wanted_[row].to);
     }
+    gathered_ = 0;
 }
 
 void ShadowTile::SetWhole() {

@@ -4,24 +4,22 @@
 #include <cstdint>
 
 #include "draw/geometry/caster.h"
-#include "draw/geometry/shadow_kernels.h"
+#include "draw/geometry/units.h"
+#include "pipeline/shape/shadow.h"
+#include "pipeline/table/image_table.h"
 
 namespace lacquer {
 
-/// Up to 64 × 64 pixels, made slab by slab. Lives on the stack: 25 KB.
+/// Up to kColumns × kRows pixels, made slab by slab. Lives on the stack: 26 KB.
 class ShadowTile {
 public:
-    static constexpr int kSide = kLinePixels;
+    static constexpr int kColumns = kLinePixels, kRows = 32;
 
-    /// The pixels of a row that are wanted; the others may be left out.
-    struct Wanted {
-        int from, to;
-    };
+    explicit ShadowTile(const Caster &caster) : caster_(caster), kernels_(ImageKernels()) {}
 
-    explicit ShadowTile(const Caster &caster) : caster_(caster), kernels_(ShadowKernelsInUse()) {}
-
-    /// Computes `rows` rows of `columns` pixels from (x, y) on; both at most kSide.
-    void Compute(int64_t x, int64_t y, int columns, int rows, const Wanted *wanted);
+    /// Computes `rows` rows of `columns` pixels from (x, y) on; at most kRows and kColumns. Pixels of a row that are
+    /// not wanted may be left out.
+    void Compute(int64_t x, int64_t y, int columns, int rows, const PixelRange *wanted);
 
     /// Shares of kFullShadow.
     const int32_t *Row(int row) const { return sums_[row]; }
@@ -35,21 +33,22 @@ private:
     Felt FindFelt(const CasterSide &side, bool isLeft) const;
     void AddGroups(const CasterSide &side, const Felt &felt);
     void AddGroup(const CasterSide &side, int64_t from, int64_t to, int transition);
-    void AddSlabs(const CasterSide &side, bool isLeft, int64_t from, int64_t to);
-    void AddWeighted(int count);
+    void GatherSlabs(const CasterSide &side, bool isLeft, int64_t from, int64_t to);
+    void AddGathered();
     void SetWhole();
 
     static constexpr int kMostLines = 32;
 
     const Caster &caster_;
-    const ShadowKernels &kernels_;
+    const ImageTable &kernels_;
     int64_t x_ = 0, y_ = 0;
     int columns_ = 0, rows_ = 0;
-    const Wanted *wanted_ = nullptr;
-    int32_t sums_[kSide][kSide];
-    int32_t groups_[kSide];                    ///< by row: what is the same in all columns
-    int16_t lines_[kMostLines * kLinePixels];  ///< transitions at slabs' edges, by column
-    int16_t cuts_[(kMostLines + 1) * kSide];   ///< transitions at slabs' ends, by row
+    const PixelRange *wanted_ = nullptr;
+    int32_t sums_[kRows][kColumns];
+    int32_t groups_[kRows];                    ///< by row: what is the same in all columns
+    int gathered_ = 0;                         ///< slabs whose products are still to be added
+    int16_t lines_[kMostLines * kLinePixels];  ///< transitions at their edges, by column
+    int16_t weights_[kRows][kMostLines];       ///< by row
 };
 
 }  // namespace lacquer

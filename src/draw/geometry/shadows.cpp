@@ -1,9 +1,10 @@
 // A shadow is painted like a nine-grid: its corners tile by tile, its straight edges from one computed row or column
-// each, its middle as a fill.
+// each, its middle as a fill. What a mirror gives is not computed twice.
 
 #include "draw/geometry/shadows.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "draw/fill.h"
 #include "draw/geometry/shadow_tile.h"
@@ -34,59 +35,137 @@ void ForEachBand(const ShadowSpan &span, int64_t from, int64_t to, const Visit &
     }
 }
 
-/// A piece of at most a tile's size, of which the rows are computed one by one, or one row stands for all.
-void PaintTile(ShadowTile &tile, ShadowPainter &painter, int64_t x, int columns, int64_t y, int rows) {
-    ShadowTile::Wanted wanted[ShadowTile::kSide];
-    bool isAnyWanted = false;
-    for (int row = 0; row < rows; ++row) {
-        int64_t from = x, to = x + columns;
-        painter.Narrow(&from, &to, y + row);
-        wanted[row] = {static_cast<int>(from - x), static_cast<int>(std::max(from, to) - x)};
-        if (from >= to) continue;
-        isAnyWanted = true;
-        painter.Prefetch(from, static_cast<int>(to - from), y + row);
+/// Each row of a tile lies in another part of memory: it is asked for so many rows before.
+constexpr int kRowsAhead = 8;
+
+/// Rows of which every one is computed, at most as many as a tile has, and those that mirror them.
+class TileRows {
+public:
+    /// Row y is mirrored by row `mirror` − y, where that lies inside `visible`.
+    TileRows(ShadowTile &tile, ShadowPainter &painter, const RECT &visible, int64_t y, int64_t yEnd,
+             std::optional<int64_t> mirror)
+        : tile_(tile),
+          painter_(painter),
+          visible_(visible),
+          y_(y),
+          count_(static_cast<int>(yEnd - y)),
+          mirror_(mirror) {}
+
+    void Paint(const Band &columns) {
+        for (int64_t x = columns.from; x < columns.to; x += ShadowTile::kColumns) PaintTile(x, columns.to);
     }
+
+    /// Calls paint(row, y) for each of them.
+    template <class Paint>
+    void ForEach(const Paint &paint) const {
+        for (int row = 0; row < count_; ++row) {
+            paint(row, y_ + row);
+            if (HasMirror(row)) paint(row, *mirror_ - y_ - row);
+        }
+    }
+
+private:
+    bool HasMirror(int row) const {
+        if (!mirror_) return false;
+        const int64_t mirrored = *mirror_ - y_ - row;
+        return mirrored != y_ + row && mirrored >= visible_.top && mirrored < visible_.bottom;
+    }
+
+    void PaintTile(int64_t x, int64_t xEnd);
+    void PrefetchAhead(int row, int64_t x, int64_t xEnd) const;
+
+    ShadowTile &tile_;
+    ShadowPainter &painter_;
+    const RECT &visible_;
+    const int64_t y_;
+    const int count_;
+    const std::optional<int64_t> mirror_;
+};
+
+void TileRows::PaintTile(int64_t x, int64_t xEnd) {
+    const int columns = static_cast<int>(std::min<int64_t>(ShadowTile::kColumns, xEnd - x));
+    PixelRange wanted[ShadowTile::kRows];
+    std::fill_n(wanted, count_, PixelRange{columns, 0});
+    bool isAnyWanted = false;
+    ForEach([&](int row, int64_t y) {
+        const PixelRange own = painter_.Narrowed(x, columns, y);
+        if (own.from >= own.to) return;
+        wanted[row] = {std::min(wanted[row].from, own.from), std::max(wanted[row].to, own.to)};
+        isAnyWanted = true;
+    });
     if (!isAnyWanted) return;
-    tile.Compute(x, y, columns, rows, wanted);
-    for (int row = 0; row < rows; ++row) {
-        const auto [from, to] = wanted[row];
-        if (from < to) painter.Varying(x + from, to - from, y + row, y + row + 1, tile.Row(row) + from);
+    tile_.Compute(x, y_, columns, count_, wanted);
+    ForEach([&](int row, int64_t y) {
+        PrefetchAhead(row, x, xEnd);
+        const auto [from, to] = painter_.Narrowed(x, columns, y);
+        if (from < to) painter_.Varying(x + from, to - from, y, y + 1, tile_.Row(row) + from);
+    });
+}
+
+/// After a tile's last rows come the first ones of the tile beside it.
+void TileRows::PrefetchAhead(int row, int64_t x, int64_t xEnd) const {
+    int ahead = row + kRowsAhead;
+    if (ahead >= count_) {
+        ahead -= count_;
+        x += ShadowTile::kColumns;
+    }
+    if (ahead >= count_ || x >= xEnd) return;
+    const ptrdiff_t columns = std::min<int64_t>(ShadowTile::kColumns, xEnd - x);
+    painter_.Prefetch(x, columns, y_ + ahead);
+    if (HasMirror(ahead)) painter_.Prefetch(x, columns, *mirror_ - y_ - ahead);
+}
+
+/// Columns in which one row stands for all.
+void PaintAlike(ShadowTile &tile, ShadowPainter &painter, const Band &columns, const Band &rows) {
+    int32_t shares[ShadowPainter::kMostVarying];
+    int count = 0;
+    for (int64_t x = columns.from; x < columns.to;) {
+        const int width = static_cast<int>(std::min<int64_t>(ShadowTile::kColumns, columns.to - x));
+        const PixelRange all{0, width};
+        tile.Compute(x, rows.from, width, 1, &all);
+        std::copy_n(tile.Row(0), width, shares + count);
+        count += width;
+        x += width;
+        if (count + ShadowTile::kColumns <= ShadowPainter::kMostVarying && x < columns.to) continue;
+        painter.Varying(x - count, count, rows.from, rows.to, shares);
+        count = 0;
     }
 }
 
-void PaintSides(ShadowTile &tile, ShadowPainter &painter, const Band &columns, const Band &rows) {
-    constexpr int64_t kSide = ShadowTile::kSide;
-    for (int64_t x = columns.from; x < columns.to; x += kSide) {
-        const int width = static_cast<int>(std::min(kSide, columns.to - x));
-        if (rows.kind == Band::kMiddle) {
-            const ShadowTile::Wanted all{0, width};
-            tile.Compute(x, rows.from, width, 1, &all);
-            painter.Varying(x, width, rows.from, rows.to, tile.Row(0));
-            continue;
-        }
-        for (int64_t y = rows.from; y < rows.to; y += kSide) {
-            PaintTile(tile, painter, x, width, y, static_cast<int>(std::min(kSide, rows.to - y)));
-        }
-    }
+void PaintRows(ShadowPainter &painter, const Caster &caster, const RECT &visible, TileRows rows) {
+    ForEachBand(caster.Columns(), visible.left, visible.right, [&](const Band &columns) {
+        if (columns.kind == Band::kSide) return rows.Paint(columns);
+        rows.ForEach([&](int, int64_t y) {
+            const bool isOutside = columns.kind == Band::kOutside;
+            painter.Even(columns.from, columns.to, y, y + 1, isOutside ? 0 : caster.RowShare(y));
+        });
+    });
 }
 
 void PaintBlurred(ShadowPainter &painter, const Caster &caster, const RECT &visible) {
     ShadowTile tile(caster);
+    const std::optional<int64_t> mirror = caster.MirrorDown();
+    const auto paintRows = [&](int64_t y, int64_t yEnd, std::optional<int64_t> mirrorOf) {
+        for (; y < yEnd; y += ShadowTile::kRows) {
+            PaintRows(painter, caster, visible,
+                      {tile, painter, visible, y, std::min(y + ShadowTile::kRows, yEnd), mirrorOf});
+        }
+    };
     ForEachBand(caster.Rows(), visible.top, visible.bottom, [&](const Band &rows) {
-        ForEachBand(caster.Columns(), visible.left, visible.right, [&](const Band &columns) {
-            if (rows.kind == Band::kOutside || columns.kind == Band::kOutside) {
-                painter.Even(columns.from, columns.to, rows.from, rows.to, 0);
-            } else if (columns.kind == Band::kSide) {
-                PaintSides(tile, painter, columns, rows);
-            } else if (rows.kind == Band::kMiddle) {
-                painter.Even(columns.from, columns.to, rows.from, rows.to, kFullShadow);
-            } else {
-                for (int64_t y = rows.from; y < rows.to; ++y) {
-                    const int32_t share = caster.RowWeight(y) * 2 * GaussianEdge::kHalf;
-                    painter.Even(columns.from, columns.to, y, y + 1, share);
-                }
-            }
-        });
+        if (rows.kind == Band::kOutside) {
+            painter.Even(visible.left, visible.right, rows.from, rows.to, 0);
+        } else if (rows.kind == Band::kSide) {
+            // Rows below the axis are painted with those above it, as far as these are visible.
+            const int64_t half = mirror ? std::clamp((*mirror >> 1) + 1, rows.from, rows.to) : rows.to;
+            paintRows(rows.from, half, mirror);
+            if (mirror) paintRows(std::max(half, *mirror - visible.top + 1), rows.to, std::nullopt);
+        } else {
+            ForEachBand(caster.Columns(), visible.left, visible.right, [&](const Band &columns) {
+                if (columns.kind == Band::kSide) return PaintAlike(tile, painter, columns, rows);
+                const bool isOutside = columns.kind == Band::kOutside;
+                painter.Even(columns.from, columns.to, rows.from, rows.to, isOutside ? 0 : kFullShadow);
+            });
+        }
     });
 }
 
@@ -95,9 +174,10 @@ int32_t ShareOf(BYTE cover) { return static_cast<int32_t>(int64_t{kFullShadow} *
 /// Without a blur the shadow is the shape itself.
 void PaintSharp(ShadowPainter &painter, const RoundedRect &shape, const RECT &visible) {
     int32_t shares[PartPainter::kMostCovered];
+    const CoverShape covers(shape);
     for (int64_t y = visible.top; y < visible.bottom;) {
-        const CoverRow row(shape, y);
-        const int64_t yEnd = std::min<int64_t>(row.AlikeUntil(), visible.bottom);
+        const CoverRow row(covers, y);
+        const int64_t yEnd = std::min<int64_t>(row.alikeUntil, visible.bottom);
         int64_t x = visible.left;
         for (const int64_t cut : {row.begin, row.flatBegin, row.flatEnd, row.end, int64_t{visible.right}}) {
             const int64_t to = std::min<int64_t>(cut, visible.right);

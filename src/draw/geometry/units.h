@@ -36,4 +36,9 @@ inline int64_t LengthUnits(int pixels) { return std::clamp<int64_t>(pixels, 0, k
 constexpr int64_t PixelAt(int64_t units) { return units >> 8; }
 constexpr int64_t PixelFrom(int64_t units) { return (units + kUnits - 1) >> 8; }
 
+/// Some pixels of a row, counted from a first one; none when `from` is not below `to`.
+struct PixelRange {
+    int from, to;
+};
+
 }  // namespace lacquer

@@ -19,7 +19,7 @@ struct Coloured {
 };
 
 /// Shorter runs cost less than the start of a string store.
-inline constexpr ptrdiff_t kStringRun = 192;
+inline constexpr ptrdiff_t kStringRun = 512;
 
 struct OneColour {
     template <class Rule>

@@ -5,6 +5,8 @@
 #include "pipeline/filter/box_blur.h"
 #include "pipeline/filter/pixel_rules.h"
 #include "pipeline/memory/copy_rows.h"
+#include "pipeline/shape/cover.h"
+#include "pipeline/shape/shadow.h"
 #include "pipeline/table/tiers.h"
 #include "pipeline/transform/turn.h"
 

@@ -3,6 +3,8 @@
 #include "pipeline/filter/box_blur_sse2.h"
 #include "pipeline/filter/pixel_rules_sse2.h"
 #include "pipeline/memory/copy_rows_sse2.h"
+#include "pipeline/shape/cover_sse2.h"
+#include "pipeline/shape/shadow_sse2.h"
 #include "pipeline/table/kit_sse2.h"
 #include "pipeline/table/make_kernels.h"
 #include "pipeline/table/tiers.h"

@@ -1,15 +1,14 @@
 // Painting parts of four pixels at a time.
 
-#include "draw/geometry/cover_sse2.h"
+#include "pipeline/shape/cover_sse2.h"
 
 #include <cstring>
 
 #include "pipeline/pixel/pixel_sse2.h"
+#include "pipeline/shape/cover.h"
 
-namespace lacquer {
+namespace lacquer::sse2 {
 namespace {
-
-using namespace sse2;
 
 /// The weights of some covers, in both lanes of each pixel's word.
 template <size_t kCount>
@@ -32,6 +31,28 @@ private:
     __m128i colour_, keep_;
 };
 
+/// A premultiplied colour drawn over parts of four words. d × (256 − w) + s × w is 256 d + (s − d) × w in 16 bits, and
+/// s never carries.
+class PartlyOverFour {
+public:
+    explicit PartlyOverFour(DWORD colour)
+        : blueRed_(LowerBytes(EachWord(colour))),
+          greenAlpha_(UpperBytes(EachWord(colour))),
+          keep_(EachLane(256 - Alpha(colour))) {}
+
+    __m128i operator()(__m128i d, __m128i weights) const {
+        const auto sum = [&](__m128i colour, __m128i low, __m128i high) {
+            const __m128i drawn = _mm_add_epi16(colour, _mm_mulhi_epu16(high, keep_));
+            return _mm_add_epi16(high, _mm_mullo_epi16(_mm_sub_epi16(drawn, low), weights));
+        };
+        return JoinUpperBytes(sum(blueRed_, LowerBytes(d), _mm_slli_epi16(d, 8)),
+                              sum(greenAlpha_, UpperBytes(d), _mm_and_si128(d, EachLane(0xFF00))));
+    }
+
+private:
+    __m128i blueRed_, greenAlpha_, keep_;
+};
+
 /// Two lanes at a time: what of the pixel is kept, and what takes its place.
 __m128i MixedFour(__m128i d, __m128i fill, __m128i wi, __m128i border, __m128i wb) {
     const __m128i keep = _mm_sub_epi16(EachLane(256), _mm_add_epi16(wi, wb));
@@ -41,14 +62,6 @@ __m128i MixedFour(__m128i d, __m128i fill, __m128i wi, __m128i border, __m128i w
     };
     return JoinUpperBytes(sum(LowerBytes(d), LowerBytes(fill), LowerBytes(border)),
                           sum(UpperBytes(d), UpperBytes(fill), UpperBytes(border)));
-}
-
-__m128i MixedFour(__m128i d, __m128i s, __m128i w) {
-    const __m128i keep = _mm_sub_epi16(EachLane(256), w);
-    const auto sum = [&](__m128i ofD, __m128i ofS) {
-        return _mm_add_epi16(_mm_mullo_epi16(ofD, keep), _mm_mullo_epi16(ofS, w));
-    };
-    return JoinUpperBytes(sum(LowerBytes(d), LowerBytes(s)), sum(UpperBytes(d), UpperBytes(s)));
 }
 
 /// How many pixels a step changes, as a type.
@@ -77,8 +90,10 @@ __m128i LoadWords(const DWORD *words) {
     return kCount == 1 ? LoadOne(bytes) : LoadFour(bytes);
 }
 
-void Sse2Mix(BYTE *pixels, const DWORD *fill, const DWORD *border, const BYTE *inner, const BYTE *outer,
-             ptrdiff_t count) {
+}  // namespace
+
+void MixParts(BYTE *pixels, const DWORD *fill, const DWORD *border, const BYTE *inner, const BYTE *outer,
+              ptrdiff_t count) {
     ChangeRun(pixels, count, [&]<class Step>(__m128i d, ptrdiff_t i, Step) {
         constexpr size_t kCount = Step::kPixels;
         return MixedFour(d, LoadWords<kCount>(fill + i), WeightsOf<kCount>(inner + i), LoadWords<kCount>(border + i),
@@ -86,7 +101,7 @@ void Sse2Mix(BYTE *pixels, const DWORD *fill, const DWORD *border, const BYTE *i
     });
 }
 
-void Sse2Over(BYTE *pixels, DWORD fill, DWORD border, const BYTE *inner, const BYTE *outer, ptrdiff_t count) {
+void DrawParts(BYTE *pixels, DWORD fill, DWORD border, const BYTE *inner, const BYTE *outer, ptrdiff_t count) {
     const OverFour fillOver(fill), borderOver(border);
     ChangeRun(pixels, count, [&]<class Step>(__m128i d, ptrdiff_t i, Step) {
         constexpr size_t kCount = Step::kPixels;
@@ -94,31 +109,16 @@ void Sse2Over(BYTE *pixels, DWORD fill, DWORD border, const BYTE *inner, const B
     });
 }
 
-void Sse2OverOne(BYTE *pixels, DWORD colour, const BYTE *cover, ptrdiff_t count) {
-    const OverFour over(colour);
-    ChangeRun(pixels, count, [&]<class Step>(__m128i d, ptrdiff_t i, Step) {
-        return MixedFour(d, over(d), WeightsOf<Step::kPixels>(cover + i));
-    });
+void DrawCovered(BYTE *pixels, DWORD colour, const BYTE *cover, ptrdiff_t count) {
+    const PartlyOverFour over(colour);
+    ChangeRun(pixels, count,
+              [&]<class Step>(__m128i d, ptrdiff_t i, Step) { return over(d, WeightsOf<Step::kPixels>(cover + i)); });
 }
 
-void Sse2OverEvenly(BYTE *pixels, DWORD colour, BYTE cover, ptrdiff_t count) {
-    const __m128i zero = _mm_setzero_si128(), most = EachLane(255), colours = _mm_unpacklo_epi8(EachWord(colour), zero);
-    const __m128i under = EachLane(256 - Alpha(colour)), weight = EachLane(WeightOf(cover));
-    const __m128i keep = EachLane(256 - WeightOf(cover));
-    // One channel to a lane.
-    const auto mixed = [&](__m128i d) {
-        const __m128i drawn = _mm_add_epi16(colours, UpperBytes(_mm_mullo_epi16(d, under)));
-        const __m128i sum =
-            _mm_add_epi16(_mm_mullo_epi16(d, keep), _mm_mullo_epi16(_mm_min_epi16(drawn, most), weight));
-        return UpperBytes(sum);
-    };
-    ChangeRun(pixels, count, [&](__m128i d, ptrdiff_t, auto) {
-        return _mm_packus_epi16(mixed(_mm_unpacklo_epi8(d, zero)), mixed(_mm_unpackhi_epi8(d, zero)));
-    });
+void DrawEvenly(BYTE *pixels, DWORD colour, BYTE cover, ptrdiff_t count) {
+    const PartlyOverFour over(colour);
+    const __m128i weights = EachLane(WeightOf(cover));
+    ChangeRun(pixels, count, [&](__m128i d, ptrdiff_t, auto) { return over(d, weights); });
 }
 
-}  // namespace
-
-void ApplySse2Cover(CoverKernels &kernels) { kernels = {Sse2Mix, Sse2Over, Sse2OverOne, Sse2OverEvenly}; }
-
-}  // namespace lacquer
+}  // namespace lacquer::sse2

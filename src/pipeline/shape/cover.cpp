@@ -1,8 +1,7 @@
-// The base forms, one pixel at a time, and the choice of a tier.
+// The base tier's forms, one pixel at a time.
 
-#include "draw/geometry/cover_kernels.h"
+#include "pipeline/shape/cover.h"
 
-#include "draw/geometry/cover_sse2.h"
 #include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
@@ -16,15 +15,17 @@ uint32_t Mixed(uint32_t d, uint32_t fill, uint32_t wi, uint32_t border, uint32_t
 
 uint32_t Over(uint32_t c, uint32_t d) { return c + Scale(d, 256 - Alpha(c)); }
 
-void BaseMix(BYTE *pixels, const DWORD *fill, const DWORD *border, const BYTE *inner, const BYTE *outer,
-             ptrdiff_t count) {
+}  // namespace
+
+void MixParts(BYTE *pixels, const DWORD *fill, const DWORD *border, const BYTE *inner, const BYTE *outer,
+              ptrdiff_t count) {
     for (ptrdiff_t i = 0; i < count; ++i) {
         BYTE *pixel = pixels + i * kPixelBytes;
         StorePixel(pixel, Mixed(LoadPixel(pixel), fill[i], WeightOf(inner[i]), border[i], WeightOf(outer[i])));
     }
 }
 
-void BaseOver(BYTE *pixels, DWORD fill, DWORD border, const BYTE *inner, const BYTE *outer, ptrdiff_t count) {
+void DrawParts(BYTE *pixels, DWORD fill, DWORD border, const BYTE *inner, const BYTE *outer, ptrdiff_t count) {
     for (ptrdiff_t i = 0; i < count; ++i) {
         BYTE *pixel = pixels + i * kPixelBytes;
         const uint32_t d = LoadPixel(pixel);
@@ -32,7 +33,7 @@ void BaseOver(BYTE *pixels, DWORD fill, DWORD border, const BYTE *inner, const B
     }
 }
 
-void BaseOverOne(BYTE *pixels, DWORD colour, const BYTE *cover, ptrdiff_t count) {
+void DrawCovered(BYTE *pixels, DWORD colour, const BYTE *cover, ptrdiff_t count) {
     for (ptrdiff_t i = 0; i < count; ++i) {
         BYTE *pixel = pixels + i * kPixelBytes;
         const uint32_t d = LoadPixel(pixel);
@@ -40,21 +41,8 @@ void BaseOverOne(BYTE *pixels, DWORD colour, const BYTE *cover, ptrdiff_t count)
     }
 }
 
-void BaseOverEvenly(BYTE *pixels, DWORD colour, BYTE cover, ptrdiff_t count) {
-    for (ptrdiff_t i = 0; i < count; ++i) BaseOverOne(pixels + i * kPixelBytes, colour, &cover, 1);
-}
-
-}  // namespace
-
-CoverKernels BuildCoverKernels(const CpuFeatures &features) {
-    CoverKernels kernels{BaseMix, BaseOver, BaseOverOne, BaseOverEvenly};
-    if (features.sse2) ApplySse2Cover(kernels);
-    return kernels;
-}
-
-const CoverKernels &CoverKernelsInUse() {
-    static const CoverKernels kernels = BuildCoverKernels(CachedCpuFeatures());
-    return kernels;
+void DrawEvenly(BYTE *pixels, DWORD colour, BYTE cover, ptrdiff_t count) {
+    for (ptrdiff_t i = 0; i < count; ++i) DrawCovered(pixels + i * kPixelBytes, colour, &cover, 1);
 }
 
 }  // namespace lacquer
