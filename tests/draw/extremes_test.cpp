@@ -1,5 +1,5 @@
-// Coordinates at both ends of the integer range, in every field: no operation traps, runs on, or draws outside the
-// clip.
+// Coordinates and numbers at both ends of their ranges, in every field: no operation traps, runs on, or draws outside
+// the clip.
 
 #include <limits>
 
@@ -10,7 +10,24 @@ namespace {
 
 constexpr LONG kLow = INT32_MIN, kHigh = INT32_MAX;
 constexpr LONG kEnds[] = {kLow, kLow + 1, -5, 0, 9, 40, kHigh};
-constexpr RECT kClip{4, 4, 20, 20}, kPart{1, 2, 15, 12}, kMargins{3, 2, 4, 5};
+constexpr RECT kClip{4, 4, 20, 20}, kPart{1, 2, 15, 12}, kMargins{3, 2, 4, 5}, kWhole{0, 0, 24, 24};
+
+using Limits = std::numeric_limits<float>;
+constexpr float kFloats[] = {1.0f,
+                             0.0f,
+                             0.004f,
+                             -0.004f,
+                             7.3f,
+                             -1.0f,
+                             1e9f,
+                             -1e9f,
+                             1e30f,
+                             3e38f,
+                             -1e30f,
+                             1e-30f,
+                             Limits::infinity(),
+                             -Limits::infinity(),
+                             Limits::quiet_NaN()};
 
 /// Every rectangle whose edges are among kEnds.
 template <class Test>
@@ -30,6 +47,7 @@ struct Scene {
     OwnedBitmap bitmap;
     OwnedTexture texture;
     Picture before;
+    mutable Random random{7};
 
     explicit Scene(CanvasKind kind)
         : canvas(kind, 24, 24, 1),
@@ -40,61 +58,69 @@ struct Scene {
         SetCanvasClipRect(canvas, &kClip);
     }
 
-    void SetMode(DWORD mode) const {
-        const TextureMode record{mode, mode * 7 & 0x1F, kMargins};
-        SetTextureMode(texture, &record);
-    }
+    float Number() const { return kFloats[random.Word() % std::size(kFloats)]; }
+    DWORD Kernel() const { return random.Of<DWORD>({0, 1, 4, 5}); }
+    GeoRect Numbers() const { return {Number(), Number(), Number(), Number()}; }
+    GeoStyle Style() const { return {0x80FF0000, 0xFF00FF00, Number(), {Number(), Number(), Number(), Number()}}; }
 
     /// Nothing is drawn outside the clip.
     void ExpectOutsideUntouched() const { ExpectSameOutside(kClip, before, canvas.Pixels()); }
 };
 
-constexpr CanvasKind kKinds[] = {CanvasKind::Memory, CanvasKind::FromDC};
+/// What a call does with a rectangle.
+using Call = void (*)(const Scene &s, const RECT &rect);
 
-TEST(Extremes, DestinationRectangles) {
-    for (const CanvasKind kind : kKinds) {
-        const Scene scene(kind);
-        ForEachRect([&](const RECT &rect) {
-            for (const DWORD kernelMode : {0u, 1u, 4u, 5u}) {
-                EXPECT_EQ(1, DrawBitmapEx(scene.canvas, &rect, scene.bitmap, kernelMode, 200));
-            }
-            EXPECT_EQ(1, FillSolidRect(scene.canvas, 0x80123456, &rect));
-            EXPECT_EQ(1, FillGradualRect(scene.canvas, 0x80123456, 0xFFFFFFFF, &rect, 0));
-            for (DWORD mode = 0; mode <= 5; ++mode) {
-                scene.SetMode(mode);
-                EXPECT_EQ(mode != 2 && mode != 5,
-                          DrawTextureEx(scene.canvas, &rect, scene.texture, 1, 255, 1.5f, mode == 1));
-            }
-        });
-        scene.ExpectOutsideUntouched();
-    }
-}
-
-TEST(Extremes, SourceRectangles) {
-    const Scene scene(CanvasKind::Memory);
-    constexpr RECT kDest{0, 0, 24, 24};
-    ForEachRect([&](const RECT &rect) {
-        EXPECT_EQ(1, DrawBitmapRectEx(scene.canvas, &kDest, scene.bitmap, &rect, 1, 255));
-        EXPECT_EQ(1, DrawModulation(scene.canvas, rect.left, rect.top, scene.bitmap, &rect, 0xFF123456));
-        EXPECT_EQ(1, DrawModulation(scene.canvas, 7, 7, scene.bitmap, &rect, 0x80123456));
-        EXPECT_EQ(1, DrawModulation(scene.canvas, rect.left, rect.bottom, scene.bitmap, nullptr, 0x80123456));
-        EXPECT_EQ(1, BlendCanvas(scene.canvas, &kDest, scene.other, &rect, 200));
-        SetTextureSlice(scene.texture, 1, &rect);
+constexpr Call kCalls[] = {
+    // As the destination.
+    [](const Scene &s, const RECT &r) { EXPECT_EQ(1, DrawBitmapEx(s.canvas, &r, s.bitmap, s.Kernel(), 200)); },
+    [](const Scene &s, const RECT &r) { EXPECT_EQ(1, FillSolidRect(s.canvas, 0x80123456, &r)); },
+    [](const Scene &s, const RECT &r) { EXPECT_EQ(1, FillGradualRect(s.canvas, 0x80123456, 0xFFFFFFFF, &r, 0)); },
+    [](const Scene &s, const RECT &r) { BlendCanvas(s.canvas, &r, s.other, &kPart, 200); },
+    [](const Scene &s, const RECT &r) { BlendCanvas(s.canvas, &r, s.other, &r, 255); },
+    [](const Scene &s, const RECT &r) { EXPECT_EQ(1, GeoRoundRect(s.canvas, &r, ~0u, 0x80FF0000, r.left, r.top)); },
+    [](const Scene &s, const RECT &r) {
+        const GeoStyle style = s.Style();
+        const ShadowStyle shadow{0x80102030, r.top,          r.bottom,
+                                 s.Number(), s.Number(),     {5, s.Number(), 0, s.Number()},
+                                 s.Number(), s.random.Word()};
+        EXPECT_EQ(1, DrawShadows(s.canvas, &r, &shadow, 1));
+        const GeoRect any = s.Numbers();
+        EXPECT_EQ(1, GeoRectangleEx(s.canvas, &any, &style, s.random.Word()));
+        EXPECT_EQ(1, GeoRoundRectEx(s.canvas, &any, &style, s.random.Word()));
+        EXPECT_EQ(1, GeoRectFocusEx(s.canvas, &any, ~0u, s.Number(), s.Number(), s.Number(), s.Number()));
+    },
+    // As the source.
+    [](const Scene &s, const RECT &r) { EXPECT_EQ(1, DrawBitmapRectEx(s.canvas, &kWhole, s.bitmap, &r, 1, 255)); },
+    [](const Scene &s, const RECT &r) { EXPECT_EQ(1, DrawModulation(s.canvas, r.left, r.top, s.bitmap, &r, ~0xFFu)); },
+    [](const Scene &s, const RECT &r) { EXPECT_EQ(1, DrawModulation(s.canvas, 7, 7, s.bitmap, &r, 0x80123456)); },
+    [](const Scene &s, const RECT &r) { EXPECT_EQ(1, DrawModulation(s.canvas, r.left, r.bottom, s.bitmap, {}, 99)); },
+    [](const Scene &s, const RECT &r) { BlendCanvas(s.canvas, &kWhole, s.other, &r, 200); },
+    // As the destination and the slice of every layout, and as margins.
+    [](const Scene &s, const RECT &r) {
         for (DWORD mode = 0; mode <= 5; ++mode) {
-            scene.SetMode(mode);
-            DrawTexture(scene.canvas, &kDest, scene.texture, 1);
+            const TextureMode record{mode, mode * 7 & 0x1F, kMargins};
+            SetTextureMode(s.texture, &record);
+            SetTextureSlice(s.texture, 0, &r);
+            EXPECT_EQ(mode != 2 && mode != 5, DrawTextureEx(s.canvas, &r, s.texture, 1, 255, 1.5f, mode == 1));
+            SetTextureSlice(s.texture, 1, &r);
+            DrawTexture(s.canvas, &kWhole, s.texture, 1);
         }
-    });
-    scene.ExpectOutsideUntouched();
-}
+    },
+    [](const Scene &s, const RECT &r) {
+        for (const RECT &to : {RECT{2, 2, 22, 19}, RECT{kLow, kLow, kHigh, kHigh}}) {
+            const DWORD flags = s.random.Word();
+            EXPECT_EQ(0, DrawTextureTopTile(s.canvas, &to, s.texture, nullptr, &r, s.Kernel(), 255));
+            EXPECT_EQ(0, DrawTextureTile(s.canvas, &to, s.texture, &kPart, s.Kernel(), 255, flags, s.Number()));
+            EXPECT_EQ(1, DrawTexture9Grid(s.canvas, &to, s.texture, &kPart, &r, s.Kernel(), s.random.Coin(), 200, flags,
+                                          s.Number(), s.random.Coin()));
+        }
+    },
+};
 
-TEST(Extremes, CompositedRectangles) {
-    for (const CanvasKind kind : kKinds) {
+TEST(Extremes, RectanglesAndNumbers) {
+    for (const CanvasKind kind : {CanvasKind::Memory, CanvasKind::FromDC}) {
         const Scene scene(kind);
-        ForEachRect([&](const RECT &rect) {
-            BlendCanvas(scene.canvas, &rect, scene.other, &kPart, 200);
-            BlendCanvas(scene.canvas, &rect, scene.other, &rect, 255);
-        });
+        for (const Call &call : kCalls) ForEachRect([&](const RECT &rect) { call(scene, rect); });
         scene.ExpectOutsideUntouched();
         if (kind != CanvasKind::FromDC) continue;
         ForEachRect([&](const RECT &rect) {
@@ -112,30 +138,43 @@ TEST(Extremes, CompositedRectangles) {
     });
 }
 
+TEST(Extremes, Origins) {
+    for (const CanvasKind kind : {CanvasKind::Memory, CanvasKind::System}) {
+        const Scene scene(kind);
+        ForEachRect([&](const RECT &origins) {
+            SetViewportOrg(scene.canvas, origins.left, origins.top, nullptr);
+            SetWindowOrg(scene.canvas, origins.right, origins.bottom, nullptr);
+            for (const RECT &dest : {kPart, RECT{kLow, kLow, kHigh, kHigh}, RECT{kHigh - 9, kHigh - 9, kHigh, kHigh}}) {
+                for (const Call &call : kCalls) call(scene, dest);
+            }
+        });
+        // Near the ends the clip box of a device context is only as exact as the system's own arithmetic.
+        if (kind == CanvasKind::Memory) scene.ExpectOutsideUntouched();
+    }
+}
+
 TEST(Extremes, DrawsCoverWhatTheirRectanglesDoUpToTwoToThe31Pixels) {
     constexpr LONG kSide = 10;
-    constexpr DWORD kKernelModes[] = {0, 1, 4, 5};
     const OwnedBitmap bitmap(CreateMemBitmap(3, 3));
     FillWith(ViewOf(bitmap), 0xFFFFFFFF);
     const OwnedCanvas canvas(CreateCanvas(kSide, kSide, {}));
-    uint32_t round = 0;
+    Random random(3);
     const auto check = [&](const RECT &place, int viewport, int window) {
         // Beyond the logical range the clip is cut off: there is no coordinate for what lies outside.
         const int64_t shift = int64_t{viewport} - window;
         if (shift > kHigh - kSide || shift < kLow + kSide) return;
         SetViewportOrg(canvas, viewport, 0, nullptr);
         SetWindowOrg(canvas, window, 0, nullptr);
-        // Under every sampler and two draw modes in turn.
-        const DWORD kernelMode = kKernelModes[++round % 4];
-        SetBitmapFilter(bitmap, round / 4 % 2 * kOver);
+        SetBitmapFilter(bitmap, random.Of<DWORD>({0, kOver}));
         FillWith(ViewOf(canvas), 0);
+        const auto kernelMode = random.Of<DWORD>({0, 1, 4, 5});
         EXPECT_EQ(1, DrawBitmap(canvas, &place, bitmap, kernelMode));
         const bool draws = WidthOf(place) <= kHigh && HeightOf(place) <= kHigh;
         const Picture result = PictureOf(ViewOf(canvas));
         ForEachPixel(result, [&](LONG x, LONG y) {
             // Weights may round a channel of a filtered stretch down by a little.
             ASSERT_EQ(draws && Contains(place, x - shift, y), result.At(x, y) > 0xF0000000)
-                << "round " << round << " kernel mode " << kernelMode << " at " << x << ", " << y;
+                << "kernel mode " << kernelMode << " at " << x << ", " << y;
         });
     };
     ForEachRect([&](const RECT &rect) {
@@ -149,55 +188,23 @@ TEST(Extremes, DrawsCoverWhatTheirRectanglesDoUpToTwoToThe31Pixels) {
     EXPECT_TRUE(Same(scene.before, scene.canvas.Pixels()));
     // The top-left pixel of the source covers all that is visible.
     Picture expected = scene.before;
-    const Picture source = scene.other.Pixels();
-    DrawNearest(expected, kClip, kLargest, source, kPart, [](uint32_t s, uint32_t) { return s; });
+    DrawNearest(expected, kClip, kLargest, scene.other.Pixels(), kPart, [](uint32_t s, uint32_t) { return s; });
     EXPECT_EQ(1, BlendCanvas(scene.canvas, &kLargest, scene.other, &kPart, 255));
     EXPECT_TRUE(Same(expected, scene.canvas.Pixels()));
     EXPECT_EQ(1, FillSolidRect(scene.canvas, 0xFF102030, &kTooWide)) << "fills have no such end";
     EXPECT_EQ(0xFF102030, scene.canvas.Pixels().At(19, 8));
 }
 
-TEST(Extremes, MarginsScalesAndFlags) {
-    using Limits = std::numeric_limits<float>;
-    constexpr float kInfinity = Limits::infinity(), kNaN = Limits::quiet_NaN();
-    constexpr float kScales[] = {1.0f, 0.0f, -1.0f, 1e30f, -1e30f, 1e-30f, kInfinity, -kInfinity, kNaN};
-    constexpr RECT kDests[] = {{2, 2, 22, 19}, {kLow, kLow, kHigh, kHigh}};
-    const Scene scene(CanvasKind::Memory);
-    DWORD round = 0;
-    ForEachRect([&](const RECT &margins) {
-        const float scale = kScales[++round % std::size(kScales)];
-        for (const RECT &dest : kDests) {
-            EXPECT_EQ(0, DrawTextureTopTile(scene.canvas, &dest, scene.texture, nullptr, &margins, 1, 255));
-            for (const int hollow : {0, 1}) {
-                EXPECT_EQ(1, DrawTexture9Grid(scene.canvas, &dest, scene.texture, &kPart, &margins, 1, hollow, 200,
-                                              round, scale, 0));
-                EXPECT_EQ(1, DrawTexture9Grid(scene.canvas, &dest, scene.texture, &kPart, &margins, 0, hollow, 255,
-                                              round, scale, 1));
-            }
-            EXPECT_EQ(0, DrawTextureTile(scene.canvas, &dest, scene.texture, &kPart, 1, 255, round, scale));
-        }
+TEST(Extremes, TilesOfHugeDestinationsAreCounted) {
+    // The first row is cut at 2^32 - 1 mod 16 = 15 columns; these divide the width, so that all later cells have them.
+    const Sheet sheet(16, 16, 32, 4, 0);
+    const TestCanvas canvas(CanvasKind::Memory, 70, 50, 1);
+    const RECT dest{kLow, kLow, kHigh, kHigh};
+    DrawTextureTile(canvas, &dest, sheet.texture, nullptr, 0, 255, 0, 1.0f);
+    const Picture source = PictureOf(ViewOf(sheet.bitmap)), result = canvas.Pixels();
+    ForEachPixel(result, [&](LONG x, LONG y) {
+        ASSERT_EQ(source.At((x - int64_t{kLow}) % 15, (y - int64_t{kLow}) % 16), result.At(x, y));
     });
-    scene.ExpectOutsideUntouched();
-}
-
-TEST(Extremes, Origins) {
-    for (const CanvasKind kind : {CanvasKind::Memory, CanvasKind::System}) {
-        const Scene scene(kind);
-        ForEachRect([&](const RECT &origins) {
-            SetViewportOrg(scene.canvas, origins.left, origins.top, nullptr);
-            SetWindowOrg(scene.canvas, origins.right, origins.bottom, nullptr);
-            for (const RECT &dest : {kPart, RECT{kLow, kLow, kHigh, kHigh}, RECT{kHigh - 9, kHigh - 9, kHigh, kHigh}}) {
-                FillSolidRect(scene.canvas, 0x80123456, &dest);
-                DrawBitmap(scene.canvas, &dest, scene.bitmap, 1);
-                BlendCanvas(scene.canvas, &dest, scene.other, &kPart, 255);
-                DrawModulation(scene.canvas, dest.left, dest.top, scene.bitmap, nullptr, 0xFF445566);
-                DrawTexture9Grid(scene.canvas, &dest, scene.texture, nullptr, &kMargins, 1, 1, 255, 0, 1.0f, 0);
-                DrawTextureTile(scene.canvas, &dest, scene.texture, nullptr, 1, 255, 0, 1.0f);
-            }
-        });
-        // Near the ends the clip box of a device context is only as exact as the system's own arithmetic.
-        if (kind == CanvasKind::Memory) scene.ExpectOutsideUntouched();
-    }
 }
 
 }  // namespace

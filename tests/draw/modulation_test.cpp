@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "painting.h"
+#include "rounds.h"
 
 namespace lacquer {
 namespace {
@@ -25,20 +25,19 @@ TEST(DrawModulation, FollowsBothRulesOverAllChannelValues) {
     const OwnedCanvas canvas(CreateCanvas(256, 256, {}));
     const OwnedBitmap mask(CreateMemBitmap(256, 256));
     const SurfaceView pixels = ViewOf(canvas), coverage = ViewOf(mask);
+    Picture before{256, 256, std::vector<uint32_t>(256 * 256)};
     for (const uint32_t bits : {0x00000000u, 0x00550FAAu, 0xFF00FF3Cu}) {
-        for (LONG y = 0; y < 256; ++y) {
-            for (LONG x = 0; x < 256; ++x) PutPixel(coverage, x, y, (static_cast<uint32_t>(y) * 0x01010101) ^ bits);
-        }
+        ForEachPixel(before, [&](LONG x, LONG y) {
+            before.At(x, y) = static_cast<uint32_t>(x) * 0x01010101;
+            PutPixel(coverage, x, y, (static_cast<uint32_t>(y) * 0x01010101) ^ bits);
+        });
         for (const uint32_t colour : {0xFF000000u, 0xFF0180FFu, 0xFFFFFFFEu, 0xFF407F01u, 0xFEFEFEFEu, 0xFE80017Fu,
                                       0x80808080u, 0x7F204060u, 0x01010001u, 0x00000000u, 0x40FF80C0u}) {
-            Picture expected{256, 256, std::vector<uint32_t>(256 * 256)};
-            for (LONG y = 0; y < 256; ++y) {
-                for (LONG x = 0; x < 256; ++x) {
-                    const uint32_t d = static_cast<uint32_t>(x) * 0x01010101;
-                    PutPixel(pixels, x, y, d);
-                    expected.At(x, y) = Modulated(d, PixelAt(coverage, x, y), colour);
-                }
-            }
+            Picture expected = before;
+            ForEachPixel(before, [&](LONG x, LONG y) {
+                PutPixel(pixels, x, y, before.At(x, y));
+                expected.At(x, y) = Modulated(before.At(x, y), PixelAt(coverage, x, y), colour);
+            });
             EXPECT_EQ(1, DrawModulation(canvas, 0, 0, mask, nullptr, colour));
             ASSERT_TRUE(Same(expected, PictureOf(pixels))) << std::hex << colour << " mask " << bits;
         }
@@ -46,25 +45,17 @@ TEST(DrawModulation, FollowsBothRulesOverAllChannelValues) {
 }
 
 TEST(DrawModulation, ClipsAndMovesTheMaskWithTheClip) {
-    Random random(4);
-    for (int round = 0; round < 500; ++round) {
-        const TestCanvas canvas(random.Of(kCanvasKinds), 40, 36, random.Word());
-        const OwnedBitmap mask = NoiseBitmap(30, 24, 32, random.Word());
-        const RECT source = random.Inside({0, 0, 30, 24}), clip = random.Inside({0, 0, 40, 36});
-        const int x = random.Between(-25, 45), y = random.Between(-25, 40);
-        const DWORD colour = random.Coin() ? 0xFF884422 : 0x80402010;
-        Picture expected = canvas.Pixels();
-        DrawNearest(expected, clip, {x, y, x + source.right - source.left, y + source.bottom - source.top},
-                    PictureOf(ViewOf(mask)), source, [&](uint32_t m, uint32_t d) { return Modulated(d, m, colour); });
-        SetViewportOrg(canvas, 6, -9, nullptr);
-        const RECT logicalClip = Moved(clip, -6, 9);
-        SetCanvasClipRect(canvas, &logicalClip);
-        EXPECT_EQ(1, DrawModulation(canvas, x - 6, y + 9, mask, &source, colour));
-        ASSERT_TRUE(Same(expected, canvas.Pixels())) << "round " << round;
-    }
-}
-
-TEST(DrawModulation, NeedsTheVisiblePartOfTheMaskOnly) {
+    ForRounds(4, 500, [](Round &round) {
+        const OwnedBitmap mask = NoiseBitmap(90, 90, 32, round.random.Word());
+        const LONG x = round.random.Between(0, 5), y = round.random.Between(0, 5);
+        const RECT dest = round.Logical(round.dest);
+        const RECT from{x, y, x + dest.right - dest.left, y + dest.bottom - dest.top};
+        const auto colour = round.random.Of<DWORD>({0xFF884422, 0x80402010});
+        EXPECT_EQ(1, DrawModulation(round.canvas, dest.left, dest.top, mask, &from, colour));
+        round.Expect(PictureOf(ViewOf(mask)), from, round.clip,
+                     [&](uint32_t m, uint32_t d) { return Modulated(d, m, colour); });
+    });
+    // Only the visible part of the mask has to be there.
     const OwnedBitmap mask = NoiseBitmap(10, 10, 32, 1);
     const auto drawn = [&](int x, int y, const RECT *source) {
         const TestCanvas canvas(CanvasKind::Memory, 20, 20, 1);
@@ -72,12 +63,8 @@ TEST(DrawModulation, NeedsTheVisiblePartOfTheMaskOnly) {
         return canvas.Pixels();
     };
     const RECT whole{0, 0, 10, 10}, wider{-50, -5, 10, 10}, outside{0, 0, 11, 10}, inverted{5, 5, 0, 0};
-    const Picture before = drawn(100, 0, nullptr);
-    EXPECT_TRUE(Same(TestCanvas(CanvasKind::Memory, 20, 20, 1).Pixels(), before));
     EXPECT_TRUE(Same(drawn(0, 0, &whole), drawn(-50, -5, &wider))) << "its columns below 0 are not visible";
-    EXPECT_FALSE(Same(before, drawn(0, 0, &whole)));
-    EXPECT_TRUE(Same(before, drawn(0, 0, &outside)));
-    EXPECT_TRUE(Same(before, drawn(5, 5, &inverted)));
+    for (const RECT *none : {&outside, &inverted}) EXPECT_TRUE(Same(drawn(99, 0, nullptr), drawn(5, 5, none)));
 }
 
 TEST(DrawModulation, ReadsShallowMasksUpToTheLastWholeWordOfARow) {

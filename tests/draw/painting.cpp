@@ -4,14 +4,6 @@
 
 namespace lacquer {
 
-namespace {
-
-uint32_t Over(uint32_t s, uint32_t d) {
-    return WordOf([&](int i) { return ChannelOf(s, i) + (ChannelOf(d, i) * (256 - (s >> 24)) >> 8); });
-}
-
-}  // namespace
-
 ::testing::AssertionResult Same(const Picture &expected, const Picture &actual) {
     if (expected.width != actual.width || expected.height != actual.height) {
         return ::testing::AssertionFailure() << "the sizes differ";
@@ -101,32 +93,6 @@ RECT Ordered(RECT rect) {
     if (rect.left > rect.right) std::swap(rect.left, rect.right);
     if (rect.top > rect.bottom) std::swap(rect.top, rect.bottom);
     return rect;
-}
-
-RECT Random::AnyOrder(RECT rect) {
-    if (Between(0, 9) == 0) std::swap(rect.left, rect.right);
-    if (Between(0, 9) == 0) std::swap(rect.top, rect.bottom);
-    return rect;
-}
-
-RECT Random::Inside(const RECT &bounds) {
-    const int left = Between(bounds.left, bounds.right - 1), top = Between(bounds.top, bounds.bottom - 1);
-    return {left, top, Between(left + 1, bounds.right), Between(top + 1, bounds.bottom)};
-}
-
-uint32_t Combined(DWORD modeWord, BYTE alpha, WORD sourceBits, uint32_t s, uint32_t d) {
-    const DWORD mode = modeWord >> 24;
-    if (mode == LACQUER_DRAW_BEHIND) {
-        return WordOf([&](int i) { return ChannelOf(d, i) + (ChannelOf(s, i) * (256 - (d >> 24)) >> 8); });
-    }
-    if (mode == LACQUER_DRAW_MODULATE) {
-        return WordOf([&](int i) { return (ChannelOf(s, i) + 1) * ChannelOf(d, i) >> 8; });
-    }
-    if (alpha == 0) return d;
-    if (alpha < 255) return Over(WordOf([&](int i) { return ChannelOf(s, i) * (alpha + 1u) >> 8; }), d);
-    if (mode == LACQUER_DRAW_OVER) return Over(s, d);
-    const uint32_t key = (modeWord & 0xFFFFFF) | (sourceBits == 24 ? 0xFF000000 : 0);
-    return mode == LACQUER_DRAW_COLOR_KEY && s == key ? d : s;
 }
 
 }  // namespace lacquer

@@ -1,5 +1,5 @@
 // What the tests of drawing share: canvases of every kind, sources full of noise, pictures that the library can't
-// reach, and a model of nearest draws, worked out one channel at a time.
+// reach, and a model of nearest draws.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +7,7 @@
 #include <optional>
 #include <vector>
 
+#include "pipeline/words.h"
 #include "support/memory_dc.h"
 #include "support/objects.h"
 
@@ -14,16 +15,6 @@ namespace lacquer {
 
 /// The filter word of draws over.
 constexpr DWORD kOver = LACQUER_DRAW_OVER << 24;
-
-constexpr uint32_t ChannelOf(uint32_t word, int channel) { return word >> 8 * channel & 255; }
-
-/// The word of whose channel i (blue, green, red, alpha) `value(i)` is, modulo 256.
-template <class Value>
-uint32_t WordOf(const Value &value) {
-    uint32_t word = 0;
-    for (int i = 0; i < 4; ++i) word |= (static_cast<uint32_t>(value(i)) & 255) << 8 * i;
-    return word;
-}
 
 constexpr int64_t WidthOf(const RECT &rect) { return int64_t{rect.right} - rect.left; }
 constexpr int64_t HeightOf(const RECT &rect) { return int64_t{rect.bottom} - rect.top; }
@@ -135,34 +126,6 @@ struct Twins {
     }
     void ExpectSame() const { EXPECT_TRUE(Same(expected.Pixels(), drawn.Pixels())); }
 };
-
-/// Numbers that differ from test to test and are the same on every run.
-class Random {
-public:
-    explicit Random(uint32_t seed) : seed_(seed) {}
-
-    uint32_t Word() { return Noise(seed_, next_++); }
-    int Between(int low, int high) { return low + static_cast<int>(Word() % static_cast<uint32_t>(high - low + 1)); }
-    bool Coin() { return Word() % 2 != 0; }
-
-    template <class Value>
-    Value Of(std::initializer_list<Value> values) {
-        return values.begin()[Word() % values.size()];
-    }
-
-    /// A rectangle that is not empty, with its edges inside `bounds`.
-    RECT Inside(const RECT &bounds);
-
-    /// The rectangle, sometimes with edges exchanged.
-    RECT AnyOrder(RECT rect);
-
-private:
-    uint32_t seed_, next_ = 0;
-};
-
-/// What a draw of the source word s leaves of d. `alpha` is the constant alpha; the rules are those of draws, not
-/// fills.
-uint32_t Combined(DWORD modeWord, BYTE alpha, WORD sourceBits, uint32_t s, uint32_t d);
 
 /// Draws `from` of the source into `dest` by nearest samples (1:1 for equal sizes), inside `clip`:
 /// d := combine(s, d).

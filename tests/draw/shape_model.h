@@ -1,9 +1,11 @@
-// What the tests of shapes share: covers read back from pixels, and the shapes' exact areas in double precision.
+// What the tests of shapes share: covers read back from pixels, the shapes' exact areas in double precision, and what
+// holds for every drawing, wherever it is placed.
 #pragma once
 
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <functional>
 
 #include "painting.h"
 
@@ -75,7 +77,7 @@ struct ModelShape {
 };
 
 /// The shape that a caller's numbers mean, its radii fitted.
-inline ModelShape ShapeOf(const GeoRect &rect, const std::array<float, 4> &radii) {
+inline ModelShape ShapeOf(const GeoRect &rect, const float (&radii)[4]) {
     ModelShape shape{Rounded(rect.left), Rounded(rect.top), Rounded(rect.right), Rounded(rect.bottom), {}};
     if (shape.IsEmpty()) return shape;
     for (size_t i = 0; i < 4; ++i) shape.radii[i] = Rounded(std::clamp(double(radii[i]), 0.0, 16384.0));
@@ -108,6 +110,61 @@ Picture CoversOf(LONG width, LONG height, const Draw &draw) {
         covers.At(x, y) = weight > 128 ? weight - 1 : weight;
     });
     return covers;
+}
+
+/// Where a drawing goes: mirrored in its canvas, or moved.
+struct Place {
+    bool isAcross = false, isDown = false;
+    int move = 0;
+
+    /// A rectangle of a canvas of a size.
+    GeoRect Of(GeoRect rect, SIZE size) const {
+        const auto width = static_cast<float>(size.cx), height = static_cast<float>(size.cy);
+        if (isAcross) rect = {width - rect.right, rect.top, width - rect.left, rect.bottom};
+        if (isDown) rect = {rect.left, height - rect.bottom, rect.right, height - rect.top};
+        const auto by = static_cast<float>(move);
+        return {rect.left + by, rect.top + by, rect.right + by, rect.bottom + by};
+    }
+
+    /// The radii of the corners that come to lie top left, top right, bottom right and bottom left.
+    void Mirror(float (&radii)[4]) const {
+        if (isAcross) std::swap(radii[0], radii[1]), std::swap(radii[3], radii[2]);
+        if (isDown) std::swap(radii[0], radii[3]), std::swap(radii[1], radii[2]);
+    }
+};
+
+using PlacedDraw = std::function<void(HGCANVAS canvas, const Place &place)>;
+
+/// Clips that make up the canvas show the whole drawing, and one clip only its part; origins move it; mirrors mirror
+/// it, where it has mirror images.
+inline void ExpectSameWherever(Random &random, SIZE size, const PlacedDraw &draw, bool hasMirrors = true) {
+    const auto drawn = [&](const std::vector<RECT> &clips, const Place &place = {}) {
+        const TestCanvas canvas(CanvasKind::Memory, size.cx, size.cy, 0);
+        FillWith(canvas.View(), 0xFF8040C0);
+        SetViewportOrg(canvas, 7 - place.move, 7 - place.move, nullptr);
+        SetWindowOrg(canvas, 7, 7, nullptr);
+        for (const RECT &clip : clips) {
+            const RECT logical = Moved(clip, place.move, place.move);
+            SetCanvasClipRect(canvas, &logical);
+            draw(canvas, place);
+        }
+        return canvas.Pixels();
+    };
+    const RECT all{0, 0, size.cx, size.cy};
+    const Picture ground = drawn({}), whole = drawn({all});
+    const LONG x = random.Between(0, size.cx), y = random.Between(0, size.cy);
+    EXPECT_TRUE(Same(whole, drawn({{0, 0, x, y}, {x, 0, size.cx, y}, {0, y, size.cx, size.cy}})));
+    EXPECT_TRUE(Same(whole, drawn({all}, {.move = random.Between(-9999, 9999)})));
+    ExpectSameOutside({x / 2, y / 2, x, y}, ground, drawn({{x / 2, y / 2, x, y}}));
+    for (const bool isAcross : {true, false}) {
+        if (!hasMirrors) continue;
+        const Picture mirrored = drawn({all}, {.isAcross = isAcross, .isDown = !isAcross});
+        Picture back = mirrored;
+        ForEachPixel(back, [&](LONG px, LONG py) {
+            back.At(px, py) = isAcross ? mirrored.At(size.cx - 1 - px, py) : mirrored.At(px, size.cy - 1 - py);
+        });
+        EXPECT_TRUE(Same(whole, back)) << (isAcross ? "across" : "down");
+    }
 }
 
 }  // namespace lacquer

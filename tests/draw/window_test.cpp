@@ -64,34 +64,6 @@ protected:
     HDC dc_ = nullptr;
 };
 
-Picture Opaque(Picture picture) {
-    for (uint32_t &pixel : picture.pixels) pixel |= 0xFF000000;
-    return picture;
-}
-
-TEST_F(Window, TakesCanvasesThroughGdi) {
-    const TestCanvas source(CanvasKind::Memory, 20, 16, 3);
-    const RECT dest{5, 6, 25, 22}, whole{0, 0, 20, 16};
-    const Picture before = Opaque(TestCanvas(CanvasKind::Memory, 40, 36, 1).Pixels());
-    Show(before);
-    EXPECT_NE(0, GdiTransCanvas(dc_, &dest, source, &whole, 255));
-    Picture expected = before;
-    DrawNearest(expected, expected.Bounds(), dest, source.Pixels(), whole, [](uint32_t s, uint32_t) { return s; });
-    EXPECT_TRUE(Same(WithoutAlpha(expected), Shown()));
-
-    // A blend rounds in GDI's own way.
-    Show(before);
-    EXPECT_NE(0, GdiTransCanvas(dc_, &dest, source, &whole, 128));
-    const Picture shown = Shown();
-    ForEachPixel(shown, [&](LONG x, LONG y) {
-        for (int i = 0; i < 3; ++i) {
-            const int d = static_cast<int>(ChannelOf(before.At(x, y), i));
-            const int s = Contains(dest, x, y) ? static_cast<int>(ChannelOf(source.Pixels().At(x - 5, y - 6), i)) : d;
-            ASSERT_NEAR((128 * s + 127 * d) / 255, static_cast<int>(ChannelOf(shown.At(x, y), i)), 2) << x << ", " << y;
-        }
-    });
-}
-
 TEST_F(Window, IsACanvasForDrawsAndBlends) {
     const OwnedCanvas canvas(CreateCanvasFromDC(dc_));
     EXPECT_EQ(window_, GetCanvasWindow(canvas));

@@ -10,17 +10,13 @@
 
 namespace lacquer {
 
-uint32_t ModelAhslOf(uint32_t argb);
-uint32_t ModelArgbOf(uint32_t ahsl);
-
 struct Deltas {
     float h, s, l;
 };
 
+/// A colour of hue, saturation and lightness, shifted; and a colour that is converted and converted back for it.
 uint32_t ModelShifted(uint32_t ahsl, const Deltas &deltas);
-inline uint32_t ModelColorized(uint32_t argb, const Deltas &deltas) {
-    return ModelArgbOf(ModelShifted(ModelAhslOf(argb), deltas));
-}
+uint32_t ModelColorized(uint32_t argb, const Deltas &deltas);
 
 /// The whole of a source after the box blur, and after the two passes of the Gaussian blur.
 Picture ModelBoxBlur(const Picture &source);
@@ -29,8 +25,9 @@ Picture ModelGaussianBlur(const Picture &source);
 /// Any words at all, premultiplied or not.
 Picture NoisePicture(LONG width, LONG height, uint32_t seed);
 
-/// Colour words go into a 32-bit view of the picture's size.
-void Put(const SurfaceView &view, const Picture &picture);
+/// Objects of 32 bits per pixel with the pixels of a picture; a bitmap may be the system's.
+OwnedTexture TextureOf(const Picture &picture);
+OwnedBitmap BitmapOf(const Picture &picture, bool isSystem = false);
 
 /// All bytes of a view of a whole surface, gaps between the rows included.
 void FillBytes(const SurfaceView &view, BYTE value);

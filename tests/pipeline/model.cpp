@@ -94,48 +94,6 @@ uint32_t ModelArea(const TestImage &source, SIZE full, int64_t x, int64_t y) {
 
 }  // namespace
 
-uint32_t ModelCombine(CombineKind rule, uint32_t s, uint32_t d, uint32_t parameter, Overflow overflow) {
-    const auto add = [&](const auto &value) {
-        if (overflow == Overflow::Carries) return WordOf(value);
-        return WordOf([&](int i) { return std::min<uint32_t>(value(i), 255); });
-    };
-    const uint32_t sA = s >> 24, dA = d >> 24;
-    switch (rule) {
-        case CombineKind::Copy: return s;
-        case CombineKind::Over: return add([&](int i) { return ChannelOf(s, i) + ChannelOf(d, i) * (256 - sA) / 256; });
-        case CombineKind::Behind:
-            return add([&](int i) { return ChannelOf(d, i) + ChannelOf(s, i) * (256 - dA) / 256; });
-        case CombineKind::ConstAlpha: {
-            const uint32_t scaledAlpha = sA * (parameter + 1) / 256;
-            return add([&](int i) {
-                return ChannelOf(s, i) * (parameter + 1) / 256 + ChannelOf(d, i) * (256 - scaledAlpha) / 256;
-            });
-        }
-        case CombineKind::Modulate: return WordOf([&](int i) { return (ChannelOf(s, i) + 1) * ChannelOf(d, i) / 256; });
-        case CombineKind::ColorKey: return s == parameter ? d : s;
-        case CombineKind::Or: return s | d;
-        case CombineKind::GreyTint: {
-            const uint32_t grey = (ChannelOf(d, 0) + 2 * ChannelOf(d, 1) + ChannelOf(d, 2)) / 4 * sA / 256;
-            return WordOf([&](int i) { return i == 3 ? dA : (ChannelOf(d, i) * (256 - dA) / 256 + grey) % 256; });
-        }
-        case CombineKind::Opaque: return s | 0xFF000000;
-        case CombineKind::CrossFade:
-            // The source's alpha is never read: the result is that of an opaque source.
-            return WordOf([&](int i) {
-                return ChannelOf(d, i) * (256 - parameter) / 256 +
-                       (i == 3 ? parameter : ChannelOf(s, i) * (parameter + 1) / 256);
-            });
-        case CombineKind::Mix:
-            if (parameter == 0 || parameter == 255) return parameter ? s : d;
-            return WordOf(
-                [&](int i) { return (ChannelOf(s, i) * (parameter + 1) + ChannelOf(d, i) * (255 - parameter)) / 256; });
-        case CombineKind::AddWeighted:
-            if (parameter == 0 || parameter == 255) return parameter ? s : d;
-            return WordOf([&](int i) { return (ChannelOf(d, i) * (255 - parameter) / 256 + ChannelOf(s, i)) % 256; });
-    }
-    return 0;
-}
-
 uint32_t ModelSample(SamplerKind sampler, const TestImage &source, SIZE full, int64_t x, int64_t y, WeightForm form) {
     const bool opaque = source.View().bitsPerPixel == 24;
     switch (sampler) {
@@ -152,17 +110,6 @@ uint32_t ModelSample(SamplerKind sampler, const TestImage &source, SIZE full, in
             return ModelArea(source, full, x, y);
     }
     return 0;
-}
-
-int64_t ExactBicubicSum(const TestImage &source, SIZE full, int64_t x, int64_t y, WeightForm form, int channel) {
-    const CubicAxis h(x, source.width(), full.cx, form), v(y, source.height(), full.cy, form);
-    int64_t sum = 0;
-    for (int row = 0; row < 4; ++row) {
-        for (int column = 0; column < 4; ++column) {
-            sum += ChannelOf(source.At(h.tap[column], v.tap[row]), channel) * v.weight[row] * h.weight[column];
-        }
-    }
-    return sum;
 }
 
 }  // namespace lacquer

@@ -2,24 +2,12 @@
 // alignment, with guard bytes between the rows.
 #pragma once
 
-#include <lacquer/lacquer.h>
-
-#include <cstdint>
-#include <memory>
-#include <random>
+#include <cstring>
 #include <vector>
 
+#include "pipeline/words.h"
+
 namespace lacquer {
-
-using Random = std::mt19937;
-
-/// A number from `low` to `high`.
-int Between(Random &random, int low, int high);
-
-uint32_t AnyWord(Random &random);
-
-/// A word with colour channels up to its alpha; alpha is biased to 0 and 255.
-uint32_t PremultipliedWord(Random &random);
 
 class TestImage {
 public:
@@ -28,37 +16,56 @@ public:
 
     /// Random pixels; 32-bit ones and palettes are premultiplied words, or any words.
     void Fill(Random &random, bool premultiplied = true);
-    void FillWith(uint32_t word);
+    void FillWith(uint32_t word) { lacquer::FillWith(View(), word); }
+
+    /// Pixel (x, y) becomes word(x, y), in the depth of the image.
+    template <class Word>
+    void FillBy(const Word &word) {
+        for (int y = 0; y < height_; ++y) {
+            for (int x = 0; x < width_; ++x) Set(x, y, word(x, y));
+        }
+    }
 
     /// A view of everything, or of a rectangle inside.
-    SurfaceView View() const;
+    SurfaceView View() const { return View({0, 0, width_, height_}); }
     SurfaceView View(RECT rect) const;
 
-    /// Gives an 8-bit image `count` colours; a pixel beyond them is 0.
+    /// Gives an 8-bit image colours. A pixel beyond them is 0; without any, pixels are greys.
     void SetPalette(std::vector<DWORD> palette) { palette_ = std::move(palette); }
 
-    /// The pixel as a 32-bit word, found out byte by byte.
-    uint32_t At(int64_t x, int64_t y) const;
-    void Set(int64_t x, int64_t y, uint32_t word);
-    void SetIndex(int64_t x, int64_t y, BYTE index) { *Address(x, y) = index; }
+    /// The pixel as a 32-bit word.
+    uint32_t At(int64_t x, int64_t y) const { return bitsPerPixel_ == 32 ? WordAt(PlaceOf(x, y)) : ShallowAt(x, y); }
 
-    bool GuardsAreIntact() const;
+    /// The pixel as stored.
+    void Set(int64_t x, int64_t y, uint32_t pixel) {
+        BYTE *const out = block_.data() + PlaceOf(x, y);
+        if (bitsPerPixel_ == 32) {
+            std::memcpy(out, &pixel, 4);
+        } else {
+            std::memcpy(out, &pixel, bitsPerPixel_ == 24 ? 3 : 1);
+        }
+    }
+
     int width() const { return width_; }
     int height() const { return height_; }
 
-    /// Pixels equal, whatever the guards.
-    friend bool operator==(const TestImage &a, const TestImage &b);
-
-    /// A second image of the same pixels, palette and layout.
-    TestImage Copy() const;
+    /// Pixels and guards are equal.
+    friend bool operator==(const TestImage &a, const TestImage &b) { return a.block_ == b.block_; }
 
 private:
-    BYTE *Address(int64_t x, int64_t y) const;
-    int64_t RowBytes() const { return int64_t{width_} * (bitsPerPixel_ / 8); }
+    uint32_t ShallowAt(int64_t x, int64_t y) const;
 
-    int width_, height_, bitsPerPixel_, padding_, misalignment_;
-    std::size_t size_;
-    std::unique_ptr<BYTE[]> block_;
+    uint32_t WordAt(std::size_t place) const {
+        uint32_t word;
+        std::memcpy(&word, block_.data() + place, sizeof word);
+        return word;
+    }
+    std::size_t PlaceOf(int64_t x, int64_t y) const {
+        return static_cast<std::size_t>(misalignment_ + y * stride_ + x * (bitsPerPixel_ / 8));
+    }
+
+    int width_, height_, bitsPerPixel_, stride_, misalignment_;
+    std::vector<BYTE> block_;
     std::vector<DWORD> palette_;
 };
 

@@ -1,4 +1,5 @@
-// Colorizing single colours and textures.
+// Colour conversions, of every colour in both directions, by digests that hold on every target; and colorizing against
+// a model.
 
 #include <cmath>
 #include <limits>
@@ -7,6 +8,27 @@
 
 namespace lacquer {
 namespace {
+
+/// The words that all colours are converted to, with alphas that differ, as one number.
+uint64_t DigestOfAll(uint32_t (*convert)(uint32_t)) {
+    uint64_t digest = 0xCBF29CE484222325;
+    for (uint32_t colour = 0; colour < 1u << 24; ++colour) {
+        digest = (digest ^ convert(colour | (colour * 0x9E3779B1u & 0xFF000000))) * 0x100000001B3;
+    }
+    return digest;
+}
+
+/// The digests are those of a model that made each single-precision step in double precision and rounded it.
+TEST(ColourModels, ConvertEveryColourToTheBit) {
+    EXPECT_EQ(0xA1CF89EF8A19F325u, DigestOfAll([](uint32_t colour) -> uint32_t { return ARGBtoAHSL(colour); }));
+    EXPECT_EQ(0x38FC07E1D6A1891Au, DigestOfAll([](uint32_t colour) -> uint32_t { return AHSLtoARGB(colour); }));
+    const std::pair<uint32_t, uint32_t> known[] = {{0xFF808080, 0xFFAA0080}, {0xFFFF0000, 0xFF00FF80},
+                                                   {0x1200FF00, 0x1255FF80}, {0x000000FF, 0x00AAFF80},
+                                                   {0x7FFFFFFF, 0x7FAA00FF}, {0, 0x00AA0000}};
+    for (const auto &[argb, ahsl] : known) EXPECT_EQ(ahsl, ARGBtoAHSL(argb));
+    EXPECT_EQ(0x80FFFFFFu, AHSLtoARGB(0x801234FF));
+    EXPECT_EQ(0x80000000u, AHSLtoARGB(0x8012FF00));
+}
 
 constexpr float kInfinity = std::numeric_limits<float>::infinity(), kNaN = std::numeric_limits<float>::quiet_NaN();
 constexpr float kLargest = std::numeric_limits<float>::max();
@@ -29,6 +51,8 @@ TEST(Colorize, ShiftsEveryByteByEveryDelta) {
             }
         }
     }
+    EXPECT_EQ(0xFF40FF80u, AHSLColorize(0xFF00FF80, 0.5f, 0, 0));
+    EXPECT_EQ(0x33FFFFFFu, ARGBColorize(0x33FF8040, 0, 0, 1));
 }
 
 TEST(Colorize, LeavesColoursAloneWithinTheLimitsOnly) {
@@ -46,20 +70,15 @@ TEST(Colorize, LeavesColoursAloneWithinTheLimitsOnly) {
             }
         }
     }
+    // Where there is nothing to do no texture is asked for, nor one that can be locked.
+    const OwnedTexture shallow(CreateTextureEx(2, 2, 4, 0));
+    for (const HGTEXTURE wrong : {HGTEXTURE{}, HGTEXTURE(shallow)}) {
+        EXPECT_EQ(0, ColorizeTexture(wrong, 0, 2 * above, 0));
+        EXPECT_EQ(1, ColorizeTexture(wrong, below, 0, -below));
+    }
 }
 
-TEST(Colorize, HasKnownValues) {
-    EXPECT_EQ(0xFF40FF80u, AHSLColorize(0xFF00FF80, 0.5f, 0, 0));
-    EXPECT_EQ(0xFF000180u, AHSLColorize(0xFF00FF80, 0, -1, 0));
-    EXPECT_EQ(0xFF00FF00u, AHSLColorize(0xFF00FF80, 0, 0, -1));
-    EXPECT_EQ(0xFF00FFFFu, AHSLColorize(0xFF00FF80, 0, 0, 1));
-    EXPECT_EQ(0xFF00FF7Eu, AHSLColorize(0xFF00FF80, 0, 0, 2));
-    EXPECT_EQ(0xFFAA0180u, AHSLColorize(0xFFAA0080, 0, 0, 0.001f));
-    EXPECT_EQ(0x33000000u, ARGBColorize(0x33FF8040, 0, 0, -1));
-    EXPECT_EQ(0x33FFFFFFu, ARGBColorize(0x33FF8040, 0, 0, 1));
-}
-
-TEST(Colorize, RecordsAreColorizedInPlaceAsTheWords) {
+TEST(Colorize, RecordsAreConvertedAndColorizedInPlaceAsTheWords) {
     Random random(7);
     for (int i = 0; i < 2000; ++i) {
         const auto delta = [&] { return static_cast<float>(random.Between(-2000, 2000)) / 1000; };
@@ -67,47 +86,20 @@ TEST(Colorize, RecordsAreColorizedInPlaceAsTheWords) {
         const uint32_t colour = random.Word() & 0xFFFFFF;
         RGBRecord rgb{static_cast<BYTE>(colour), static_cast<BYTE>(colour >> 8), static_cast<BYTE>(colour >> 16)};
         HSLRecord hsl{static_cast<BYTE>(colour), static_cast<BYTE>(colour >> 8), static_cast<BYTE>(colour >> 16)};
+        const auto wordOf = [](const RGBRecord &record) { return uint32_t(record.r << 16 | record.g << 8 | record.b); };
+        const auto hslWordOf = [](const HSLRecord &record) {
+            return uint32_t(record.h << 16 | record.s << 8 | record.l);
+        };
+        RGBRecord toRgb{};
+        HSLRecord toHsl{};
+        ASSERT_EQ(&toHsl, RGBtoHSL(&toHsl, &rgb));
+        ASSERT_EQ(&toRgb, HSLtoRGB(&toRgb, &hsl));
+        ASSERT_EQ(ARGBtoAHSL(colour), hslWordOf(toHsl));
+        ASSERT_EQ(AHSLtoARGB(colour), wordOf(toRgb));
         ASSERT_EQ(&rgb, RGBColorize(&rgb, &rgb, deltas.h, deltas.s, deltas.l));
         ASSERT_EQ(&hsl, HSLColorize(&hsl, &hsl, deltas.h, deltas.s, deltas.l));
-        ASSERT_EQ(ModelColorized(colour, deltas), static_cast<uint32_t>(rgb.r << 16 | rgb.g << 8 | rgb.b));
-        ASSERT_EQ(ModelShifted(colour, deltas), static_cast<uint32_t>(hsl.h << 16 | hsl.s << 8 | hsl.l));
-        ASSERT_EQ(ModelColorized(colour | 0x9A000000, deltas),
-                  ARGBColorize(colour | 0x9A000000, deltas.h, deltas.s, deltas.l));
-    }
-}
-
-TEST(Colorize, TexturesOfEveryDepth) {
-    constexpr Deltas kShift{0.3f, -0.4f, 0.2f};
-    for (const WORD bits : std::initializer_list<WORD>{8, 24, 32}) {
-        const OwnedTexture texture = NoiseTexture(13, 7, bits, bits);
-        const SurfaceView view = ViewOf(texture);
-        const std::vector<uint32_t> stored = PixelsOf(view);
-        std::vector<uint32_t> expected = ColoursOf(view);
-        for (size_t i = 0; i < expected.size(); ++i) {
-            // An index beyond the palette has no entry to change.
-            if (bits != 8 || stored[i] < view.paletteCount) expected[i] = ModelColorized(expected[i], kShift);
-        }
-        EXPECT_EQ(1, ColorizeTexture(texture, kShift.h, kShift.s, kShift.l));
-        EXPECT_EQ(expected, ColoursOf(view)) << bits;
-        if (bits == 8) {
-            EXPECT_EQ(stored, PixelsOf(view));
-        }
-    }
-    for (const WORD bits : std::initializer_list<WORD>{16, 48}) {
-        const OwnedTexture texture(CreateTextureEx(5, 3, bits, 0));
-        const SurfaceView view = ViewOf(texture);
-        FillBytes(view, 0x5A);
-        EXPECT_EQ(1, ColorizeTexture(texture, kShift.h, kShift.s, kShift.l));
-        EXPECT_TRUE(HasOnlyBytes(view, 0x5A)) << bits;
-    }
-}
-
-TEST(Colorize, RefusesWhatIsNoTextureUnlessThereIsNothingToDo) {
-    const OwnedBitmap bitmap(CreateMemBitmap(2, 2));
-    const OwnedTexture shallow(CreateTextureEx(2, 2, 4, 0));
-    for (const HGTEXTURE wrong : {HGTEXTURE{}, HGTEXTURE{HGBITMAP(bitmap).value}, HGTEXTURE(shallow)}) {
-        EXPECT_EQ(0, ColorizeTexture(wrong, 0, 0.000002f, 0));
-        EXPECT_EQ(1, ColorizeTexture(wrong, 0.0000009f, 0, -0.0000009f));
+        ASSERT_EQ(ModelColorized(colour, deltas), wordOf(rgb));
+        ASSERT_EQ(ModelShifted(colour, deltas), hslWordOf(hsl));
     }
 }
 
