@@ -133,7 +133,10 @@ TEST(GeoRectangles, OfWholePixelsAreFills) {
         const TestCanvas drawn(CanvasKind::Memory, 24, 20, 3), same(CanvasKind::Memory, 24, 20, 3),
             expected(CanvasKind::Memory, 24, 20, 3), fractions(CanvasKind::Memory, 24, 20, 3);
         EXPECT_EQ(1, GeoRectangle(drawn, &rect, kBorder, kFill, width));
-        EXPECT_EQ(1, GeoRoundRect(same, &rect, kBorder, kFill, width, -7));
+        // The origins are added in 64 bits.
+        const RECT far = Moved(rect, -INT32_MAX, -INT32_MAX);
+        SetViewportOrg(same, INT32_MAX, INT32_MAX, nullptr);
+        EXPECT_EQ(1, GeoRoundRect(same, &far, kBorder, kFill, width, -7));
         const GeoRect geoRect{3, 4, 20, 15};
         const GeoStyle style{kBorder, kFill, static_cast<float>(width), {kNaN, 5, kInfinity, 5}};
         EXPECT_EQ(1, GeoRectangleEx(fractions, &geoRect, &style, kOver)) << "it has no radii, whatever the style says";
@@ -323,6 +326,7 @@ TEST(FocusRings, CoverTheirDashes) {
                           {{2, 2, 22, 20}, 5, 3, 4, 3},         {{1, 1, 19, 23}, 6, 1, 2.5f, 1.5f},
                           {{2, 1, 20, 19}, 9, 100, 0.3f, 0.2f}, {{1, 1, 23, 19}, 2, 5, 1000, 1},
                           {{1.25f, 1, 21, 20}, 3, 9, 5, 1},     {{-30.5f, 1, 23, 90}, 9, 30, 7, 4},
+                          {{1, 2, 10, 8}, 1, 0, 2, 2},          {{1, 1, 9, 9}, 1, 0, 40, 20},
                           {{-42, -40, 400, 400}, 60, 150, 7, 4}, {{-140, 1, 400, 300}, 60, 150, 0.3f, 0.2f}};
     for (const Case &c : cases) {
         SCOPED_TRACE(&c - cases);
@@ -369,18 +373,27 @@ TEST(FocusRings, WithoutGapsAreBorders) {
     }
 }
 
-TEST(GeoRectangles, LeaveOtherDepthsAlone) {
+TEST(GeoRectangles, LeaveCanvasesAloneThatTheyCannotPaint) {
     const Dib dib(16, 12, 24);
     const MemoryDC dc(dib.Handle());
     const OwnedCanvas canvas(CreateCanvasFromDC(dc));
     FillWithNoise(dib.View(), 1);
     const std::vector<uint32_t> before = PixelsOf(dib.View());
+    const OwnedCanvas without(CreateCanvasFromDC(nullptr));
     const RECT rect{2, 2, 12, 9};
-    const GeoRect ring{2, 2, 12, 9};
+    const GeoRect ring{2, 2, 12, 9}, nowhere{kNaN, 0, 0, 0};
+    const GeoStyle style{0xFF000000, 0xFF123456, 1, {2, 2, 2, 2}};
     const ShadowStyle shadow{0xFF000000, 0, 0, 4, 0, {}, 1, LACQUER_SHADOW_FILLED};
-    EXPECT_EQ(1, GeoRoundRect(canvas, &rect, 0xFF000000, 0xFF123456, 1, 2));
-    EXPECT_EQ(1, GeoRectFocusEx(canvas, &ring, 0xFF000000, 1, 0, 1, 1));
-    EXPECT_EQ(1, DrawShadows(canvas, &rect, &shadow, 1));
+    for (const HGCANVAS target : {HGCANVAS(canvas), HGCANVAS(without), HGCANVAS{}}) {
+        // A wrong handle is found whatever there is to draw.
+        const int result = target != HGCANVAS{};
+        for (const GeoRect &any : {ring, nowhere}) {
+            EXPECT_EQ(result, GeoRoundRectEx(target, &any, &style, kOver));
+            EXPECT_EQ(result, GeoRectFocusEx(target, &any, 0xFF000000, 1, 0, 1, 1));
+        }
+        EXPECT_EQ(result, GeoRoundRect(target, &rect, 0xFF000000, 0xFF123456, 1, 2));
+        EXPECT_EQ(result, DrawShadows(target, &rect, &shadow, 1));
+    }
     GdiFlush();
     EXPECT_EQ(before, PixelsOf(dib.View()));
 }

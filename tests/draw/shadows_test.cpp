@@ -163,6 +163,8 @@ TEST(Shadows, OfUnusualShapesAreBlurredShapesToo) {
                           {{-500, -700, 30, 30}, Black(0, 0, 40, 0, {0, 0, 300, 0}, 2)},
                           {{-9000, 5, 25, 30000}, Black(3, 3, 0.7f, 0, {0, kFar, 0, 0}, 0)},
                           {{20, 20, 21, 21}, Black(0, 0, 30, 0, {}, 0)},
+                          {{16404, -99, 16500, 90}, Black(0, 0, 4, kFar, {}, 0)},
+                          {{-16384, -16384, 16414, 16404}, Black(0, 0, 4, -kFar, {}, 2)},
                           {{-3000, -3000, 20, 20}, Black(0, 0, 2000, 0, {0, 0, 40, 0}, 2)}};
     for (const Case &c : cases) {
         SCOPED_TRACE(&c - cases);
