@@ -81,7 +81,8 @@ struct RunInput {
             shares.push_back(Between(random, -5000000, kFullShadow + 5000000));
         }
         // The weights of a row add up to 2^14 at most.
-        for (int i = Between(random, 1, 9); i > 0; --i) weights.push_back(static_cast<int16_t>(Between(random, 0, 1820)));
+        for (int i = Between(random, 1, 9); i > 0; --i)
+            weights.push_back(static_cast<int16_t>(Between(random, 0, 1820)));
         for (size_t i = 0; i < weights.size() * kLinePixels; ++i) {
             lines.push_back(static_cast<int16_t>(Between(random, -8192, 8192)));
         }

@@ -46,7 +46,8 @@ int64_t ArcRow::TwiceAreaUnderArc(ArcPoint from, ArcPoint to) const {
 }
 
 int64_t ArcRow::TwiceAreaUnderShortArc(ArcPoint from, ArcPoint to) const {
-    return (to.u - from.u) * (from.v + to.v - 2 * (v0_ << 8)) + 2 * SegmentArea(to.u - from.u, from.v - to.v, circle_->Radius());
+    return (to.u - from.u) * (from.v + to.v - 2 * (v0_ << 8)) +
+           2 * SegmentArea(to.u - from.u, from.v - to.v, circle_->Radius());
 }
 
 int64_t ArcRow::Outside(int64_t u0, int64_t u1) const {

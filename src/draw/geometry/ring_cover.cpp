@@ -12,9 +12,9 @@
 namespace lacquer {
 namespace {
 
-constexpr int kSlices = 16;  ///< of the mitres in which two sides meet
+constexpr int kSlices = 16;    ///< of the mitres in which two sides meet
 constexpr int kStretches = 8;  ///< of a pixel far from its corner's centre
-constexpr int kArcs = 6;     ///< of each part of a pixel's way through a corner
+constexpr int kArcs = 6;       ///< of each part of a pixel's way through a corner
 
 int64_t CornerSide(int64_t radius, int64_t width) { return std::max(radius, width / 2); }
 

@@ -37,7 +37,8 @@ CoverShape::CoverShape(const RoundedRect &rect)
     straightFrom_ = PixelFrom(rect.top + std::max(radii[RoundedRect::kTopLeft], radii[RoundedRect::kTopRight]));
     straightUntil_ = PixelAt(rect.bottom - std::max(radii[RoundedRect::kBottomLeft], radii[RoundedRect::kBottomRight]));
     mirrorSum_ = PixelAt(rect.left + rect.right) - 1;
-    const int64_t leftEnd = PixelFrom(rect.left + std::max(radii[RoundedRect::kTopLeft], radii[RoundedRect::kBottomLeft]));
+    const int64_t leftEnd =
+        PixelFrom(rect.left + std::max(radii[RoundedRect::kTopLeft], radii[RoundedRect::kBottomLeft]));
     isMirrored_ = rect.IsSymmetricAcross() && 2 * leftEnd <= mirrorSum_ + 1;
     uint8_t count = 0;
     for (uint8_t i = 0; i < 4; ++i) {

@@ -45,7 +45,8 @@ public:
     const RoundedRect &Rect() const { return rect_; }
     const Circle &CircleOf(RoundedRect::Corner corner) const { return circles_[circleOf_[corner]]; }
 
-    /// The sum of two columns of which one mirrors the other, where that holds and left and right corners share no pixel.
+    /// The sum of two columns of which one mirrors the other, where that holds and left and right corners share no
+    /// pixel.
     bool IsMirrored() const { return isMirrored_; }
     int64_t MirrorSum() const { return mirrorSum_; }
 
@@ -97,8 +98,8 @@ private:
     int64_t AreaBySlices(int64_t from, int64_t to) const;
 
     const CoverShape &shape_;
-    int64_t left_, right_;  ///< of the shape, units
-    int64_t top_, bottom_;  ///< of the shape in this row
+    int64_t left_, right_;              ///< of the shape, units
+    int64_t top_, bottom_;              ///< of the shape in this row
     std::array<CornerArc, 4> corners_;  ///< the first `cornerCount_` of them
     std::array<ArcRow, 4> arcs_;
     int cornerCount_ = 0, arcCount_ = 0;

@@ -17,8 +17,8 @@ public:
 
     explicit ShadowTile(const Caster &caster) : caster_(caster), kernels_(ImageKernels()) {}
 
-    /// Computes `rows` rows of `columns` pixels from (x, y) on; at most kRows and kColumns. Pixels of a row that are not wanted
-    /// may be left out.
+    /// Computes `rows` rows of `columns` pixels from (x, y) on; at most kRows and kColumns. Pixels of a row that are
+    /// not wanted may be left out.
     void Compute(int64_t x, int64_t y, int columns, int rows, const PixelRange *wanted);
 
     /// Shares of kFullShadow.

@@ -44,7 +44,12 @@ public:
     /// Row y is mirrored by row `mirror` − y, where that lies inside `visible`.
     TileRows(ShadowTile &tile, ShadowPainter &painter, const RECT &visible, int64_t y, int64_t yEnd,
              std::optional<int64_t> mirror)
-        : tile_(tile), painter_(painter), visible_(visible), y_(y), count_(static_cast<int>(yEnd - y)), mirror_(mirror) {}
+        : tile_(tile),
+          painter_(painter),
+          visible_(visible),
+          y_(y),
+          count_(static_cast<int>(yEnd - y)),
+          mirror_(mirror) {}
 
     void Paint(const Band &columns) {
         for (int64_t x = columns.from; x < columns.to; x += ShadowTile::kColumns) PaintTile(x, columns.to);
@@ -142,7 +147,8 @@ void PaintBlurred(ShadowPainter &painter, const Caster &caster, const RECT &visi
     const std::optional<int64_t> mirror = caster.MirrorDown();
     const auto paintRows = [&](int64_t y, int64_t yEnd, std::optional<int64_t> mirrorOf) {
         for (; y < yEnd; y += ShadowTile::kRows) {
-            PaintRows(painter, caster, visible, {tile, painter, visible, y, std::min(y + ShadowTile::kRows, yEnd), mirrorOf});
+            PaintRows(painter, caster, visible,
+                      {tile, painter, visible, y, std::min(y + ShadowTile::kRows, yEnd), mirrorOf});
         }
     };
     ForEachBand(caster.Rows(), visible.top, visible.bottom, [&](const Band &rows) {

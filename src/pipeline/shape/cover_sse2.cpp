@@ -111,9 +111,8 @@ void DrawParts(BYTE *pixels, DWORD fill, DWORD border, const BYTE *inner, const 
 
 void DrawCovered(BYTE *pixels, DWORD colour, const BYTE *cover, ptrdiff_t count) {
     const PartlyOverFour over(colour);
-    ChangeRun(pixels, count, [&]<class Step>(__m128i d, ptrdiff_t i, Step) {
-        return over(d, WeightsOf<Step::kPixels>(cover + i));
-    });
+    ChangeRun(pixels, count,
+              [&]<class Step>(__m128i d, ptrdiff_t i, Step) { return over(d, WeightsOf<Step::kPixels>(cover + i)); });
 }
 
 void DrawEvenly(BYTE *pixels, DWORD colour, BYTE cover, ptrdiff_t count) {

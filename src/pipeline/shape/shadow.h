@@ -20,8 +20,8 @@ constexpr BYTE CoverOfShare(int32_t share, int part) {
     return static_cast<BYTE>((bounded * part + 32768) >> 16);
 }
 
-/// Adds weight × line for each of `count` lines, which follow each other in memory, to the sums `from`..`to`. Other sums
-/// of the row, kLinePixels of them, may change as well.
+/// Adds weight × line for each of `count` lines, which follow each other in memory, to the sums `from`..`to`. Other
+/// sums of the row, kLinePixels of them, may change as well.
 void AddLines(int32_t *sums, const int16_t *lines, const int16_t *weights, int count, int from, int to);
 
 /// The covers of some shares, or of what they leave.

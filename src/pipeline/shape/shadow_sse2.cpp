@@ -35,8 +35,8 @@ void AddLines(int32_t *sums, const int16_t *lines, const int16_t *weights, int c
 }
 
 void CoverShares(const int32_t *shares, int count, bool ofRest, BYTE *out) {
-    // What a share leaves of the whole is the whole and the share with its bits turned over and one. A share in 2^-16 is
-    // moved down by half, so that the pack bounds it to 16 bits; 1 and the number before it have one cover.
+    // What a share leaves of the whole is the whole and the share with its bits turned over and one. A share in 2^-16
+    // is moved down by half, so that the pack bounds it to 16 bits; 1 and the number before it have one cover.
     const __m128i turn = _mm_set1_epi32(ofRest ? -1 : 0);
     const __m128i start = _mm_set1_epi32((1 << 11) - (1 << 27) + (ofRest ? kFullShadow + 1 : 0));
     const __m128i half = _mm_set1_epi16(INT16_MIN), most = _mm_set1_epi16(255);

@@ -1,6 +1,6 @@
-// The second table: every loop that has a faster form but is no row or slot of the kernel table, that is copies of rows,
-// turns, filters and what shapes are painted with. Like the kernel table it is written once and read by any number of
-// threads afterwards.
+// The second table: every loop that has a faster form but is no row or slot of the kernel table, that is copies of
+// rows, turns, filters and what shapes are painted with. Like the kernel table it is written once and read by any
+// number of threads afterwards.
 #pragma once
 
 #include <lacquer/lacquer.h>
@@ -30,20 +30,20 @@ using CoverSharesKernel = void (*)(const int32_t *shares, int count, bool ofRest
 
 /// The kernels in one list: type, name, and what each tier's function is called. Fields, tiers and tests are made from
 /// it. The base function's declaration tells what a kernel does.
-#define LACQUER_IMAGE_KERNELS(KERNEL)                             \
-    KERNEL(CopyRowsKernel, copyRows, CopyRows)                    \
-    KERNEL(TurnKernel, turnBytes, TurnBytes)                      \
-    KERNEL(TurnKernel, turnWords, TurnWords)                      \
-    KERNEL(BlurKernel, boxBlur, BlurBoxes)                        \
-    KERNEL(FilterKernel, makeGrey, FilterRun<GreyRule>)           \
-    KERNEL(FilterKernel, premultiply, FilterRun<PremultiplyRule>) \
-    KERNEL(FilterKernel, invert, FilterRun<InvertRule>)           \
+#define LACQUER_IMAGE_KERNELS(KERNEL)                                 \
+    KERNEL(CopyRowsKernel, copyRows, CopyRows)                        \
+    KERNEL(TurnKernel, turnBytes, TurnBytes)                          \
+    KERNEL(TurnKernel, turnWords, TurnWords)                          \
+    KERNEL(BlurKernel, boxBlur, BlurBoxes)                            \
+    KERNEL(FilterKernel, makeGrey, FilterRun<GreyRule>)               \
+    KERNEL(FilterKernel, premultiply, FilterRun<PremultiplyRule>)     \
+    KERNEL(FilterKernel, invert, FilterRun<InvertRule>)               \
     KERNEL(FilterKernel, colourToAlpha, FilterRun<ColourToAlphaRule>) \
-    KERNEL(MixPartsKernel, mixParts, MixParts)                    \
-    KERNEL(DrawPartsKernel, drawParts, DrawParts)                 \
-    KERNEL(DrawCoveredKernel, drawCovered, DrawCovered)           \
-    KERNEL(DrawEvenlyKernel, drawEvenly, DrawEvenly)              \
-    KERNEL(AddLinesKernel, addLines, AddLines)                    \
+    KERNEL(MixPartsKernel, mixParts, MixParts)                        \
+    KERNEL(DrawPartsKernel, drawParts, DrawParts)                     \
+    KERNEL(DrawCoveredKernel, drawCovered, DrawCovered)               \
+    KERNEL(DrawEvenlyKernel, drawEvenly, DrawEvenly)                  \
+    KERNEL(AddLinesKernel, addLines, AddLines)                        \
     KERNEL(CoverSharesKernel, coverShares, CoverShares)
 
 struct ImageTable {
