@@ -66,7 +66,7 @@ BENCHMARK_CAPTURE(DrawAgainstMemcpy, behind, LACQUER_DRAW_BEHIND)->Apply(Sizes);
 /// What a draw costs beside its pixels: one pixel, clipped and dispatched.
 void DrawOnePixel(benchmark::State &state) {
     const Scene scene(1, 1, LACQUER_DRAW_OVER);
-    for (auto _ : state) DrawBitmap(scene.canvas, &scene.place, scene.bitmap, LACQUER_NEAREST);
+    for ([[maybe_unused]] auto _ : state) DrawBitmap(scene.canvas, &scene.place, scene.bitmap, LACQUER_NEAREST);
 }
 BENCHMARK(DrawOnePixel);
 
@@ -84,7 +84,7 @@ void DrawLayout(benchmark::State &state, Target target, DWORD layout, const RECT
     const TextureMode mode = {layout, 0, {3, 3, 3, 3}};
     SetTextureMode(texture, &mode);
     SetTextureFilter(texture, LACQUER_DRAW_OVER << 24);
-    for (auto _ : state) DrawTexture(canvas, &dest, texture, LACQUER_BILINEAR);
+    for ([[maybe_unused]] auto _ : state) DrawTexture(canvas, &dest, texture, LACQUER_BILINEAR);
     DeleteTexture(texture);
     if (dc) DeleteCanvas(canvas);
     DeleteCanvas(pixels);

@@ -142,7 +142,7 @@ BENCHMARK(GaussianBlurAgainstPlainLoop)->Apply(Sizes);
 
 void ColorizeTextureTime(benchmark::State &state) {
     const Textures textures(256, 256);
-    for (auto _ : state) ColorizeTexture(textures.first, 0.1f, 0.2f, -0.1f);
+    for ([[maybe_unused]] auto _ : state) ColorizeTexture(textures.first, 0.1f, 0.2f, -0.1f);
     state.SetItemsProcessed(state.iterations() * 256 * 256);
 }
 BENCHMARK(ColorizeTextureTime);

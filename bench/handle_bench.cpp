@@ -11,8 +11,8 @@ namespace {
 constexpr DWORD kSide = 16;
 
 void AllocationAlone(benchmark::State &state) {
-    for (auto _ : state) {
-        void *block = std::malloc(kSide * kSide * 4);
+    for ([[maybe_unused]] auto _ : state) {
+        void *const block = std::malloc(std::size_t{4} * kSide * kSide);
         benchmark::DoNotOptimize(block);
         std::free(block);
     }
@@ -20,15 +20,15 @@ void AllocationAlone(benchmark::State &state) {
 BENCHMARK(AllocationAlone);
 
 void CreateAndDeleteBitmap(benchmark::State &state) {
-    for (auto _ : state) DeleteBitmap(CreateMemBitmap(kSide, kSide));
+    for ([[maybe_unused]] auto _ : state) DeleteBitmap(CreateMemBitmap(kSide, kSide));
 }
 BENCHMARK(CreateAndDeleteBitmap);
 
 /// With many objects alive and the slot freed last taken, a new object needs the free slot of the lowest index.
 void CreateBesideManyLiveBitmaps(benchmark::State &state) {
-    std::vector<HGBITMAP> live;
-    for (int i = 0; i < 30000; ++i) live.push_back(CreateMemBitmap(1, 1));
-    for (auto _ : state) {
+    std::vector<HGBITMAP> live(30000);
+    for (HGBITMAP &bitmap : live) bitmap = CreateMemBitmap(1, 1);
+    for ([[maybe_unused]] auto _ : state) {
         const HGBITMAP first = CreateMemBitmap(kSide, kSide), second = CreateMemBitmap(kSide, kSide);
         DeleteBitmap(first);
         DeleteBitmap(second);
@@ -40,7 +40,7 @@ BENCHMARK(CreateBesideManyLiveBitmaps);
 /// A parent that a child has asked for, as every window of a user interface does: two canvases, one with an alias.
 void CreateAndDeleteParentWithAlias(benchmark::State &state) {
     const HGCANVAS child = CreateCanvas(1, 1, {});
-    for (auto _ : state) {
+    for ([[maybe_unused]] auto _ : state) {
         const HGCANVAS parent = CreateCanvas(kSide, kSide, {});
         SetCanvasParent(child, parent);
         if (state.range(0) != 0) benchmark::DoNotOptimize(GetCanvasParent(child));
@@ -53,7 +53,7 @@ BENCHMARK(CreateAndDeleteParentWithAlias)->Arg(0)->Arg(1);
 void LookUpHandle(benchmark::State &state) {
     const HGBITMAP bitmap = CreateMemBitmap(kSide, kSide);
     BYTE depth = 0;
-    for (auto _ : state) benchmark::DoNotOptimize(GetBitmapBitsPixel(bitmap, &depth));
+    for ([[maybe_unused]] auto _ : state) benchmark::DoNotOptimize(GetBitmapBitsPixel(bitmap, &depth));
     DeleteBitmap(bitmap);
 }
 BENCHMARK(LookUpHandle);

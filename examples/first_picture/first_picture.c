@@ -11,8 +11,8 @@ int main(void) {
 
     SurfaceView pixels;
     if (!LockTextureBits(disc, &pixels, NULL)) return 1;
-    for (int y = 0; y < pixels.height; ++y) {
-        DWORD *row = (DWORD *)pixels.bits + y * (pixels.stride / 4);
+    DWORD *row = pixels.bits;
+    for (int y = 0; y < pixels.height; ++y, row += pixels.stride / 4) {
         for (int x = 0; x < pixels.width; ++x) {
             const int inside = (x - 32) * (x - 32) + (y - 32) * (y - 32) < 31 * 31;
             row[x] = inside ? 0xC0961E1E : 0; /* 0xAARRGGBB, the colours premultiplied by alpha */
@@ -27,10 +27,10 @@ int main(void) {
     FILE *file = fopen("first_picture.ppm", "wb");
     if (!file || !LockCanvasBits(canvas, &pixels, NULL)) return 1;
     fprintf(file, "P6 %d %d 255\n", (int)pixels.width, (int)pixels.height);
-    for (int y = 0; y < pixels.height; ++y) {
-        const BYTE *row = (const BYTE *)pixels.bits + y * pixels.stride; /* blue, green, red, alpha */
+    row = pixels.bits;
+    for (int y = 0; y < pixels.height; ++y, row += pixels.stride / 4) {
         for (int x = 0; x < pixels.width; ++x) {
-            const BYTE rgb[] = {row[4 * x + 2], row[4 * x + 1], row[4 * x]};
+            const BYTE rgb[] = {(BYTE)(row[x] >> 16), (BYTE)(row[x] >> 8), (BYTE)row[x]};
             fwrite(rgb, 1, sizeof rgb, file);
         }
     }

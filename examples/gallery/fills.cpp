@@ -1,23 +1,10 @@
 // fills.png: every fill mode, with an opaque, a translucent and a premultiplied colour. The ground is opaque, half
 // covered and clear from left to right.
-#include <algorithm>
 #include <array>
 
 #include "gallery/gallery.h"
 
 namespace lacquer::examples {
-
-namespace {
-
-/// Cuts colour channels that have grown beyond their alpha, which only copies may show.
-void CutToAlpha(const Canvas &layer) {
-    const CanvasPixels pixels(layer.get());
-    for (int y = 0; y < pixels.height(); ++y)
-        for (int x = 0; x < pixels.width(); ++x)
-            for (BYTE *pixel = pixels.row(y) + x * 4, *c = pixel; c < pixel + 3; ++c) *c = std::min(*c, pixel[3]);
-}
-
-}  // namespace
 
 Canvas PaintFills(const Skin &skin) {
     struct Mode {

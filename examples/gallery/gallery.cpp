@@ -1,6 +1,8 @@
 // What the pictures share, and their list.
 #include "gallery/gallery.h"
 
+#include <algorithm>
+
 namespace lacquer::examples {
 
 namespace {
@@ -59,6 +61,15 @@ void DrawSpecimen(const Canvas &canvas, const RECT &rect, const Texture &piece, 
         const SIZE size = SizeOf(piece);
         DrawAt(layer, (rect.right - rect.left - size.cx) / 2, (rect.bottom - rect.top - size.cy) / 2, piece, alpha);
     });
+}
+
+void CutToAlpha(const Canvas &layer) {
+    const CanvasPixels pixels(layer.get());
+    for (int y = 0; y < pixels.height(); ++y)
+        for (int x = 0; x < pixels.width(); ++x) {
+            BYTE *pixel = reinterpret_cast<BYTE *>(pixels.words(y) + x);
+            for (int channel = 0; channel < 3; ++channel) pixel[channel] = std::min(pixel[channel], pixel[3]);
+        }
 }
 
 Texture Straightened(const Texture &texture, const RECT *part) {

@@ -32,6 +32,10 @@ void DrawSpecimen(const Canvas &canvas, const RECT &rect, const std::function<vo
 /// The same with a piece in the middle of the layer.
 void DrawSpecimen(const Canvas &canvas, const RECT &rect, const Texture &piece, BYTE alpha = 255);
 
+/// Cuts colour channels that have grown beyond their alpha, which only copies may show. A mode that ignores alpha
+/// leaves such colours, and no ground under the layer can show them.
+void CutToAlpha(const Canvas &layer);
+
 /// A copy of a 32-bit texture, or of a part of it, with straight pixels.
 Texture Straightened(const Texture &texture, const RECT *part = nullptr);
 

@@ -9,6 +9,7 @@ namespace {
 
 constexpr int kWidth = 178;
 constexpr int kHeight = 132;
+constexpr int kMiddle = kWidth / 2;
 
 /// What a cell shows, in the coordinates of the cell: the canvas's origin is at its corner.
 struct Cell {
@@ -58,11 +59,11 @@ constexpr std::array<Cell, 12> kCells{{
     {"radial",
      [](const Canvas &canvas) {
          FillCell(canvas,
-                  MakeRadialGradient({kWidth / 2, 75}, 76, {{0, 0xFFFFF3D6}, {0.5f, 0xFFF5B84B}, {1, 0xFF7A2F1D}}));
+                  MakeRadialGradient({kMiddle, 75}, 76, {{0, 0xFFFFF3D6}, {0.5f, 0xFFF5B84B}, {1, 0xFF7A2F1D}}));
      }},
     {"rings",
      [](const Canvas &canvas) {
-         FillCell(canvas, MakeRadialGradient({kWidth / 2, 75}, 60,
+         FillCell(canvas, MakeRadialGradient({kMiddle, 75}, 60,
                                              {{0, 0xFFF5B84B},
                                               {0.3f, 0xFFF5B84B},
                                               {0.3f, 0xFFF3EFE4},
@@ -80,17 +81,17 @@ constexpr std::array<Cell, 12> kCells{{
      [](const Canvas &canvas) {
          FillBox(canvas, Box(12, 30, kWidth - 24, kHeight - 42), 0xFF14161D);
          FillCell(canvas,
-                  MakeRadialGradient({kWidth / 2, 75}, 46, {{0, 0xFFFFFFFF}, {0.25f, 0xD0FFD27A}, {1, 0x00E5484D}}));
+                  MakeRadialGradient({kMiddle, 75}, 46, {{0, 0xFFFFFFFF}, {0.25f, 0xD0FFD27A}, {1, 0x00E5484D}}));
      }},
     {"a ball, its shine and shadow",
      [](const Canvas &canvas) {
-         FillWith(canvas, MakeRadialGradient({kWidth / 2, 122}, 44, {{0, 0xA0000000}, {1, 0x00000000}}));
-         Check(DrawEllipse(canvas.get(), kWidth / 2, 116, 44, 8), "DrawEllipse");
-         FillWith(canvas, MakeRadialGradient({kWidth / 2 - 12, 56}, 62,
-                                             {{0, 0xFFFF9A8A}, {0.45f, 0xFFE5484D}, {1, 0xFF5A0A14}}));
-         Check(DrawCircle(canvas.get(), kWidth / 2, 73, 42), "DrawCircle");
+         FillWith(canvas, MakeRadialGradient({kMiddle, 122}, 44, {{0, 0xA0000000}, {1, 0x00000000}}));
+         Check(DrawEllipse(canvas.get(), kMiddle, 116, 44, 8), "DrawEllipse");
+         FillWith(canvas,
+                  MakeRadialGradient({kMiddle - 12, 56}, 62, {{0, 0xFFFF9A8A}, {0.45f, 0xFFE5484D}, {1, 0xFF5A0A14}}));
+         Check(DrawCircle(canvas.get(), kMiddle, 73, 42), "DrawCircle");
          FillWith(canvas, MakeLinearGradient({0, 34}, {0, 66}, {{0, 0xC0FFFFFF}, {1, 0x00FFFFFF}}));
-         Check(DrawEllipse(canvas.get(), kWidth / 2 - 4, 50, 26, 15), "DrawEllipse");
+         Check(DrawEllipse(canvas.get(), kMiddle - 4, 50, 26, 15), "DrawEllipse");
      }},
     {"stroked",
      [](const Canvas &canvas) {
@@ -100,9 +101,9 @@ constexpr std::array<Cell, 12> kCells{{
              9);
          Check(SetStrokeCap(canvas.get(), VEL_CAP_ROUND), "SetStrokeCap");
          Check(DrawBezier(canvas.get(), 20, 104, 60, -30, 118, 190, kWidth - 20, 44), "DrawBezier");
-         StrokeWith(canvas, MakeRadialGradient({kWidth / 2, 75}, 74, {{0.3f, 0xFFF5B84B}, {1, 0x20F5B84B}}), 3);
+         StrokeWith(canvas, MakeRadialGradient({kMiddle, 75}, 74, {{0.3f, 0xFFF5B84B}, {1, 0x20F5B84B}}), 3);
          for (float radius = 14; radius < 42; radius += 9)
-             Check(DrawCircle(canvas.get(), kWidth / 2, 75, radius), "DrawCircle");
+             Check(DrawCircle(canvas.get(), kMiddle, 75, radius), "DrawCircle");
      }},
     {"FillGradualRect, down",
      [](const Canvas &canvas) {

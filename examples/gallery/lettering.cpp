@@ -25,7 +25,7 @@ Bitmap WithOneCoverage(const Bitmap &mask) {
     const BitmapPixels from(mask.get());
     const BitmapPixels to(copy.get());
     for (int y = 0; y < size.cy; ++y)
-        for (int x = 0; x < size.cx; ++x) std::memset(to.row(y) + x * 4, from.row(y)[x * 4 + 1], 4);
+        for (int x = 0; x < size.cx; ++x) std::memset(to.words(y) + x, from.row(y)[x * 4 + 1], 4);
     return copy;
 }
 

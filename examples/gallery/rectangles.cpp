@@ -1,5 +1,4 @@
 // rectangles.png: rectangles with fractions of a pixel, round corners and borders, in every mode, and focus rings.
-#include <algorithm>
 #include <array>
 #include <functional>
 
@@ -64,12 +63,7 @@ Cell WithMode(std::string_view name, DWORD mode) {
                 const RECT place = Box(static_cast<int>(x), static_cast<int>(y), 96, 56);
                 DrawSpecimen(canvas, place, [mode](const Canvas &layer) {
                     DrawStyled(layer, {8, 8, 88, 48}, {0xC0E5484D, 0x8063C7A0, 5, {14, 14, 14, 14}}, mode);
-                    // A mode that ignores alpha leaves colour beyond it, which the checkerboard can't show.
-                    const CanvasPixels pixels(layer.get());
-                    for (int py = 0; py < pixels.height(); ++py)
-                        for (int px = 0; px < pixels.width(); ++px)
-                            for (BYTE *pixel = pixels.row(py) + px * 4, *c = pixel; c < pixel + 3; ++c)
-                                *c = std::min(*c, pixel[3]);
+                    CutToAlpha(layer);
                 });
             }};
 }

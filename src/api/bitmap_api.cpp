@@ -34,7 +34,7 @@ HBITMAP GetBitmapHandle(HGBITMAP bitmap) {
 int GetBitmapSize(HGBITMAP bitmap, SIZE *out) {
     const PixelSurface *found = Find(bitmap);
     if (!found || !out) return 0;
-    *out = {found->GetWidth(), found->GetHeight()};
+    *out = {found->Width(), found->Height()};
     return 1;
 }
 
@@ -61,12 +61,12 @@ int CopyBitmap(HGBITMAP dest, const RECT *destRect, HGBITMAP source, const RECT 
 
 HGBITMAP ResizeBitmap(HGBITMAP bitmap, DWORD width, DWORD height, DWORD kernelMode) {
     PixelSurface *found = Find(bitmap);
-    return found ? Register(ResizedSurface(*found, width, height, kernelMode, found->GetKind())) : HGBITMAP{};
+    return found ? Register(ResizedSurface(*found, width, height, kernelMode, found->Kind())) : HGBITMAP{};
 }
 
 HGBITMAP TransformBitmap(HGBITMAP bitmap, DWORD code) {
     PixelSurface *found = Find(bitmap);
-    return found ? Register(TransformedSurface(*found, code, found->GetKind())) : HGBITMAP{};
+    return found ? Register(TransformedSurface(*found, code, found->Kind())) : HGBITMAP{};
 }
 
 HGBITMAP RotateBitmap(HGBITMAP bitmap, int code) {
@@ -86,10 +86,10 @@ HGBITMAP CanvasToBitmap(HGCANVAS canvas) {
     std::unique_ptr<PixelSurface> surface = taken->DetachSurface();
     HeldTable table(ProcessHandleTable());
     // Handles of the surface are current all the time. Until it has one of its own, who deletes one only empties it.
-    surface->SetBelongsToCanvas(false);
+    surface->SetOwner(SurfaceOwner::Handles);
     const HGBITMAP bitmap{RegisterAlias(table, HandleType::Bitmap, surface.get())};
     if (bitmap) {
-        surface.release();
+        static_cast<void>(surface.release());
     } else {
         table.Revoke(surface.get());
     }

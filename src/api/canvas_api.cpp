@@ -35,8 +35,8 @@ void DeleteCanvas(HGCANVAS canvas) {
 }
 
 DWORD ReleaseCanvas(HGCANVAS canvas) {
-    const DWORD type = static_cast<DWORD>(canvas.value) & 0xFF0000;
-    if (type != static_cast<DWORD>(HandleType::Canvas) << 16) return type;
+    const DWORD type = static_cast<DWORD>(canvas.value) & kHandleTypeMask;
+    if (type != TypeBits(HandleType::Canvas)) return type;
     return ReleaseHandle(HandleType::Canvas, canvas.value);
 }
 

@@ -3,7 +3,6 @@
 #include <lacquer/lacquer.h>
 
 #include "api/objects.h"
-#include "core/locked.h"
 #include "filters/colorize.h"
 #include "filters/colour_models.h"
 
@@ -63,9 +62,5 @@ int ColorizeTexture(HGTEXTURE texture, float dh, float ds, float dl) {
     const ColourShift shift{dh, ds, dl};
     if (shift.IsNothing()) return 1;
     PixelSurface *surface = FindSurface(texture);
-    if (!surface) return 0;
-    const LockedSurface locked(*surface, nullptr);
-    if (!locked.View()) return 0;
-    Colorize(*locked.View(), shift);
-    return 1;
+    return surface && Colorize(*surface, shift);
 }

@@ -6,6 +6,7 @@
 
 #include "api/objects.h"
 #include "draw/blit.h"
+#include "draw/layout.h"
 #include "draw/nine_grid.h"
 #include "draw/texture_drawing.h"
 
@@ -15,8 +16,8 @@ namespace {
 
 constexpr BYTE kFullStrength = 255;
 
-/// The draw that the arguments of a layout ask for; none when one of them is refused.
-std::optional<TextureDraw> Layout(HGCANVAS canvas, const RECT *dest, HGTEXTURE texture, const RECT *slice,
+/// The draw that these arguments ask for; none when one of them is refused.
+std::optional<TextureDraw> DrawOf(HGCANVAS canvas, const RECT *dest, HGTEXTURE texture, const RECT *slice,
                                   DWORD kernelMode, BYTE alpha) {
     Texture *from = Find(texture);
     Canvas *to = from ? Find(canvas) : nullptr;
@@ -39,7 +40,7 @@ int DrawBitmapRectEx(HGCANVAS canvas, const RECT *dest, HGBITMAP bitmap, const R
     PixelSurface *from = Find(bitmap);
     Canvas *to = from ? Find(canvas) : nullptr;
     if (!to || !dest) return 0;
-    Blit(*to, *dest, *from, source, {from->GetFilter(), kernelMode, alpha});
+    Blit(*to, *dest, *from, source, {from->Filter(), kernelMode, alpha});
     return 1;
 }
 
@@ -49,51 +50,35 @@ int DrawTexture(HGCANVAS canvas, const RECT *dest, HGTEXTURE texture, DWORD kern
 
 int DrawTextureEx(HGCANVAS canvas, const RECT *dest, HGTEXTURE texture, DWORD kernelMode, BYTE alpha, float scale,
                   int halfScale) {
-    const Texture *found = Find(texture);
-    if (!found) return 0;
-    const TextureMode &mode = found->Mode();
-    const RECT *slice = found->CurrentSlice();
-    switch (mode.mode) {
-        case LACQUER_LAYOUT_NINE_GRID:
-        case LACQUER_LAYOUT_HOLLOW_NINE_GRID:
-            return DrawTexture9Grid(canvas, dest, texture, slice, &mode.margins, kernelMode,
-                                    mode.mode == LACQUER_LAYOUT_HOLLOW_NINE_GRID, alpha, mode.scaleFlags, scale,
-                                    halfScale);
-        case LACQUER_LAYOUT_TILE:
-            return DrawTextureTile(canvas, dest, texture, slice, kernelMode, alpha, mode.scaleFlags, scale);
-        case LACQUER_LAYOUT_CENTER: return DrawTextureCenter(canvas, dest, texture, slice, kernelMode, alpha);
-        case LACQUER_LAYOUT_TOP_TILE:
-            return DrawTextureTopTile(canvas, dest, texture, slice, &mode.margins, kernelMode, alpha);
-        default: {
-            const auto draw = Layout(canvas, dest, texture, slice, kernelMode, alpha);
-            return draw ? DrawStretched(*draw) : 0;
-        }
-    }
+    auto draw = DrawOf(canvas, dest, texture, nullptr, kernelMode, alpha);
+    if (!draw) return 0;
+    draw->slice = draw->texture.CurrentSlice();
+    return DrawLaidOut(*draw, scale, halfScale != 0);
 }
 
 int DrawTextureCenter(HGCANVAS canvas, const RECT *dest, HGTEXTURE texture, const RECT *slice, DWORD kernelMode,
                       BYTE alpha) {
-    const auto draw = Layout(canvas, dest, texture, slice, kernelMode, alpha);
+    const auto draw = DrawOf(canvas, dest, texture, slice, kernelMode, alpha);
     return draw ? DrawCentred(*draw) : 0;
 }
 
 int DrawTextureTile(HGCANVAS canvas, const RECT *dest, HGTEXTURE texture, const RECT *slice, DWORD kernelMode,
                     BYTE alpha, DWORD scaleFlags, float scale) {
-    const auto draw = Layout(canvas, dest, texture, slice, kernelMode, alpha);
+    const auto draw = DrawOf(canvas, dest, texture, slice, kernelMode, alpha);
     if (draw) DrawTiled(*draw, scaleFlags, scale);
     return 0;
 }
 
 int DrawTextureTopTile(HGCANVAS canvas, const RECT *dest, HGTEXTURE texture, const RECT *slice, const RECT *margins,
                        DWORD kernelMode, BYTE alpha) {
-    const auto draw = Layout(canvas, dest, texture, slice, kernelMode, alpha);
+    const auto draw = DrawOf(canvas, dest, texture, slice, kernelMode, alpha);
     if (draw && margins) DrawTopTiled(*draw, *margins);
     return 0;
 }
 
 int DrawTexture9Grid(HGCANVAS canvas, const RECT *dest, HGTEXTURE texture, const RECT *slice, const RECT *margins,
                      DWORD kernelMode, int hollowCentre, BYTE alpha, DWORD scaleFlags, float scale, int halfScale) {
-    const auto draw = Layout(canvas, dest, texture, slice, kernelMode, alpha);
+    const auto draw = DrawOf(canvas, dest, texture, slice, kernelMode, alpha);
     if (!draw || !margins) return 0;
     return DrawNineGrid(*draw, {*margins, hollowCentre != 0, scaleFlags, scale, halfScale != 0});
 }

@@ -31,13 +31,11 @@ int FillGradualRect(HGCANVAS canvas, DWORD from, DWORD to, const RECT *rect, int
     if (first == Premultiplied(to)) return FillPreMulColorRectEx(canvas, first, rect, kFillOver);
     Canvas *found = Find(canvas);
     if (!found || !rect) return 0;
-    const RECT clipBox = found->ClipBox();
-    RECT visible{};
-    if (!IntersectRect(&visible, rect, &clipBox)) return 1;
     const auto along = static_cast<GradientDirection>(direction);
-    if (along != GradientDirection::TopToBottom && along != GradientDirection::LeftToRight) {
-        return FillPreMulColorRectEx(canvas, first, rect, kFillOver);
+    if (along == GradientDirection::TopToBottom || along == GradientDirection::LeftToRight) {
+        FillWithGradient(*found, *rect, from, to, along);
+    } else {
+        FillRectangle(*found, *rect, first, kFillOver);
     }
-    FillWithGradient(*found, *rect, from, to, along);
     return 1;
 }

@@ -4,7 +4,6 @@
 
 #include "api/objects.h"
 #include "core/geometry.h"
-#include "core/locked.h"
 #include "filters/box_blur.h"
 #include "filters/gaussian_blur.h"
 #include "filters/glow.h"
@@ -15,92 +14,68 @@ using namespace lacquer;
 
 namespace {
 
-/// Runs `filter` on a locked rectangle (null: everything). Result: 0 without a surface and when it can't be locked.
-template <class Filter>
-int Apply(PixelSurface *surface, const RECT *rect, const Filter &filter) {
-    if (!surface) return 0;
-    const LockedSurface locked(*surface, rect);
-    if (!locked.View()) return 0;
-    filter(*locked.View());
-    return 1;
-}
+int Filtered(PixelSurface *surface, bool (*filter)(PixelSurface &)) { return surface && filter(*surface); }
 
-/// A surface without pixels can't be locked; there is nothing to invert in it.
-int Invert(PixelSurface *surface) {
-    if (surface && surface->GetWidth() == 0) return 1;
-    return Apply(surface, nullptr, InvertAgainstAlpha);
-}
+int Shuffled(PixelSurface *surface, const RECT *rect, DWORD code) { return surface && Shuffle(*surface, rect, code); }
 
-int Shuffled(PixelSurface *surface, const RECT *rect, DWORD code) {
-    return Apply(surface, rect, [=](const SurfaceView &view) { Shuffle(view, code); });
-}
-
-int Blur(PixelSurface *dest, const RECT *destRect, PixelSurface *source, const RECT *sourceRect) {
+int Blurred(PixelSurface *dest, const RECT *destRect, PixelSurface *source, const RECT *sourceRect) {
     if (!dest || !source) return 0;
-    const LockedSurface from(*source, sourceRect);
-    if (!from.View()) return 1;
-    const LockedSurface to(*dest, destRect);
-    if (to.View()) BoxBlur(*to.View(), *from.View());
+    BoxBlur(*dest, destRect, *source, sourceRect);
     return 1;
 }
 
-/// `Locked`: the lock for this kind of object.
-template <class Locked, class Object>
-int BlurInPlace(Object *target, const RECT *targetRect, Object *scratch, const RECT *scratchRect) {
+int BlurredInPlace(PixelSurface *target, PixelSurface *scratch) {
     if (!target || !scratch) return 0;
-    const Locked lockedTarget(*target, targetRect);
-    if (!lockedTarget.View()) return 1;
-    const Locked lockedScratch(*scratch, scratchRect);
-    if (lockedScratch.View()) GaussianBlur(*lockedTarget.View(), *lockedScratch.View());
+    GaussianBlur(*target, *scratch);
     return 1;
 }
 
-void GlowThrough(PixelSurface &object, const RECT *rect, PixelSurface *scratch) {
-    if (!scratch) return;
-    Apply(scratch, nullptr, [&](const SurfaceView &through) {
-        Apply(&object, rect, [&](const SurfaceView &view) { Glow(view, through); });
-    });
+/// Of a rectangle, null: of the surface.
+SIZE SizeOf(const PixelSurface &surface, const RECT *rect) {
+    return rect ? lacquer::SizeOf(*rect) : SIZE{surface.Width(), surface.Height()};
 }
 
 }  // namespace
 
-int BlurBitmap(HGBITMAP dest, HGBITMAP source) { return Blur(Find(dest), nullptr, Find(source), nullptr); }
+int BlurBitmap(HGBITMAP dest, HGBITMAP source) { return Blurred(Find(dest), nullptr, Find(source), nullptr); }
 
 int BlurBitmapEx(HGBITMAP dest, const RECT *destRect, HGBITMAP source, const RECT *sourceRect) {
-    return Blur(Find(dest), destRect, Find(source), sourceRect);
+    return Blurred(Find(dest), destRect, Find(source), sourceRect);
 }
 
 int BlurTexture(HGTEXTURE dest, HGTEXTURE source) {
-    return Blur(FindSurface(dest), nullptr, FindSurface(source), nullptr);
+    return Blurred(FindSurface(dest), nullptr, FindSurface(source), nullptr);
 }
 
 int BlurTextureEx(HGTEXTURE dest, const RECT *destRect, HGTEXTURE source, const RECT *sourceRect) {
-    return Blur(FindSurface(dest), destRect, FindSurface(source), sourceRect);
+    return Blurred(FindSurface(dest), destRect, FindSurface(source), sourceRect);
 }
 
-int GaussianBlurBitmap(HGBITMAP target, HGBITMAP scratch) {
-    return BlurInPlace<LockedSurface>(Find(target), nullptr, Find(scratch), nullptr);
-}
+int GaussianBlurBitmap(HGBITMAP target, HGBITMAP scratch) { return BlurredInPlace(Find(target), Find(scratch)); }
 
 int GaussianBlurTexture(HGTEXTURE target, HGTEXTURE scratch) {
-    return BlurInPlace<LockedSurface>(FindSurface(target), nullptr, FindSurface(scratch), nullptr);
+    return BlurredInPlace(FindSurface(target), FindSurface(scratch));
 }
 
 int GaussianBlurCanvas(HGCANVAS target, const RECT *targetRect, HGCANVAS scratch, const RECT *scratchRect) {
-    return BlurInPlace<LockedCanvas>(Find(target), targetRect, Find(scratch), scratchRect);
+    Canvas *found = Find(target), *foundScratch = Find(scratch);
+    if (!found || !foundScratch) return 0;
+    GaussianBlur(*found, targetRect, *foundScratch, scratchRect);
+    return 1;
 }
 
-int GrayBitmap(HGBITMAP bitmap) { return Apply(Find(bitmap), nullptr, MakeGrey); }
-int GrayTexture(HGTEXTURE texture) { return Apply(FindSurface(texture), nullptr, MakeGrey); }
+int GrayBitmap(HGBITMAP bitmap) { return Filtered(Find(bitmap), MakeGrey); }
+int GrayTexture(HGTEXTURE texture) { return Filtered(FindSurface(texture), MakeGrey); }
 
-int NormalizeBitmap(HGBITMAP bitmap) { return Apply(Find(bitmap), nullptr, Premultiply); }
-int NormalizeTexture(HGTEXTURE texture) { return Apply(FindSurface(texture), nullptr, Premultiply); }
+int NormalizeBitmap(HGBITMAP bitmap) { return Filtered(Find(bitmap), Premultiply); }
+int NormalizeTexture(HGTEXTURE texture) { return Filtered(FindSurface(texture), Premultiply); }
 
-int InvertBitmap(HGBITMAP bitmap) { return Invert(Find(bitmap)); }
-int InvertTexture(HGTEXTURE texture) { return Invert(FindSurface(texture)); }
+int InvertBitmap(HGBITMAP bitmap) { return Filtered(Find(bitmap), InvertAgainstAlpha); }
+int InvertTexture(HGTEXTURE texture) { return Filtered(FindSurface(texture), InvertAgainstAlpha); }
 
 int TranslateTexture(HGTEXTURE texture, DWORD find, DWORD put) {
-    return Apply(FindSurface(texture), nullptr, [=](const SurfaceView &view) { ReplaceColour(view, find, put); });
+    PixelSurface *surface = FindSurface(texture);
+    return surface && ReplaceColour(*surface, find, put);
 }
 
 int ShuffleBitmap(HGBITMAP bitmap, DWORD code) { return Shuffled(Find(bitmap), nullptr, code); }
@@ -110,12 +85,14 @@ int ShuffleTextureEx(HGTEXTURE texture, const RECT *rect, DWORD code) {
     return Shuffled(FindSurface(texture), rect, code);
 }
 
+// The scratch of a glow is an object with a handle of its own: later handles show that there was one.
+
 int LightBitmap(HGBITMAP bitmap) {
     PixelSurface *object = Find(bitmap);
     if (!object) return 0;
-    const HGBITMAP scratch =
-        CreateMemBitmap(static_cast<DWORD>(object->GetWidth()), static_cast<DWORD>(object->GetHeight()));
-    GlowThrough(*object, nullptr, Find(scratch));
+    const SIZE size = SizeOf(*object, nullptr);
+    const HGBITMAP scratch = CreateMemBitmap(static_cast<DWORD>(size.cx), static_cast<DWORD>(size.cy));
+    if (PixelSurface *found = Find(scratch)) Glow(*object, nullptr, *found);
     DeleteBitmap(scratch);
     return 1;
 }
@@ -125,10 +102,9 @@ int LightTexture(HGTEXTURE texture) { return LightTextureEx(texture, nullptr); }
 int LightTextureEx(HGTEXTURE texture, const RECT *rect) {
     PixelSurface *object = FindSurface(texture);
     if (!object) return 0;
-    const LONG width = rect ? ClampToLong(WidthOf(*rect)) : object->GetWidth();
-    const LONG height = rect ? ClampToLong(HeightOf(*rect)) : object->GetHeight();
-    const HGTEXTURE scratch = CreateTexture(static_cast<DWORD>(width), static_cast<DWORD>(height));
-    GlowThrough(*object, rect, FindSurface(scratch));
+    const SIZE size = SizeOf(*object, rect);
+    const HGTEXTURE scratch = CreateTexture(static_cast<DWORD>(size.cx), static_cast<DWORD>(size.cy));
+    if (PixelSurface *found = FindSurface(scratch)) Glow(*object, rect, *found);
     DeleteTexture(scratch);
     return 1;
 }

@@ -7,7 +7,7 @@ namespace lacquer {
 BitmapRemains Take(HeldTable &table, HGBITMAP bitmap) {
     BitmapRemains remains;
     PixelSurface *found = Find(table, bitmap);
-    if (found && found->BelongsToCanvas()) {
+    if (found && found->Owner() == SurfaceOwner::Canvas) {
         table.DelHandleEntry(static_cast<uint32_t>(bitmap.value));
         remains.pixels = found->TakeStorage();
     } else {

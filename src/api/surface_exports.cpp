@@ -6,7 +6,7 @@ namespace lacquer {
 
 int GetFilter(const PixelSurface *surface, DWORD *out) {
     if (!surface || !out) return 0;
-    *out = surface->GetFilter();
+    *out = surface->Filter();
     return 1;
 }
 
@@ -18,7 +18,7 @@ int SetFilter(PixelSurface *surface, DWORD filter) {
 
 int GetBitsPixel(const PixelSurface *surface, BYTE *out) {
     if (!surface || !out) return 0;
-    *out = static_cast<BYTE>(surface->GetBitsPixel());
+    *out = static_cast<BYTE>(surface->BitsPixel());
     return 1;
 }
 

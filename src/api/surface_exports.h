@@ -4,19 +4,25 @@
 
 #include <lacquer/lacquer.h>
 
+#include <cstring>
+
 #include "core/pixel_surface.h"
 #include "core/surface_view.h"
 
 namespace lacquer {
 
-/// The plain lock writes no more than a BITMAP. A lock that fails leaves zeros, so that nobody draws by a view that was
-/// refused.
+/// The plain lock writes no more than a BITMAP. A lock that fails leaves zeros, also between the fields, so that nobody
+/// draws by a view that was refused.
 template <class Object>
 int LockBits(Object *object, SurfaceView *out, const RECT *rect) {
     if (!object || !out) return 0;
     SurfaceView view{};
     const bool locked = object->Lock(&view, rect);
-    WriteBitmapPart(out, locked ? view : SurfaceView{});
+    if (locked) {
+        WriteBitmapPart(out, view);
+    } else {
+        std::memset(out, 0, sizeof(BITMAP));
+    }
     return locked;
 }
 
@@ -24,7 +30,7 @@ template <class Object>
 int LockBitsEx(Object *object, SurfaceView *out, const RECT *rect) {
     if (!object || !out) return 0;
     const bool locked = object->LockEx(out, rect);
-    if (!locked) *out = {};
+    if (!locked) std::memset(out, 0, sizeof *out);
     return locked;
 }
 

@@ -5,6 +5,7 @@
 #include "api/objects.h"
 #include "api/surface_exports.h"
 #include "core/surface_copy.h"
+#include "vector/companion.h"
 
 using namespace lacquer;
 
@@ -13,9 +14,7 @@ namespace {
 constexpr int kNoSlice = -1;
 
 /// A texture that takes a surface's pixels over.
-HGTEXTURE RegisterTextureOf(std::unique_ptr<PixelSurface> surface) {
-    return Register(MakeSharingTexture(surface.get(), false));
-}
+HGTEXTURE RegisterTextureOf(std::unique_ptr<PixelSurface> surface) { return Register(MakeTextureOf(surface.get())); }
 
 }  // namespace
 
@@ -44,16 +43,8 @@ HGTEXTURE GetTexture(HGCANVAS canvas) {
 }
 
 HGTEXTURE GetTextureFromVelCanvas(velCanvas *canvas) {
-    velBitmapData data{};
-    const bool locked = velCanvasLockBits(canvas, nullptr, &data) != 0;
-    velCanvasUnlockBits(canvas, nullptr);
-    if (!locked) return {};
     SurfaceView pixels{};
-    pixels.width = data.width;
-    pixels.height = data.height;
-    pixels.stride = data.stride;
-    pixels.bits = data.bits;
-    return Register(MakeTextureOf(pixels));
+    return FindPixels(canvas, &pixels) ? Register(MakeTextureOf(pixels)) : HGTEXTURE{};
 }
 
 HBITMAP GetTextureHandle(HGTEXTURE texture) {
@@ -107,10 +98,9 @@ int SetTextureCurSlice(HGTEXTURE texture, int index) {
 }
 
 int GetTextureCurSlice(HGTEXTURE texture, RECT *out) {
-    Texture *found = Find(texture);
+    const Texture *found = Find(texture);
     if (!found || !out) return 0;
-    const RECT *slice = found->CurrentSlice();
-    *out = slice ? *slice : RECT{0, 0, found->Surface().GetWidth(), found->Surface().GetHeight()};
+    *out = found->ShownPart();
     return 1;
 }
 

@@ -14,9 +14,7 @@ namespace {
 template <class Function, class... Arguments>
 int Drawn(HGCANVAS canvas, Function draw, Arguments... arguments) {
     Canvas *found = Find(canvas);
-    if (!found) return 0;
-    const VectorDraw operation(*found);
-    return operation.Companion() ? draw(operation.Companion(), arguments...) : 0;
+    return found ? DrawWith(*found, draw, arguments...) : 0;
 }
 
 }  // namespace

@@ -9,53 +9,51 @@ using namespace lacquer;
 
 namespace {
 
-/// Asks or tells the companion. Result: what `function` gives, `fallback` when there is no companion.
-template <class Result, class... Parameters, class... Arguments>
-Result Forwarded(HGCANVAS canvas, Result fallback, Result (*function)(velCanvas *, Parameters...),
-                 Arguments... arguments) {
+/// Asks or tells the companion, which answers for a null canvas, too. Result: what `function` gives.
+template <class Function, class... Arguments>
+auto Forwarded(HGCANVAS canvas, Function function, Arguments... arguments) {
     Canvas *found = Find(canvas);
-    velCanvas *companion = found ? CompanionOf(*found) : nullptr;
-    return companion ? function(companion, arguments...) : fallback;
+    return function(found ? CompanionOf(*found) : nullptr, arguments...);
 }
 
 }  // namespace
 
-int SetDrawStyle(HGCANVAS canvas, DWORD style) { return Forwarded(canvas, 0, velCanvasSetDrawStyle, style); }
+int SetDrawStyle(HGCANVAS canvas, DWORD style) { return Forwarded(canvas, velCanvasSetDrawStyle, style); }
 
-int SetColor(HGCANVAS canvas, DWORD colour) { return Forwarded(canvas, 0, velCanvasSetColor, colour); }
+int SetColor(HGCANVAS canvas, DWORD colour) { return Forwarded(canvas, velCanvasSetColor, colour); }
 
-int Save(HGCANVAS canvas) { return Forwarded(canvas, 0, velCanvasSave); }
+int Save(HGCANVAS canvas) { return Forwarded(canvas, velCanvasSave); }
 
-int Restore(HGCANVAS canvas) { return Forwarded(canvas, 0, velCanvasRestore); }
+int Restore(HGCANVAS canvas) { return Forwarded(canvas, velCanvasRestore); }
 
-int SetSmooth(HGCANVAS canvas, int on) { return Forwarded(canvas, 0, velCanvasSetSmooth, on); }
+int SetSmooth(HGCANVAS canvas, int on) { return Forwarded(canvas, velCanvasSetSmooth, on); }
 
-int SetBlendMode(HGCANVAS canvas, DWORD mode) { return Forwarded(canvas, 0, velCanvasSetBlendMode, mode); }
+int SetBlendMode(HGCANVAS canvas, DWORD mode) { return Forwarded(canvas, velCanvasSetBlendMode, mode); }
 
-DWORD GetBlendMode(HGCANVAS canvas) { return Forwarded(canvas, DWORD{0xFFFFFFFF}, velCanvasGetBlendMode); }
+DWORD GetBlendMode(HGCANVAS canvas) { return Forwarded(canvas, velCanvasGetBlendMode); }
 
-int SetBlendValue(HGCANVAS canvas, DWORD value) { return Forwarded(canvas, 0, velCanvasSetBlendValue, value); }
+int SetBlendValue(HGCANVAS canvas, DWORD value) { return Forwarded(canvas, velCanvasSetBlendValue, value); }
 
-DWORD GetBlendValue(HGCANVAS canvas) { return Forwarded(canvas, DWORD{255}, velCanvasGetBlendValue); }
+DWORD GetBlendValue(HGCANVAS canvas) { return Forwarded(canvas, velCanvasGetBlendValue); }
 
-int SetStrokeCap(HGCANVAS canvas, DWORD cap) { return Forwarded(canvas, 0, velCanvasSetStrokeCap, cap); }
+int SetStrokeCap(HGCANVAS canvas, DWORD cap) { return Forwarded(canvas, velCanvasSetStrokeCap, cap); }
 
-int SetStrokeJoin(HGCANVAS canvas, DWORD join) { return Forwarded(canvas, 0, velCanvasSetStrokeJoin, join); }
+int SetStrokeJoin(HGCANVAS canvas, DWORD join) { return Forwarded(canvas, velCanvasSetStrokeJoin, join); }
 
-int SetGradient(HGCANVAS canvas, velGradient *gradient) { return Forwarded(canvas, 0, velCanvasSetGradient, gradient); }
+int SetGradient(HGCANVAS canvas, velGradient *gradient) { return Forwarded(canvas, velCanvasSetGradient, gradient); }
 
-int SetStrokeWidth(HGCANVAS canvas, float width) { return Forwarded(canvas, 0, velCanvasSetStrokeWidth, width); }
+int SetStrokeWidth(HGCANVAS canvas, float width) { return Forwarded(canvas, velCanvasSetStrokeWidth, width); }
 
-float GetStrokeWidth(HGCANVAS canvas) { return Forwarded(canvas, 1.0f, velCanvasGetStrokeWidth); }
+float GetStrokeWidth(HGCANVAS canvas) { return Forwarded(canvas, velCanvasGetStrokeWidth); }
 
-int SetDashStyle(HGCANVAS canvas, DWORD style) { return Forwarded(canvas, 0, velCanvasSetDashStyle, style); }
+int SetDashStyle(HGCANVAS canvas, DWORD style) { return Forwarded(canvas, velCanvasSetDashStyle, style); }
 
 int SetDashPattern(HGCANVAS canvas, const float *lengths, int count, float offset) {
-    return Forwarded(canvas, 0, velCanvasSetDashPattern, lengths, count, offset);
+    return Forwarded(canvas, velCanvasSetDashPattern, lengths, count, offset);
 }
 
-int SetFontFaceName(HGCANVAS canvas, const WCHAR *name) { return Forwarded(canvas, 0, velCanvasSetFontFaceName, name); }
+int SetFontFaceName(HGCANVAS canvas, const WCHAR *name) { return Forwarded(canvas, velCanvasSetFontFaceName, name); }
 
-int SetFontStyle(HGCANVAS canvas, DWORD bits) { return Forwarded(canvas, 0, velCanvasSetFontStyle, bits); }
+int SetFontStyle(HGCANVAS canvas, DWORD bits) { return Forwarded(canvas, velCanvasSetFontStyle, bits); }
 
-int SetTextSize(HGCANVAS canvas, float pixels) { return Forwarded(canvas, 0, velCanvasSetTextSize, pixels); }
+int SetTextSize(HGCANVAS canvas, float pixels) { return Forwarded(canvas, velCanvasSetTextSize, pixels); }

@@ -3,18 +3,15 @@
 #include "core/canvas.h"
 
 #include <cstring>
-#include <new>
 #include <utility>
 
 #include "core/geometry.h"
+#include "core/registration.h"
 #include "core/surface_view.h"
 #include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
-
 namespace {
-
-constexpr DWORD kOverMode = 1;
 
 /// The coordinates that a region can hold: 27 bits and a sign.
 constexpr LONG kRegionLimit = 1 << 27;
@@ -48,8 +45,8 @@ Canvas::~Canvas() {
 bool Canvas::CreateSurface(DWORD width, DWORD height, SurfaceKind kind) {
     surface_ = MakeSurface(width, height, 32, 0, kind);
     if (!surface_) return false;
-    surface_->SetBelongsToCanvas(true);
-    clip_ = {0, 0, surface_->GetWidth(), surface_->GetHeight()};
+    surface_->SetOwner(SurfaceOwner::Canvas);
+    clip_ = {0, 0, surface_->Width(), surface_->Height()};
     if (kind == SurfaceKind::System && !GetDeviceContext()) return false;
     SurfaceView view{};
     if (!surface_->Lock(&view)) return false;
@@ -70,7 +67,7 @@ std::unique_ptr<PixelSurface> Canvas::DetachSurface() {
     DeleteDeviceContext();
     surface_->SetFilter(filter_);
     SurfaceView view{};
-    if (filter_ >> 24 != kOverMode && surface_->Lock(&view)) {
+    if (DrawModeOf(filter_) != LACQUER_DRAW_OVER && surface_->Lock(&view)) {
         ForceOpaqueView(view);
         surface_->Unlock();
     }
@@ -109,7 +106,7 @@ void Canvas::DeleteDeviceContext() {
 
 bool Canvas::GetSize(SIZE *out) const {
     if (!surface_) return false;
-    *out = {surface_->GetWidth(), surface_->GetHeight()};
+    *out = {surface_->Width(), surface_->Height()};
     return true;
 }
 
@@ -187,7 +184,7 @@ bool Canvas::ApplyClip(const RECT &device) const {
 void Canvas::SetClip(const RECT &rect) {
     RECT device = ToDevice(rect);
     if (surface_) {
-        const RECT wanted = device, whole{0, 0, surface_->GetWidth(), surface_->GetHeight()};
+        const RECT wanted = device, whole{0, 0, surface_->Width(), surface_->Height()};
         IntersectRect(&device, &wanted, &whole);
         clip_ = device;
     }
@@ -219,7 +216,7 @@ Ref<CanvasAnchor> Canvas::SetParent(Canvas &parent, const Ref<CanvasAnchor> &spa
     return std::exchange(parent_, parent.anchor_);
 }
 
-Ref<CanvasAnchor> NewAnchor() { return Ref<CanvasAnchor>(new (std::nothrow) CanvasAnchor); }
+Ref<CanvasAnchor> NewAnchor() { return Ref<CanvasAnchor>(NewObject<CanvasAnchor>()); }
 
 bool Canvas::SetFilter(DWORD filter) {
     if (foreignDC_) return false;
@@ -229,13 +226,13 @@ bool Canvas::SetFilter(DWORD filter) {
 }
 
 std::unique_ptr<Canvas> MakeCanvas(DWORD width, DWORD height, SurfaceKind kind) {
-    std::unique_ptr<Canvas> canvas(new (std::nothrow) Canvas);
+    std::unique_ptr<Canvas> canvas(NewObject<Canvas>());
     if (canvas && !canvas->CreateSurface(width, height, kind)) canvas.reset();
     return canvas;
 }
 
 std::unique_ptr<Canvas> MakeCanvasFromDC(HDC dc) {
-    std::unique_ptr<Canvas> canvas(new (std::nothrow) Canvas);
+    std::unique_ptr<Canvas> canvas(NewObject<Canvas>());
     if (canvas) canvas->AttachDeviceContext(dc);
     return canvas;
 }

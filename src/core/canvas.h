@@ -79,6 +79,13 @@ public:
     void IntersectClip(const RECT &rect);
     RECT ClipBox() const;
 
+    /// The part of a logical rectangle that lies in the clip box. Result: false, with an empty part, when there is
+    /// none.
+    bool FindVisible(const RECT &rect, RECT *part) const {
+        const RECT clipBox = ClipBox();
+        return IntersectRect(part, &rect, &clipBox) != 0;
+    }
+
     HWND Window() const { return window_; }
     void SetWindow(HWND window) { window_ = window; }
 

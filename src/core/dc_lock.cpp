@@ -8,7 +8,6 @@
 #include "platform/mapping.h"
 
 namespace lacquer {
-
 namespace {
 
 /// Copies a rectangle of a device context into a DIB section, top-left to top-left.
@@ -88,7 +87,7 @@ bool DcLock::LockCopy(HDC dc, const RECT &rect, SurfaceView *out) {
     if (!copy_.Create(&view_, 0)) return false;
     rect_ = rect;
     targetDC_ = dc;
-    const bool copied = CopyIn(dc, rect, copy_.GetBitmap());
+    const bool copied = CopyIn(dc, rect, copy_.Bitmap());
     copy_.Lock(&view_, nullptr);
     if (!copied) std::memset(view_.bits, 0, static_cast<size_t>(view_.stride) * static_cast<size_t>(view_.height));
     *out = view_;

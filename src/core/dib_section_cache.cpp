@@ -7,7 +7,6 @@
 #include "platform/pixel_block.h"
 
 namespace lacquer {
-
 namespace {
 
 constexpr DWORD kTrimInterval = 60000;

@@ -13,7 +13,7 @@ public:
     bool Create(SurfaceView *view, uint16_t paletteCount) override;
     void Release() override;
 
-    HBITMAP GetBitmap() const { return bitmap_; }
+    HBITMAP Bitmap() const { return bitmap_; }
 
 private:
     void PrepareLock() override;

@@ -19,6 +19,17 @@ inline LONG TruncateToLong(double value) {
 inline int64_t WidthOf(const RECT &rect) { return static_cast<int64_t>(rect.right) - rect.left; }
 inline int64_t HeightOf(const RECT &rect) { return static_cast<int64_t>(rect.bottom) - rect.top; }
 
+/// Whether the sides fit into 32 bits. Larger rectangles are never stretched to.
+inline bool HasShortSides(const RECT &rect) { return WidthOf(rect) <= INT32_MAX && HeightOf(rect) <= INT32_MAX; }
+
+inline SIZE SizeOf(const RECT &rect) { return {ClampToLong(WidthOf(rect)), ClampToLong(HeightOf(rect))}; }
+
+/// Where a part of a rectangle with short sides lies in it.
+inline POINT OffsetIn(const RECT &whole, const RECT &part) {
+    return {static_cast<LONG>(static_cast<int64_t>(part.left) - whole.left),
+            static_cast<LONG>(static_cast<int64_t>(part.top) - whole.top)};
+}
+
 inline RECT Moved(const RECT &rect, int64_t dx, int64_t dy) {
     if (dx == 0 && dy == 0) return rect;
     return {ClampToLong(rect.left + dx), ClampToLong(rect.top + dy), ClampToLong(rect.right + dx),

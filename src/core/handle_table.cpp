@@ -12,7 +12,6 @@ namespace {
 constexpr uint32_t kSlotCount = lacquer::ObjectChains::kSlots;
 constexpr uint32_t kIndexMask = 0xFFFF;
 constexpr int kTagShift = 16;
-constexpr uint32_t kTypeMask = 0xFF0000;
 
 constinit HandleTable processTable;
 static_assert(std::is_trivially_destructible_v<HandleTable>, "calls come after every destructor has run");
@@ -103,7 +102,7 @@ uint32_t HeldTable::FindFreeSlot() {
 
 HandleSlot *HeldTable::CurrentSlot(uint32_t handle) const {
     const uint32_t index = handle & kIndexMask;
-    if (!slots_ || index >= table_.count_ || (handle & kTypeMask) == 0) return nullptr;
+    if (!slots_ || index >= table_.count_ || (handle & kHandleTypeMask) == 0) return nullptr;
     HandleSlot &slot = slots_[index];
     return slot.Tag() == handle >> kTagShift ? &slot : nullptr;
 }

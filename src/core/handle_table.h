@@ -13,6 +13,10 @@ namespace lacquer {
 
 enum class HandleType : uint8_t { Free = 0, Canvas = 1, Bitmap = 2, Texture = 3 };
 
+/// The bits of a handle that tell its type.
+constexpr uint32_t kHandleTypeMask = 0xFF0000;
+constexpr uint32_t TypeBits(HandleType type) { return static_cast<uint32_t>(type) << 16; }
+
 /// One entry of the table. Its first 32 bits, shifted left by 16, are the upper half of the slot's handle.
 struct HandleSlot {
     uint8_t type = 0;        ///< HandleType of the object held, 0 when free
@@ -42,6 +46,8 @@ struct HandleTable {
     /// Ends the table while others may use it. It waits for nobody: when the lock is held, maybe by a thread that the
     /// system has ended, the slots are left behind.
     void Close();
+
+    bool IsOpen() const { return slots_.load(std::memory_order_relaxed) != nullptr; }
 
     /// Takes the slot freed last if it is still free, else the free slot of the lowest index. Only the low 8 bits of
     /// `type` are stored. Result: the handle, 0 when no slot is free.

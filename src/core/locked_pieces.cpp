@@ -5,7 +5,6 @@
 #include <algorithm>
 
 namespace lacquer {
-
 namespace {
 
 bool Meet(const RECT &a, const RECT &b) {
@@ -22,7 +21,7 @@ bool JoinToOne(const RECT &first, const RECT &second) {
 }  // namespace
 
 LockedPieces::LockedPieces(Canvas &canvas, const RECT &area) : canvas_(canvas), clipBox_(canvas.ClipBox()) {
-    IntersectRect(&area_, &area, &clipBox_);
+    FindVisible(area, &area_);
 }
 
 const SurfaceView *LockedPieces::LockApart(const RECT &piece) {

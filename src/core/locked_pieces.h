@@ -22,6 +22,9 @@ public:
 
     const RECT &ClipBox() const { return clipBox_; }
 
+    /// As Canvas::FindVisible, of the canvas as it was in the beginning.
+    bool FindVisible(const RECT &rect, RECT *part) const { return IntersectRect(part, &rect, &clipBox_) != 0; }
+
     /// Locks a part of the clip box until the next call. Result: null when that fails.
     const SurfaceView *Lock(const RECT &piece) {
         if (mode_ == Mode::Unlocked) mode_ = canvas_.LockArea(area_, &shared_) ? Mode::Shared : Mode::Apart;

@@ -8,7 +8,6 @@
 #include "pipeline/pixel/grey_ramp.h"
 
 namespace lacquer {
-
 namespace {
 
 constexpr int kDeepestIndexed = 8;

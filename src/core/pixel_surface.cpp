@@ -7,11 +7,11 @@
 
 #include "core/dib_storage.h"
 #include "core/memory_storage.h"
+#include "core/registration.h"
 #include "core/surface_view.h"
 #include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
-
 namespace {
 
 constexpr int kDibBitsPixel = 32;
@@ -27,85 +27,84 @@ StorageRef MakeStorage(SurfaceKind kind) {
 
 }  // namespace
 
+/// The one place where a surface comes by pixels and loses them. What it showed before is dropped.
+void PixelSurface::Show(PixelsOf pixels, StorageRef storage, const SurfaceView &foreign) {
+    pixels_ = pixels;
+    storage_ = std::move(storage);
+    foreign_ = foreign;
+}
+
 bool PixelSurface::Create(int width, int height, int bitsPerPixel, uint16_t paletteCount, SurfaceKind kind) {
     Destroy();
     if (!IsSide(width) || !IsSide(height)) return false;
-    SurfaceView view{};
-    view.width = width;
-    view.height = height;
-    view.bitsPerPixel = static_cast<WORD>(bitsPerPixel);
     StorageRef storage = MakeStorage(kind);
-    if (!storage || !storage->Create(&view, paletteCount)) return false;
-    storage_ = std::move(storage);
+    SurfaceView wanted{};
+    wanted.width = width;
+    wanted.height = height;
+    wanted.bitsPerPixel = static_cast<WORD>(bitsPerPixel);
+    if (!storage || !storage->Create(&wanted, paletteCount)) return false;
+    Show(PixelsOf::Itself, std::move(storage));
     kind_ = kind;
-    view_ = view;
     return true;
 }
 
 StorageRef PixelSurface::TakeStorage() {
-    ownsStorage_ = true;
-    view_ = {};
+    StorageRef taken = std::move(storage_);
+    Show(PixelsOf::Nobody, {});
     filter_ = 0;
-    return std::exchange(storage_, StorageRef());
+    return taken;
 }
 
 bool PixelSurface::ShareFrom(const PixelSurface *source, bool borrow) {
     Destroy();
-    if (!source || !source->storage_ || source->storage_->IsEmpty()) return false;
-    filter_ = source->filter_;
+    if (!source || !source->HasPixels()) return false;
+    Show(borrow ? PixelsOf::Another : PixelsOf::Itself, source->storage_);
     kind_ = source->kind_;
-    storage_ = source->storage_;
-    ownsStorage_ = !borrow;
+    filter_ = source->filter_;
     return true;
 }
 
 void PixelSurface::AttachPixels(const SurfaceView &description) {
     Destroy();
-    ownsStorage_ = false;
-    view_.width = description.width;
-    view_.height = description.height;
-    view_.stride = description.stride;
-    view_.planes = 1;
-    view_.bitsPerPixel = 32;
-    view_.bits = description.bits;
-}
-
-int PixelSurface::GetBitsPixel() const { return storage_ ? storage_->GetBitsPixel() : view_.bitsPerPixel; }
-int PixelSurface::GetPaletteCount() const {
-    return storage_ ? storage_->GetPaletteCount() : static_cast<int>(view_.paletteCount);
+    SurfaceView foreign{};
+    foreign.width = description.width;
+    foreign.height = description.height;
+    foreign.stride = description.stride;
+    foreign.planes = 1;
+    foreign.bitsPerPixel = kDibBitsPixel;
+    foreign.bits = description.bits;
+    Show(PixelsOf::Caller, {}, foreign);
 }
 
 bool PixelSurface::LockForeign(SurfaceView *out, const RECT *rect) const {
-    if (!view_.bits) return false;
-    *out = view_;
+    if (!foreign_.bits) return false;
+    *out = foreign_;
     return NarrowView(*out, rect);
 }
 
 HBITMAP PixelSurface::GetHandle() {
     if (!storage_) return nullptr;
-    if (kind_ == SurfaceKind::System) return static_cast<DibStorage *>(storage_.get())->GetBitmap();
-    if (!ownsStorage_ || !HasKernel(GetBitsPixel())) return nullptr;
+    if (kind_ == SurfaceKind::System) return static_cast<DibStorage *>(storage_.get())->Bitmap();
+    if (pixels_ != PixelsOf::Itself || !HasKernel(BitsPixel())) return nullptr;
     return ConvertToSystem();
 }
 
 HBITMAP PixelSurface::ConvertToSystem() {
-    SurfaceView made{}, target{}, source{};
-    made.width = GetWidth();
-    made.height = GetHeight();
-    made.bitsPerPixel = kDibBitsPixel;
+    SurfaceView wanted{}, target{}, source{};
+    wanted.width = Width();
+    wanted.height = Height();
     StorageRef dib = MakeStorage(SurfaceKind::System);
-    if (!dib || !dib->Create(&made, 0) || !dib->LockEx(&target, nullptr)) return nullptr;
+    if (!dib || !dib->Create(&wanted, 0) || !dib->LockEx(&target, nullptr)) return nullptr;
     if (!storage_->LockEx(&source, nullptr)) return nullptr;
     ConvertCopy(target, source);
-    storage_ = std::move(dib);
+    Show(PixelsOf::Itself, std::move(dib));
     kind_ = SurfaceKind::System;
-    view_ = made;
-    return static_cast<DibStorage *>(storage_.get())->GetBitmap();
+    return static_cast<DibStorage *>(storage_.get())->Bitmap();
 }
 
 std::unique_ptr<PixelSurface> MakeSurface(DWORD width, DWORD height, DWORD bitsPerPixel, DWORD paletteCount,
                                           SurfaceKind kind) {
-    std::unique_ptr<PixelSurface> surface(new (std::nothrow) PixelSurface);
+    std::unique_ptr<PixelSurface> surface(NewObject<PixelSurface>());
     const bool made =
         surface && surface->Create(static_cast<int>(width), static_cast<int>(height),
                                    static_cast<int>(bitsPerPixel & 0xFFFF), static_cast<uint16_t>(paletteCount), kind);

@@ -3,10 +3,18 @@
 
 #include <cstdint>
 #include <memory>
+#include <new>
 
 #include "core/handle_table.h"
 
 namespace lacquer {
+
+/// An object that is to be registered; null without memory, and while nothing can be registered. Then nothing more is
+/// asked of the system: at a process's end, threads that the system has ended may hold locks of its heap and of GDI.
+template <class Object>
+Object *NewObject() {
+    return ProcessHandleTable().IsOpen() ? new (std::nothrow) Object : nullptr;
+}
 
 /// Registers a further handle of an object that others own. Result: 0 when `object` is null or no slot is free.
 inline uint32_t RegisterAlias(HeldTable &table, HandleType type, void *object) {
@@ -19,7 +27,7 @@ template <class Object>
 uint32_t RegisterObject(HandleType type, std::unique_ptr<Object> object) {
     if (!object) return 0;
     const uint32_t handle = ProcessHandleTable().NewHandleEntry(static_cast<int>(type), object.get());
-    if (handle != 0) object.release();
+    if (handle != 0) static_cast<void>(object.release());
     return handle;
 }
 
@@ -28,7 +36,7 @@ uint32_t RegisterObject(HandleType type, std::unique_ptr<Object> object) {
 template <class Object, class Table>
 Object *FindObject(Table &table, HandleType type, uintptr_t handle) {
     const auto value = static_cast<uint32_t>(handle);
-    if ((value & 0xFF0000) != static_cast<uint32_t>(type) << 16) return nullptr;
+    if ((value & kHandleTypeMask) != TypeBits(type)) return nullptr;
     return static_cast<Object *>(table.LookupHandleEntry(value));
 }
 

@@ -9,7 +9,6 @@
 #include "pipeline/table/image_table.h"
 
 namespace lacquer {
-
 namespace {
 
 /// Views of one depth; they may overlap, as parts of one surface.
@@ -25,11 +24,11 @@ void CopySurface(PixelSurface &dest, const RECT *destRect, PixelSurface &source,
     if (!source.LockEx(&from, sourceRect)) return;
     if (dest.LockEx(&to, destRect)) {
         if (from.bitsPerPixel == to.bitsPerPixel && from.paletteCount == to.paletteCount) {
-            dest.SetFilter(source.GetFilter());
+            dest.SetFilter(source.Filter());
             CopyCommonPart(to, from);
             CopyPalette(to, from);
         } else if (to.bitsPerPixel == 32) {
-            dest.SetFilter(source.GetFilter());
+            dest.SetFilter(source.Filter());
             ConvertCopy(to, from);
         }
         dest.Unlock();
@@ -41,7 +40,7 @@ std::unique_ptr<PixelSurface> ResizedSurface(PixelSurface &source, DWORD width, 
                                              SurfaceKind kind) {
     std::unique_ptr<PixelSurface> resized = MakeSurface(width, height, 32, 0, kind);
     if (!resized) return nullptr;
-    resized->SetFilter(source.GetFilter());
+    resized->SetFilter(source.Filter());
     SurfaceView from{}, to{};
     if (source.LockEx(&from) && resized->Lock(&to)) ResampleCopy(to, from, kernelMode);
     return resized;

@@ -13,14 +13,13 @@ namespace lacquer {
 /// can't be locked.
 void CopySurface(PixelSurface &dest, const RECT *destRect, PixelSurface &source, const RECT *sourceRect);
 
-/// A new 32-bit surface with the source resampled (`kernelMode` 0 nearest, 4 bicubic, 5 area, else bilinear) and its
+/// A new 32-bit surface with the source resampled (`kernelMode`: LACQUER_NEAREST ... LACQUER_AREA) and its
 /// filter word, or null. Without pixels to read it stays unfilled.
 std::unique_ptr<PixelSurface> ResizedSurface(PixelSurface &source, DWORD width, DWORD height, DWORD kernelMode,
                                              SurfaceKind kind);
 
-/// A new surface of the source's depth, palette and filter word, its pixels moved by `code`: 1 to 3 quarter turns
-/// clockwise, 4 upside down, 5 mirrored, 6 transposed, 7 transposed across the other diagonal. Result: null for other
-/// codes and on failure.
+/// A new surface of the source's depth, palette and filter word, its pixels moved by `code`, LACQUER_ROTATE_90 ...
+/// LACQUER_TRANSVERSE. Result: null for other codes and on failure.
 std::unique_ptr<PixelSurface> TransformedSurface(PixelSurface &source, DWORD code, SurfaceKind kind);
 
 }  // namespace lacquer

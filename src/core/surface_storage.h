@@ -21,12 +21,12 @@ public:
     virtual void Release() = 0;
 
     bool IsEmpty() const { return !whole_.bits; }
-    int GetWidth() const { return whole_.width; }
-    int GetHeight() const { return whole_.height; }
-    int GetBitsPixel() const { return whole_.bitsPerPixel; }
+    int Width() const { return whole_.width; }
+    int Height() const { return whole_.height; }
+    int BitsPixel() const { return whole_.bitsPerPixel; }
 
     /// The entries of a palette of its own.
-    int GetPaletteCount() const { return paletteCount_; }
+    int PaletteCount() const { return paletteCount_; }
 
     /// Describes a rectangle (null: everything) in the fields up to `bits`; the palette fields become 0. Result: false
     /// when empty, below 8 bits per pixel, or unless the rectangle is inside and not empty.

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "core/geometry.h"
+#include "core/registration.h"
 
 namespace lacquer {
 
@@ -31,25 +32,30 @@ const RECT *Texture::CurrentSlice() const {
                : nullptr;
 }
 
+RECT Texture::ShownPart() const {
+    const RECT *slice = CurrentSlice();
+    return slice ? *slice : RECT{0, 0, surface_.Width(), surface_.Height()};
+}
+
 bool Texture::GetSize(SIZE *out) const {
     if (!slices_) {
-        *out = {surface_.GetWidth(), surface_.GetHeight()};
+        *out = {surface_.Width(), surface_.Height()};
         return true;
     }
     const RECT *slice = CurrentSlice();
-    if (slice) *out = {ClampToLong(WidthOf(*slice)), ClampToLong(HeightOf(*slice))};
+    if (slice) *out = SizeOf(*slice);
     return slice != nullptr;
 }
 
-std::unique_ptr<Texture> NewTexture() { return std::unique_ptr<Texture>(new (std::nothrow) Texture); }
+std::unique_ptr<Texture> NewTexture() { return std::unique_ptr<Texture>(NewObject<Texture>()); }
 
 std::unique_ptr<Texture> MakeTexture(DWORD width, DWORD height, DWORD bitsPerPixel, DWORD paletteCount) {
-    return MakeSharingTexture(MakeSurface(width, height, bitsPerPixel, paletteCount, SurfaceKind::Memory).get(), false);
+    return MakeTextureOf(MakeSurface(width, height, bitsPerPixel, paletteCount, SurfaceKind::Memory).get());
 }
 
-std::unique_ptr<Texture> MakeSharingTexture(const PixelSurface *surface, bool borrow) {
+std::unique_ptr<Texture> MakeTextureOf(const PixelSurface *surface) {
     std::unique_ptr<Texture> texture = NewTexture();
-    if (texture && !texture->Surface().ShareFrom(surface, borrow)) texture.reset();
+    if (texture && !texture->Surface().ShareFrom(surface, false)) texture.reset();
     return texture;
 }
 

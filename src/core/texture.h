@@ -28,6 +28,9 @@ public:
     /// The current slice, or null: without a list, or when the index is not in it.
     const RECT *CurrentSlice() const;
 
+    /// The current slice, else the whole surface.
+    RECT ShownPart() const;
+
     /// The current slice's size, or the surface's when no list was ever set. Result: false when there is a list but no
     /// current slice.
     bool GetSize(SIZE *out) const;
@@ -46,9 +49,9 @@ std::unique_ptr<Texture> NewTexture();
 /// A new texture in process memory, or null.
 std::unique_ptr<Texture> MakeTexture(DWORD width, DWORD height, DWORD bitsPerPixel, DWORD paletteCount);
 
-/// A new texture with the filter word and the storage of a surface, borrowed or (when the surface is then dropped)
-/// taken over. Result: null when the surface is null or has no pixels.
-std::unique_ptr<Texture> MakeSharingTexture(const PixelSurface *surface, bool borrow);
+/// A new texture with the filter word and the storage of a surface, which is then to be dropped. Result: null when the
+/// surface is null or has no pixels.
+std::unique_ptr<Texture> MakeTextureOf(const PixelSurface *surface);
 
 /// A new texture that describes 32-bit pixels of someone else's, or null.
 std::unique_ptr<Texture> MakeTextureOf(const SurfaceView &pixels);

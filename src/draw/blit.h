@@ -10,7 +10,7 @@ namespace lacquer {
 /// How a draw reads and combines its source.
 struct BlitStyle {
     DWORD modeWord;    ///< draw mode in the top byte, key colour below; usually the source's filter word
-    DWORD kernelMode;  ///< sampler when sizes differ: 0 nearest, 4 bicubic, 5 area, else bilinear
+    DWORD kernelMode;  ///< sampler when sizes differ, LACQUER_NEAREST ... LACQUER_AREA
     BYTE alpha;        ///< constant alpha, 255 full strength
 };
 

@@ -12,7 +12,6 @@
 #include "pipeline/table/kernel_table.h"
 
 namespace lacquer {
-
 namespace {
 
 bool HasPixelAlpha(const Canvas &canvas) { return DrawModeOf(canvas.Filter()) == LACQUER_DRAW_OVER; }
@@ -25,19 +24,18 @@ struct Transfer {
     const RECT &dest;
     HDC from;
     const RECT &source;
+    SIZE destSize = SizeOf(dest), sourceSize = SizeOf(source);
 };
 
 int GdiStretch(const Transfer &t) {
-    return StretchBlt(t.to, t.dest.left, t.dest.top, ClampToLong(WidthOf(t.dest)), ClampToLong(HeightOf(t.dest)),
-                      t.from, t.source.left, t.source.top, ClampToLong(WidthOf(t.source)),
-                      ClampToLong(HeightOf(t.source)), SRCCOPY);
+    return StretchBlt(t.to, t.dest.left, t.dest.top, t.destSize.cx, t.destSize.cy, t.from, t.source.left, t.source.top,
+                      t.sourceSize.cx, t.sourceSize.cy, SRCCOPY);
 }
 
 int GdiBlend(const Transfer &t, BYTE alpha, BYTE alphaFormat) {
     const BLENDFUNCTION blend{AC_SRC_OVER, 0, alpha, alphaFormat};
-    return AlphaBlend(t.to, t.dest.left, t.dest.top, ClampToLong(WidthOf(t.dest)), ClampToLong(HeightOf(t.dest)),
-                      t.from, t.source.left, t.source.top, ClampToLong(WidthOf(t.source)),
-                      ClampToLong(HeightOf(t.source)), blend);
+    return AlphaBlend(t.to, t.dest.left, t.dest.top, t.destSize.cx, t.destSize.cy, t.from, t.source.left, t.source.top,
+                      t.sourceSize.cx, t.sourceSize.cy, blend);
 }
 
 /// Views of one size: the destination's visible part and the source's part under it.
@@ -53,29 +51,26 @@ void BlendSameSize(const SurfaceView &to, const SurfaceView &from, bool over, bo
 
 int BlendCanvases(Canvas &dest, const RECT &destRect, Canvas &source, const RECT &sourceRect, BYTE alpha) {
     const bool over = HasPixelAlpha(source), opaque = alpha == 255 && !HasPixelAlpha(dest);
-    const RECT clipBox = dest.ClipBox();
     RECT visible{};
-    if (!IntersectRect(&visible, &destRect, &clipBox)) return 1;
+    if (!dest.FindVisible(destRect, &visible)) return 1;
     if (!dest.Surface() || !source.Surface()) {
         const Transfer transfer{dest.GetDeviceContext(), destRect, source.GetDeviceContext(), sourceRect};
         return over ? GdiBlend(transfer, alpha, AC_SRC_ALPHA) : GdiStretch(transfer);
     }
-    if (WidthOf(destRect) > INT32_MAX || HeightOf(destRect) > INT32_MAX) return 1;
+    if (!HasShortSides(destRect)) return 1;
 
     const LockedCanvas to(dest, &visible);
     if (!to.View()) return 1;
     const LockedCanvas from(source, &sourceRect);
     if (!from.View()) return 1;
-    const POINT offset{static_cast<LONG>(static_cast<int64_t>(visible.left) - destRect.left),
-                       static_cast<LONG>(static_cast<int64_t>(visible.top) - destRect.top)};
+    const POINT offset = OffsetIn(destRect, visible);
     if (SameSize(destRect, sourceRect)) {
         SurfaceView under = *from.View();
         const RECT part{offset.x, offset.y, offset.x + to.View()->width, offset.y + to.View()->height};
         NarrowView(under, &part);
         BlendSameSize(*to.View(), under, over, opaque, alpha);
     } else if (!EqualRect(&visible, &destRect)) {
-        const SIZE fullSize{static_cast<LONG>(WidthOf(destRect)), static_cast<LONG>(HeightOf(destRect))};
-        const RowArguments arguments{.fullSize = fullSize, .visibleOffset = offset};
+        const RowArguments arguments{.fullSize = SizeOf(destRect), .visibleOffset = offset};
         CallRow(Kernels(), over ? Row::SubRectOverRow : Row::SubRectCopyRow, to.View(), from.View(), arguments);
     } else if (over || opaque) {
         CallRow(Kernels(), over ? Row::StretchOverRow : Row::StretchCopyRow, to.View(), from.View(), {});

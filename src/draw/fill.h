@@ -3,15 +3,12 @@
 
 #include "core/canvas.h"
 #include "core/locked_pieces.h"
+#include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
 
 /// Mode word of a fill that draws its colour over the canvas.
-constexpr DWORD kFillOver = DWORD{LACQUER_DRAW_OVER} << 24;
-
-/// Whether a fill with a premultiplied colour changes nothing by definition, on whatever canvas: a transparent colour
-/// drawn over or keyed (modes 1 and 2), white that multiplies or is OR-ed (modes 3 and 4).
-bool IsVoidFill(DWORD colour, DWORD modeWord);
+constexpr DWORD kFillOver = ModeWord(LACQUER_DRAW_OVER);
 
 /// Fills the visible part of a logical rectangle with a premultiplied colour; the mode word's top byte is the fill's
 /// rule.

@@ -10,7 +10,6 @@
 #include "core/surface_view.h"
 
 namespace lacquer {
-
 namespace {
 
 enum Channel { kBlue, kGreen, kRed, kAlpha, kChannels };
@@ -49,19 +48,18 @@ void WalkPixels(const SurfaceView &dest, const SurfaceView &mask, const Rule &ru
     for (LONG y = 0; y < rows; ++y) {
         auto *d = RowOf(dest, y);
         const auto *m = RowOf(mask, y);
-        for (LONG x = 0; x < columns; ++x) rule(d + x * kChannels, m + x * kChannels);
+        for (ptrdiff_t x = 0; x < columns; ++x) rule(d + x * kChannels, m + x * kChannels);
     }
 }
 
 }  // namespace
 
 void DrawThroughMask(Canvas &canvas, int x, int y, PixelSurface &mask, const RECT *source, DWORD colour) {
-    const RECT whole{0, 0, mask.GetWidth(), mask.GetHeight()};
+    const RECT whole{0, 0, mask.Width(), mask.Height()};
     const RECT from = source ? *source : whole;
     const RECT dest{x, y, ClampToLong(x + WidthOf(from)), ClampToLong(y + HeightOf(from))};
-    const RECT clipBox = canvas.ClipBox();
     RECT visible{};
-    if (!IntersectRect(&visible, &dest, &clipBox)) return;
+    if (!canvas.FindVisible(dest, &visible)) return;
     const RECT covered = Moved(visible, static_cast<int64_t>(from.left) - x, static_cast<int64_t>(from.top) - y);
     const LockedCanvas target(canvas, &visible);
     if (!target.View()) return;

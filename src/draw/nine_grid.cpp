@@ -13,7 +13,6 @@
 #include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
-
 namespace {
 
 struct Margins {
@@ -44,13 +43,13 @@ int64_t ScaledMargin(int64_t margin, float scale, int64_t destExtent, int64_t so
 }
 
 void ScaleMargins(Margins &margins, const NineGridStyle &style, const RECT &dest, const RECT &source) {
-    const auto scaled = [&](int64_t margin, ScaleFlag flag, int64_t destExtent, int64_t sourceExtent) {
+    const auto scaled = [&](int64_t margin, DWORD flag, int64_t destExtent, int64_t sourceExtent) {
         return style.scaleFlags & flag ? ScaledMargin(margin, style.scale, destExtent, sourceExtent) : margin;
     };
-    margins.left = scaled(margins.left, kScaleLeft, WidthOf(dest), WidthOf(source));
-    margins.top = scaled(margins.top, kScaleTop, HeightOf(dest), HeightOf(source));
-    margins.right = scaled(margins.right, kScaleRight, WidthOf(dest), WidthOf(source));
-    margins.bottom = scaled(margins.bottom, kScaleBottom, HeightOf(dest), HeightOf(source));
+    margins.left = scaled(margins.left, LACQUER_SCALE_LEFT, WidthOf(dest), WidthOf(source));
+    margins.top = scaled(margins.top, LACQUER_SCALE_TOP, HeightOf(dest), HeightOf(source));
+    margins.right = scaled(margins.right, LACQUER_SCALE_RIGHT, WidthOf(dest), WidthOf(source));
+    margins.bottom = scaled(margins.bottom, LACQUER_SCALE_BOTTOM, HeightOf(dest), HeightOf(source));
 }
 
 /// Row by row from the top-left cell. Neighbours share their coordinates; corners are clamped into the rectangle, while
@@ -78,13 +77,15 @@ bool ReadMiddle(PixelSurface &surface, const RECT &cell, DWORD *colour) {
     return ReadPixel(surface, middle(cell.left, cell.right), middle(cell.top, cell.bottom), colour);
 }
 
-/// What fills a hollow centre: its middle pixel at the draw's strength; none where there is none, or none that can be
-/// drawn.
+/// What fills a hollow centre: its middle pixel at the draw's strength; none where there is none, and when the fill
+/// would change nothing.
 std::optional<DWORD> CentreColour(const TextureDraw &draw, const RECT &sourceCell) {
+    PixelSurface &surface = draw.texture.Surface();
     DWORD colour = 0;
-    if (!ReadMiddle(draw.texture.Surface(), sourceCell, &colour)) return std::nullopt;
-    return DrawModeOf(draw.texture.Surface().GetFilter()) == LACQUER_DRAW_MODULATE ? colour
-                                                                                   : Scale(colour, draw.alpha + 1u);
+    if (!ReadMiddle(surface, sourceCell, &colour)) return std::nullopt;
+    if (DrawModeOf(surface.Filter()) != LACQUER_DRAW_MODULATE) colour = Scale(colour, draw.alpha + 1u);
+    if (IsVoidFill(colour, surface.Filter())) return std::nullopt;
+    return colour;
 }
 
 /// Whether it takes longer to copy a rectangle of a device context for nothing than to make copies of the eight pieces
@@ -111,7 +112,7 @@ int DrawNineGrid(const TextureDraw &draw, const NineGridStyle &style) {
     const NineCellSplit destCells = SplitByMargins(draw.dest, destMargins);
     const NineCellSplit sourceCells = SplitByMargins(slice, sourceMargins);
     const auto fill = style.hollowCentre ? CentreColour(draw, sourceCells[kCentre]) : std::nullopt;
-    const bool staysOpen = style.hollowCentre && (!fill || IsVoidFill(*fill, surface.GetFilter()));
+    const bool staysOpen = style.hollowCentre && !fill;
     TexturePieces pieces(draw, staysOpen && IsLarge(destCells[kCentre]) ? RECT{} : draw.dest);
     for (size_t i = 0; i < destCells.size(); ++i) {
         if (!style.hollowCentre || i != kCentre) {

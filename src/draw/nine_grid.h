@@ -9,7 +9,7 @@ namespace lacquer {
 struct NineGridStyle {
     const RECT &margins;  ///< widths of the left column, top row, right column and bottom row, source pixels
     bool hollowCentre;    ///< fill the centre with the colour of its middle pixel instead of stretching it
-    DWORD scaleFlags;     ///< which destination margins `scale` resizes
+    DWORD scaleFlags;     ///< LACQUER_SCALE_...: which destination margins `scale` resizes
     float scale;
     bool halfScale;  ///< the source is drawn for twice the resolution: destination margins are half the source's
 };

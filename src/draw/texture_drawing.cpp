@@ -10,7 +10,6 @@
 #include "draw/texture_pieces.h"
 
 namespace lacquer {
-
 namespace {
 
 void DrawOnePiece(const TextureDraw &draw, const RECT &dest, const RECT &piece) {
@@ -27,10 +26,36 @@ LONG PieceEnd(LONG start, int64_t length, float scale) {
     return TruncateToLong(static_cast<float>(start) + static_cast<float>(length) / scale);
 }
 
+/// One direction of a tile: cells of one length that follow each other, and the part of the source that each shows.
+/// What the destination's end cuts stays cut for all cells that follow.
+struct TileAxis {
+    TileAxis(LONG destBegin, LONG destEnd, LONG sliceBegin, LONG sliceEnd, float cellScale)
+        : begin(destBegin), end(destEnd), pieceBegin(sliceBegin), pieceEnd(sliceEnd) {
+        const auto length = static_cast<float>(int64_t{sliceEnd} - sliceBegin);
+        cell = int64_t{TruncateToLong(static_cast<float>(sliceBegin) + cellScale * length)} - sliceBegin;
+    }
+
+    /// Where the cell begins that `position`, at or after the first one's begin, lies in.
+    int64_t FirstCellAt(int64_t position) const { return begin + (position - begin) / cell * cell; }
+    int64_t WholeCellsEnd() const { return begin + (end - begin) / cell * cell; }
+
+    /// Cuts the cell that begins at `position` where it sticks out. Result: whether it was cut, and has pixels left.
+    bool CutAt(int64_t position, float scale) {
+        if (position >= end || position + cell <= end) return false;
+        cell = end - position;
+        pieceEnd = PieceEnd(pieceBegin, cell, scale);
+        return true;
+    }
+
+    int64_t begin, end;  ///< of the destination
+    int64_t cell;        ///< the length of a cell
+    LONG pieceBegin, pieceEnd;
+};
+
 }  // namespace
 
 bool ResolveSlice(const PixelSurface &surface, const RECT *slice, RECT *out) {
-    const RECT whole{0, 0, surface.GetWidth(), surface.GetHeight()};
+    const RECT whole{0, 0, surface.Width(), surface.Height()};
     RECT resolved = slice ? *slice : whole;
     if (resolved.left > resolved.right) std::swap(resolved.left, resolved.right);
     if (resolved.top > resolved.bottom) std::swap(resolved.top, resolved.bottom);
@@ -68,45 +93,31 @@ int DrawCentred(const TextureDraw &draw) {
 }
 
 void DrawTiled(const TextureDraw &draw, DWORD scaleFlags, float scale) {
-    RECT piece{}, visible{};
-    if (!ResolveSlice(draw.texture.Surface(), draw.slice, &piece)) return;
-    int64_t cellWidth = WidthOf(piece), cellHeight = HeightOf(piece);
-    if (scaleFlags & kScaleCell) {
-        const auto scaled = [&](LONG start, int64_t length) {
-            return static_cast<int64_t>(
-                       TruncateToLong(static_cast<float>(start) + scale * static_cast<float>(length))) -
-                   start;
+    RECT slice{}, visible{};
+    if (!ResolveSlice(draw.texture.Surface(), draw.slice, &slice)) return;
+    const float cellScale = scaleFlags & LACQUER_SCALE_CELL ? scale : 1;
+    TileAxis columns(draw.dest.left, draw.dest.right, slice.left, slice.right, cellScale);
+    TileAxis rows(draw.dest.top, draw.dest.bottom, slice.top, slice.bottom, cellScale);
+    TexturePieces pieces(draw, draw.dest);
+    if (columns.cell <= 0 || rows.cell <= 0 || !pieces.FindVisible(draw.dest, &visible)) return;
+    for (int64_t y = rows.begin; y < visible.bottom;) {
+        rows.CutAt(y, scale);
+        const auto drawCell = [&](int64_t x) {
+            pieces.Draw(ClampedRect(x, y, x + columns.cell, y + rows.cell),
+                        {columns.pieceBegin, rows.pieceBegin, columns.pieceEnd, rows.pieceEnd});
         };
-        cellWidth = scaled(piece.left, cellWidth);
-        cellHeight = scaled(piece.top, cellHeight);
-    }
-    const RECT &dest = draw.dest;
-    TexturePieces pieces(draw, dest);
-    if (cellWidth <= 0 || cellHeight <= 0 || !IntersectRect(&visible, &dest, &pieces.ClipBox())) return;
-    for (int64_t y = dest.top; y < visible.bottom;) {
-        if (y + cellHeight > dest.bottom) {
-            cellHeight = dest.bottom - y;
-            piece.bottom = PieceEnd(piece.top, cellHeight, scale);
+        const int64_t wholeEnd = columns.WholeCellsEnd();
+        if (y + rows.cell > visible.top) {
+            const int64_t end = std::min<int64_t>(wholeEnd, visible.right);
+            for (int64_t x = columns.FirstCellAt(visible.left); x < end; x += columns.cell) drawCell(x);
         }
-        const auto drawCell = [&](int64_t x) { pieces.Draw(ClampedRect(x, y, x + cellWidth, y + cellHeight), piece); };
-        const int64_t wholeCells = WidthOf(dest) / cellWidth;
-        const int64_t cutX = dest.left + wholeCells * cellWidth;
-        const int64_t firstVisible = (static_cast<int64_t>(visible.left) - dest.left) / cellWidth;
-        const bool rowIsVisible = y + cellHeight > visible.top;
-        for (int64_t x = dest.left + firstVisible * cellWidth;
-             rowIsVisible && x < std::min<int64_t>(cutX, visible.right); x += cellWidth) {
-            drawCell(x);
-        }
-        int64_t rows = 1;
-        if (cutX < dest.right) {
-            // Cell and piece keep the cut width in the rows below.
-            cellWidth = dest.right - cutX;
-            piece.right = PieceEnd(piece.left, cellWidth, scale);
-            drawCell(cutX);
+        if (columns.CutAt(wholeEnd, scale)) {
+            drawCell(wholeEnd);
+            y += rows.cell;
         } else {
-            rows = std::max<int64_t>(1, (visible.top - y) / cellHeight);
+            // From now on all rows are alike: those above the visible part are passed over together.
+            y += std::max<int64_t>(1, (visible.top - y) / rows.cell) * rows.cell;
         }
-        y += rows * cellHeight;
     }
 }
 

@@ -17,10 +17,6 @@ struct TextureDraw {
     BYTE alpha;
 };
 
-/// Bits of the scale flags: which of the nine-grid's destination margins follow the scale, and whether the tile's cell
-/// does.
-enum ScaleFlag : DWORD { kScaleLeft = 0x1, kScaleTop = 0x2, kScaleRight = 0x4, kScaleBottom = 0x8, kScaleCell = 0x10 };
-
 /// The source rectangle that an optional slice stands for: the whole surface for null; inverted edges are exchanged.
 /// Result: false when it is empty or not inside the surface.
 bool ResolveSlice(const PixelSurface &surface, const RECT *slice, RECT *out);
@@ -31,9 +27,9 @@ int DrawStretched(const TextureDraw &draw);
 /// Scales the slice into the destination with its aspect kept, centred, never cropped.
 int DrawCentred(const TextureDraw &draw);
 
-/// Repeats the slice from the destination's top-left corner, in cells that `scale` resizes when kScaleCell is set. Once
-/// the last cell of a row was cut at the right edge, later rows start with the cut cell. Nothing is drawn with a cell
-/// that is not at least one pixel wide and high.
+/// Repeats the slice from the destination's top-left corner, in cells that `scale` resizes with LACQUER_SCALE_CELL.
+/// Once the last cell of a row was cut at the right edge, later rows start with the cut cell. Nothing is drawn with a
+/// cell that is not at least one pixel wide and high.
 void DrawTiled(const TextureDraw &draw, DWORD scaleFlags, float scale);
 
 /// Repeats the slice from left to right at its own width; of each repetition the top margin's rows keep their height

@@ -11,7 +11,7 @@ namespace lacquer {
 
 /// A draw's style; the texture's filter word is the mode word.
 inline BlitStyle StyleOf(const TextureDraw &draw) {
-    return {draw.texture.Surface().GetFilter(), draw.kernelMode, draw.alpha};
+    return {draw.texture.Surface().Filter(), draw.kernelMode, draw.alpha};
 }
 
 /// Holds one lock of the canvas and one of the texture for all pieces of a layout.
@@ -22,6 +22,7 @@ public:
         : target_(draw.canvas, area), source_(draw.texture.Surface(), nullptr), style_(StyleOf(draw)) {}
 
     const RECT &ClipBox() const { return target_.ClipBox(); }
+    bool FindVisible(const RECT &rect, RECT *part) const { return target_.FindVisible(rect, part); }
 
     void Draw(const RECT &dest, const RECT &piece) { BlitPiece(target_, dest, source_.View(), piece, style_); }
 

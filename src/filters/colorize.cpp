@@ -1,14 +1,15 @@
-// The shift of one colour, and of the pixels of a view.
+// The shift of one colour, and of the pixels of a surface.
 
 #include "filters/colorize.h"
 
 #include "core/geometry.h"
+#include "filters/apply.h"
 #include "filters/colour_models.h"
 #include "filters/map_pixels.h"
 #include "filters/single_precision.h"
+#include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
-
 namespace {
 
 bool IsBetween(double low, float value, double high) { return low < value && value < high; }
@@ -37,13 +38,15 @@ uint32_t ShiftedAhsl(uint32_t ahsl, const ColourShift &shift) {
     const uint32_t h = (ahsl >> 16 & 0xFF) + StepOf(shift.hue * 255.0f * 0.5f, 0.5);
     const uint32_t s = ShiftedChannel(ahsl >> 8 & 0xFF, shift.saturation, 1) & 0xFF;
     const uint32_t l = ShiftedChannel(ahsl & 0xFF, shift.lightness, 0);
-    return (ahsl & 0xFF000000) | (h & 0xFF) << 16 | (s == 0 ? 1 : s) << 8 | (l & 0xFF);
+    return (ahsl & kOpaque) | (h & 0xFF) << 16 | (s == 0 ? 1 : s) << 8 | (l & 0xFF);
 }
 
 uint32_t ShiftedArgb(uint32_t argb, const ColourShift &shift) { return ArgbOf(ShiftedAhsl(AhslOf(argb), shift)); }
 
-void Colorize(const SurfaceView &view, const ColourShift &shift) {
-    MapColours(view, [&](uint32_t colour) { return ShiftedArgb(colour, shift); });
+bool Colorize(PixelSurface &surface, const ColourShift &shift) {
+    return ApplyTo(surface, nullptr, [&](const SurfaceView &view) {
+        MapColours(view, [&](uint32_t colour) { return ShiftedArgb(colour, shift); });
+    });
 }
 
 }  // namespace lacquer

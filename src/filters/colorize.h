@@ -1,9 +1,9 @@
 // Colorizing: shifting hue, saturation and lightness by fractions.
 #pragma once
 
-#include <lacquer/lacquer.h>
-
 #include <cstdint>
+
+#include "core/pixel_surface.h"
 
 namespace lacquer {
 
@@ -22,7 +22,8 @@ uint32_t ShiftedAhsl(uint32_t ahsl, const ColourShift &shift);
 /// Shifts a colour 0xAARRGGBB, its channels taken as straight.
 uint32_t ShiftedArgb(uint32_t argb, const ColourShift &shift);
 
-/// Shifts every pixel of a 24- or 32-bit view and every palette entry of an 8-bit one; other depths stay as they are.
-void Colorize(const SurfaceView &view, const ColourShift &shift);
+/// Shifts every pixel of a 24- or 32-bit surface and every palette entry of an 8-bit one; other depths stay as they
+/// are. Result: false when the surface can't be locked.
+bool Colorize(PixelSurface &surface, const ColourShift &shift);
 
 }  // namespace lacquer

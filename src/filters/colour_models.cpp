@@ -5,9 +5,9 @@
 #include <algorithm>
 
 #include "filters/single_precision.h"
+#include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
-
 namespace {
 
 constexpr uint32_t kGreen = 85, kBlue = 170;  ///< places on the circle of hues; greys are given that of blue
@@ -48,11 +48,11 @@ uint32_t AhslOf(uint32_t argb) {
             hue = distance(green) - distance(red) + kBlue;
         }
     }
-    return (argb & 0xFF000000) | (hue & 0xFF) << 16 | saturation << 8 | lightness;
+    return (argb & kOpaque) | (hue & 0xFF) << 16 | saturation << 8 | lightness;
 }
 
 uint32_t ArgbOf(uint32_t ahsl) {
-    const uint32_t alpha = ahsl & 0xFF000000;
+    const uint32_t alpha = ahsl & kOpaque;
     const float s = static_cast<float>(ahsl >> 8 & 0xFF) / 255.0f, l = static_cast<float>(ahsl & 0xFF) / 255.0f;
     if (s == 0.0f) return alpha | ByteOf(l) * 0x010101;
     const float q = l <= 0.5f ? (s + 1.0f) * l : (l + s) - l * s;

@@ -6,12 +6,12 @@
 #include <algorithm>
 #include <cstddef>
 
+#include "core/locked.h"
 #include "core/surface_view.h"
 #include "filters/single_precision.h"
 #include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
-
 namespace {
 
 constexpr int kReach = 3, kTaps = 2 * kReach + 1, kPasses = 2;
@@ -90,7 +90,24 @@ void BlurColumns(const SurfaceView &dest, const SurfaceView &source) {
     }
 }
 
+/// `Locked`: the lock for this kind of object.
+template <class Locked, class Object>
+void BlurLocked(Object &target, const RECT *targetRect, Object &scratch, const RECT *scratchRect) {
+    const Locked lockedTarget(target, targetRect);
+    if (!lockedTarget.View()) return;
+    const Locked lockedScratch(scratch, scratchRect);
+    if (lockedScratch.View()) GaussianBlur(*lockedTarget.View(), *lockedScratch.View());
+}
+
 }  // namespace
+
+void GaussianBlur(PixelSurface &target, PixelSurface &scratch) {
+    BlurLocked<LockedSurface>(target, nullptr, scratch, nullptr);
+}
+
+void GaussianBlur(Canvas &target, const RECT *targetRect, Canvas &scratch, const RECT *scratchRect) {
+    BlurLocked<LockedCanvas>(target, targetRect, scratch, scratchRect);
+}
 
 void GaussianBlur(const SurfaceView &target, const SurfaceView &scratch) {
     if (target.bitsPerPixel != 32 || scratch.bitsPerPixel != 32) return;

@@ -2,19 +2,29 @@
 
 #include "filters/glow.h"
 
+#include "filters/apply.h"
 #include "filters/box_blur.h"
 #include "filters/map_pixels.h"
 #include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
+namespace {
 
-void Glow(const SurfaceView &object, const SurfaceView &scratch) {
+void GlowThrough(const SurfaceView &object, const SurfaceView &scratch) {
     if (object.bitsPerPixel != 32) return;
     BoxBlur(scratch, object);
-    MapWords(scratch, [](uint32_t c) { return Alpha(c) != 0 ? 0xFFFFFFFF : c; });
+    MapWords(scratch, [](uint32_t c) { return Alpha(c) != 0 ? kWhite : c; });
     BoxBlur(object, scratch);
     BoxBlur(scratch, object);
     BoxBlur(object, scratch);
+}
+
+}  // namespace
+
+void Glow(PixelSurface &object, const RECT *rect, PixelSurface &scratch) {
+    ApplyTo(scratch, nullptr, [&](const SurfaceView &through) {
+        ApplyTo(object, rect, [&](const SurfaceView &view) { GlowThrough(view, through); });
+    });
 }
 
 }  // namespace lacquer

@@ -1,26 +1,27 @@
-// Filters of single pixels, in place.
+// Filters of single pixels, in place: of all pixels of a surface, or of a rectangle (null: everything). Each leaves the
+// depths that it does not name as they are. Result: false when the pixels can't be locked.
 #pragma once
 
-#include <lacquer/lacquer.h>
+#include "core/pixel_surface.h"
 
 namespace lacquer {
 
-/// Blue, green and red become (B + 2 G + R) / 4, truncated; alpha stays. 8-bit views: of each palette entry.
-void MakeGrey(const SurfaceView &view);
+/// Blue, green and red become (B + 2 G + R) / 4, truncated; alpha stays. 32 and 24 bits; 8 bits: each palette entry.
+bool MakeGrey(PixelSurface &surface);
 
-/// Premultiplies: colour channels become c * (A + 1) / 256, truncated. 32-bit views, and the palettes of 8-bit ones.
-void Premultiply(const SurfaceView &view);
+/// Premultiplies: colour channels become c * (A + 1) / 256, truncated. 32 bits; 8 bits: each palette entry.
+bool Premultiply(PixelSurface &surface);
 
-/// Replaces the colour `find` by `put`: whole words of 32-bit views and of the palettes of 8-bit ones, the low three
-/// bytes in 24-bit views.
-void ReplaceColour(const SurfaceView &view, DWORD find, DWORD put);
+/// Replaces the colour `find` by `put`: whole words with 32 bits and in the palettes of 8 bits, the low three bytes
+/// with 24 bits.
+bool ReplaceColour(PixelSurface &surface, DWORD find, DWORD put);
 
 /// Colour channels become A - c modulo 256. Walks four-byte pixels whatever the depth, up to the last whole one of a
-/// row.
-void InvertAgainstAlpha(const SurfaceView &view);
+/// row. Result: true also without pixels.
+bool InvertAgainstAlpha(PixelSurface &surface);
 
-/// Code 6: alpha becomes the largest colour channel; code 1: the colour channels become alpha; others do nothing.
-/// 32-bit views only.
-void Shuffle(const SurfaceView &view, DWORD code);
+/// Code 6: alpha becomes the largest colour channel; code 1: the colour channels become alpha; others do nothing. 32
+/// bits.
+bool Shuffle(PixelSurface &surface, const RECT *rect, DWORD code);
 
 }  // namespace lacquer

@@ -10,9 +10,9 @@
 #include "core/locked.h"
 #include "core/surface_view.h"
 #include "pipeline/pixel/pixel.h"
+#include "pipeline/table/blit_dispatch.h"
 
 namespace lacquer {
-
 namespace {
 
 constexpr DWORD kGrowth = 100;      ///< rectangles
@@ -145,13 +145,13 @@ HRGN RegionOf(const SurfaceView &view) {
 
 HRGN MakeTextureRegion(Texture &texture, const RECT *rect) {
     PixelSurface &surface = texture.Surface();
-    const RECT whole{0, 0, surface.GetWidth(), surface.GetHeight()};
+    const RECT whole{0, 0, surface.Width(), surface.Height()};
     const RECT place = rect ? *rect : whole;
     if (place.left < 0 || place.top < 0 || place.right < place.left || place.bottom < place.top ||
         place.right > whole.right || place.bottom > whole.bottom) {
         return nullptr;
     }
-    if (surface.GetFilter() >> 24 == LACQUER_DRAW_COPY) {
+    if (DrawModeOf(surface.Filter()) == LACQUER_DRAW_COPY) {
         return CreateRectRgn(0, 0, place.right - place.left, place.bottom - place.top);
     }
     const LockedSurface locked(surface, &place);

@@ -15,7 +15,6 @@
 #endif
 
 namespace lacquer {
-
 namespace {
 
 constexpr std::size_t kLargePage = std::size_t{2} << 20;

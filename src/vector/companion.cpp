@@ -6,15 +6,12 @@
 #include "core/locked.h"
 
 namespace lacquer {
-
 namespace {
 
 bool DrawsInto(velCanvas *companion, const SurfaceView &view) {
-    velBitmapData present{};
-    if (!velCanvasLockBits(companion, nullptr, &present)) return false;
-    velCanvasUnlockBits(companion, nullptr);
-    return present.bits == view.bits && present.width == view.width && present.height == view.height &&
-           present.stride == view.stride;
+    SurfaceView present{};
+    return FindPixels(companion, &present) && present.bits == view.bits && present.width == view.width &&
+           present.height == view.height && present.stride == view.stride;
 }
 
 /// Result: false without pixels, and without memory; the companion then keeps what it had, which may be gone.
@@ -51,6 +48,19 @@ velCanvas *CompanionOf(Canvas &canvas) {
     velCanvas *companion = FindOrMake(canvas);
     if (companion) PointAtPixels(companion, canvas);
     return companion;
+}
+
+bool FindPixels(velCanvas *companion, SurfaceView *out) {
+    velBitmapData pixels{};
+    const bool isFound = velCanvasLockBits(companion, nullptr, &pixels) != 0;
+    velCanvasUnlockBits(companion, nullptr);
+    if (!isFound) return false;
+    *out = {};
+    out->width = pixels.width;
+    out->height = pixels.height;
+    out->stride = pixels.stride;
+    out->bits = pixels.bits;
+    return true;
 }
 
 VectorDraw::VectorDraw(Canvas &canvas) {

@@ -11,6 +11,9 @@ namespace lacquer {
 /// again whenever they have moved. Result: null without a pixel surface and without memory.
 velCanvas *CompanionOf(Canvas &canvas);
 
+/// Describes the pixels that a companion canvas draws on. Result: false, with nothing written, when there are none.
+bool FindPixels(velCanvas *companion, SurfaceView *out);
+
 /// One drawing operation. While it lives, the companion is clipped to the canvas's clip and takes logical coordinates;
 /// its end takes both back.
 class VectorDraw {
@@ -26,5 +29,12 @@ public:
 private:
     velCanvas *companion_ = nullptr;
 };
+
+/// One drawing operation by a function of the companion's. Result: the function's; 0 when it can't be called.
+template <class Function, class... Arguments>
+int DrawWith(Canvas &canvas, Function draw, Arguments... arguments) {
+    const VectorDraw operation(canvas);
+    return operation.Companion() ? draw(operation.Companion(), arguments...) : 0;
+}
 
 }  // namespace lacquer

@@ -6,7 +6,6 @@
 #include "vector/companion.h"
 
 namespace lacquer {
-
 namespace {
 
 velGradient *NewGradient(const RECT &rect, DWORD from, DWORD to, GradientDirection direction) {
@@ -31,6 +30,8 @@ void DrawRectangleOf(Canvas &canvas, const RECT &rect) {
 }  // namespace
 
 void FillWithGradient(Canvas &canvas, const RECT &rect, DWORD from, DWORD to, GradientDirection direction) {
+    RECT visible{};
+    if (!canvas.FindVisible(rect, &visible)) return;
     velCanvas *companion = CompanionOf(canvas);
     if (!companion || !velCanvasSave(companion)) return;
     velGradient *gradient = NewGradient(rect, from, to, direction);

@@ -5,7 +5,6 @@
 #include <memory>
 
 namespace lacquer {
-
 namespace {
 
 using OwnedPath = std::unique_ptr<velPath, int (*)(velPath *)>;

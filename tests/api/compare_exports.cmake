@@ -1,4 +1,5 @@
-# Compares the names that LIBRARY exports, as the command LISTER prints them, with the lists EXPECTED beside this script.
+# Compares the names that LIBRARY exports, as the command LISTER prints them, with the lists EXPECTED, whose paths may be
+# relative to this script's.
 
 execute_process(COMMAND ${LISTER} ${LIBRARY} OUTPUT_VARIABLE listing COMMAND_ERROR_IS_FATAL ANY)
 
@@ -18,7 +19,8 @@ string(REGEX MATCHALL "[^\n]+" actual "${listing}")
 
 set(wanted)
 foreach(file IN LISTS EXPECTED)
-  file(STRINGS ${CMAKE_CURRENT_LIST_DIR}/${file} names)
+  cmake_path(ABSOLUTE_PATH file BASE_DIRECTORY ${CMAKE_CURRENT_LIST_DIR})
+  file(STRINGS ${file} names)
   set(sorted ${names})
   list(SORT sorted)
   if(NOT "${sorted}" STREQUAL "${names}")

@@ -95,7 +95,8 @@ bool EverythingIsRefused() { return NothingCanBeMade() && NothingIsFound() && Gd
 std::atomic<bool> ended{false}, threadIsFine{false};
 
 /// Calls without a pause, before the library begins (where that can be), while it ends and after. Windows ends the
-/// thread wherever it is: there it stays out of the heap and of GDI, whose locks would stay held for good.
+/// thread wherever it is: there it stays out of the heap and of GDI, whose locks would stay held for good (a program
+/// that has no other library than GDI sometimes hangs under Wine when a thread ends inside it).
 void CallUntilTheEnd() {
     int object = 0;
     while (!ended) {

@@ -95,12 +95,12 @@ TEST(HandleTableTest, ReusesTheSlotFreedLastThenTheLowestFreeOne) {
     std::vector<uint32_t> handles;
     for (int i = 0; i < 6; ++i) handles.push_back(table.NewHandleEntry(kBitmap, &objects[0]));
     EXPECT_EQ(6u, IndexOf(handles.back()));
-    for (const size_t i : {1, 4, 2}) EXPECT_TRUE(table.DelHandleEntry(handles[i]));
+    for (const size_t i : {1u, 4u, 2u}) EXPECT_TRUE(table.DelHandleEntry(handles[i]));
     EXPECT_EQ(0x02030003u, table.NewHandleEntry(kTexture, &objects[1]));
     EXPECT_EQ(0x02030002u, table.NewHandleEntry(kTexture, &objects[1]));
     EXPECT_EQ(0x02030005u, table.NewHandleEntry(kTexture, &objects[1]));
     EXPECT_EQ(0x01030007u, table.NewHandleEntry(kTexture, &objects[1]));
-    for (const size_t i : {1, 4, 2}) EXPECT_EQ(nullptr, table.LookupHandleEntry(handles[i]));
+    for (const size_t i : {1u, 4u, 2u}) EXPECT_EQ(nullptr, table.LookupHandleEntry(handles[i]));
 }
 
 TEST(HandleTableTest, GenerationsWrapAfter256Frees) {
@@ -135,7 +135,7 @@ TEST(HandleTableTest, HoldsEveryUsableSlotAndNoMore) {
     EXPECT_EQ(0u, table.NewHandleEntry(kTexture, &objects[1]));
 
     // The next free slot may lie below or above the hint.
-    for (const size_t i : {30000, 7, 15000}) EXPECT_TRUE(table.DelHandleEntry(handles[i]));
+    for (const size_t i : {30000u, 7u, 15000u}) EXPECT_TRUE(table.DelHandleEntry(handles[i]));
     for (const uint32_t index : {15001u, 8u, 30001u, 0u})
         EXPECT_EQ(index, IndexOf(table.NewHandleEntry(kCanvas, &objects[2])));
 }
@@ -174,9 +174,11 @@ TEST(HandleTableTest, RevokeFreesTheHandlesOfOneObjectWhicheverWereFreedBefore) 
 TEST(HandleTableTest, IsEmptyAndFullBeforeItOpensAndAfterItClosesWhateverHoldsTheLock) {
     for (const bool held : {false, true}) {
         HandleTable table;
+        EXPECT_FALSE(table.IsOpen());
         EXPECT_EQ(0u, table.NewHandleEntry(kBitmap, &objects[0]));
         EXPECT_EQ(nullptr, table.LookupHandleEntry(0x01020001));
         table.Open();
+        EXPECT_TRUE(table.IsOpen());
         const uint32_t handle = table.NewHandleEntry(kBitmap, &objects[0]);
         EXPECT_EQ(0x01020001u, handle);
         std::optional<HeldTable> holder;

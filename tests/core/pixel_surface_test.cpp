@@ -20,11 +20,11 @@ SurfaceView Locked(PixelSurface &surface) {
 
 void ExpectEmpty(PixelSurface &surface) {
     SurfaceView view{};
-    EXPECT_EQ(0, surface.GetWidth());
-    EXPECT_EQ(0, surface.GetHeight());
-    EXPECT_EQ(0, surface.GetBitsPixel());
-    EXPECT_EQ(0, surface.GetPaletteCount());
-    EXPECT_EQ(0u, surface.GetFilter());
+    EXPECT_EQ(0, surface.Width());
+    EXPECT_EQ(0, surface.Height());
+    EXPECT_EQ(0, surface.BitsPixel());
+    EXPECT_EQ(0, surface.PaletteCount());
+    EXPECT_EQ(0u, surface.Filter());
     EXPECT_FALSE(surface.Lock(&view));
     EXPECT_FALSE(surface.LockEx(&view));
     EXPECT_EQ(nullptr, surface.GetHandle());
@@ -50,9 +50,9 @@ TEST(PixelSurfaceTest, RefusesSidesBeyondItsRangeAndIsEmptyThen) {
 TEST(PixelSurfaceTest, SystemSurfacesHave32Bits) {
     PixelSurface surface;
     ASSERT_TRUE(surface.Create(3, 2, 8, 16, SurfaceKind::System));
-    EXPECT_EQ(SurfaceKind::System, surface.GetKind());
-    EXPECT_EQ(32, surface.GetBitsPixel());
-    EXPECT_EQ(0, surface.GetPaletteCount());
+    EXPECT_EQ(SurfaceKind::System, surface.Kind());
+    EXPECT_EQ(32, surface.BitsPixel());
+    EXPECT_EQ(0, surface.PaletteCount());
     EXPECT_NE(nullptr, surface.GetHandle());
 }
 
@@ -65,13 +65,13 @@ TEST(PixelSurfaceTest, SharedPixelsOutliveTheirSource) {
         FillWithNoise(Locked(source), 3);
         const std::vector<uint32_t> pixels = PixelsOf(Locked(source));
         ASSERT_TRUE(shared.ShareFrom(&source, true));
-        EXPECT_EQ(0x01000005u, shared.GetFilter());
-        EXPECT_EQ(24, shared.GetBitsPixel());
+        EXPECT_EQ(0x01000005u, shared.Filter());
+        EXPECT_EQ(24, shared.BitsPixel());
         EXPECT_EQ(Locked(source).bits, Locked(shared).bits);
         EXPECT_EQ(nullptr, shared.GetHandle()) << "borrowed pixels stay where they are";
 
         ASSERT_NE(nullptr, source.GetHandle());
-        EXPECT_EQ(24, shared.GetBitsPixel()) << "the source has moved on, the borrower keeps what it had";
+        EXPECT_EQ(24, shared.BitsPixel()) << "the source has moved on, the borrower keeps what it had";
         EXPECT_EQ(pixels, PixelsOf(Locked(shared)));
         source.Destroy();
         EXPECT_EQ(pixels, PixelsOf(Locked(shared)));
@@ -96,7 +96,7 @@ TEST(PixelSurfaceTest, ABorrowedDibSectionHasItsHandle) {
     PixelSurface source, borrower;
     ASSERT_TRUE(source.Create(2, 2, 32, 0, SurfaceKind::System));
     ASSERT_TRUE(borrower.ShareFrom(&source, true));
-    EXPECT_EQ(SurfaceKind::System, borrower.GetKind());
+    EXPECT_EQ(SurfaceKind::System, borrower.Kind());
     EXPECT_EQ(source.GetHandle(), borrower.GetHandle());
 }
 
@@ -122,10 +122,10 @@ TEST(PixelSurfaceTest, ForeignPixelsAreDescribedNotOwned) {
     PixelSurface surface;
     ASSERT_TRUE(surface.Create(9, 9, 8, 4, SurfaceKind::Memory));
     surface.AttachPixels(description);
-    EXPECT_EQ(3, surface.GetWidth());
-    EXPECT_EQ(32, surface.GetBitsPixel());
-    EXPECT_EQ(0, surface.GetPaletteCount());
-    EXPECT_EQ(0u, surface.GetFilter());
+    EXPECT_EQ(3, surface.Width());
+    EXPECT_EQ(32, surface.BitsPixel());
+    EXPECT_EQ(0, surface.PaletteCount());
+    EXPECT_EQ(0u, surface.Filter());
     EXPECT_EQ(nullptr, surface.GetHandle());
     const SurfaceView whole = Locked(surface);
     EXPECT_EQ(0, whole.type);
@@ -164,12 +164,12 @@ TEST_P(GetHandleTest, KeepsColoursInA32BitDibSection) {
     HBITMAP bitmap = surface.GetHandle();
     ASSERT_NE(nullptr, bitmap);
     EXPECT_EQ(bitmap, surface.GetHandle());
-    EXPECT_EQ(SurfaceKind::System, surface.GetKind());
-    EXPECT_EQ(32, surface.GetBitsPixel());
-    EXPECT_EQ(0, surface.GetPaletteCount());
-    EXPECT_EQ(7, surface.GetWidth());
-    EXPECT_EQ(5, surface.GetHeight());
-    EXPECT_EQ(0x02000003u, surface.GetFilter());
+    EXPECT_EQ(SurfaceKind::System, surface.Kind());
+    EXPECT_EQ(32, surface.BitsPixel());
+    EXPECT_EQ(0, surface.PaletteCount());
+    EXPECT_EQ(7, surface.Width());
+    EXPECT_EQ(5, surface.Height());
+    EXPECT_EQ(0x02000003u, surface.Filter());
     view = Locked(surface);
     EXPECT_EQ(28, view.stride);
     EXPECT_EQ(nullptr, view.palette);
@@ -188,8 +188,8 @@ TEST(PixelSurfaceTest, DepthsWithoutAKernelAreNotConverted) {
         PixelSurface surface;
         ASSERT_TRUE(surface.Create(3, 2, bitsPerPixel, 0, SurfaceKind::Memory));
         EXPECT_EQ(nullptr, surface.GetHandle());
-        EXPECT_EQ(SurfaceKind::Memory, surface.GetKind());
-        EXPECT_EQ(bitsPerPixel, surface.GetBitsPixel());
+        EXPECT_EQ(SurfaceKind::Memory, surface.Kind());
+        EXPECT_EQ(bitsPerPixel, surface.BitsPixel());
     }
 }
 

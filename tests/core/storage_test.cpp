@@ -38,10 +38,10 @@ TEST_P(LayoutTest, StrideAndPaletteFollowTheDepth) {
     ASSERT_TRUE(storage.Create(&view, layout.palette));
     EXPECT_FALSE(storage.IsEmpty());
     EXPECT_EQ(layout.stride, view.stride);
-    EXPECT_EQ(layout.width, storage.GetWidth());
-    EXPECT_EQ(layout.height, storage.GetHeight());
-    EXPECT_EQ(layout.bitsPerPixel, storage.GetBitsPixel());
-    EXPECT_EQ(layout.paletteKept, storage.GetPaletteCount());
+    EXPECT_EQ(layout.width, storage.Width());
+    EXPECT_EQ(layout.height, storage.Height());
+    EXPECT_EQ(layout.bitsPerPixel, storage.BitsPixel());
+    EXPECT_EQ(layout.paletteKept, storage.PaletteCount());
 
     SurfaceView locked{};
     ASSERT_EQ(layout.bitsPerPixel >= 8, storage.LockEx(&locked, nullptr));
@@ -87,12 +87,12 @@ TEST(MemoryStorageTest, CreateReplacesAndReleaseEmpties) {
     ASSERT_TRUE(storage.Create(&view, 256));
     view = Wanted(2, 3, 24);
     ASSERT_TRUE(storage.Create(&view, 0));
-    EXPECT_EQ(2, storage.GetWidth());
-    EXPECT_EQ(0, storage.GetPaletteCount());
+    EXPECT_EQ(2, storage.Width());
+    EXPECT_EQ(0, storage.PaletteCount());
     storage.Release();
     EXPECT_TRUE(storage.IsEmpty());
-    EXPECT_EQ(0, storage.GetWidth());
-    EXPECT_EQ(0, storage.GetBitsPixel());
+    EXPECT_EQ(0, storage.Width());
+    EXPECT_EQ(0, storage.BitsPixel());
     EXPECT_FALSE(storage.Lock(&locked, nullptr));
     EXPECT_FALSE(storage.LockEx(&locked, nullptr));
 }
@@ -103,8 +103,8 @@ TEST(MemoryStorageTest, IsEmptyWhenMemoryIsShort) {
     ASSERT_TRUE(storage.Create(&view, 4));
     EXPECT_FALSE(storage.Create(&huge, 4));
     EXPECT_TRUE(storage.IsEmpty());
-    EXPECT_EQ(0, storage.GetPaletteCount());
-    EXPECT_EQ(0, storage.GetHeight());
+    EXPECT_EQ(0, storage.PaletteCount());
+    EXPECT_EQ(0, storage.Height());
 }
 
 TEST(DibStorageTest, IsAlways32BitsTopDownAndZero) {
@@ -113,8 +113,8 @@ TEST(DibStorageTest, IsAlways32BitsTopDownAndZero) {
     ASSERT_TRUE(storage.Create(&view, 256));
     EXPECT_EQ(32, view.bitsPerPixel);
     EXPECT_EQ(20, view.stride);
-    EXPECT_EQ(32, storage.GetBitsPixel());
-    EXPECT_EQ(0, storage.GetPaletteCount());
+    EXPECT_EQ(32, storage.BitsPixel());
+    EXPECT_EQ(0, storage.PaletteCount());
     ASSERT_TRUE(storage.LockEx(&locked, nullptr));
     EXPECT_EQ(0u, locked.paletteCount);
     EXPECT_EQ(nullptr, locked.palette);
@@ -123,15 +123,15 @@ TEST(DibStorageTest, IsAlways32BitsTopDownAndZero) {
     // The second row in memory is the second from the top for the system too.
     PutPixel(locked, 1, 1, 0x00112233);
     HDC dc = CreateCompatibleDC(nullptr);
-    HGDIOBJ previous = SelectObject(dc, storage.GetBitmap());
+    HGDIOBJ previous = SelectObject(dc, storage.Bitmap());
     EXPECT_EQ(0x00332211u, GetPixel(dc, 1, 1));
     SelectObject(dc, previous);
     DeleteDC(dc);
 
     storage.Release();
     EXPECT_TRUE(storage.IsEmpty());
-    EXPECT_EQ(0, storage.GetWidth());
-    EXPECT_EQ(0, storage.GetBitsPixel());
+    EXPECT_EQ(0, storage.Width());
+    EXPECT_EQ(0, storage.BitsPixel());
     EXPECT_FALSE(storage.Lock(&locked, nullptr));
 }
 

@@ -93,10 +93,10 @@ TEST(SurfaceCopyTest, EveryPairOfDepthsAndPalettes) {
                 }
                 EXPECT_EQ(expected, PixelsOf(dest.View()));
                 EXPECT_EQ(alike && destFormat.palette > 0 ? source.palette : dest.palette, dest.Palette());
-                EXPECT_EQ(alike || converts ? kSourceFilter : kDestFilter, dest.surface.GetFilter());
+                EXPECT_EQ(alike || converts ? kSourceFilter : kDestFilter, dest.surface.Filter());
                 EXPECT_EQ(source.pixels, PixelsOf(source.View()));
                 EXPECT_EQ(source.palette, source.Palette());
-                EXPECT_EQ(kSourceFilter, source.surface.GetFilter());
+                EXPECT_EQ(kSourceFilter, source.surface.Filter());
             }
         }
     }
@@ -109,7 +109,7 @@ TEST(SurfaceCopyTest, WithoutALockNothingHappens) {
     CopySurface(dest.surface, &inside, source.surface, &outside);
     CopySurface(dest.surface, &outside, source.surface, &inside);
     EXPECT_EQ(dest.pixels, PixelsOf(dest.View()));
-    EXPECT_EQ(kDestFilter, dest.surface.GetFilter());
+    EXPECT_EQ(kDestFilter, dest.surface.Filter());
 }
 
 TEST(SurfaceCopyTest, WithinOneSurfacePartsMayOverlap) {
@@ -135,9 +135,9 @@ TEST(SurfaceCopyTest, ResizingGives32BitsOfTheWantedKind) {
             const std::unique_ptr<PixelSurface> twice =
                 ResizedSurface(source.surface, 2 * kWidth, 2 * kHeight, 0, kind);
             ASSERT_TRUE(same && twice);
-            EXPECT_EQ(kind, same->GetKind());
-            EXPECT_EQ(32, same->GetBitsPixel());
-            EXPECT_EQ(kSourceFilter, same->GetFilter());
+            EXPECT_EQ(kind, same->Kind());
+            EXPECT_EQ(32, same->BitsPixel());
+            EXPECT_EQ(kSourceFilter, same->Filter());
             if (!HasKernel(format.bitsPerPixel)) continue;
             SurfaceView view{};
             ASSERT_TRUE(same->Lock(&view));

@@ -54,8 +54,8 @@ TEST_P(TransformTest, MovesEveryPixelAsTheCodeSays) {
             EXPECT_EQ(Swaps(code) ? size.cy : size.cx, to.width);
             EXPECT_EQ(Swaps(code) ? size.cx : size.cy, to.height);
             EXPECT_EQ(bitsPerPixel, to.bitsPerPixel);
-            EXPECT_EQ(kFilter, made->GetFilter());
-            EXPECT_EQ(palette, made->GetPaletteCount());
+            EXPECT_EQ(kFilter, made->Filter());
+            EXPECT_EQ(palette, made->PaletteCount());
             ASSERT_EQ(from.paletteCount, to.paletteCount);
             for (DWORD i = 0; i < to.paletteCount; ++i) ASSERT_EQ(from.palette[i], to.palette[i]);
             for (LONG y = 0; y < size.cy; ++y) {
@@ -114,7 +114,7 @@ TEST(TransformTest, SystemSurfacesStaySystemSurfaces) {
     PutPixel(view, 1, 0, 0x22222222);
     const std::unique_ptr<PixelSurface> turned = TransformedSurface(source, 1, SurfaceKind::System);
     ASSERT_TRUE(turned && turned->Lock(&view));
-    EXPECT_EQ(SurfaceKind::System, turned->GetKind());
+    EXPECT_EQ(SurfaceKind::System, turned->Kind());
     EXPECT_EQ((std::vector<uint32_t>{0x11111111, 0x22222222}), PixelsOf(view));
 }
 
@@ -125,8 +125,8 @@ TEST(TransformTest, OddDepthsKeepTheirDepth) {
         for (DWORD code = 1; code <= 7; ++code) {
             const std::unique_ptr<PixelSurface> made = TransformedSurface(source, code, SurfaceKind::Memory);
             ASSERT_TRUE(made);
-            EXPECT_EQ(bitsPerPixel, made->GetBitsPixel());
-            EXPECT_EQ(source.GetPaletteCount(), made->GetPaletteCount());
+            EXPECT_EQ(bitsPerPixel, made->BitsPixel());
+            EXPECT_EQ(source.PaletteCount(), made->PaletteCount());
         }
     }
 }

@@ -2,8 +2,9 @@
 
 cmake_minimum_required(VERSION 3.22)
 execute_process(COMMAND ${LISTER} -d --no-show-raw-insn ${LIBRARY} OUTPUT_VARIABLE listing COMMAND_ERROR_IS_FATAL ANY)
-string(REGEX MATCHALL "[0-9a-f]+:\t[a-z][a-z0-9]*" lines "${listing}")
-string(REGEX REPLACE "[0-9a-f]+:\t" "" names "${lines}")
+# After the address binutils have a tab, LLVM's lister has blanks and a tab.
+string(REGEX MATCHALL "[0-9a-f]+:[ \t]+[a-z][a-z0-9]*" lines "${listing}")
+string(REGEX REPLACE "[0-9a-f]+:[ \t]+" "" names "${lines}")
 list(LENGTH names total)
 list(REMOVE_DUPLICATES names)
 

@@ -14,13 +14,12 @@ const KernelTable &BaseKernels(WeightForm form) {
 }
 
 const std::array<TableUnderTest, 5> &TablesUnderTest() {
-    static const std::array<TableUnderTest, 5> tables = {
-        TableUnderTest{"Base8", BaseKernels(WeightForm::Q8), WeightForm::Q8, nullptr},
-        TableUnderTest{"Base14", BaseKernels(WeightForm::Q14), WeightForm::Q14, &tables[0]},
-        TableUnderTest{"MMX", BuildKernelTable({.mmx = true}), WeightForm::Q14, &tables[1]},
-        TableUnderTest{"SSE", BuildKernelTable({.mmx = true, .sse = true}), WeightForm::Q14, &tables[2]},
-        TableUnderTest{"SSE2", BuildKernelTable({.mmx = true, .sse = true, .sse2 = true}), WeightForm::Q14,
-                       &tables[3]}};
+    static const TableUnderTest base8{"Base8", BaseKernels(WeightForm::Q8), WeightForm::Q8, nullptr},
+        base14{"Base14", BaseKernels(WeightForm::Q14), WeightForm::Q14, &base8},
+        mmx{"MMX", BuildKernelTable({.mmx = true}), WeightForm::Q14, &base14},
+        sse{"SSE", BuildKernelTable({.mmx = true, .sse = true}), WeightForm::Q14, &mmx},
+        sse2{"SSE2", BuildKernelTable({.mmx = true, .sse = true, .sse2 = true}), WeightForm::Q14, &sse};
+    static const std::array<TableUnderTest, 5> tables = {base8, base14, mmx, sse, sse2};
     return tables;
 }
 

@@ -85,11 +85,7 @@ TestImage RandomSource(Random &random, int width, int height, int bitsPerPixel, 
 
 inline constexpr int kDepths[] = {8, 24, 32};
 
-/// A sanitized program runs a slice of the largest loops.
-#if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
-inline constexpr int kSlice = 5;
-#else
-inline constexpr int kSlice = 1;
-#endif
+/// How many times shorter the largest loops are: 1, but under a sanitizer or an emulator.
+inline constexpr int kSlice = LACQUER_TEST_SLICE;
 
 }  // namespace lacquer

@@ -81,7 +81,7 @@ int velCanvasSave(velCanvas *) {
 int velCanvasRestore(velCanvas *) { return counts.saved-- > 0; }
 int velCanvasClipRect(velCanvas *, int, int, int, int) { return Grant(__func__); }
 int velCanvasTranslate(velCanvas *, float, float) { return Grant(__func__); }
-int velCanvasSetColor(velCanvas *, DWORD) { return Grant(__func__); }
+int velCanvasSetColor(velCanvas *canvas, DWORD) { return canvas ? Grant(__func__) : 0; }
 int velCanvasSetDrawStyle(velCanvas *, DWORD) { return Grant(__func__); }
 int velCanvasSetGradient(velCanvas *, velGradient *) { return Grant(__func__); }
 int velCanvasDrawLine(velCanvas *, float, float, float, float) { return Draw(__func__); }

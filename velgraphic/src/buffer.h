@@ -8,7 +8,7 @@
 
 namespace lacquer::vel {
 
-template <typename T>
+template <class T>
 class Buffer {
     static_assert(std::is_trivially_copyable_v<T>);
 

@@ -48,10 +48,10 @@ void Trace(cairo_t *context, const Outline &outline, Point offset) {
         Point p[3];
         for (int i = 0; i < PointsOf(verb); ++i) p[i] = *next++ + offset;
         switch (verb) {
-            case Verb::kMove: cairo_move_to(context, p[0].x, p[0].y); break;
-            case Verb::kLine: cairo_line_to(context, p[0].x, p[0].y); break;
-            case Verb::kCurve: cairo_curve_to(context, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y); break;
-            case Verb::kClose: cairo_close_path(context); break;
+            case Verb::Move: cairo_move_to(context, p[0].x, p[0].y); break;
+            case Verb::Line: cairo_line_to(context, p[0].x, p[0].y); break;
+            case Verb::Curve: cairo_curve_to(context, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y); break;
+            case Verb::Close: cairo_close_path(context); break;
         }
     }
 }
@@ -91,7 +91,7 @@ bool velCanvas::Restore() {
 
 /// Calls `drawing` with a context that has clip, operator and smoothing set. True without a call when nothing can be
 /// seen.
-template <typename Drawing>
+template <class Drawing>
 bool velCanvas::Render(Drawing drawing) {
     if (!target.Bitmap()) return false;
     const Clip visible = target.Visible(state.clip);

@@ -49,7 +49,7 @@ private:
     /// An outline, and how far away from it the renderer draws.
     struct Placed;
 
-    template <typename Drawing>
+    template <class Drawing>
     bool Render(Drawing drawing);
     /// Whether there is what a draw needs.
     bool CanDraw() const;

@@ -8,7 +8,7 @@ namespace lacquer::vel {
 namespace {
 
 /// Presses a line's first coordinate into a range: gives `next` the ends of the lines that it becomes, but the first.
-template <double Point::*across, double Point::*along, typename Next>
+template <double Point::*across, double Point::*along, class Next>
 void Press(Point from, Point to, double low, double high, Next next) {
     const bool isRising = from.*across < to.*across;
     for (const double border : {isRising ? low : high, isRising ? high : low}) {

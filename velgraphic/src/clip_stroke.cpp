@@ -45,28 +45,28 @@ public:
 private:
     /// What becomes of the parts that are drawn.
     enum class Phase {
-        kSilent,  ///< left out, up to the first gap
-        kWriting,
-        kLastPart,  ///< written up to the next gap
-        kOver
+        Silent,  ///< left out, up to the first gap
+        Writing,
+        LastPart,  ///< written up to the next gap
+        Over
     };
 
     void Clip(const Outline::Figure &figure) {
         hasPen_ = false;
         if (!figure.isClosed) {
-            phase_ = Phase::kWriting;
+            phase_ = Phase::Writing;
             GoRound(figure);
             return;
         }
         // A closed figure has no end. What is drawn of it begins behind its first gap and goes on up to there.
-        phase_ = Phase::kSilent;
+        phase_ = Phase::Silent;
         GoRound(figure);
-        if (phase_ == Phase::kSilent) {  // no gap
-            phase_ = Phase::kWriting;
+        if (phase_ == Phase::Silent) {  // no gap
+            phase_ = Phase::Writing;
             GoRound(figure);
             isDone_ = isDone_ && out_.Close();
         } else {
-            phase_ = Phase::kLastPart;
+            phase_ = Phase::LastPart;
             GoRound(figure);
         }
     }
@@ -113,13 +113,13 @@ private:
     }
 
     /// Goes on along what is not seen.
-    template <typename Piece>
+    template <class Piece>
     void Skip(const Piece &piece) {
         Gap();
-        if (dashes_ && phase_ != Phase::kOver) cursor_.Skip(piece.Length());
+        if (dashes_ && phase_ != Phase::Over) cursor_.Skip(piece.Length());
     }
 
-    template <typename Piece>
+    template <class Piece>
     void Draw(const Piece &piece) {
         if (!dashes_) return Put(piece);
         dash_ = {};
@@ -150,10 +150,10 @@ private:
         }
     }
 
-    template <typename Piece>
+    template <class Piece>
     void Divide(const Piece &piece, double length, const Range &range) {
         const auto parameterAt = [&](double rest) { return range.to - (range.to - range.from) * rest / length; };
-        for (double rest = length; rest > 0 && phase_ != Phase::kOver && isDone_;) {
+        for (double rest = length; rest > 0 && phase_ != Phase::Over && isDone_;) {
             const double step = std::min(cursor_.Left(), rest);
             if (!cursor_.IsOn()) {
                 Gap();
@@ -170,7 +170,7 @@ private:
     }
 
     /// Puts as much of a dash as lies on one piece: at once, so that it bends as smoothly as the whole.
-    template <typename Piece>
+    template <class Piece>
     void EndDash(const Piece &piece) {
         if (dash_.from < dash_.to) Put(piece.Part(dash_.from, dash_.to));
         dash_ = {};
@@ -178,13 +178,13 @@ private:
 
     void Gap() {
         hasPen_ = false;
-        if (phase_ == Phase::kSilent) phase_ = Phase::kWriting;
-        if (phase_ == Phase::kLastPart) phase_ = Phase::kOver;
+        if (phase_ == Phase::Silent) phase_ = Phase::Writing;
+        if (phase_ == Phase::LastPart) phase_ = Phase::Over;
     }
 
-    template <typename Piece>
+    template <class Piece>
     void Put(const Piece &piece) {
-        if (phase_ == Phase::kSilent || phase_ == Phase::kOver) return;
+        if (phase_ == Phase::Silent || phase_ == Phase::Over) return;
         if (!hasPen_) {
             isDone_ = isDone_ && out_.MoveTo(piece.start + view_.after);
             hasPen_ = true;
@@ -202,7 +202,7 @@ private:
     DashCursor cursor_;
     Range dash_;  ///< what is drawn of the present piece since the last gap
     Point at_;
-    Phase phase_ = Phase::kWriting;
+    Phase phase_ = Phase::Writing;
     bool hasPen_ = false;  ///< whether what comes next continues a line
     int dashEnds_ = 0;     ///< of dashes and gaps, as far as they are seen
     bool isDone_ = true;

@@ -12,7 +12,7 @@ using lacquer::vel::Point;
 namespace {
 
 /// Draws what `build` appends to an outline, by the style.
-template <typename Build>
+template <class Build>
 int DrawShape(velCanvas *canvas, Build build) {
     if (!canvas) return 0;
     Outline &outline = canvas->Scratch();

@@ -124,10 +124,10 @@ bool FontFace::Append(const Outline &glyph, Point origin, double scale, Outline 
     for (const Verb verb : glyph.Verbs()) {
         bool isDone = false;
         switch (verb) {
-            case Verb::kMove: isDone = outline.MoveTo(place(p[0])); break;
-            case Verb::kLine: isDone = outline.LineTo(place(p[0])); break;
-            case Verb::kCurve: isDone = outline.CurveTo(place(p[0]), place(p[1]), place(p[2])); break;
-            case Verb::kClose: isDone = outline.Close(); break;
+            case Verb::Move: isDone = outline.MoveTo(place(p[0])); break;
+            case Verb::Line: isDone = outline.LineTo(place(p[0])); break;
+            case Verb::Curve: isDone = outline.CurveTo(place(p[0]), place(p[1]), place(p[2])); break;
+            case Verb::Close: isDone = outline.Close(); break;
         }
         if (!isDone) return false;
         p += PointsOf(verb);

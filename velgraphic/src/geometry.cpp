@@ -32,7 +32,7 @@ double Cosine(double x) {
 }
 
 double Rounded(double value, Precision precision) {
-    return precision == Precision::kSteps ? std::nearbyint(value * 0x1p30) * 0x1p-30 : value;
+    return precision == Precision::Steps ? std::nearbyint(value * 0x1p30) * 0x1p-30 : value;
 }
 
 }  // namespace

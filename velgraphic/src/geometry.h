@@ -47,17 +47,17 @@ inline bool InRange(Point p, double limit = kMaxCoordinate) {
     return std::fabs(p.x) <= limit && std::fabs(p.y) <= limit;
 }
 
-template <typename... Numbers>
+template <class... Numbers>
 bool AreFinite(Numbers... numbers) {
     return (std::isfinite(numbers) && ...);
 }
 
 /// How finely the points of circles are computed: in steps of 2^-30 radii, so that 1/2 comes out as 1/2, or, for
 /// circles so large that such steps can be seen, to the last bit.
-enum class Precision { kSteps, kFull };
+enum class Precision { Steps, Full };
 
 /// The point of the unit circle at `degrees`, clockwise on screen. Exact at multiples of 90.
-Point UnitVector(double degrees, Precision precision = Precision::kSteps);
+Point UnitVector(double degrees, Precision precision = Precision::Steps);
 
 /// How long the handles of a Bézier curve are that follows the unit circle for `degrees`, at most 90.
 double ArcHandle(double degrees, Precision precision);

@@ -24,7 +24,7 @@ bool JsonDocument::Parse(std::string_view text) {
 
 const JsonNode *JsonDocument::Member(const JsonNode &object, std::string_view name) const {
     const JsonNode *found = nullptr;
-    if (object.kind != JsonKind::kObject) return nullptr;
+    if (object.kind != JsonKind::Object) return nullptr;
     for (const JsonNode *member = First(object); member; member = Next(*member)) {
         if (Name(*member) == name) found = member;
     }
@@ -52,18 +52,18 @@ bool JsonDocument::ParseValue(int nesting, uint32_t &index) {
     JsonNode node;
     bool isDone = true, hasEscapes = false;
     switch (Peek()) {
-        case '{': node.kind = JsonKind::kObject; break;
-        case '[': node.kind = JsonKind::kArray; break;
+        case '{': node.kind = JsonKind::Object; break;
+        case '[': node.kind = JsonKind::Array; break;
         case '"':
-            node.kind = JsonKind::kString;
+            node.kind = JsonKind::String;
             isDone = ParseString(node.textAt, node.textLength, hasEscapes);
             break;
         case 't':
-            node.kind = JsonKind::kBool;
+            node.kind = JsonKind::Bool;
             isDone = TakeWord("true");
             break;
         case 'f':
-            node.kind = JsonKind::kBool;
+            node.kind = JsonKind::Bool;
             isDone = TakeWord("false");
             break;
         case 'n': isDone = TakeWord("null"); break;
@@ -71,8 +71,8 @@ bool JsonDocument::ParseValue(int nesting, uint32_t &index) {
     }
     index = static_cast<uint32_t>(nodes_.Size());
     if (!isDone || !nodes_.Append(node)) return false;
-    if (node.kind == JsonKind::kObject) return ParseMembers(nesting + 1, index, '}');
-    if (node.kind == JsonKind::kArray) return ParseMembers(nesting + 1, index, ']');
+    if (node.kind == JsonKind::Object) return ParseMembers(nesting + 1, index, '}');
+    if (node.kind == JsonKind::Array) return ParseMembers(nesting + 1, index, ']');
     return true;
 }
 
@@ -118,7 +118,7 @@ bool JsonDocument::ParseNumber(JsonNode &node) {
         if (!IsDigit(Peek())) return false;
         while (IsDigit(Peek())) ++at_;
     }
-    node.kind = JsonKind::kNumber;
+    node.kind = JsonKind::Number;
     node.textAt = static_cast<uint32_t>(start);
     node.textLength = static_cast<uint32_t>(at_ - start);
     return std::from_chars(text_.data() + start, text_.data() + at_, node.number).ec == std::errc();

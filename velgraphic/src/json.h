@@ -9,13 +9,13 @@
 
 namespace lacquer::vel {
 
-enum class JsonKind : uint8_t { kNull, kBool, kNumber, kString, kArray, kObject };
+enum class JsonKind : uint8_t { Null, Bool, Number, String, Array, Object };
 
 /// Names and strings are as in the text, escapes included.
 struct JsonNode {
     static constexpr uint32_t kNone = UINT32_MAX;
 
-    JsonKind kind = JsonKind::kNull;
+    JsonKind kind = JsonKind::Null;
     double number = 0;
     uint32_t nameAt = 0, nameLength = 0;
     uint32_t textAt = 0, textLength = 0;

@@ -21,19 +21,19 @@ bool Outline::Add(Verb verb, const Point *points) {
     if (!verbs_.Reserve(1) || !points_.Reserve(static_cast<size_t>(count))) return false;
     verbs_.Append(verb);
     for (int i = 0; i < count; ++i) points_.Append(points[i]);
-    if (verb == Verb::kMove) start_ = points[0];
-    present_ = verb == Verb::kClose ? start_ : points[count - 1];
+    if (verb == Verb::Move) start_ = points[0];
+    present_ = verb == Verb::Close ? start_ : points[count - 1];
     return true;
 }
 
-bool Outline::MoveTo(Point p) { return Add(Verb::kMove, &p); }
+bool Outline::MoveTo(Point p) { return Add(Verb::Move, &p); }
 
-bool Outline::LineTo(Point p) { return Add(HasPresentPoint() ? Verb::kLine : Verb::kMove, &p); }
+bool Outline::LineTo(Point p) { return Add(HasPresentPoint() ? Verb::Line : Verb::Move, &p); }
 
 bool Outline::CurveTo(Point control1, Point control2, Point p) {
     if (!HasPresentPoint() && !MoveTo(control1)) return false;
     const Point points[] = {control1, control2, p};
-    return Add(Verb::kCurve, points);
+    return Add(Verb::Curve, points);
 }
 
 bool Outline::QuadraticTo(Point control, Point p) {
@@ -42,11 +42,11 @@ bool Outline::QuadraticTo(Point control, Point p) {
     return CurveTo(from + 2.0 / 3 * (control - from), p + 2.0 / 3 * (control - p), p);
 }
 
-bool Outline::Close() { return Add(Verb::kClose, nullptr); }
+bool Outline::Close() { return Add(Verb::Close, nullptr); }
 
 namespace {
 
-Precision PrecisionFor(double radius) { return radius > kMaxCoordinate ? Precision::kFull : Precision::kSteps; }
+Precision PrecisionFor(double radius) { return radius > kMaxCoordinate ? Precision::Full : Precision::Steps; }
 
 /// A circle or ellipse as the image of the unit circle: point = centre + x * xAxis + y * yAxis.
 struct CircleImage {
@@ -180,16 +180,16 @@ Bounds Outline::Extents() const {
     const Point *next = points_.begin();
     Point from, start;
     for (const Verb verb : verbs_) {
-        if (verb == Verb::kClose) {
+        if (verb == Verb::Close) {
             from = start;
             continue;
         }
         const Point *end = next + PointsOf(verb) - 1;
         include(*end);
-        if (verb == Verb::kCurve) {
+        if (verb == Verb::Curve) {
             IncludeExtremes(from.x, next[0].x, next[1].x, end->x, all.low.x, all.high.x);
             IncludeExtremes(from.y, next[0].y, next[1].y, end->y, all.low.y, all.high.y);
-        } else if (verb == Verb::kMove) {
+        } else if (verb == Verb::Move) {
             start = *end;
         }
         from = *end;
@@ -228,13 +228,13 @@ double Outline::LengthAtMost() const {
     const Point *next = points_.begin();
     Point from, start;
     for (const Verb verb : verbs_) {
-        if (verb == Verb::kClose) {
+        if (verb == Verb::Close) {
             length += std::hypot(start.x - from.x, start.y - from.y);
             from = start;
             continue;
         }
         for (int i = PointsOf(verb); i > 0; --i, ++next) {
-            if (verb == Verb::kMove) {
+            if (verb == Verb::Move) {
                 start = *next;
             } else {
                 length += std::hypot(next->x - from.x, next->y - from.y);

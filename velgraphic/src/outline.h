@@ -8,10 +8,10 @@
 
 namespace lacquer::vel {
 
-enum class Verb : uint8_t { kMove, kLine, kCurve, kClose };
+enum class Verb : uint8_t { Move, Line, Curve, Close };
 
 /// How many points come with a verb.
-inline int PointsOf(Verb verb) { return verb == Verb::kCurve ? 3 : verb == Verb::kClose ? 0 : 1; }
+inline int PointsOf(Verb verb) { return verb == Verb::Curve ? 3 : verb == Verb::Close ? 0 : 1; }
 
 /// Every function that appends gives false when memory is short; a change of several steps may have been made in part
 /// then, and `Mark` and `GoBackTo` undo it.
@@ -26,11 +26,11 @@ public:
         bool isClosed;
 
         /// Calls `line` with the end of each line, and `curve` with the three points of each curve.
-        template <typename Line, typename Curve>
+        template <class Line, class Curve>
         void ForEach(Line line, Curve curve) const {
             const Point *next = points;
             for (const Verb *verb = verbs; verb != verbsEnd; next += PointsOf(*verb++)) {
-                *verb == Verb::kLine ? line(*next) : curve(next);
+                *verb == Verb::Line ? line(*next) : curve(next);
             }
         }
     };
@@ -73,19 +73,19 @@ public:
     double LengthAtMost() const;
 
     /// Calls `handle` with each figure.
-    template <typename Handle>
+    template <class Handle>
     void ForEachFigure(Handle handle) const {
         Point start;
         const Point *next = points_.begin();
         for (const Verb *verb = verbs_.begin(); verb != verbs_.end();) {
-            if (*verb == Verb::kMove) {
+            if (*verb == Verb::Move) {
                 start = *next++;
                 ++verb;
             }
             Figure figure{start, verb, verb, next, false};
-            while (verb != verbs_.end() && (*verb == Verb::kLine || *verb == Verb::kCurve)) next += PointsOf(*verb++);
+            while (verb != verbs_.end() && (*verb == Verb::Line || *verb == Verb::Curve)) next += PointsOf(*verb++);
             figure.verbsEnd = verb;
-            figure.isClosed = verb != verbs_.end() && *verb == Verb::kClose;
+            figure.isClosed = verb != verbs_.end() && *verb == Verb::Close;
             if (figure.isClosed) ++verb;
             handle(figure);
         }

@@ -14,7 +14,7 @@ using lacquer::vel::Point;
 namespace {
 
 /// Lets `append` add to the path's outline; what it added is taken back when memory runs short.
-template <typename Append>
+template <class Append>
 int Extend(velPath *path, Append append) {
     if (!path) return 0;
     const Outline::Position before = path->outline.Mark();

@@ -7,7 +7,7 @@
 namespace lacquer::vel {
 
 /// Base of an object made by `new (std::nothrow)`, with one owner at first. The last owner's Release deletes it.
-template <typename Object>
+template <class Object>
 class Shared {
 public:
     void AddOwner() { owners_.fetch_add(1, std::memory_order_relaxed); }
@@ -26,7 +26,7 @@ private:
 };
 
 /// One owner of an object, or of none.
-template <typename Object>
+template <class Object>
 class Reference {
 public:
     Reference() = default;

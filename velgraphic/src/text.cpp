@@ -26,8 +26,8 @@ double SignedArea(const Outline &outline) {
     };
     const Point *next = outline.Points().begin();
     for (const Verb verb : outline.Verbs()) {
-        if (verb == Verb::kClose) goTo(start);
-        if (verb == Verb::kMove) from = start = *next;
+        if (verb == Verb::Close) goTo(start);
+        if (verb == Verb::Move) from = start = *next;
         for (int i = PointsOf(verb); i > 0; --i) goTo(*next++);
     }
     return area;

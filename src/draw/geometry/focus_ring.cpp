@@ -4,11 +4,11 @@
 
 #include <algorithm>
 
-#include "core/locked.h"
 #include "draw/fill.h"
 #include "draw/geometry/ring_cover.h"
 #include "draw/geometry/round_rectangle.h"
 #include "draw/geometry/visible_part.h"
+#include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
 namespace {
@@ -95,19 +95,15 @@ private:
 void DrawFocusRing(Canvas &canvas, const RoundedRect &shape, RingStyle style) {
     if (shape.IsEmpty()) return;
     style.width = std::min({style.width, (shape.right - shape.left) / 2, (shape.bottom - shape.top) / 2});
-    if (style.width == 0 || style.colour >> 24 == 0) return;
+    if (style.width == 0 || Alpha(style.colour) == 0) return;
     if (style.dash == 0 || style.gap == 0 || RingCover::LineLength(shape, style.width) > Dashes::kLongestLine) {
         return DrawRoundedRect(canvas, shape, style.width, {0, style.colour, kFillOver});
     }
-    RECT visible{};
-    if (!FindVisiblePart(canvas, PixelAt(shape.left), PixelAt(shape.top), PixelFrom(shape.right),
-                         PixelFrom(shape.bottom), &visible)) {
-        return;
-    }
-    const LockedCanvas target(canvas, &visible);
-    if (!target.View() || target.View()->bitsPerPixel != 32) return;
-    const PartPainter painter(*target.View(), visible.left, visible.top, {style.colour, 0, kFillOver});
-    RingPainter(painter, shape, style, visible).Paint();
+    const VisiblePart part(canvas, PixelAt(shape.left), PixelAt(shape.top), PixelFrom(shape.right),
+                           PixelFrom(shape.bottom));
+    if (!part.View()) return;
+    const PartPainter painter(*part.View(), part.Rect().left, part.Rect().top, {style.colour, 0, kFillOver});
+    RingPainter(painter, shape, style, part.Rect()).Paint();
 }
 
 }  // namespace lacquer

@@ -16,7 +16,7 @@ constexpr int kFraction = 20;  ///< bits of a position between two steps
 constexpr int64_t kTableHalf = int64_t{1} << 23;
 
 /// From so many units of blur on, the mean over a pixel differs from the value in its middle by less than 1/6000.
-constexpr int64_t kWideBlur = 16 * 256;
+constexpr int64_t kWideBlur = int64_t{16} * 256;
 
 struct Knot {
     int64_t value;          ///< of the integral, 0 at the edge, kTableHalf at its reach
@@ -51,7 +51,7 @@ GaussianEdge::GaussianEdge(int64_t blur)
     : reach_(384 * blur), isWide_(blur >= kWideBlur), scale_((int64_t{kSteps} << 44) / reach_) {
     const int64_t steps = kPixel * scale_ >> 24;
     shift_ = std::max(0, static_cast<int>(std::bit_width(static_cast<uint64_t>(steps))) - 20);
-    inverse_ = (int64_t{1} << 48) / (steps >> shift_);
+    inverse_ = (int64_t{1} << 48) / std::max<int64_t>(1, steps >> shift_);
 }
 
 /// The value in the middle of the pixel that begins at this distance.

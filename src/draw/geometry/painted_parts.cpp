@@ -65,7 +65,7 @@ void PartPainter::Whole(const Part &part, int64_t x, int64_t xEnd, int64_t y, in
         }
         BYTE *pixels = PixelAt(x, y);
         for (; y < yEnd; ++y, pixels += view_.stride) {
-            for (int i = 0; i < count; ++i) StorePixel(pixels + i * kPixelBytes, part.colour);
+            for (ptrdiff_t i = 0; i < count; ++i) StorePixel(pixels + i * kPixelBytes, part.colour);
         }
         return;
     }

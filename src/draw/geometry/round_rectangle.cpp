@@ -6,8 +6,8 @@
 #include <algorithm>
 #include <span>
 
-#include "core/locked.h"
 #include "draw/geometry/visible_part.h"
+#include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
 namespace {
@@ -159,21 +159,17 @@ void ShapePainter::PaintAlike(const CoverRow &outer, const CoverRow &inner, int6
 }  // namespace
 
 void DrawRoundedRect(Canvas &canvas, RoundedRect shape, int64_t borderWidth, const Paint &paint) {
-    RECT visible{};
-    if ((paint.fill | paint.border) >> 24 == 0) return;
-    if (paint.border >> 24 == 0) {
+    if (Alpha(paint.fill | paint.border) == 0) return;
+    if (Alpha(paint.border) == 0) {
         shape = shape.Grown(-borderWidth);
         borderWidth = 0;
     }
     if (shape.IsEmpty()) return;
-    if (!FindVisiblePart(canvas, PixelAt(shape.left), PixelAt(shape.top), PixelFrom(shape.right),
-                         PixelFrom(shape.bottom), &visible)) {
-        return;
-    }
-    const LockedCanvas target(canvas, &visible);
-    if (!target.View() || target.View()->bitsPerPixel != 32) return;
-    const PartPainter painter(*target.View(), visible.left, visible.top, paint);
-    ShapePainter(painter, shape, borderWidth, visible).Paint();
+    const VisiblePart part(canvas, PixelAt(shape.left), PixelAt(shape.top), PixelFrom(shape.right),
+                           PixelFrom(shape.bottom));
+    if (!part.View()) return;
+    const PartPainter painter(*part.View(), part.Rect().left, part.Rect().top, paint);
+    ShapePainter(painter, shape, borderWidth, part.Rect()).Paint();
 }
 
 }  // namespace lacquer

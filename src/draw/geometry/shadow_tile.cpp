@@ -98,7 +98,7 @@ void ShadowTile::GatherSlabs(const CasterSide &side, bool isLeft, int64_t from, 
     edge.Line(y_ * kPixel - side.Cut(from), rows_, cuts[from & 1]);
     for (int64_t i = from; i < to; ++i) {
         if (gathered_ == kMostLines) AddGathered();
-        int16_t *line = lines_ + gathered_ * kLinePixels;
+        int16_t *line = lines_ + ptrdiff_t{gathered_} * kLinePixels;
         edge.Line(start - side.EdgeOf(i), columns_, line);
         if (!isLeft) std::reverse(line, line + columns_);
         const int16_t *top = cuts[i & 1];
@@ -118,8 +118,8 @@ void ShadowTile::AddGathered() {
         while (first < end && weights[first] == 0) ++first;
         while (first < end && weights[end - 1] == 0) --end;
         if (first == end) continue;
-        kernels_.addLines(sums_[row], lines_ + first * kLinePixels, weights + first, end - first, wanted_[row].from,
-                          wanted_[row].to);
+        kernels_.addLines(sums_[row], lines_ + ptrdiff_t{first} * kLinePixels, weights + first, end - first,
+                          wanted_[row].from, wanted_[row].to);
     }
     gathered_ = 0;
 }

@@ -6,10 +6,10 @@
 #include <algorithm>
 #include <optional>
 
-#include "core/locked.h"
 #include "draw/fill.h"
 #include "draw/geometry/shadow_tile.h"
 #include "draw/geometry/visible_part.h"
+#include "pipeline/pixel/pixel.h"
 
 namespace lacquer {
 namespace {
@@ -211,27 +211,20 @@ RoundedRect CasterOf(const RoundedRect &rect, const Shadow &shadow) {
     return caster;
 }
 
-/// The pixels that a shadow may change.
-bool FindVisible(const Canvas &canvas, const RoundedRect &rect, const RoundedRect &shape, const Shadow &shadow,
-                 RECT *out) {
-    const bool isInside = shadow.place == ShadowPlace::Inside;
-    if (shape.IsEmpty() && !isInside) return false;
-    const RoundedRect &bounds = isInside ? rect : shape;
-    const int64_t reach = isInside ? 0 : (3 * shadow.blur + 1) / 2;
-    return FindVisiblePart(canvas, PixelAt(bounds.left - reach), PixelAt(bounds.top - reach),
-                           PixelFrom(bounds.right + reach), PixelFrom(bounds.bottom + reach), out);
-}
-
 }  // namespace
 
 void DrawShadow(Canvas &canvas, const RoundedRect &rect, const Shadow &shadow) {
-    RECT visible{};
-    if (rect.IsEmpty() || shadow.colour >> 24 == 0) return;
+    if (rect.IsEmpty() || Alpha(shadow.colour) == 0) return;
     const RoundedRect shape = CasterOf(rect, shadow);
-    if (!FindVisible(canvas, rect, shape, shadow, &visible)) return;
-    const LockedCanvas target(canvas, &visible);
-    if (!target.View() || target.View()->bitsPerPixel != 32) return;
-    const PartPainter parts(*target.View(), visible.left, visible.top, {shadow.colour, 0, kFillOver});
+    const bool isInside = shadow.place == ShadowPlace::Inside;
+    if (shape.IsEmpty() && !isInside) return;
+    const RoundedRect &bounds = isInside ? rect : shape;
+    const int64_t reach = isInside ? 0 : (3 * shadow.blur + 1) / 2;
+    const VisiblePart part(canvas, PixelAt(bounds.left - reach), PixelAt(bounds.top - reach),
+                           PixelFrom(bounds.right + reach), PixelFrom(bounds.bottom + reach));
+    if (!part.View()) return;
+    const RECT &visible = part.Rect();
+    const PartPainter parts(*part.View(), visible.left, visible.top, {shadow.colour, 0, kFillOver});
     ShadowPainter painter(parts, rect, shadow.place);
     if (shape.IsEmpty()) return painter.Even(visible.left, visible.right, visible.top, visible.bottom, 0);
     if (shadow.blur == 0) return PaintSharp(painter, shape, visible);

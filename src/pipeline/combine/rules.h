@@ -1,6 +1,6 @@
 // The combine rules: how a source word s and a destination word d give the new destination word. Each formula stands
-// here once, for the base tier; docs/sampling-and-blending.md explains them. The first six are those of the rows, the
-// others those of fills, conversions and mixes.
+// here once, for the base tier; docs/sampling-and-blending.md explains them. Those of the rows come first, then those
+// of fills, conversions and mixes.
 //
 // Notation: dA, sA are alphas, scale(w, f) is channel × f >> 8 for each channel. Sums of words are sums of 32 bits:
 // with premultiplied pixels no channel exceeds 255; with others it carries into its neighbour.

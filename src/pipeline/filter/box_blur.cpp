@@ -3,7 +3,6 @@
 #include "pipeline/filter/box_blur.h"
 
 namespace lacquer {
-
 namespace {
 
 constexpr bool NinthIsExact() {

@@ -6,7 +6,6 @@
 #include "pipeline/pixel/pixel_sse2.h"
 
 namespace lacquer::sse2 {
-
 namespace {
 
 constexpr LONG kBlock = kRegisterPixels;

@@ -5,7 +5,6 @@
 #include <algorithm>
 
 namespace lacquer {
-
 namespace {
 
 /// Far enough for memory to answer, near enough to be in the cache still.

@@ -34,11 +34,11 @@ private:
     void Begin(const SurfaceView &view, const Runs &runs, const Tiles &tiles);
     void FetchPiece();
 
-    const BYTE *piece_ = nullptr;                   ///< the next one; null when there is none
-    const BYTE *tile_, *line_;                      ///< the first piece of its tile, and of the tile's runs
-    ptrdiff_t stride_, lengthBytes_, columnBytes_;  ///< of a run; of a tile
-    ptrdiff_t runsLeft_, tileRuns_;                 ///< from this tile on; of a tile
-    ptrdiff_t bytesLeft_, doneRuns_;                ///< from this tile on in its runs; of this tile
+    const BYTE *piece_ = nullptr;                               ///< the next one; null when there is none
+    const BYTE *tile_ = nullptr, *line_ = nullptr;              ///< the first piece of its tile, and of the tile's runs
+    ptrdiff_t stride_ = 0, lengthBytes_ = 0, columnBytes_ = 0;  ///< of a run; of a tile
+    ptrdiff_t runsLeft_ = 0, tileRuns_ = 0;                     ///< from this tile on; of a tile
+    ptrdiff_t bytesLeft_ = 0, doneRuns_ = 0;                    ///< from this tile on in its runs; of this tile
 };
 
 }  // namespace lacquer

@@ -9,7 +9,7 @@
 
 namespace lacquer {
 
-inline constexpr uint32_t kOpaque = 0xFF000000u;
+inline constexpr uint32_t kOpaque = 0xFF000000u, kWhite = 0xFFFFFFFFu;
 inline constexpr uint32_t kColours = ~kOpaque;  ///< the channels beside alpha
 inline constexpr uint32_t kPair = 0x00FF00FFu;
 inline constexpr int kPixelBytes = 4;

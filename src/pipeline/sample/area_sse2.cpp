@@ -3,7 +3,6 @@
 #include "pipeline/sample/area_sse2.h"
 
 namespace lacquer::sse2 {
-
 namespace {
 
 /// Sums of lanes and of their upper bytes; that of the lower bytes follows from them, modulo 2^16.
@@ -147,7 +146,7 @@ public:
             first = _mm_add_epi16(first, LanesOf(row + begin));
             last = _mm_add_epi16(last, LanesOf(row + end));
             ptrdiff_t x = begin + kPixelBytes;
-            for (; x + kPixelBytes < end; x += 2 * kPixelBytes) {
+            for (; x + kPixelBytes < end; x += ptrdiff_t{2} * kPixelBytes) {
                 const __m128i two = _mm_loadl_epi64(reinterpret_cast<const __m128i *>(row + x));
                 between = _mm_add_epi16(between, _mm_unpacklo_epi8(two, zero));
             }

@@ -19,7 +19,7 @@ void StoreSums(int32_t *sums, __m128i four) { _mm_storeu_si128(reinterpret_cast<
 void AddLines(int32_t *sums, const int16_t *lines, const int16_t *weights, int count, int from, int to) {
     for (int x = from & ~7; x < to; x += 8) {
         __m128i low = LoadSums(sums + x), high = LoadSums(sums + x + 4);
-        for (int i = 0; i < count; i += 2) {
+        for (ptrdiff_t i = 0; i < count; i += 2) {
             const bool isPair = i + 1 < count;
             const __m128i first = LoadLanes(lines + i * kLinePixels + x);
             const __m128i second = isPair ? LoadLanes(lines + (i + 1) * kLinePixels + x) : _mm_setzero_si128();

@@ -107,8 +107,20 @@ int BlitSubRect(const SurfaceView *dest, const SurfaceView *source, SIZE fullSiz
     return Draw(kPartRows, true, *dest, shown, modeWord, alpha, arguments);
 }
 
+bool IsVoidFill(DWORD colour, DWORD modeWord) {
+    switch (DrawModeOf(modeWord)) {
+        case LACQUER_DRAW_OVER:
+        case LACQUER_DRAW_COLOR_KEY: return Alpha(colour) == 0;
+        // The shortcuts of modulation hold for both modes: white changes nothing, and 0 clears.
+        case LACQUER_DRAW_MODULATE:
+        case LACQUER_DRAW_OR: return colour == kWhite;
+        default: return false;
+    }
+}
+
 int FillView(const SurfaceView *dest, DWORD colour, DWORD modeWord) {
     if (!dest) return 0;
+    if (IsVoidFill(colour, modeWord)) return 1;
     const KernelTable &kernels = Kernels();
     const uint32_t alpha = Alpha(colour);
     const DWORD mode = DrawModeOf(modeWord);
@@ -116,8 +128,6 @@ int FillView(const SurfaceView *dest, DWORD colour, DWORD modeWord) {
         case LACQUER_DRAW_COPY: return kernels.fillCopy(dest, colour);
         case LACQUER_DRAW_MODULATE:
         case LACQUER_DRAW_OR:
-            // The shortcuts are those of modulation, for both modes: white changes nothing, and 0 clears.
-            if (colour == 0xFFFFFFFF) return 1;
             if (colour == 0) return kernels.fillCopy(dest, 0);
             return (mode == LACQUER_DRAW_MODULATE ? kernels.fillModulate : kernels.fillOr)(dest, colour);
         case LACQUER_DRAW_GREY_TINT: return alpha == 0 ? 1 : kernels.fillGreyTint(dest, colour);
@@ -133,7 +143,7 @@ void ConvertCopy(const SurfaceView &dest, const SurfaceView &source) {
 }
 
 void ResampleCopy(const SurfaceView &dest, const SurfaceView &source, DWORD kernelMode) {
-    BlitSameRect(&dest, &source, DWORD{LACQUER_DRAW_COPY} << 24, kernelMode, 255);
+    BlitSameRect(&dest, &source, ModeWord(LACQUER_DRAW_COPY), kernelMode, 255);
 }
 
 void ForceOpaqueView(const SurfaceView &view) { Kernels().forceOpaque(&view, &view); }

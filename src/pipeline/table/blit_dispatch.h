@@ -10,6 +10,7 @@ namespace lacquer {
 
 /// The draw mode: the top byte of a mode word.
 constexpr DWORD DrawModeOf(DWORD modeWord) { return modeWord >> 24; }
+constexpr DWORD ModeWord(DWORD drawMode) { return drawMode << 24; }
 
 /// Draws `source` into all of `dest`, stretched when the sizes differ.
 /// `modeWord`: the draw mode in the top byte, the key colour of LACQUER_DRAW_COLOR_KEY below it.
@@ -25,6 +26,10 @@ int BlitSameRect(const SurfaceView *dest, const SurfaceView *source, DWORD modeW
 /// there; a part that sticks out of the full size draws nothing. Otherwise as BlitSameRect.
 int BlitSubRect(const SurfaceView *dest, const SurfaceView *source, SIZE fullSize, POINT visibleOffset, DWORD modeWord,
                 DWORD kernelMode, BYTE alpha);
+
+/// Whether a fill with a premultiplied colour changes nothing by definition, on whatever canvas: a transparent colour
+/// drawn over or keyed, white that multiplies or is OR-ed.
+bool IsVoidFill(DWORD colour, DWORD modeWord);
 
 /// Fills a view. `colour`: a premultiplied word 0xAARRGGBB. `modeWord`: only its top byte counts. Result: 0 for a null
 /// view, else 1, also for a view that is not 32-bit, which stays as it is.

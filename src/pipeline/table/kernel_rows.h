@@ -50,7 +50,7 @@ enum class Row : int {
 
 /// Area means: averages where the draw keeps or reduces both dimensions, else bicubic.
 enum class SamplerKind { SameSize, Nearest, Bilinear, Bicubic, Area };
-/// The first six are those of rows, the others those of single slots.
+/// Those of rows come first, then those of single slots.
 enum class CombineKind {
     Copy,
     Over,

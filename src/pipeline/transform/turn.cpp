@@ -5,7 +5,6 @@
 #include "pipeline/transform/turn_tiles.h"
 
 namespace lacquer {
-
 namespace {
 
 PixelWalk WalkOf(const SurfaceView &source, DWORD code) {
@@ -39,7 +38,7 @@ void TurnPixels(const SurfaceView &dest, const PixelWalk &walk) {
 /// pixels on their own.
 void MovePackedRow(BYTE *out, const BYTE *in, ptrdiff_t perColumn, LONG count, LONG exact) {
     for (; count >= exact + 4; count -= 4, out += 12, in += 4 * perColumn) {
-        for (int i = 0; i < 4; ++i) std::memcpy(out + i * 3, in + i * perColumn, 4);
+        for (ptrdiff_t i = 0; i < 4; ++i) std::memcpy(out + i * 3, in + i * perColumn, 4);
     }
     for (; count > exact; --count, out += 3, in += perColumn) std::memcpy(out, in, 4);
     MovePixels<3>(out, in, perColumn, count);

@@ -7,7 +7,6 @@
 #include "pipeline/transform/turn_tiles.h"
 
 namespace lacquer::sse2 {
-
 namespace {
 
 /// From so many bytes on a turn goes past the caches: earlier than a copy, as its stores jump from row to row.

@@ -7,13 +7,12 @@
 #include "platform/headless/gdi_objects.h"
 
 namespace lacquer::headless {
-
 namespace {
 
-// BITMAPINFOHEADER::biCompression of 16 bits per pixel in a DIBSECTION, whose channel masks follow.
+/// BITMAPINFOHEADER::biCompression of 16 bits per pixel in a DIBSECTION, whose channel masks follow.
 constexpr DWORD kBitFields = 3;
 
-// The bytes of a device bitmap's row as a caller sees it: padded to two.
+/// The bytes of a device bitmap's row as a caller sees it: padded to two.
 LONG DeviceStride(const Bitmap &bitmap) {
     return static_cast<LONG>((int64_t{bitmap.width} * bitmap.bitsPerPixel + 15) / 16 * 2);
 }
@@ -56,16 +55,16 @@ std::unique_ptr<Bitmap> NewBitmap(LONG width, LONG height, WORD bitsPerPixel) {
     const int64_t stride = (int64_t{width} * bitsPerPixel + 31) / 32 * 4;
     if (width <= 0 || height <= 0 || stride > INT32_MAX || stride * height > UINT32_MAX) return nullptr;
     std::unique_ptr<Bitmap> bitmap(new (std::nothrow) Bitmap);
-    if (bitmap == nullptr) return nullptr;
+    if (!bitmap) return nullptr;
     bitmap->width = width;
     bitmap->height = height;
     bitmap->stride = static_cast<LONG>(stride);
     bitmap->bitsPerPixel = bitsPerPixel;
     bitmap->bits.reset(static_cast<uint8_t *>(std::calloc(static_cast<size_t>(height), static_cast<size_t>(stride))));
-    if (bitmap->bits == nullptr) return nullptr;
+    if (!bitmap->bits) return nullptr;
     if (bitsPerPixel <= 8) {
         bitmap->colours.reset(static_cast<RGBQUAD *>(std::calloc(size_t{1} << bitsPerPixel, sizeof(RGBQUAD))));
-        if (bitmap->colours == nullptr) return nullptr;
+        if (!bitmap->colours) return nullptr;
     }
     if (bitsPerPixel == 1) bitmap->colours.get()[1] = RGBQUAD{0xFF, 0xFF, 0xFF, 0};
     return bitmap;
@@ -76,11 +75,11 @@ std::unique_ptr<Bitmap> NewBitmap(LONG width, LONG height, WORD bitsPerPixel) {
 using namespace lacquer::headless;
 
 HBITMAP CreateDIBSection(HDC, const BITMAPINFO *info, UINT usage, void **bits, HANDLE section, DWORD) {
-    if (bits != nullptr) *bits = nullptr;
+    if (bits) *bits = nullptr;
     DibLayout layout;
-    if (usage != DIB_RGB_COLORS || section != nullptr || !ReadDibLayout(info, layout)) return nullptr;
+    if (usage != DIB_RGB_COLORS || section || !ReadDibLayout(info, layout)) return nullptr;
     std::unique_ptr<Bitmap> bitmap = NewBitmap(layout.width, layout.height, layout.bitsPerPixel);
-    if (bitmap == nullptr) return nullptr;
+    if (!bitmap) return nullptr;
     bitmap->topDown = layout.topDown;
     bitmap->isSection = true;
     if (layout.colourCount > 0) {
@@ -89,7 +88,7 @@ HBITMAP CreateDIBSection(HDC, const BITMAPINFO *info, UINT usage, void **bits, H
     void *pixels = bitmap->bits.get();
     GdiLock lock;
     const HBITMAP handle = AddBitmap(std::move(bitmap));
-    if (handle != nullptr && bits != nullptr) *bits = pixels;
+    if (handle && bits) *bits = pixels;
     return handle;
 }
 
@@ -98,8 +97,8 @@ HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, cons
     if (width == 0 || height == 0) return DefaultBitmap();
     if (planes != 1 || (bitsPerPixel != 1 && bitsPerPixel != 32)) return nullptr;
     std::unique_ptr<Bitmap> bitmap = NewBitmap(Magnitude(width), Magnitude(height), static_cast<WORD>(bitsPerPixel));
-    if (bitmap == nullptr) return nullptr;
-    if (bits != nullptr) {
+    if (!bitmap) return nullptr;
+    if (bits) {
         const auto *source = static_cast<const uint8_t *>(bits);
         const auto rowBytes = static_cast<size_t>(DeviceStride(*bitmap));
         const auto stride = static_cast<size_t>(bitmap->stride);
@@ -113,16 +112,16 @@ HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, cons
 HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height) {
     GdiLock lock;
     const DeviceContext *context = FindDC(dc);
-    if (context == nullptr) return nullptr;
+    if (!context) return nullptr;
     if (width == 0 || height == 0) return DefaultBitmap();
     const Bitmap &model = *context->bitmap;
     // The sign of a width has no meaning for a DIB section.
     if (model.isSection && width < 0) return nullptr;
     std::unique_ptr<Bitmap> bitmap = NewBitmap(Magnitude(width), Magnitude(height), model.bitsPerPixel);
-    if (bitmap == nullptr) return nullptr;
+    if (!bitmap) return nullptr;
     bitmap->isSection = model.isSection;
     bitmap->topDown = !model.isSection || height < 0;
-    if (model.colours != nullptr) {
+    if (model.colours) {
         std::memcpy(bitmap->colours.get(), model.colours.get(), sizeof(RGBQUAD) << model.bitsPerPixel);
     }
     return AddBitmap(std::move(bitmap));
@@ -131,8 +130,8 @@ HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height) {
 int GetObjectW(HGDIOBJ object, int size, void *out) {
     GdiLock lock;
     const Bitmap *bitmap = FindBitmap(object);
-    if (bitmap == nullptr) return 0;
-    if (out == nullptr) return sizeof(BITMAP);
+    if (!bitmap) return 0;
+    if (!out) return sizeof(BITMAP);
     if (bitmap->isSection && size >= static_cast<int>(sizeof(DIBSECTION))) {
         const DIBSECTION section = DescribeSection(*bitmap);
         std::memcpy(out, &section, sizeof(section));

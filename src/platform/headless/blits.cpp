@@ -3,13 +3,12 @@
 #include "platform/headless/transfer.h"
 
 namespace lacquer::headless {
-
 namespace {
 
 bool IsFill(DWORD operation) { return operation == BLACKNESS || operation == WHITENESS; }
 
-// The logical coordinates of a run of pixels from `start` on, in the direction of `length`: low inclusive, high
-// exclusive.
+/// The logical coordinates of a run of pixels from `start` on, in the direction of `length`: low inclusive, high
+/// exclusive.
 struct Extent {
     int64_t low, high;
 };
@@ -19,7 +18,7 @@ Extent ExtentOf(int64_t start, int64_t length) {
 
 BOOL Fill(HDC dc, int x, int y, int width, int height, DWORD operation) {
     const DeviceContext *context = FindDC(dc);
-    if (context == nullptr) return FALSE;
+    if (!context) return FALSE;
     const Extent columns = ExtentOf(x + context->OffsetX(), width);
     const Extent rows = ExtentOf(y + context->OffsetY(), height);
     const RECT rect{Clamped(columns.low), Clamped(rows.low), Clamped(columns.high), Clamped(rows.high)};
@@ -27,10 +26,10 @@ BOOL Fill(HDC dc, int x, int y, int width, int height, DWORD operation) {
 }
 
 Merge MergeOf(int stretchMode) {
-    return stretchMode == BLACKONWHITE ? Merge::kAnd : stretchMode == WHITEONBLACK ? Merge::kOr : Merge::kPickOne;
+    return stretchMode == BLACKONWHITE ? Merge::And : stretchMode == WHITEONBLACK ? Merge::Or : Merge::PickOne;
 }
 
-// A caller's pixels, with a colour table of full length.
+/// A caller's pixels, with a colour table of full length.
 struct DibPixels {
     PixelView view;
     RGBQUAD colours[256];
@@ -67,7 +66,7 @@ BOOL StretchBlt(HDC dest, int x, int y, int width, int height, HDC source, int s
     if (IsFill(operation)) return Fill(dest, x, y, width, height, operation);
     const DeviceContext *to = FindDC(dest);
     const DeviceContext *from = FindDC(source);
-    if (to == nullptr || from == nullptr || operation != SRCCOPY) return FALSE;
+    if (!to || !from || operation != SRCCOPY) return FALSE;
     if (width == 0 || height == 0 || sourceWidth == 0 || sourceHeight == 0) return TRUE;
     StretchAxis columns(x + to->OffsetX(), width, sourceX + from->OffsetX(), sourceWidth);
     StretchAxis rows(y + to->OffsetY(), height, sourceY + from->OffsetY(), sourceHeight);
@@ -89,7 +88,7 @@ BOOL GdiAlphaBlend(HDC dest, int x, int y, int width, int height, HDC source, in
     GdiLock lock;
     const DeviceContext *to = FindDC(dest);
     const DeviceContext *from = FindDC(source);
-    if (to == nullptr || from == nullptr) return FALSE;
+    if (!to || !from) return FALSE;
     if (blend.BlendOp != AC_SRC_OVER || blend.BlendFlags != 0 || blend.AlphaFormat > AC_SRC_ALPHA) return FALSE;
     if (blend.AlphaFormat == AC_SRC_ALPHA && from->bitmap->bitsPerPixel != 32) return FALSE;
     if (width < 0 || height < 0 || sourceWidth < 0 || sourceHeight < 0) return FALSE;
@@ -121,7 +120,7 @@ int SetDIBitsToDevice(HDC dest, int x, int y, DWORD width, DWORD height, int sou
     GdiLock lock;
     const DeviceContext *to = FindDC(dest);
     DibLayout layout;
-    if (to == nullptr || bits == nullptr || usage != DIB_RGB_COLORS || !ReadDibLayout(info, layout)) return 0;
+    if (!to || !bits || usage != DIB_RGB_COLORS || !ReadDibLayout(info, layout)) return 0;
     int64_t count = lines;
     if (!layout.topDown) {
         // Bottom-up bands end at the picture's top and at the rectangle's.
@@ -149,7 +148,7 @@ int SetDIBitsToDevice(HDC dest, int x, int y, DWORD width, DWORD height, int sou
 COLORREF GetPixel(HDC dc, int x, int y) {
     GdiLock lock;
     const DeviceContext *context = FindDC(dc);
-    if (context == nullptr) return CLR_INVALID;
+    if (!context) return CLR_INVALID;
     const int64_t deviceX = x + context->OffsetX();
     const int64_t deviceY = y + context->OffsetY();
     if (!context->IsVisible(deviceX, deviceY)) return CLR_INVALID;
@@ -161,7 +160,7 @@ COLORREF GetPixel(HDC dc, int x, int y) {
 COLORREF SetPixel(HDC dc, int x, int y, COLORREF colour) {
     GdiLock lock;
     const DeviceContext *context = FindDC(dc);
-    if (context == nullptr) return CLR_INVALID;
+    if (!context) return CLR_INVALID;
     const int64_t deviceX = x + context->OffsetX();
     const int64_t deviceY = y + context->OffsetY();
     if (!context->IsVisible(deviceX, deviceY)) return CLR_INVALID;

@@ -2,11 +2,10 @@
 #include "platform/headless/gdi_objects.h"
 
 namespace lacquer::headless {
-
 namespace {
 
-// Combines the clip region with `operand`; without a clip region `unclipped` stands for it. ERROR, with nothing
-// changed, when memory is short.
+/// Combines the clip region with `operand`; without a clip region `unclipped` stands for it. ERROR, with nothing
+/// changed, when memory is short.
 int CombineClip(DrawState &state, const RECT &unclipped, const Region &operand, int mode) {
     if (!state.hasClip) state.clip.SetRect(unclipped);
     if (!state.clip.Combine(state.clip, operand, mode)) return ERROR;
@@ -36,7 +35,7 @@ int GetClipBox(HDC dc, RECT *out) {
     GdiLock lock;
     const DeviceContext *context = FindDC(dc);
     Region visible;
-    if (context == nullptr || out == nullptr || !context->VisiblePart(context->BitmapRect(), visible)) return ERROR;
+    if (!context || !out || !context->VisiblePart(context->BitmapRect(), visible)) return ERROR;
     const RECT box = visible.Bounds();
     const int64_t x = context->OffsetX();
     const int64_t y = context->OffsetY();
@@ -47,10 +46,10 @@ int GetClipBox(HDC dc, RECT *out) {
 int GetClipRgn(HDC dc, HRGN region) {
     GdiLock lock;
     const DeviceContext *context = FindDC(dc);
-    if (context == nullptr) return -1;
+    if (!context) return -1;
     if (!context->state.hasClip) return 0;
     Region *out = FindRegion(region);
-    return out != nullptr && out->Copy(context->state.clip) ? 1 : -1;
+    return out && out->Copy(context->state.clip) ? 1 : -1;
 }
 
 int SelectClipRgn(HDC dc, HRGN region) { return ExtSelectClipRgn(dc, region, RGN_COPY); }
@@ -58,18 +57,18 @@ int SelectClipRgn(HDC dc, HRGN region) { return ExtSelectClipRgn(dc, region, RGN
 int ExtSelectClipRgn(HDC dc, HRGN region, int mode) {
     GdiLock lock;
     DeviceContext *context = FindDC(dc);
-    if (context == nullptr) return ERROR;
+    if (!context) return ERROR;
     DrawState &state = context->state;
-    if (region == nullptr) return mode == RGN_COPY ? RemoveClip(state) : ERROR;
+    if (!region) return mode == RGN_COPY ? RemoveClip(state) : ERROR;
     const Region *operand = FindRegion(region);
-    if (operand == nullptr || mode < RGN_AND || mode > RGN_COPY) return ERROR;
+    if (!operand || mode < RGN_AND || mode > RGN_COPY) return ERROR;
     return mode == RGN_COPY ? CopyClip(state, *operand) : CombineClip(state, context->BitmapRect(), *operand, mode);
 }
 
 int IntersectClipRect(HDC dc, int left, int top, int right, int bottom) {
     GdiLock lock;
     DeviceContext *context = FindDC(dc);
-    if (context == nullptr) return ERROR;
+    if (!context) return ERROR;
     const RECT rect = context->ToDevice(RECT{left, top, right, bottom});
     Region operand;
     operand.SetRect(rect);
@@ -79,7 +78,7 @@ int IntersectClipRect(HDC dc, int left, int top, int right, int bottom) {
 int ExcludeClipRect(HDC dc, int left, int top, int right, int bottom) {
     GdiLock lock;
     DeviceContext *context = FindDC(dc);
-    if (context == nullptr) return ERROR;
+    if (!context) return ERROR;
     Region operand;
     operand.SetRect(context->ToDevice(RECT{left, top, right, bottom}));
     return CombineClip(context->state, context->BitmapRect(), operand, RGN_DIFF);
@@ -88,7 +87,7 @@ int ExcludeClipRect(HDC dc, int left, int top, int right, int bottom) {
 int OffsetClipRgn(HDC dc, int x, int y) {
     GdiLock lock;
     DeviceContext *context = FindDC(dc);
-    if (context == nullptr) return ERROR;
+    if (!context) return ERROR;
     DrawState &state = context->state;
     if (!state.hasClip) return NULLREGION;
     return state.clip.Offset(x, y) ? state.clip.Kind() : ERROR;
@@ -97,13 +96,12 @@ int OffsetClipRgn(HDC dc, int x, int y) {
 BOOL PtVisible(HDC dc, int x, int y) {
     GdiLock lock;
     const DeviceContext *context = FindDC(dc);
-    return context != nullptr && context->IsVisible(x + context->OffsetX(), y + context->OffsetY());
+    return context && context->IsVisible(x + context->OffsetX(), y + context->OffsetY());
 }
 
 BOOL RectVisible(HDC dc, const RECT *rect) {
     GdiLock lock;
     const DeviceContext *context = FindDC(dc);
     Region visible;
-    return context != nullptr && rect != nullptr && context->VisiblePart(context->ToDevice(*rect), visible) &&
-           visible.Kind() != NULLREGION;
+    return context && rect && context->VisiblePart(context->ToDevice(*rect), visible) && visible.Kind() != NULLREGION;
 }

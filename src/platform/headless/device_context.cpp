@@ -17,7 +17,7 @@ bool DrawState::CopyFrom(const DrawState &other) {
 }
 
 DeviceContext::~DeviceContext() {
-    while (saved != nullptr) {
+    while (saved) {
         SavedState *top = saved;
         saved = top->below;
         delete top;
@@ -42,18 +42,18 @@ bool DeviceContext::VisiblePart(const RECT &device, Region &out) const {
 
 namespace {
 
-// Ends the selection of the bitmap in `dc`.
+/// Ends the selection of the bitmap in `dc`.
 void ReleaseSelected(DeviceContext &dc) {
     dc.bitmap->selectedInto = nullptr;
     if (dc.bitmap->isDoomed) DestroyObject(dc.state.bitmap);
     dc.bitmap = nullptr;
 }
 
-// False, with nothing changed, when the bitmap can't be selected.
+/// False, with nothing changed, when the bitmap can't be selected.
 bool SelectBitmap(HDC handle, DeviceContext &dc, HBITMAP bitmapHandle) {
     Bitmap *bitmap = FindBitmap(bitmapHandle);
-    if (bitmap == nullptr || bitmap->isDoomed) return bitmap != nullptr && bitmap == dc.bitmap;
-    if (bitmap->selectedInto != nullptr && bitmap->selectedInto != handle) return false;
+    if (!bitmap || bitmap->isDoomed) return bitmap && bitmap == dc.bitmap;
+    if (bitmap->selectedInto && bitmap->selectedInto != handle) return false;
     if (bitmap == dc.bitmap) return true;
     ReleaseSelected(dc);
     if (!bitmap->isDefault) bitmap->selectedInto = handle;
@@ -69,7 +69,7 @@ BOOL DestroyDC(HDC handle) {
 }
 
 BOOL SetOrigin(POINT &origin, int x, int y, POINT *previous) {
-    if (previous != nullptr) *previous = origin;
+    if (previous) *previous = origin;
     origin = POINT{x, y};
     return TRUE;
 }
@@ -82,10 +82,10 @@ using namespace lacquer::headless;
 
 HDC CreateCompatibleDC(HDC dc) {
     GdiLock lock;
-    if (dc != nullptr && FindDC(dc) == nullptr) return nullptr;
+    if (dc && !FindDC(dc)) return nullptr;
     const HBITMAP bitmap = DefaultBitmap();
     std::unique_ptr<DeviceContext> made(new (std::nothrow) DeviceContext);
-    if (bitmap == nullptr || made == nullptr) return nullptr;
+    if (!bitmap || !made) return nullptr;
     made->state.bitmap = bitmap;
     made->bitmap = FindBitmap(bitmap);
     return AddDC(std::move(made));
@@ -93,19 +93,19 @@ HDC CreateCompatibleDC(HDC dc) {
 
 BOOL DeleteDC(HDC dc) {
     GdiLock lock;
-    return FindDC(dc) != nullptr ? DestroyDC(dc) : FALSE;
+    return FindDC(dc) ? DestroyDC(dc) : FALSE;
 }
 
 BOOL DeleteObject(HGDIOBJ object) {
     GdiLock lock;
-    if (FindDC(object) != nullptr) return DestroyDC(static_cast<HDC>(object));
+    if (FindDC(object)) return DestroyDC(static_cast<HDC>(object));
     if (Bitmap *bitmap = FindBitmap(object)) {
         if (bitmap->isDefault) return TRUE;
-        if (bitmap->selectedInto != nullptr) {
+        if (bitmap->selectedInto) {
             bitmap->isDoomed = true;
             return TRUE;
         }
-    } else if (FindRegion(object) == nullptr) {
+    } else if (!FindRegion(object)) {
         return FALSE;
     }
     DestroyObject(object);
@@ -115,9 +115,9 @@ BOOL DeleteObject(HGDIOBJ object) {
 int SaveDC(HDC dc) {
     GdiLock lock;
     DeviceContext *context = FindDC(dc);
-    if (context == nullptr) return 0;
+    if (!context) return 0;
     std::unique_ptr<SavedState> saved(new (std::nothrow) SavedState);
-    if (saved == nullptr || !saved->state.CopyFrom(context->state)) return 0;
+    if (!saved || !saved->state.CopyFrom(context->state)) return 0;
     saved->below = context->saved;
     context->saved = saved.release();
     return ++context->savedCount;
@@ -126,7 +126,7 @@ int SaveDC(HDC dc) {
 BOOL RestoreDC(HDC dc, int level) {
     GdiLock lock;
     DeviceContext *context = FindDC(dc);
-    if (context == nullptr) return FALSE;
+    if (!context) return FALSE;
     const int64_t target = level < 0 ? context->savedCount + 1 + int64_t{level} : level;
     if (target < 1 || target > context->savedCount) return FALSE;
     std::unique_ptr<SavedState> top;
@@ -149,7 +149,7 @@ HGDIOBJ SelectObject(HDC dc, HGDIOBJ object) {
     }
     GdiLock lock;
     DeviceContext *context = FindDC(dc);
-    if (context == nullptr) return nullptr;
+    if (!context) return nullptr;
     const HBITMAP previous = context->state.bitmap;
     return SelectBitmap(dc, *context, static_cast<HBITMAP>(object)) ? previous : nullptr;
 }
@@ -162,25 +162,25 @@ DWORD GetObjectType(HGDIOBJ object) {
 HGDIOBJ GetCurrentObject(HDC dc, UINT type) {
     GdiLock lock;
     const DeviceContext *context = FindDC(dc);
-    return context != nullptr && type == OBJ_BITMAP ? context->state.bitmap : nullptr;
+    return context && type == OBJ_BITMAP ? context->state.bitmap : nullptr;
 }
 
 BOOL SetViewportOrgEx(HDC dc, int x, int y, POINT *previous) {
     GdiLock lock;
     DeviceContext *context = FindDC(dc);
-    return context != nullptr ? SetOrigin(context->state.viewportOrg, x, y, previous) : FALSE;
+    return context ? SetOrigin(context->state.viewportOrg, x, y, previous) : FALSE;
 }
 
 BOOL SetWindowOrgEx(HDC dc, int x, int y, POINT *previous) {
     GdiLock lock;
     DeviceContext *context = FindDC(dc);
-    return context != nullptr ? SetOrigin(context->state.windowOrg, x, y, previous) : FALSE;
+    return context ? SetOrigin(context->state.windowOrg, x, y, previous) : FALSE;
 }
 
 BOOL GetViewportOrgEx(HDC dc, POINT *out) {
     GdiLock lock;
     const DeviceContext *context = FindDC(dc);
-    if (context == nullptr || out == nullptr) return FALSE;
+    if (!context || !out) return FALSE;
     *out = context->state.viewportOrg;
     return TRUE;
 }
@@ -188,7 +188,7 @@ BOOL GetViewportOrgEx(HDC dc, POINT *out) {
 BOOL GetWindowOrgEx(HDC dc, POINT *out) {
     GdiLock lock;
     const DeviceContext *context = FindDC(dc);
-    if (context == nullptr || out == nullptr) return FALSE;
+    if (!context || !out) return FALSE;
     *out = context->state.windowOrg;
     return TRUE;
 }
@@ -196,7 +196,7 @@ BOOL GetWindowOrgEx(HDC dc, POINT *out) {
 int SetStretchBltMode(HDC dc, int mode) {
     GdiLock lock;
     DeviceContext *context = FindDC(dc);
-    if (context == nullptr || mode < BLACKONWHITE || mode > HALFTONE) return 0;
+    if (!context || mode < BLACKONWHITE || mode > HALFTONE) return 0;
     const int previous = context->state.stretchMode;
     context->state.stretchMode = mode;
     return previous;
@@ -205,7 +205,7 @@ int SetStretchBltMode(HDC dc, int mode) {
 int GetStretchBltMode(HDC dc) {
     GdiLock lock;
     const DeviceContext *context = FindDC(dc);
-    return context != nullptr ? context->state.stretchMode : 0;
+    return context ? context->state.stretchMode : 0;
 }
 
 BOOL GdiFlush(void) { return TRUE; }

@@ -6,7 +6,7 @@
 namespace lacquer::headless {
 
 bool ReadDibLayout(const BITMAPINFO *info, DibLayout &out) {
-    if (info == nullptr) return false;
+    if (!info) return false;
     const BITMAPINFOHEADER &header = info->bmiHeader;
     const WORD depth = header.biBitCount;
     if (header.biSize != sizeof(header) || header.biPlanes != 1 || header.biCompression != BI_RGB) return false;

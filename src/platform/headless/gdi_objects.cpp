@@ -7,7 +7,6 @@
 #include <type_traits>
 
 namespace lacquer::headless {
-
 namespace {
 
 constexpr uint32_t kIndexBits = 16;
@@ -23,7 +22,7 @@ struct Entry {
     uint32_t nextFree;
 };
 
-// Index 0 stays unused: it ends the list of free indices, and no handle is null.
+/// Index 0 stays unused: it ends the list of free indices, and no handle is null.
 struct Table {
     std::mutex mutex;
     Entry *entries = nullptr;
@@ -41,7 +40,7 @@ bool Grow() {
     if (table.capacity == kMaxEntries || table.hasEnded) return false;
     const uint32_t capacity = table.capacity == 0 ? kFirstEntries : table.capacity * 2;
     void *entries = std::realloc(table.entries, capacity * sizeof(Entry));
-    if (entries == nullptr) return false;
+    if (!entries) return false;
     table.entries = static_cast<Entry *>(entries);
     table.capacity = capacity;
     return true;
@@ -62,10 +61,10 @@ void *Add(DWORD kind, void *object) {
     return reinterpret_cast<void *>(uintptr_t{entry.generation} << kIndexBits | index);
 }
 
-template <typename T>
+template <class T>
 void *AddOwned(DWORD kind, std::unique_ptr<T> object) {
-    void *handle = object != nullptr ? Add(kind, object.get()) : nullptr;
-    if (handle != nullptr) object.release();
+    void *handle = object ? Add(kind, object.get()) : nullptr;
+    if (handle) static_cast<void>(object.release());
     return handle;
 }
 
@@ -74,16 +73,16 @@ Entry *FindEntry(const void *handle) {
     const auto index = static_cast<uint32_t>(value & (kMaxEntries - 1));
     if (index == 0 || index >= table.used) return nullptr;
     Entry &entry = table.entries[index];
-    return entry.object != nullptr && entry.generation == value >> kIndexBits ? &entry : nullptr;
+    return entry.object && entry.generation == value >> kIndexBits ? &entry : nullptr;
 }
 
-template <typename T>
+template <class T>
 T *Find(const void *handle, DWORD kind) {
     const Entry *entry = FindEntry(handle);
-    return entry != nullptr && entry->kind == kind ? static_cast<T *>(entry->object) : nullptr;
+    return entry && entry->kind == kind ? static_cast<T *>(entry->object) : nullptr;
 }
 
-// Frees the table, but not the callers' objects in it.
+/// Frees the table, but not the callers' objects in it.
 void Clear() {
     delete Find<Bitmap>(table.defaultBitmap, OBJ_BITMAP);
     std::free(table.entries);
@@ -94,7 +93,7 @@ void Clear() {
     table.firstFree = 0;
 }
 
-// The library's end. It waits for nobody: when the lock is held, the next one to hold it clears the table.
+/// The library's end. It waits for nobody: when the lock is held, the next one to hold it clears the table.
 struct TableEnd {
     ~TableEnd() {
         table.hasEnded = true;
@@ -129,7 +128,7 @@ Region *FindRegion(const void *handle) { return Find<Region>(handle, OBJ_REGION)
 
 DWORD KindOf(const void *handle) {
     const Entry *entry = FindEntry(handle);
-    return entry != nullptr ? entry->kind : 0;
+    return entry ? entry->kind : 0;
 }
 
 void DestroyObject(const void *handle) {
@@ -146,7 +145,7 @@ void DestroyObject(const void *handle) {
 }
 
 HBITMAP DefaultBitmap() {
-    if (table.defaultBitmap == nullptr) {
+    if (!table.defaultBitmap) {
         if (std::unique_ptr<Bitmap> bitmap = NewBitmap(1, 1, 1)) {
             bitmap->isDefault = true;
             table.defaultBitmap = AddBitmap(std::move(bitmap));

@@ -27,7 +27,7 @@ struct FreeDeleter {
     void operator()(void *block) const;
 };
 /// A block of malloc.
-template <typename T>
+template <class T>
 using MallocPtr = std::unique_ptr<T, FreeDeleter>;
 
 struct Bitmap {

@@ -25,7 +25,7 @@ Record *RecordOf(HGLOBAL block) {
 
 char *BytesOf(HGLOBAL block) { return static_cast<char *>(IsMoveable(block) ? RecordOf(block)->bytes : block); }
 
-// At least one byte, so that null means failure only.
+/// At least one byte, so that null means failure only.
 void *Resize(void *bytes, size_t size) { return std::realloc(bytes, size == 0 ? 1 : size); }
 
 HGLOBAL ResizeMoveable(HGLOBAL block, size_t size, UINT flags) {
@@ -34,7 +34,7 @@ HGLOBAL ResizeMoveable(HGLOBAL block, size_t size, UINT flags) {
     if (!mayMove && size > record.size) return nullptr;
     if (mayMove) {
         void *bytes = Resize(record.bytes, size);
-        if (bytes == nullptr) return nullptr;
+        if (!bytes) return nullptr;
         record.bytes = bytes;
     }
     return block;
@@ -44,7 +44,7 @@ HGLOBAL ResizeFixed(HGLOBAL block, size_t size, UINT flags) {
     Record *record = RecordOf(block);
     if ((flags & GMEM_MOVEABLE) == 0) return size <= record->size ? block : nullptr;
     auto *moved = static_cast<Record *>(std::realloc(record, sizeof(Record) + size));
-    return moved != nullptr ? moved + 1 : nullptr;
+    return moved ? moved + 1 : nullptr;
 }
 
 }  // namespace
@@ -53,11 +53,11 @@ HGLOBAL GlobalAlloc(UINT flags, size_t size) {
     if (size > kMaxSize) return nullptr;
     const bool isMoveable = (flags & GMEM_MOVEABLE) != 0;
     auto *record = static_cast<Record *>(std::malloc(sizeof(Record) + (isMoveable ? 0 : size)));
-    if (record == nullptr) return nullptr;
+    if (!record) return nullptr;
     *record = Record{size, 0, nullptr};
     if (isMoveable) {
         record->bytes = Resize(nullptr, size);
-        if (record->bytes == nullptr) {
+        if (!record->bytes) {
             std::free(record);
             return nullptr;
         }
@@ -68,30 +68,30 @@ HGLOBAL GlobalAlloc(UINT flags, size_t size) {
 }
 
 HGLOBAL GlobalReAlloc(HGLOBAL block, size_t size, UINT flags) {
-    if (block == nullptr || size > kMaxSize) return nullptr;
+    if (!block || size > kMaxSize) return nullptr;
     const size_t oldSize = RecordOf(block)->size;
     HGLOBAL resized = IsMoveable(block) ? ResizeMoveable(block, size, flags) : ResizeFixed(block, size, flags);
-    if (resized == nullptr) return nullptr;
+    if (!resized) return nullptr;
     RecordOf(resized)->size = size;
     if ((flags & GMEM_ZEROINIT) != 0 && size > oldSize) std::memset(BytesOf(resized) + oldSize, 0, size - oldSize);
     return resized;
 }
 
 void *GlobalLock(HGLOBAL block) {
-    if (block == nullptr) return nullptr;
+    if (!block) return nullptr;
     if (IsMoveable(block)) ++RecordOf(block)->locks;
     return BytesOf(block);
 }
 
 BOOL GlobalUnlock(HGLOBAL block) {
-    if (block == nullptr) return FALSE;
+    if (!block) return FALSE;
     if (!IsMoveable(block)) return TRUE;
     Record &record = *RecordOf(block);
     return record.locks > 0 && --record.locks > 0;
 }
 
 HGLOBAL GlobalFree(HGLOBAL block) {
-    if (block != nullptr) {
+    if (block) {
         Record *record = RecordOf(block);
         if (IsMoveable(block)) std::free(record->bytes);
         std::free(record);
@@ -99,4 +99,4 @@ HGLOBAL GlobalFree(HGLOBAL block) {
     return nullptr;
 }
 
-size_t GlobalSize(HGLOBAL block) { return block != nullptr ? RecordOf(block)->size : 0; }
+size_t GlobalSize(HGLOBAL block) { return block ? RecordOf(block)->size : 0; }

@@ -62,7 +62,7 @@ DWORD GetTickCount() {
 }
 
 BOOL GetVersionExW(OSVERSIONINFOW *info) {
-    if (info == nullptr || info->dwOSVersionInfoSize < sizeof(OSVERSIONINFOW)) return FALSE;
+    if (!info || info->dwOSVersionInfoSize < sizeof(OSVERSIONINFOW)) return FALSE;
     constexpr DWORD kPlatformNt = 2;
     *info = OSVERSIONINFOW{info->dwOSVersionInfoSize, 6, 2, 9200, kPlatformNt, {}};
     return TRUE;

@@ -2,10 +2,9 @@
 #include "platform/headless/pixel_view.h"
 
 namespace lacquer::headless {
-
 namespace {
 
-// Five bits to eight: the high bits fill the low ones.
+/// Five bits to eight: the high bits fill the low ones.
 constexpr uint32_t Widened(uint32_t five) { return five << 3 | five >> 2; }
 
 uint32_t TableColour(const RGBQUAD &entry) {

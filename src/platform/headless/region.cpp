@@ -5,7 +5,6 @@
 #include <utility>
 
 namespace lacquer::headless {
-
 namespace {
 
 // pixman's queries take a non-const region but do not write to it.

@@ -6,7 +6,6 @@
 #include "platform/headless/gdi_objects.h"
 
 namespace lacquer::headless {
-
 namespace {
 
 constexpr DWORD kDataHeaderSize = sizeof(RGNDATAHEADER);
@@ -22,28 +21,28 @@ using namespace lacquer::headless;
 
 HRGN CreateRectRgn(int left, int top, int right, int bottom) {
     std::unique_ptr<Region> region = NewRegion();
-    if (region == nullptr) return nullptr;
+    if (!region) return nullptr;
     region->SetRect(Ordered(RECT{left, top, right, bottom}));
     GdiLock lock;
     return AddRegion(std::move(region));
 }
 
 HRGN CreateRectRgnIndirect(const RECT *rect) {
-    return rect != nullptr ? CreateRectRgn(rect->left, rect->top, rect->right, rect->bottom) : nullptr;
+    return rect ? CreateRectRgn(rect->left, rect->top, rect->right, rect->bottom) : nullptr;
 }
 
 HRGN ExtCreateRegion(const void *transform, DWORD size, const RGNDATA *data) {
-    if (transform != nullptr || data == nullptr || size < kDataHeaderSize) return nullptr;
+    if (transform || !data || size < kDataHeaderSize) return nullptr;
     const RGNDATAHEADER &header = data->rdh;
     if (header.dwSize != kDataHeaderSize || header.iType != RDH_RECTANGLES) return nullptr;
     if (header.nCount > (size - kDataHeaderSize) / sizeof(RECT) || header.nCount > INT32_MAX) return nullptr;
     std::unique_ptr<Region> region = NewRegion();
-    if (region == nullptr) return nullptr;
+    if (!region) return nullptr;
     if (header.nCount > 0) {
         // The caller's buffer need not be aligned for boxes.
         MallocPtr<pixman_box32_t> boxes(
             static_cast<pixman_box32_t *>(std::malloc(header.nCount * sizeof(pixman_box32_t))));
-        if (boxes == nullptr) return nullptr;
+        if (!boxes) return nullptr;
         std::memcpy(boxes.get(), data->Buffer, header.nCount * sizeof(pixman_box32_t));
         if (!region->SetBoxes(boxes.get(), static_cast<int>(header.nCount))) return nullptr;
     }
@@ -54,7 +53,7 @@ HRGN ExtCreateRegion(const void *transform, DWORD size, const RGNDATA *data) {
 BOOL SetRectRgn(HRGN region, int left, int top, int right, int bottom) {
     GdiLock lock;
     Region *target = FindRegion(region);
-    if (target == nullptr) return FALSE;
+    if (!target) return FALSE;
     target->SetRect(Ordered(RECT{left, top, right, bottom}));
     return TRUE;
 }
@@ -63,22 +62,22 @@ int CombineRgn(HRGN dest, HRGN source1, HRGN source2, int mode) {
     GdiLock lock;
     Region *target = FindRegion(dest);
     const Region *first = FindRegion(source1);
-    if (target == nullptr || first == nullptr) return ERROR;
+    if (!target || !first) return ERROR;
     if (mode == RGN_COPY) return target->Copy(*first) ? target->Kind() : ERROR;
     const Region *second = FindRegion(source2);
-    return second != nullptr && target->Combine(*first, *second, mode) ? target->Kind() : ERROR;
+    return second && target->Combine(*first, *second, mode) ? target->Kind() : ERROR;
 }
 
 DWORD GetRegionData(HRGN region, DWORD size, RGNDATA *out) {
     GdiLock lock;
     const Region *source = FindRegion(region);
-    if (source == nullptr) return 0;
+    if (!source) return 0;
     int count = 0;
     const pixman_box32_t *boxes = source->Boxes(count);
     const size_t boxBytes = static_cast<size_t>(count) * sizeof(RECT);
     const size_t needed = kDataHeaderSize + boxBytes;
     if (needed > UINT32_MAX) return 0;
-    if (out == nullptr) return static_cast<DWORD>(needed);
+    if (!out) return static_cast<DWORD>(needed);
     if (size < needed) return 0;
     const RGNDATAHEADER header{kDataHeaderSize, RDH_RECTANGLES, static_cast<DWORD>(count), static_cast<DWORD>(boxBytes),
                                source->Bounds()};
@@ -90,7 +89,7 @@ DWORD GetRegionData(HRGN region, DWORD size, RGNDATA *out) {
 int GetRgnBox(HRGN region, RECT *out) {
     GdiLock lock;
     const Region *source = FindRegion(region);
-    if (source == nullptr || out == nullptr) return ERROR;
+    if (!source || !out) return ERROR;
     *out = source->Bounds();
     return source->Kind();
 }
@@ -99,23 +98,23 @@ BOOL EqualRgn(HRGN first, HRGN second) {
     GdiLock lock;
     const Region *a = FindRegion(first);
     const Region *b = FindRegion(second);
-    return a != nullptr && b != nullptr && a->Equals(*b);
+    return a && b && a->Equals(*b);
 }
 
 int OffsetRgn(HRGN region, int x, int y) {
     GdiLock lock;
     Region *target = FindRegion(region);
-    return target != nullptr && target->Offset(x, y) ? target->Kind() : ERROR;
+    return target && target->Offset(x, y) ? target->Kind() : ERROR;
 }
 
 BOOL PtInRegion(HRGN region, int x, int y) {
     GdiLock lock;
     const Region *source = FindRegion(region);
-    return source != nullptr && source->Contains(x, y);
+    return source && source->Contains(x, y);
 }
 
 BOOL RectInRegion(HRGN region, const RECT *rect) {
     GdiLock lock;
     const Region *source = FindRegion(region);
-    return source != nullptr && rect != nullptr && source->Touches(Ordered(*rect));
+    return source && rect && source->Touches(Ordered(*rect));
 }

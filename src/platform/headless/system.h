@@ -95,15 +95,13 @@ BOOL SetRectEmpty(RECT *rect);
 BOOL CopyRect(RECT *dest, const RECT *source);
 
 inline BOOL EqualRect(const RECT *first, const RECT *second) {
-    if (first == nullptr || second == nullptr) return FALSE;
+    if (!first || !second) return FALSE;
     return first->left == second->left && first->top == second->top && first->right == second->right &&
            first->bottom == second->bottom;
 }
 
 /// True when the right or bottom edge is not beyond the left or top one, and for null.
-inline BOOL IsRectEmpty(const RECT *rect) {
-    return rect == nullptr || rect->left >= rect->right || rect->top >= rect->bottom;
-}
+inline BOOL IsRectEmpty(const RECT *rect) { return !rect || rect->left >= rect->right || rect->top >= rect->bottom; }
 
 /// Both wrap around at the ends of the range.
 BOOL OffsetRect(RECT *rect, int x, int y);
@@ -111,7 +109,7 @@ BOOL InflateRect(RECT *rect, int x, int y);
 
 /// The common part; (0, 0, 0, 0) and result 0 when there is none.
 inline BOOL IntersectRect(RECT *dest, const RECT *first, const RECT *second) {
-    if (dest == nullptr || first == nullptr || second == nullptr) return FALSE;
+    if (!dest || !first || !second) return FALSE;
     const RECT common{std::max(first->left, second->left), std::max(first->top, second->top),
                       std::min(first->right, second->right), std::min(first->bottom, second->bottom)};
     // When one of the two is empty, so is the common part.

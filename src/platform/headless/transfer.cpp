@@ -4,16 +4,15 @@
 #include <cstdlib>
 
 namespace lacquer::headless {
-
 namespace {
 
 constexpr uint32_t kWhite = 0xFFFFFF;
 
-// A quotient rounded to the nearest.
+/// A quotient rounded to the nearest.
 constexpr uint32_t Over255(uint32_t product) { return (product + 127) / 255; }
 
-// The sums of channels that are not premultiplied can pass 255. They are joined with OR, so that such a sum sets the
-// lowest bit of the channel above it, as GDI has it.
+/// The sums of channels that are not premultiplied can pass 255. They are joined with OR, so that such a sum sets the
+/// lowest bit of the channel above it, as GDI has it.
 uint32_t Blended(uint32_t source, uint32_t dest, const TransferMode &mode) {
     const uint32_t constant = mode.constantAlpha;
     const uint32_t remaining = 255 - Over255((source >> 24) * constant);
@@ -28,7 +27,7 @@ uint32_t Blended(uint32_t source, uint32_t dest, const TransferMode &mode) {
     return result;
 }
 
-// Turns raw source values into raw destination values. Runs of equal values are converted once.
+/// Turns raw source values into raw destination values. Runs of equal values are converted once.
 class Converter {
 public:
     Converter(const PixelView &source, const PixelView &dest, bool whiteIsOne)
@@ -61,16 +60,16 @@ private:
     uint32_t lastResult_ = 0;
 };
 
-// The raw source value of one destination pixel.
+/// The raw source value of one destination pixel.
 uint32_t Gather(const PixelView &source, const SourceSpan &columns, const SourceSpan &rows, Merge merge) {
     // Down a column the first row of the span is kept, along a row its last pixel.
-    if (merge == Merge::kPickOne) return LoadRaw(source, source.Row(rows.first), columns.last);
-    uint32_t result = merge == Merge::kAnd ? ~0u : 0;
+    if (merge == Merge::PickOne) return LoadRaw(source, source.Row(rows.first), columns.last);
+    uint32_t result = merge == Merge::And ? ~0u : 0;
     for (LONG y = rows.low; y <= rows.high; ++y) {
         const uint8_t *row = source.Row(y);
         for (LONG x = columns.low; x <= columns.high; ++x) {
             const uint32_t raw = LoadRaw(source, row, x);
-            result = merge == Merge::kAnd ? result & raw : result | raw;
+            result = merge == Merge::And ? result & raw : result | raw;
         }
     }
     return result;
@@ -83,14 +82,14 @@ public:
 
     // False when memory is short.
     bool Run(const pixman_box32_t &box, const StretchAxis &x, const StretchAxis &y) {
-        const bool takesSingleRows = mode_.merge == Merge::kPickOne || y.IsPlainCopy();
+        const bool takesSingleRows = mode_.merge == Merge::PickOne || y.IsPlainCopy();
         if (x.IsPlainCopy() && takesSingleRows && convert_.IsIdentity() && !mode_.blends && dest_.bitsPerPixel >= 8) {
             CopyRows(box, x, y);
             return true;
         }
         const auto width = static_cast<size_t>(box.x2 - box.x1);
         MallocPtr<SourceSpan> columns(static_cast<SourceSpan *>(std::malloc(width * sizeof(SourceSpan))));
-        if (columns == nullptr) return false;
+        if (!columns) return false;
         for (size_t i = 0; i < width; ++i) {
             columns.get()[i] = x.SpanOf(box.x1 + static_cast<LONG>(i), source_.width);
         }
@@ -138,8 +137,8 @@ private:
     Converter convert_;
 };
 
-// Replaces `view` by a copy of those rows of it that destination rows top ... bottom - 1 take pixels from. The copy
-// belongs to `storage`. False when memory is short.
+/// Replaces `view` by a copy of those rows of it that destination rows top ... bottom - 1 take pixels from. The copy
+/// belongs to `storage`. False when memory is short.
 bool Detach(PixelView &view, const StretchAxis &y, LONG top, LONG bottom, MallocPtr<uint8_t> &storage) {
     LONG low = view.height;
     LONG high = -1;
@@ -151,9 +150,9 @@ bool Detach(PixelView &view, const StretchAxis &y, LONG top, LONG bottom, Malloc
     }
     if (low > high) return true;
     const auto stride = static_cast<size_t>(view.step < 0 ? -view.step : view.step);
-    const auto count = static_cast<size_t>(high - low + 1);
+    const auto count = static_cast<size_t>(high - low) + 1;
     storage.reset(static_cast<uint8_t *>(std::malloc(count * stride)));
-    if (storage == nullptr) return false;
+    if (!storage) return false;
     for (LONG row = low; row <= high; ++row) {
         std::memcpy(storage.get() + static_cast<size_t>(row - low) * stride, view.Row(row), stride);
     }

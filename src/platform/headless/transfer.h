@@ -7,10 +7,10 @@
 namespace lacquer::headless {
 
 /// What becomes of several source pixels that fall together on one destination pixel.
-enum class Merge { kPickOne, kAnd, kOr };
+enum class Merge { PickOne, And, Or };
 
 struct TransferMode {
-    Merge merge = Merge::kPickOne;
+    Merge merge = Merge::PickOne;
     /// On the way to one bit per pixel the source's value for white becomes 1 and every other 0; otherwise the nearest.
     bool whiteIsOne = false;
     bool blends = false;

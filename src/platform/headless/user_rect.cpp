@@ -15,7 +15,7 @@ LONG WrappedDifference(LONG a, LONG b) {
 }  // namespace
 
 BOOL SetRect(RECT *rect, int left, int top, int right, int bottom) {
-    if (rect == nullptr) return FALSE;
+    if (!rect) return FALSE;
     *rect = RECT{left, top, right, bottom};
     return TRUE;
 }
@@ -23,27 +23,27 @@ BOOL SetRect(RECT *rect, int left, int top, int right, int bottom) {
 BOOL SetRectEmpty(RECT *rect) { return SetRect(rect, 0, 0, 0, 0); }
 
 BOOL CopyRect(RECT *dest, const RECT *source) {
-    if (dest == nullptr || source == nullptr) return FALSE;
+    if (!dest || !source) return FALSE;
     *dest = *source;
     return TRUE;
 }
 
 BOOL OffsetRect(RECT *rect, int x, int y) {
-    if (rect == nullptr) return FALSE;
+    if (!rect) return FALSE;
     *rect = RECT{WrappedSum(rect->left, x), WrappedSum(rect->top, y), WrappedSum(rect->right, x),
                  WrappedSum(rect->bottom, y)};
     return TRUE;
 }
 
 BOOL InflateRect(RECT *rect, int x, int y) {
-    if (rect == nullptr) return FALSE;
+    if (!rect) return FALSE;
     *rect = RECT{WrappedDifference(rect->left, x), WrappedDifference(rect->top, y), WrappedSum(rect->right, x),
                  WrappedSum(rect->bottom, y)};
     return TRUE;
 }
 
 BOOL UnionRect(RECT *dest, const RECT *first, const RECT *second) {
-    if (dest == nullptr) return FALSE;
+    if (!dest) return FALSE;
     if (IsRectEmpty(first)) {
         *dest = IsRectEmpty(second) ? RECT{} : *second;
     } else if (IsRectEmpty(second)) {
@@ -56,6 +56,5 @@ BOOL UnionRect(RECT *dest, const RECT *first, const RECT *second) {
 }
 
 BOOL PtInRect(const RECT *rect, POINT point) {
-    return rect != nullptr && point.x >= rect->left && point.x < rect->right && point.y >= rect->top &&
-           point.y < rect->bottom;
+    return rect && point.x >= rect->left && point.x < rect->right && point.y >= rect->top && point.y < rect->bottom;
 }

@@ -5,17 +5,17 @@
  *
  * - Results: 1 for done and 0 for refused, or an object that is null on failure. A null object, a null pointer where a
  *   record is required, a number that is infinite or not a number, and a value outside its table are refused: the
- * result is 0, nothing is drawn or changed, and the object works on as before. Nothing is thrown or printed.
+ *   result is 0, nothing is drawn or changed, and the object works on as before. Nothing is thrown or printed.
  *
  * - Coordinates are pixels, x to the right and y down; the canvas's translation is added to them. Pixel (0, 0) is the
  *   square between (0, 0) and (1, 1). Angles are degrees, clockwise on screen from the positive x axis; those of an
  *   ellipse count on the circle that it is stretched from.
  *
- * - Limits: shapes, paths, strokes and gradients may reach as far as floats do. What is seen of them is drawn: straight
- *   lines where they are; curves, and the dashes of a stroke, to about 2^-50 of the largest coordinate or length. Refused
- *   is a stroke width, dash length, text size or animation side of more than 32767 pixels; a stroke of which more than
- *   10,000 dashes would be seen; and a glyph or an animation that, after the translation, lies more than 1,000,000
- *   pixels from the origin. Drawing reaches the first 32767 columns and rows of a bitmap.
+ * - Limits: shapes, paths, strokes and gradients may reach as far as floats do. What is seen of them is drawn:
+ *   straight lines where they are; curves, and the dashes of a stroke, to about 2^-50 of the largest coordinate or
+ *   length. Refused is a stroke width, dash length, text size or animation side of more than 32767 pixels; a stroke
+ *   of which more than 10,000 dashes would be seen; and a glyph or an animation that, after the translation, lies
+ *   more than 1,000,000 pixels from the origin. Drawing reaches the first 32767 columns and rows of a bitmap.
  *
  * - Colours are straight 0xAARRGGBB. Pixels are premultiplied words 0xAARRGGBB, in memory blue, green, red, alpha.
  *
@@ -29,7 +29,7 @@
 #ifdef _WIN32
 #include <windows.h>
 #else
-#include <lacquer/win32_types.h>
+#include <velgraphic/win32_types.h>
 #endif
 #include <stddef.h>
 
@@ -139,8 +139,7 @@ enum { VEL_FONT_BOLD = 0x1, VEL_FONT_ITALIC = 0x2, VEL_FONT_UNDERLINE = 0x4, VEL
 extern "C" {
 #endif
 
-/* ---- Canvases and bitmaps -----------------------------------------------------------------------------------------
- */
+/* ---- Canvases and bitmaps -------------------------------------------------------------------------------------- */
 
 /* A canvas without a bitmap, in the initial state: fill with opaque black, source over, blend value 255, smooth, stroke
  * width 1, butt caps, miter joins, solid, no gradient, no font, text size 16, no translation, nothing clipped. */
@@ -166,8 +165,7 @@ VELGRAPHIC_API int velCanvasLockBits(velCanvas *canvas, const RECT *reserved, ve
 /* Ends the use of what velCanvasLockBits described. 0 when there is no bitmap. */
 VELGRAPHIC_API int velCanvasUnlockBits(velCanvas *canvas, const RECT *reserved);
 
-/* ---- State --------------------------------------------------------------------------------------------------------
- */
+/* ---- State ----------------------------------------------------------------------------------------------------- */
 
 /* Puts the state (everything set by the functions of this section, clip and translation included) on the canvas's
  * stack. 0 when memory is short. */
@@ -258,8 +256,7 @@ VELGRAPHIC_API int velCanvasDrawColor(velCanvas *canvas, DWORD colour);
 
 VELGRAPHIC_API int velCanvasDrawPath(velCanvas *canvas, velPath *path);
 
-/* ---- Text ---------------------------------------------------------------------------------------------------------
- */
+/* ---- Text ------------------------------------------------------------------------------------------------------ */
 
 /* Fills the outlines of `count` glyphs, in the colour or the gradient of the style. Glyphs are the font's own indices;
  * their positions are the origins on the baseline. A glyph that the font lacks draws nothing. 0 when there is no such

@@ -247,12 +247,12 @@ LACQUER_API int GetBitmapBitsPixel(HGBITMAP bitmap, BYTE *out);
  * whenever both handles are bitmaps. */
 LACQUER_API int CopyBitmap(HGBITMAP dest, const RECT *destRect, HGBITMAP source, const RECT *sourceRect);
 
-/* A new 32-bit bitmap of the given size, resampled with `kernelMode` (0 nearest, 4 bicubic, 5 area, else bilinear), in
- * the same kind of storage and with the same filter word. Result: its handle, 0 on failure. */
+/* A new 32-bit bitmap of the given size, resampled with `kernelMode` (LACQUER_NEAREST ... LACQUER_AREA), in the same
+ * kind of storage and with the same filter word. Result: its handle, 0 on failure. */
 LACQUER_API HGBITMAP ResizeBitmap(HGBITMAP bitmap, DWORD width, DWORD height, DWORD kernelMode);
 
 /* A new bitmap of the same depth, turned or mirrored by `code` (LACQUER_ROTATE_90 ... LACQUER_TRANSVERSE). RotateBitmap
- * takes the codes 1 to 3 and FlipBitmap 4 and 5 only. Result: its handle, 0 for other codes and on failure. */
+ * takes the rotations and FlipBitmap the two flips only. Result: its handle, 0 for other codes and on failure. */
 LACQUER_API HGBITMAP TransformBitmap(HGBITMAP bitmap, DWORD code);
 LACQUER_API HGBITMAP RotateBitmap(HGBITMAP bitmap, int code);
 LACQUER_API HGBITMAP FlipBitmap(HGBITMAP bitmap, DWORD code);

@@ -1,24 +1,12 @@
-/* The Win32 names that the interface of Lacquer uses, for systems without <windows.h>. Sizes are those of 64-bit
- * Windows. */
+/* The Win32 names in the interface of Lacquer, for systems without <windows.h>: those of its companion and more. */
 #ifndef LACQUER_WIN32_TYPES_H
 #define LACQUER_WIN32_TYPES_H
 
 #include <stdint.h>
-#ifndef __cplusplus
-#include <uchar.h>
-#endif
+#include <velgraphic/win32_types.h>
 
 typedef uint8_t BYTE;
-typedef uint16_t WORD;
-typedef uint32_t DWORD;
-typedef int32_t LONG;
 typedef int BOOL;
-typedef char16_t WCHAR;
-
-/* A rectangle; right and bottom are exclusive. */
-typedef struct tagRECT {
-    LONG left, top, right, bottom;
-} RECT;
 
 typedef struct tagPOINT {
     LONG x, y;
