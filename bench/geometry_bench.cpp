@@ -1,8 +1,11 @@
-// Geometric rectangles and shadows: rectangles against cairo's, shadows against blurs of a mask, both where these are
-// installed, and a large shadow against a fill of the whole canvas.
+// Geometric rectangles and shadows: rectangles against cairo's and plain memory, shadows against blurs of a mask, where
+// these are installed, and large shadows and rings against a fill of the whole canvas.
 
 #include <benchmark/benchmark.h>
 #include <lacquer/lacquer.h>
+
+#include <cstring>
+#include <vector>
 
 #include "ratio.h"
 #ifdef LACQUER_BENCH_CAIRO
@@ -35,6 +38,21 @@ public:
 ShadowStyle MakeShadow(float blur, float radius, DWORD flags) {
     return {0x60000000, 0, 0, blur, 0, {radius, radius, radius, radius}, 1, flags};
 }
+
+/// An opaque rectangle beside a memset of its rows: no fill of so much memory takes less.
+void LargeRoundRectAgainstMemory(benchmark::State &state) {
+    constexpr LONG kWidth = 1024, kHeight = 768, kStride = kWidth + 20;
+    const Ground ground(kStride, kHeight + 20);
+    const RECT rect = {10, 10, 10 + kWidth, 10 + kHeight};
+    std::vector<DWORD> memory(static_cast<size_t>(kStride) * (kHeight + 20));
+    MeasureAgainst(
+        state, [&] { GeoRoundRect(ground.canvas, &rect, 0xFF000000, 0xFF3060C0, 1, 8); },
+        [&] {
+            for (LONG y = rect.top; y < rect.bottom; ++y)
+                std::memset(&memory[static_cast<size_t>(y * kStride + 10)], 1, kWidth * 4);
+        });
+}
+BENCHMARK(LargeRoundRectAgainstMemory)->UseManualTime();
 
 #ifdef LACQUER_BENCH_CAIRO
 
@@ -122,6 +140,20 @@ void LargeShadowAgainstFill(benchmark::State &state) {
         state, [&] { DrawShadows(ground.canvas, &rect, &shadow, 1); },
         [&] { FillSolidRect(ground.canvas, 0x60000000, &ground.all); });
 }
-BENCHMARK(LargeShadowAgainstFill)->Arg(0)->Arg(12)->Arg(100)->UseManualTime();
+BENCHMARK(LargeShadowAgainstFill)->Arg(0)->Arg(12)->Arg(40)->Arg(100)->Arg(300)->Arg(880)->UseManualTime();
+
+/// A ring that nearly fills the canvas. The arguments are its width and its radius.
+void LargeRingAgainstFill(benchmark::State &state) {
+    const Ground ground(3840, 2160);
+    const GeoRect rect = {10, 10, 3800, 2100};
+    MeasureAgainst(
+        state,
+        [&] {
+            GeoRectFocusEx(ground.canvas, &rect, 0xFF000000, static_cast<float>(state.range(0)),
+                           static_cast<float>(state.range(1)), 3, 2);
+        },
+        [&] { FillSolidRect(ground.canvas, 0x60000000, &ground.all); });
+}
+BENCHMARK(LargeRingAgainstFill)->Args({2, 8})->Args({1000, 0})->Args({1000, 900})->UseManualTime();
 
 }  // namespace

@@ -124,7 +124,10 @@ TEST(GeoRectangles, OfWholePixelsAreFills) {
         const TestCanvas drawn(CanvasKind::Memory, 24, 20, 3), same(CanvasKind::Memory, 24, 20, 3),
             expected(CanvasKind::Memory, 24, 20, 3), fractions(CanvasKind::Memory, 24, 20, 3);
         EXPECT_EQ(1, GeoRectangle(drawn, &rect, kBorder, kFill, width));
-        EXPECT_EQ(1, GeoRoundRect(same, &rect, kBorder, kFill, width, -7));
+        // The origins are added in 64 bits.
+        const RECT far = Moved(rect, -INT32_MAX, -INT32_MAX);
+        SetViewportOrg(same, INT32_MAX, INT32_MAX, nullptr);
+        EXPECT_EQ(1, GeoRoundRect(same, &far, kBorder, kFill, width, -7));
         const GeoRect geoRect{3, 4, 20, 15};
         const GeoStyle style{kBorder, kFill, static_cast<float>(width), {kNaN, 5, kInfinity, 5}};
         EXPECT_EQ(1, GeoRectangleEx(fractions, &geoRect, &style, kOver)) << "it has no radii, whatever the style says";
@@ -193,34 +196,96 @@ TEST(GeoRectangles, RoundHalvesUpAndIgnoreWhatIsNoNumber) {
     EXPECT_EQ(std::vector<uint32_t>(64, 0xFF123456), canvas.Pixels().pixels);
 }
 
-uint64_t DigestOf(const Picture &picture) {
-    uint64_t digest = 0xCBF29CE484222325;
-    for (const uint32_t pixel : picture.pixels) digest = (digest ^ pixel) * 0x100000001B3;
-    return digest;
-}
+/// A ring's dashes by the nearest point of its centre line.
+class ModelRing {
+public:
+    ModelRing(const ModelShape &shape, double width, double dash, double gap)
+        : shape_(shape), inner_(shape.Grown(-width)) {
+        const double radius = std::max(0.0, shape.radii[0] - width / 2);
+        line_ = {shape.left + width / 2, shape.top + width / 2, shape.right - width / 2, shape.bottom - width / 2, {}};
+        radius_ = radius;
+        across_ = line_.right - line_.left - 2 * radius;
+        down_ = line_.bottom - line_.top - 2 * radius;
+        arc_ = radius * std::acos(0.0);
+        length_ = 2 * (across_ + down_) + 4 * arc_;
+        const double count = std::max(1.0, std::floor(length_ / (dash + gap) + 0.5));
+        period_ = length_ / count;
+        dash_ = dash == 0 || gap == 0 ? 2 * period_ : period_ * dash / (dash + gap);
+    }
+
+    double AreaIn(LONG x, LONG y) const {
+        if (shape_.AreaIn(x, y) <= (inner_.IsEmpty() ? 0 : inner_.AreaIn(x, y))) return 0;
+        int hits = 0;
+        for (int i = 0; i < kPoints; ++i) {
+            hits += IsPainted(x + (i + 0.5) / kPoints, y + (i * kPointStep % kPoints + 0.5) / kPoints);
+        }
+        return hits / static_cast<double>(kPoints);
+    }
+
+private:
+    static bool IsIn(const ModelShape &shape, double x, double y) {
+        if (shape.IsEmpty()) return false;
+        const auto [from, to] = shape.At(y);
+        return y > shape.top && y < shape.bottom && x > from && x < to;
+    }
+
+    bool IsPainted(double x, double y) const {
+        if (!IsIn(shape_, x, y) || IsIn(inner_, x, y)) return false;
+        const double into = PlaceOf(x, y) + dash_ / 2;
+        return into - period_ * std::floor(into / period_) < dash_;
+    }
+
+    /// The place of the nearest point, from the middle of the top left arc, clockwise.
+    double PlaceOf(double x, double y) const {
+        const double left = line_.left + radius_, top = line_.top + radius_;
+        const double right = line_.right - radius_, bottom = line_.bottom - radius_;
+        const double starts[] = {arc_ / 2, arc_ * 1.5 + across_, arc_ * 2.5 + across_ + down_,
+                                 arc_ * 3.5 + 2 * across_ + down_};
+        if (x < left && y < top) return std::atan2(top - y, left - x) * radius_ - arc_ / 2;
+        if (x > right && y < top) return starts[1] - arc_ + std::atan2(x - right, top - y) * radius_;
+        if (x > right && y > bottom) return starts[2] - arc_ + std::atan2(y - bottom, x - right) * radius_;
+        if (x < left && y > bottom) return starts[3] - arc_ + std::atan2(left - x, y - bottom) * radius_;
+        const double along[] = {x - left, y - top, right - x, bottom - y};
+        const double across[] = {y - line_.top, x - line_.right, y - line_.bottom, x - line_.left};
+        double place = 0, nearest = 1e9;
+        for (int side = 0; side < 4; ++side) {
+            const double foot = std::clamp(along[side], 0.0, side % 2 == 0 ? across_ : down_);
+            const double distance = std::hypot(across[side], along[side] - foot);
+            if (distance < nearest) {
+                nearest = distance;
+                place = starts[side] + foot;
+            }
+        }
+        return place;
+    }
+
+    ModelShape shape_, inner_, line_{};
+    double radius_, across_, down_, arc_, length_, period_, dash_;
+};
 
 TEST(FocusRings, CoverTheirDashes) {
     struct Case {
         GeoRect rect;
         float width, radius, dash, gap;
-        uint64_t digest;
     };
-    // The covers were within four levels of areas that were counted point by point when the digests were taken.
-    const Case cases[] = {{{1, 1, 23, 19}, 2, 4, 3, 2, 0x71F275D05BAB9099},
-                          {{1.5f, 2.25f, 22.75f, 18.5f}, 1.5f, 0, 2, 2, 0x16FC5A8E3494EEC9},
-                          {{2, 2, 22, 20}, 5, 3, 4, 3, 0xAF5CB1062B09B607},
-                          {{1, 1, 19, 23}, 6, 1, 2.5f, 1.5f, 0x4ED32EA637A7B9F1},
-                          {{2, 1, 20, 19}, 9, 100, 0.3f, 0.2f, 0xD7D7E20BE461FE5E},
-                          {{1, 1, 23, 19}, 2, 5, 1000, 1, 0xBEFE929E18753F9B},
-                          {{1.25f, 1, 21, 20}, 3, 9, 5, 1, 0x1B53CFF2B5E7C0C3},
-                          {{-30.5f, 1, 23, 90}, 9, 30, 7, 4, 0xA98B710D5C25B4B7},
-                          {{-42, -40, 400, 400}, 60, 150, 7, 4, 0xC86EB0BD4D5EEA82},
-                          {{-140, 1, 400, 300}, 60, 150, 0.3f, 0.2f, 0x381F3AC220563878}};
+    const Case cases[] = {{{1, 1, 23, 19}, 2, 4, 3, 2},          {{1.5f, 2.25f, 22.75f, 18.5f}, 1.5f, 0, 2, 2},
+                          {{2, 2, 22, 20}, 5, 3, 4, 3},          {{1, 1, 19, 23}, 6, 1, 2.5f, 1.5f},
+                          {{2, 1, 20, 19}, 9, 100, 0.3f, 0.2f},  {{1, 1, 23, 19}, 2, 5, 1000, 1},
+                          {{1.25f, 1, 21, 20}, 3, 9, 5, 1},      {{-30.5f, 1, 23, 90}, 9, 30, 7, 4},
+                          {{1, 2, 10, 8}, 1, 0, 2, 2},           {{1, 1, 9, 9}, 1, 0, 40, 20},
+                          {{-42, -40, 400, 400}, 60, 150, 7, 4}, {{-140, 1, 400, 300}, 60, 150, 0.3f, 0.2f}};
     for (const Case &c : cases) {
+        SCOPED_TRACE(&c - cases);
         const Picture covers = CoversOf(24, 24, [&](HGCANVAS canvas, DWORD colour) {
             EXPECT_EQ(1, GeoRectFocusEx(canvas, &c.rect, colour, c.width, c.radius, c.dash, c.gap));
         });
-        EXPECT_EQ(c.digest, DigestOf(covers)) << "case " << &c - cases;
+        const ModelShape shape = ShapeOf(c.rect, {c.radius, c.radius, c.radius, c.radius});
+        const double width =
+            std::min(Rounded(c.width), std::min(shape.right - shape.left, shape.bottom - shape.top) / 2);
+        const ModelRing ring(shape, width, Rounded(c.dash), Rounded(c.gap));
+        ForEachPixel(covers, [&](LONG x, LONG y) {
+            EXPECT_NEAR(255 * ring.AreaIn(x, y), covers.At(x, y), 4) << x << ", " << y;
+        });
     }
     // Of one pixel they are crisp dots. This ring is 26 pixels long, so that they close.
     const GeoRect rect{1, 2, 10, 8};
@@ -251,6 +316,30 @@ TEST(FocusRings, WithoutGapsAreBorders) {
     }
 }
 
+TEST(GeoRectangles, LeaveCanvasesAloneThatTheyCannotPaint) {
+    const Dib dib(16, 12, 24);
+    const MemoryDC dc(dib.Handle());
+    const OwnedCanvas canvas(CreateCanvasFromDC(dc));
+    FillWithNoise(dib.View(), 1);
+    const std::vector<uint32_t> before = PixelsOf(dib.View());
+    const OwnedCanvas without(CreateCanvasFromDC(nullptr));
+    const RECT rect{2, 2, 12, 9};
+    const GeoRect ring{2, 2, 12, 9}, nowhere{kNaN, 0, 0, 0};
+    const GeoStyle style{0xFF000000, 0xFF123456, 1, {2, 2, 2, 2}};
+    const ShadowStyle shadow{0xFF000000, 0, 0, 4, 0, {}, 1, LACQUER_SHADOW_FILLED};
+    for (const HGCANVAS target : {HGCANVAS(canvas), HGCANVAS(without), HGCANVAS{}}) {
+        // A wrong handle is found whatever there is to draw.
+        const int result = target != HGCANVAS{};
+        for (const GeoRect &any : {ring, nowhere}) {
+            EXPECT_EQ(result, GeoRoundRectEx(target, &any, &style, kOver));
+            EXPECT_EQ(result, GeoRectFocusEx(target, &any, 0xFF000000, 1, 0, 1, 1));
+        }
+        EXPECT_EQ(result, GeoRoundRect(target, &rect, 0xFF000000, 0xFF123456, 1, 2));
+        EXPECT_EQ(result, DrawShadows(target, &rect, &shadow, 1));
+    }
+    GdiFlush();
+    EXPECT_EQ(before, PixelsOf(dib.View()));
+}
 /// The dashes of a ring begin in one corner, so that its mirror images differ.
 TEST(FocusRings, AreTheSameUnderEveryClipAndMove) {
     Random random(4);

@@ -42,9 +42,9 @@ struct Covers {
         for (int i = 0; i < count; ++i) border[i] = BorderOf(border[i], inner[i]);
     }
 
-    void Mirror(int count) {
-        std::reverse(inner, inner + count);
-        std::reverse(border, border + count);
+    void Mirror(const Covers &other, int count) {
+        std::reverse_copy(other.inner, other.inner + count, inner);
+        std::reverse_copy(other.border, other.border + count, border);
     }
 };
 
@@ -115,21 +115,19 @@ bool ShapePainter::PaintEnds(const CoverRow &outer, const CoverRow &inner, int64
     const BYTE inside = hasInside ? inner.flat : BYTE{0}, border = BorderOf(outer.flat, inside);
     const int64_t images[] = {y, mirrored};
     const std::span rows(images, mirrored == y ? 1 : 2);
-    Covers covers;
-    covers.Compute(outer, inner, outer.begin, static_cast<int>(left));
-    for (const int64_t row : rows) {
-        if (!IsVisibleRow(row)) continue;
-        painter_.Covered(outer.begin, static_cast<int>(left), row, row + 1, covers.inner, covers.border);
-        painter_.Evenly(leftEnd, rightBegin, row, row + 1, inside, border);
-    }
+    const int leftCount = static_cast<int>(left), rightCount = static_cast<int>(right);
+    Covers atLeft, atRight;
+    atLeft.Compute(outer, inner, outer.begin, leftCount);
     if (isMirror) {
-        covers.Mirror(static_cast<int>(left));
+        atRight.Mirror(atLeft, leftCount);
     } else {
-        covers.Compute(outer, inner, rightBegin, static_cast<int>(right));
+        atRight.Compute(outer, inner, rightBegin, rightCount);
     }
     for (const int64_t row : rows) {
         if (!IsVisibleRow(row)) continue;
-        painter_.Covered(rightBegin, static_cast<int>(right), row, row + 1, covers.inner, covers.border);
+        painter_.Evenly(leftEnd, rightBegin, row, row + 1, inside, border);
+        painter_.Covered(outer.begin, leftCount, row, row + 1, atLeft.inner, atLeft.border);
+        painter_.Covered(rightBegin, rightCount, row, row + 1, atRight.inner, atRight.border);
     }
     return true;
 }
