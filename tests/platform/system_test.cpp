@@ -43,27 +43,25 @@ TEST(Rectangles, Values) {
 }
 
 TEST(Rectangles, IntersectAndUnion) {
-    const RECT first{0, 0, 10, 10}, second{5, 6, 20, 20}, beside{10, 0, 20, 10}, inverted{10, 10, 0, 0};
-    RECT out{};
-    EXPECT_NE(IntersectRect(&out, &first, &second), FALSE);
-    EXPECT_EQ(out, (RECT{5, 6, 10, 10}));
-    for (const RECT &other : {beside, inverted}) {
-        out = first;
-        EXPECT_EQ(IntersectRect(&out, &out, &other), FALSE);
-        EXPECT_EQ(out, RECT{});
+    constexpr RECT kFirst{0, 0, 10, 10}, kInverted{10, 10, 0, 0}, kLine{50, 4, 50, 90}, kNone{};
+    constexpr RECT kAll{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
+    const struct {
+        RECT first, second, common, around;
+    } cases[] = {{kFirst, {5, 6, 20, 20}, {5, 6, 10, 10}, {0, 0, 20, 20}},
+                 {kFirst, {10, 0, 20, 10}, kNone, {0, 0, 20, 10}},
+                 {kFirst, kInverted, kNone, kFirst},
+                 {kLine, kFirst, kNone, kFirst},
+                 {kFirst, kLine, kNone, kFirst},
+                 {kLine, kInverted, kNone, kNone},
+                 {kAll, kFirst, kFirst, kAll}};
+    for (const auto &[first, second, common, around] : cases) {
+        // The result may be an operand.
+        RECT intersected = first, united = second;
+        EXPECT_EQ(IntersectRect(&intersected, &intersected, &second) != FALSE, !IsRectEmpty(&common));
+        EXPECT_EQ(intersected, common);
+        EXPECT_EQ(UnionRect(&united, &first, &united) != FALSE, !IsRectEmpty(&around));
+        EXPECT_EQ(united, around);
     }
-    EXPECT_NE(UnionRect(&out, &first, &second), FALSE);
-    EXPECT_EQ(out, (RECT{0, 0, 20, 20}));
-    out = second;
-    EXPECT_NE(UnionRect(&out, &inverted, &out), FALSE);
-    EXPECT_EQ(out, second);
-    EXPECT_NE(UnionRect(&out, &first, &inverted), FALSE);
-    EXPECT_EQ(out, first);
-    EXPECT_EQ(UnionRect(&out, &inverted, &inverted), FALSE);
-    EXPECT_EQ(out, RECT{});
-    const RECT all{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
-    EXPECT_NE(IntersectRect(&out, &all, &second), FALSE);
-    EXPECT_EQ(out, second);
 }
 
 TEST(Rectangles, WrapAroundAtTheEndsOfTheRange) {
