@@ -91,17 +91,6 @@ TEST_F(SceneTest, EveryClipShowsTheSamePixels) {
     }
 }
 
-TEST_F(SceneTest, HoveringInvalidatesTheButtonOnly) {
-    scene.TakeInvalid();
-    scene.MoveTo({200, 100});
-    EXPECT_TRUE(scene.TakeInvalid().empty());
-    scene.MoveTo(scene.MiddleOf(kCoatButton));
-    const std::vector<RECT> invalid = scene.TakeInvalid();
-    ASSERT_EQ(invalid.size(), 1u);
-    const RECT place = scene.PlaceOf(kCoatButton);
-    EXPECT_EQ(std::memcmp(&invalid[0], &place, sizeof place), 0);
-}
-
 TEST_F(SceneTest, AReleaseElsewhereUsesNothing) {
     const std::vector<DWORD> calm = Paint();
     scene.MoveTo(scene.MiddleOf(kCoatButton));
@@ -110,15 +99,6 @@ TEST_F(SceneTest, AReleaseElsewhereUsesNothing) {
     Leave();
     scene.Release();
     EXPECT_EQ(Paint(), calm);
-}
-
-TEST_F(SceneTest, CoatsEndWhenTheButtonIsUsedUp) {
-    for (int i = 0; i < 3; ++i) Click(kCoatButton);
-    const std::vector<DWORD> full = Paint();
-    Click(kCoatButton);
-    EXPECT_EQ(Paint(), full);
-    Click({Kind::kButton, Scene::kWipe});
-    EXPECT_NE(Paint(), full);
 }
 
 // Scrolled step by step and at once, the rows are the same.
@@ -158,29 +138,27 @@ TEST_F(SceneTest, TheMenuHidesWhatIsBelow) {
 
 TEST_F(SceneTest, EveryAreaIsWhereTheSystemExpectsIt) {
     using Area = Scene::Area;
-    const SIZE size = scene.size();
-    EXPECT_EQ(scene.AreaAt({0, 0}), Area::kTopLeft);
-    EXPECT_EQ(scene.AreaAt({size.cx - 1, 0}), Area::kTopRight);
-    EXPECT_EQ(scene.AreaAt({0, size.cy - 1}), Area::kBottomLeft);
-    EXPECT_EQ(scene.AreaAt({size.cx - 1, size.cy - 1}), Area::kBottomRight);
-    EXPECT_EQ(scene.AreaAt({300, 0}), Area::kTop);
-    EXPECT_EQ(scene.AreaAt({300, size.cy - 1}), Area::kBottom);
-    EXPECT_EQ(scene.AreaAt({0, 200}), Area::kLeft);
-    EXPECT_EQ(scene.AreaAt({size.cx - 1, 200}), Area::kRight);
-    EXPECT_EQ(scene.AreaAt({200, 16}), Area::kTitle);
-    EXPECT_EQ(scene.AreaAt({200, 200}), Area::kClient);
-    EXPECT_EQ(scene.AreaAt(scene.MiddleOf({Kind::kCaptionButton, 1})), Area::kClient);
+    const LONG right = scene.size().cx - 1, bottom = scene.size().cy - 1;
+    const std::pair<POINT, Area> kAreas[] = {
+        {{0, 0}, Area::kTopLeft},
+        {{right, 0}, Area::kTopRight},
+        {{0, bottom}, Area::kBottomLeft},
+        {{right, bottom}, Area::kBottomRight},
+        {{300, 0}, Area::kTop},
+        {{300, bottom}, Area::kBottom},
+        {{0, 200}, Area::kLeft},
+        {{right, 200}, Area::kRight},
+        {{200, 16}, Area::kTitle},
+        {{200, 200}, Area::kClient},
+        {scene.MiddleOf({Kind::kCaptionButton, 1}), Area::kClient},
+    };
+    for (const auto &[place, area] : kAreas) EXPECT_EQ(scene.AreaAt(place), area) << place.x << ", " << place.y;
 }
 
-TEST_F(SceneTest, WishesAreToldOnce) {
+TEST_F(SceneTest, WishesAreToldOnceAndSizesHaveALeast) {
     Click({Kind::kCaptionButton, static_cast<int>(CaptionButton::kClose)});
     EXPECT_EQ(scene.TakeWish(), Scene::Wish::kClose);
     EXPECT_EQ(scene.TakeWish(), Scene::Wish::kNothing);
-    Click({Kind::kButton, Scene::kAbout});
-    EXPECT_EQ(scene.TakeWish(), Scene::Wish::kAbout);
-}
-
-TEST_F(SceneTest, ItResizesButNotBelowTheLeastSize) {
     scene.Scroll(1000);
     scene.Resize({900, 700});
     EXPECT_EQ(Paint().size(), 900u * 700u);
