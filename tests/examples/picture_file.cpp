@@ -8,24 +8,24 @@ namespace lacquer::examples {
 
 namespace {
 
-std::string BigEndian(std::uint32_t number) {
+std::string BigEndian(DWORD number) {
     std::string bytes;
     for (int shift = 24; shift >= 0; shift -= 8) bytes += static_cast<char>(number >> shift);
     return bytes;
 }
 
 std::string Chunk(const std::string &name, const std::string &content) {
-    std::uint32_t crc = 0xFFFFFFFF;
+    DWORD crc = 0xFFFFFFFF;
     for (const char c : name + content) {
         crc ^= static_cast<unsigned char>(c);
         for (int bit = 0; bit < 8; ++bit) crc = crc >> 1 ^ (crc & 1 ? 0xEDB88320 : 0);
     }
-    return BigEndian(static_cast<std::uint32_t>(content.size())) + name + content + BigEndian(~crc);
+    return BigEndian(static_cast<DWORD>(content.size())) + name + content + BigEndian(~crc);
 }
 
 std::string Stored(const std::string &bytes) {
     std::string stream = "\x78\x01";
-    std::uint32_t a = 1, b = 0;
+    DWORD a = 1, b = 0;
     for (const char c : bytes) {
         a = (a + static_cast<unsigned char>(c)) % 65521;
         b = (b + a) % 65521;
@@ -47,13 +47,13 @@ bool WritePlainPicture(const std::string &path, const PlainPicture &picture) {
     std::string rows;
     for (std::size_t i = 0; i < picture.words.size(); ++i) {
         if (i % static_cast<std::size_t>(picture.width) == 0) rows += '\0';  // no filter
-        const std::uint32_t word = picture.words[i];
+        const DWORD word = picture.words[i];
         rows += BigEndian(word << 8 | word >> 24);
     }
     std::ofstream file(path, std::ios::binary);
     file << "\x89PNG\r\n\x1A\n"
-         << Chunk("IHDR", BigEndian(static_cast<std::uint32_t>(picture.width)) +
-                              BigEndian(static_cast<std::uint32_t>(picture.height)) + std::string("\x08\x06\0\0\0", 5))
+         << Chunk("IHDR", BigEndian(static_cast<DWORD>(picture.width)) + BigEndian(static_cast<DWORD>(picture.height)) +
+                              std::string("\x08\x06\0\0\0", 5))
          << Chunk("IDAT", Stored(rows)) << Chunk("IEND", "");
     return static_cast<bool>(file.flush());
 }

@@ -1,7 +1,8 @@
 // Pictures as files that any viewer opens, on systems with libpng and without.
 #pragma once
 
-#include <cstdint>
+#include <lacquer/lacquer.h>
+
 #include <string>
 #include <vector>
 
@@ -10,7 +11,7 @@ namespace lacquer::examples {
 /// Words 0xAARRGGBB of straight alpha, row by row.
 struct PlainPicture {
     int width = 0, height = 0;
-    std::vector<std::uint32_t> words;
+    std::vector<DWORD> words;
 };
 
 /// Writes a PNG file that is not compressed. False when that fails.

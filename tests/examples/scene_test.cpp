@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstring>
 #include <random>
 
 #include "example_skin.h"
@@ -13,25 +12,20 @@ namespace {
 
 using Kind = Scene::Kind;
 
-constexpr Scene::Target kCoatButton{Kind::kButton, Scene::kCoat};
-constexpr Scene::Target kFinishButton{Kind::kButton, Scene::kFinish};
-
 class SceneTest : public testing::Test {
 protected:
     /// The whole scene, painted afresh.
-    std::vector<DWORD> Paint(const Scene &painted) const {
-        const Canvas canvas = MakeCanvas(painted.size().cx, painted.size().cy);
-        painted.Paint(canvas);
+    std::vector<DWORD> Paint() const {
+        const Canvas canvas = MakeCanvas(scene.size().cx, scene.size().cy);
+        scene.Paint(canvas);
         return PixelsOf(canvas);
     }
-    std::vector<DWORD> Paint() const { return Paint(scene); }
 
     void Click(Scene::Target target) {
         scene.MoveTo(scene.MiddleOf(target));
         scene.Press();
         scene.Release();
     }
-    void Leave() { scene.MoveTo({-1, -1}); }
 
     const Skin skin = LoadSkin();
     Scene scene{skin, {600, 420}};
@@ -59,81 +53,17 @@ TEST_F(SceneTest, PaintingTheInvalidPartsIsEnough) {
             case 3: scene.Release(); break;
             default: scene.Scroll(pick(9) - 4);
         }
-        for (const RECT &rect : scene.TakeInvalid()) {
+        std::vector<RECT> places = scene.TakeInvalid();
+        // The system may ask for any rectangle, which then cuts letters and curves.
+        places.push_back(Box(pick(size.cx), pick(size.cy), pick(150), pick(100)));
+        for (const RECT &rect : places) {
             const ClipTo clip(canvas, rect);
             scene.Paint(canvas);
             ++painted;
         }
         ASSERT_EQ(PixelsOf(canvas), Paint()) << "after step " << i;
     }
-    EXPECT_GT(painted, 300);
-}
-
-// The system may ask for any rectangle, which then cuts letters and curves.
-TEST_F(SceneTest, EveryClipShowsTheSamePixels) {
-    Click(kFinishButton);
-    const std::vector<DWORD> whole = Paint();
-    const SIZE size = scene.size();
-    const Canvas canvas = MakeCanvas(size.cx, size.cy);
-    std::mt19937 random(7);
-    const auto pick = [&](LONG limit) { return std::uniform_int_distribution<LONG>(0, limit)(random); };
-    for (int i = 0; i < 200; ++i) {
-        const RECT rect = Box(pick(size.cx), pick(size.cy), pick(150), pick(100));
-        Check(FillSolidRectEx(canvas.get(), 0, &rect, LACQUER_DRAW_COPY), "FillSolidRectEx");
-        const ClipTo clip(canvas, rect);
-        scene.Paint(canvas);
-        const std::vector<DWORD> pixels = PixelsOf(canvas);
-        for (LONG y = rect.top; y < std::min(rect.bottom, size.cy); ++y) {
-            const auto from = y * size.cx + rect.left;
-            const auto to = y * size.cx + std::min(rect.right, size.cx);
-            ASSERT_TRUE(std::equal(pixels.begin() + from, pixels.begin() + to, whole.begin() + from)) << i << ": " << y;
-        }
-    }
-}
-
-TEST_F(SceneTest, AReleaseElsewhereUsesNothing) {
-    const std::vector<DWORD> calm = Paint();
-    scene.MoveTo(scene.MiddleOf(kCoatButton));
-    scene.Press();
-    EXPECT_NE(Paint(), calm);
-    Leave();
-    scene.Release();
-    EXPECT_EQ(Paint(), calm);
-}
-
-// Scrolled step by step and at once, the rows are the same.
-TEST_F(SceneTest, ScrollingByAnyWayShowsTheSameRows) {
-    Scene other(skin, scene.size());
-    for (const int rows : {1, 1, 2, -3, 5, -1}) scene.Scroll(rows);
-    other.Scroll(5);
-    EXPECT_EQ(Paint(), Paint(other));
-    scene.Scroll(1000);
-    const POINT grip = other.MiddleOf({Kind::kThumb});
-    other.MoveTo(grip);
-    other.Press();
-    other.MoveTo({grip.x, grip.y + 1000});
-    other.MoveTo({-1, -1});
-    other.MoveTo({grip.x, grip.y + 1000});
-    other.Release();
-    other.MoveTo({-1, -1});
-    EXPECT_EQ(Paint(), Paint(other));
-    EXPECT_EQ(scene.PlaceOf({Kind::kRow, 17}).bottom, scene.Rows().bottom);
-}
-
-TEST_F(SceneTest, TheMenuHidesWhatIsBelow) {
-    Click(kFinishButton);
-    scene.MoveTo({-1, -1});
-    const std::vector<DWORD> open = Paint();
-    scene.MoveTo(scene.MiddleOf(kCoatButton));
-    scene.Scroll(2);
-    EXPECT_EQ(Paint(), open);
-    Click({Kind::kEntry, 0});
-    Leave();
-    const std::vector<DWORD> matt = Paint();
-    Click(kFinishButton);
-    Click(kCoatButton);  // closes the menu only
-    Leave();
-    EXPECT_EQ(Paint(), matt);
+    EXPECT_GT(painted, 900);
 }
 
 TEST_F(SceneTest, EveryAreaIsWhereTheSystemExpectsIt) {

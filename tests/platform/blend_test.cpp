@@ -26,7 +26,8 @@ TEST(Blend, EveryChannelIsTheModels) {
     for (uint32_t alpha = 0; alpha < 256; ++alpha) {
         check(alpha, 0x5A, 0, 1);
         check(255, alpha, AC_SRC_ALPHA, 1);
-        for (uint32_t constant = alpha % 3 * 5; constant < 255; constant += 15) check(constant, alpha, AC_SRC_ALPHA, 9);
+        for (uint32_t constant = alpha % 3 * 5; constant < 255; constant += 15)
+            check(constant, alpha, AC_SRC_ALPHA, 17);
     }
     EXPECT_EQ(Blended(0x10FF80F0, 0xF0FFFFFF, 255, true), 0xF1EF6FDF) << "sums that spill";
 }

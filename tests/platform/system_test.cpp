@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstring>
+#include <string>
 #include <thread>
 
 #include "gdi_objects.h"
@@ -74,30 +75,30 @@ TEST(Rectangles, WrapAroundAtTheEndsOfTheRange) {
 }
 
 TEST(Kernel, MulDivRoundsHalvesAwayFromZero) {
-    const struct {
-        int number, numerator, denominator, result;
-    } cases[] = {{7, 3, 2, 11},
-                 {-7, 3, 2, -11},
-                 {5, 1, 2, 3},
-                 {-5, 1, 2, -3},
-                 {5, 1, -2, -3},
-                 {-5, -1, 2, 3},
-                 {4, 1, 3, 1},
-                 {1, 1, 0, -1},
-                 {0, 0, 0, -1},
-                 {INT32_MAX, 2, 1, -1},
-                 {INT32_MAX, INT32_MAX, INT32_MAX, INT32_MAX},
-                 {INT32_MAX, INT32_MAX, 1, -1},
-                 {INT32_MIN, 1, 2, -0x40000000},
-                 {INT32_MIN + 1, 1, 1, INT32_MIN + 1},
-                 {INT32_MIN, INT32_MIN, 1, -1},
-                 {INT32_MIN, 1, -1, -1},
-                 {INT32_MAX, 3, 7, 920350134},
-                 {-123456789, 987654321, 1000000, -1},
-                 {-123456789, 98765, 1000000, -12193210}};
-    for (const auto &expected : cases) {
-        EXPECT_EQ(MulDiv(expected.number, expected.numerator, expected.denominator), expected.result)
-            << expected.number << " x " << expected.numerator << " / " << expected.denominator;
+    const int cases[][4] = {
+        {7, 3, 2, 11},
+        {-7, 3, 2, -11},
+        {5, 1, 2, 3},
+        {-5, 1, 2, -3},
+        {5, 1, -2, -3},
+        {-5, -1, 2, 3},
+        {4, 1, 3, 1},
+        {1, 1, 0, -1},
+        {0, 0, 0, -1},
+        {INT32_MAX, 2, 1, -1},
+        {INT32_MAX, INT32_MAX, INT32_MAX, INT32_MAX},
+        {INT32_MAX, INT32_MAX, 1, -1},
+        {INT32_MIN, 1, 2, -0x40000000},
+        {INT32_MIN + 1, 1, 1, INT32_MIN + 1},
+        {INT32_MIN, INT32_MIN, 1, -1},
+        {INT32_MIN, 1, -1, -1},
+        {INT32_MAX, 3, 7, 920350134},
+        {-123456789, 987654321, 1000000, -1},
+        {-123456789, 98765, 1000000, -12193210},
+    };
+    for (const auto &[number, numerator, denominator, result] : cases) {
+        EXPECT_EQ(MulDiv(number, numerator, denominator), result)
+            << number << " x " << numerator << " / " << denominator;
     }
 }
 
@@ -136,7 +137,7 @@ TEST(Kernel, GlobalMemoryGrowsAndKeepsItsContents) {
         ASSERT_NE(block, nullptr);
         EXPECT_EQ(GlobalSize(block), size);
         bytes = static_cast<char *>(GlobalLock(block));
-        EXPECT_EQ(std::memcmp(bytes, "0123456789", 10), 0);
+        EXPECT_EQ(std::string(bytes, 10), "0123456789");
         EXPECT_EQ(bytes[size - 1], 0);
         EXPECT_EQ(GlobalUnlock(block), FALSE);
     }
@@ -149,7 +150,7 @@ TEST(Kernel, GlobalMemoryGrowsAndKeepsItsContents) {
     std::memcpy(fixed, "0123456789", 10);
     fixed = GlobalReAlloc(fixed, 5000, GMEM_MOVEABLE);
     ASSERT_NE(fixed, nullptr);
-    EXPECT_EQ(std::memcmp(fixed, "0123456789", 10), 0);
+    EXPECT_EQ(std::string(static_cast<char *>(fixed), 10), "0123456789");
     EXPECT_EQ(GlobalFree(fixed), nullptr);
 
     const auto endless = static_cast<size_t>(-1);

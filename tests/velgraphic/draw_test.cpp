@@ -6,7 +6,6 @@
 #include <cmath>
 #include <numbers>
 
-#include "arguments.h"
 #include "painting.h"
 
 namespace lacquer {
@@ -260,10 +259,12 @@ TEST(VelDrawTest, BlendModesFollowTheirFormulas) {
     for (DWORD mode = 0; mode <= VEL_BLEND_EXCLUSION; ++mode) {
         for (const bool isCovered : {false, true}) {
             Painting painting(2, 2, 0xC0906030);
-            EXPECT_EQ(1, velCanvasSetColor(painting, 0xA0FF4020));
+            const DWORD colour = 0xFFFF4020;
+            EXPECT_EQ(1, velCanvasSetBlendValue(painting, 0xA0));
+            EXPECT_EQ(1, velCanvasSetColor(painting, colour));
             EXPECT_EQ(1, velCanvasSetBlendMode(painting, mode));
-            EXPECT_EQ(
-                1, isCovered ? velCanvasDrawColor(painting, 0xA0FF4020) : velCanvasDrawRectangle(painting, 0, 0, 2, 2));
+            EXPECT_EQ(1,
+                      isCovered ? velCanvasDrawColor(painting, colour) : velCanvasDrawRectangle(painting, 0, 0, 2, 2));
             for (int shift = 0; shift < 32; shift += 8) {
                 EXPECT_NEAR(kExpected[mode] >> shift & 0xFF, painting.At(1, 1) >> shift & 0xFF, 2)
                     << "mode " << mode << std::hex << ' ' << painting.At(1, 1);

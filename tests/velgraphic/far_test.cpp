@@ -176,42 +176,6 @@ TEST(VelFarTest, AFarFigureBesideItChangesNoFigure) {
     }
 }
 
-TEST(VelFarTest, StrokesLookLikeThoseCutByHand) {
-    for (DWORD kind = 0; kind < 144; ++kind) {
-        // Every pattern repeats after 300 pixels, and lengths of 300 * 2^k have the same place in it. Beyond 2^48
-        // pixels a double could not tell it.
-        const bool isDashed = kind / 4 % 6 != 0;
-        const float size = std::ldexp(60.0f, 11 + static_cast<int>(kind * 7 % (isDashed ? 30 : 100)));
-        const auto expectSame = [&](const char *name, auto draw) {
-            Painting close, distant;
-            for (const Painting *each : {&close, &distant}) {
-                Prepare(*each, kind);
-                velCanvasSetDrawStyle(*each, VEL_STYLE_STROKE);
-                velCanvasTranslate(*each, 14, 15);
-                EXPECT_EQ(1, draw(*each, each == &close ? 60.0f : size)) << name << ' ' << kind;
-            }
-            EXPECT_EQ(0, Differing(close, distant, 8)) << name << ' ' << kind << ' ' << size;
-        };
-        expectSame("line", [](velCanvas *c, float s) { return velCanvasDrawLine(c, -3 * s, -4 * s, 24, 32); });
-        expectSame("line through",
-                   [](velCanvas *c, float s) { return velCanvasDrawLine(c, -4 * s, 3 * s, 4 * s, -3 * s); });
-        // With a perimeter that ends within the pattern.
-        const float more = std::ldexp(300.0f, static_cast<int>(11 + kind % 3));
-        expectSame("rectangle", [=](velCanvas *c, float s) {
-            return velCanvasDrawRectangle(c, 0, 0, s > 60 ? more : 300, s > 60 ? more + 7.25f : 307.25f);
-        });
-        for (int start = 0; start < 3 && !isDashed; ++start) {
-            expectSame("triangle", [start](velCanvas *canvas, float s) {
-                const float corners[][2] = {{0, 0}, {3 * s, s}, {s, 4 * s}};
-                Path path;
-                for (int i = start; i < start + 3; ++i) velPathLineTo(path, corners[i % 3][0], corners[i % 3][1]);
-                velPathClose(path);
-                return velCanvasDrawPath(canvas, path);
-            });
-        }
-    }
-}
-
 TEST(VelFarTest, DashesGoOnBehindWhatIsNotSeen) {
     constexpr float kPattern[] = {6, 4};
     // Draws a stroke that crosses the picture from left to right in the end, or from right to left, and comes to its
@@ -338,6 +302,15 @@ TEST(VelFarTest, GradientsHaveTheirColours) {
         if (HasFatalFailure()) return;
     }
     EXPECT_GT(240, plain) << "the test is to show colours";
+    // A stroke has its colours up to its edges.
+    Painting graded, black;
+    UseGradient(graded, velGradientCreateLinear(-1e6f, 0, 1000032, 0), {{0.5f, 0xFFFF0000}, {0.5f, 0xFF0000FF}});
+    for (const Painting *each : {&graded, &black}) {
+        velCanvasSetDrawStyle(*each, each == &graded ? VEL_STYLE_GRADIENT_STROKE : VEL_STYLE_STROKE);
+        velCanvasSetStrokeWidth(*each, 10);
+        ASSERT_EQ(1, velCanvasDrawLine(*each, 4, 16, 28, 16));
+    }
+    EXPECT_EQ(0, Differing(graded, black, 1));
 }
 
 TEST(VelFarTest, PicturesAreTheSameOnEverySystem) {
