@@ -13,6 +13,8 @@ class Clip : public ::testing::Test {
 protected:
     void ChangeAtRandom() {
         const RECT rect = random_.Rect(), device = Moved(rect, offset_.x, offset_.y);
+        // The system calls a clip of a rectangle without area simple.
+        if (kIsSystem && Points(rect) == Points()) return;
         const Points shape = random_.Shape();
         const OwnedRegion region = shape.Region();
         const int mode = random_.Between(RGN_AND, RGN_COPY), x = random_.Between(-1, 1), y = random_.Between(-1, 1);
@@ -50,17 +52,22 @@ protected:
         EXPECT_EQ(region.Rects(), clip_.value_or(Points({3, 3, 4, 4})).Bands());
         const Points visible = clip_.value_or(bitmap_).Combined(bitmap_, RGN_AND);
         RECT box{1, 1, 2, 2};
-        EXPECT_EQ(GetClipBox(picture_, &box), visible.Kind());
-        if (visible.Kind() == NULLREGION) {
-            EXPECT_NE(IsRectEmpty(&box), FALSE);
-        } else {
-            EXPECT_EQ(Moved(box, offset_.x, offset_.y), visible.Box());
+        const int kind = GetClipBox(picture_, &box);
+        // The system's own answers reckon with more than is visible of several rectangles.
+        const bool isExact = !kIsSystem || clip_.value_or(bitmap_).Kind() != COMPLEXREGION;
+        if (isExact) {
+            EXPECT_EQ(kind, visible.Kind());
+            const RECT device = Moved(box, offset_.x, offset_.y);
+            EXPECT_EQ(kind == NULLREGION ? RECT{} : device, visible.Box());
+            EXPECT_EQ(IsRectEmpty(&box) != FALSE, kind == NULLREGION);
         }
         const int x = random_.Between(-1, 12), y = random_.Between(-1, 10);
         EXPECT_EQ(PtVisible(picture_, x - offset_.x, y - offset_.y) != 0, visible.Has(x, y));
         const RECT rect = random_.Rect();
-        EXPECT_EQ(RectVisible(picture_, &rect) != 0,
-                  visible.Combined(Points(Moved(rect, offset_.x, offset_.y)), RGN_AND).Kind() != NULLREGION);
+        const Points place(Moved(rect, offset_.x, offset_.y));
+        if (!kIsSystem) {
+            EXPECT_EQ(RectVisible(picture_, &rect) != 0, visible.Combined(place, RGN_AND).Kind() != NULLREGION);
+        }
     }
 
     Picture picture_{10, -8};
@@ -89,6 +96,9 @@ TEST_F(Clip, IsACopyThatOutlivesBitmaps) {
     SelectObject(picture_, picture_.Bitmap());
     DeleteObject(larger);
 
+    const RECT touching{9, 9, 1, 1}, beside{0, 0, 2, 9};
+    EXPECT_NE(RectVisible(picture_, &touching), FALSE);
+    EXPECT_EQ(RectVisible(picture_, &beside), FALSE);
     EXPECT_EQ(ExtSelectClipRgn(picture_, nullptr, RGN_OR), ERROR);
     EXPECT_EQ(ExtSelectClipRgn(picture_, region, 9), ERROR);
     clip_ = Points({2, 2, 20, 20});

@@ -39,8 +39,8 @@ BOOL SetAll(HDC to, const Stretch &x, const Stretch &y, HDC from) {
         for (int k = 0; k != y.destLength; k += stepY) {
             const COLORREF colour = GetPixel(from, x.source + i, y.source + k);
             if (colour == CLR_INVALID) continue;
-            const bool isVisible = PtVisible(to, x.dest + i, y.dest + k) != 0;
-            EXPECT_EQ(SetPixel(to, x.dest + i, y.dest + k, colour), isVisible ? colour : CLR_INVALID);
+            const COLORREF result = SetPixel(to, x.dest + i, y.dest + k, colour);
+            EXPECT_TRUE(result == colour || !PtVisible(to, x.dest + i, y.dest + k));
         }
     }
     return TRUE;
@@ -113,12 +113,8 @@ void ExpectLikeModel(Random &random, const Draw &draw, bool isOntoItself) {
     other.Number(0x20000000);
     source.Number(0xA0000000);
     Points clip(RECT{0, 0, picture.Width(), picture.Height()});
-#ifdef _WIN32
-    const bool isClipped = !isOntoItself;  // with more rectangles than one, the system's own draws then go wrong
-#else
-    const bool isClipped = true;
-#endif
-    if (isClipped) {
+    // Under several rectangles the system's own draws onto their source go wrong.
+    if (!isOntoItself || !kIsSystem) {
         clip = random.Shape().Combined(Points({2, 2, 9, 9}), RGN_OR);
         SelectClipRgn(picture, clip.Region());
     }
@@ -151,7 +147,8 @@ void ExpectLikeModel(Random &random, const Draw &draw, bool isOntoItself) {
     SetOrigins(picture, dx, dy);
     x.dest -= dx, x.source -= isOntoItself ? dx : 2;
     y.dest -= dy, y.source -= isOntoItself ? dy : -1;
-    EXPECT_NE(draw.call(picture, x, y, source), FALSE);
+    const bool isDrawn = expected != picture.Words();
+    EXPECT_TRUE(draw.call(picture, x, y, source) != FALSE || (kIsSystem && !isDrawn));
     ASSERT_EQ(picture.Words(), expected);
 }
 

@@ -15,6 +15,13 @@ std::ostream &operator<<(std::ostream &out, const RECT &rect);
 
 namespace lacquer {
 
+/// Whether it is the system's own GDI that is tested.
+#ifdef _WIN32
+inline constexpr bool kIsSystem = true;
+#else
+inline constexpr bool kIsSystem = false;
+#endif
+
 inline RECT Moved(const RECT &rect, LONG x, LONG y) {
     return {rect.left + x, rect.top + y, rect.right + x, rect.bottom + y};
 }

@@ -36,8 +36,12 @@ TEST(Region, HoldsTheRightPointsInTheRightRectangles) {
             EXPECT_EQ(region.Box(), points[target].Box());
             EXPECT_EQ(region.Kind(), points[target].Kind());
             EXPECT_EQ(PtInRegion(region, rect.left, rect.top) != 0, points[target].Has(rect.left, rect.top));
-            EXPECT_EQ(RectInRegion(region, &rect) != 0,
-                      points[target].Combined(Points(rect), RGN_AND).Kind() != NULLREGION);
+            // The system may find rectangles without an area inside.
+            const Points inside(rect);
+            EXPECT_TRUE((kIsSystem && inside == Points()) ||
+                        (RectInRegion(region, &rect) != 0) ==
+                            (points[target].Combined(inside, RGN_AND).Kind() != NULLREGION));
+
             EXPECT_EQ(EqualRgn(region, regions[first]) != 0, points[target] == points[first]);
         }
     }

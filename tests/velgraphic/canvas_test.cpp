@@ -100,21 +100,24 @@ TEST(VelCanvasTest, RestoresEverythingSaved) {
 }
 
 TEST(VelCanvasTest, ClipsToIntersectedRectangles) {
-    Painting painting(16, 16), empty(8, 8);
+    Painting painting(16, 16), other(8, 8);
     EXPECT_EQ(1, velCanvasClipRect(painting, 2, 3, 10, 12));
     EXPECT_EQ(1, velCanvasTranslate(painting, 1.25f, -0.75f));
     EXPECT_EQ(1, velCanvasClipRect(painting, 3, INT_MIN, INT_MAX, 10));  // (4.25, ..., 9.25), rounded
     EXPECT_EQ(1, velCanvasDrawColor(painting, kBlack));
     ExpectBox(painting, {4, 3, 10, 9});
     EXPECT_EQ(36.0, painting.Area());
-    for (const RECT &clip : {RECT{3, 3, 3, 6}, RECT{6, 6, 2, 2}, RECT{8, 0, 20, 8}, RECT{INT_MAX, 0, INT_MIN, 8}}) {
-        ASSERT_EQ(1, velCanvasSave(empty));
-        EXPECT_EQ(1, velCanvasClipRect(empty, clip.left, clip.top, clip.right, clip.bottom));
-        EXPECT_EQ(1, velCanvasDrawRectangle(empty, 0, 0, 8, 8));
-        EXPECT_EQ(1, velCanvasDrawColor(empty, kBlack));
-        ASSERT_EQ(1, velCanvasRestore(empty));
+    for (const RECT &clip :
+         {RECT{1, 1, 3, 3}, RECT{3, 3, 3, 6}, RECT{6, 6, 2, 2}, RECT{8, 0, 20, 8}, RECT{INT_MAX, 0, INT_MIN, 8}}) {
+        ASSERT_EQ(1, velCanvasSave(other));
+        EXPECT_EQ(1, velCanvasClipRect(other, clip.left, clip.top, clip.right, clip.bottom));
+        EXPECT_EQ(1, velCanvasDrawRectangle(other, 0, 0, 8, 8));
+        EXPECT_EQ(1, velCanvasDrawColor(other, kBlack));
+        ASSERT_EQ(1, velCanvasRestore(other));
     }
-    EXPECT_TRUE(empty.IsEmpty());
+    EXPECT_EQ(4.0, other.Area()) << "of the first clip";
+    EXPECT_EQ(1, velCanvasDrawColor(other, kBlack));
+    EXPECT_EQ(64.0, other.Area()) << "all of it again";
 }
 
 TEST(VelCanvasTest, AddsTranslationsUpWithoutLoss) {

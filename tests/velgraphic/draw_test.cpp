@@ -60,15 +60,19 @@ void BuildArcAfterAPoint(velPath *path) {
     EXPECT_EQ(1, velPathArcTo(path, 10, 5, 20, 20, 180, 90, forceMoveTo));
 }
 
-/// After a close the present point is where the figure began, here for two triangles of one square.
+/// After a close the present point is where the figure began, here for a triangle and a curve.
 void BuildAfterAClose(velPath *path) {
     EXPECT_EQ(0, velPathClose(path));
     EXPECT_EQ(1, velPathLineTo(path, 5, 5));  // no present point: begins here
     EXPECT_EQ(1, velPathLineTo(path, 15, 5));
     EXPECT_EQ(1, velPathLineTo(path, 15, 15));
     EXPECT_EQ(1, velPathClose(path));
-    EXPECT_EQ(1, velPathLineTo(path, 5, 15));
-    EXPECT_EQ(1, velPathLineTo(path, 15, 15));
+    EXPECT_EQ(1, velPathQuadraticCurveTo(path, 5, 15, 15, 15));
+}
+
+void BuildArcOfMoreThanACircle(velPath *path) {
+    EXPECT_EQ(1, velPathSetFillType(path, VEL_FILL_EVEN_ODD));
+    EXPECT_EQ(1, velPathAddArc(path, 4, 4, 50, 50, 20, 450));
 }
 
 /// A ring, whose inner circle winds the other way.
@@ -134,7 +138,8 @@ const struct {
     {"winding", VEL_STYLE_FILL, OfPath(BuildOverlap<VEL_FILL_WINDING>), 288 - 36, {1, 1, 19, 19}},
     {"even and odd", VEL_STYLE_FILL, OfPath(BuildOverlap<VEL_FILL_EVEN_ODD>), 288 - 72, {1, 1, 19, 19}},
     {"ring", VEL_STYLE_FILL, OfPath(BuildRing), kPi *(64 - 16), {2, 2, 18, 18}},
-    {"after a close", VEL_STYLE_FILL, OfPath(BuildAfterAClose), 100, {5, 5, 15, 15}},
+    {"after a close", VEL_STYLE_FILL, OfPath(BuildAfterAClose), 50 + 100.0 / 3, {5, 5, 15, 15}},
+    {"arc of more than a circle", VEL_STYLE_FILL, OfPath(BuildArcOfMoreThanACircle), kPi * 625, {4, 4, 54, 54}},
     {"arc after a line", VEL_STYLE_STROKE, OfPath(BuildArcAfterAPoint<0>), 40 + 20 * kPi, {0, 3, 20, 17}},
     {"arc anew", VEL_STYLE_STROKE, OfPath(BuildArcAfterAPoint<1>), 20 * kPi, {8, 3, 20, 15}},
     {"many lines", VEL_STYLE_FILL, OfPath(BuildManyLines), kPi * 400, {10, 10, 50, 50}},
@@ -232,7 +237,8 @@ TEST(VelPathTest, OvalCurvesTakeTheArcThatTheFlagsName) {
         {12.5f, 12.5f, 0, 1, 0, {7.5f, 20, 32.5f, 40}},
         {2, 2, 0, 0, 1, {10, 10, 30, 20}},      // too small: enlarged to a half circle
         {40, 10, 90, 0, 1, {10, -20, 30, 20}},  // turned: the radii change places
-        {9, 0, 0, 1, 1, {10, 20, 30, 20}},      // without a radius: a line
+        {24, 12, 30, 1, 1, {-11.4654f, -9.1198f, 31.8012f, 20.0000f}},
+        {9, 0, 0, 1, 1, {10, 20, 30, 20}},  // without a radius: a line
     };
     for (const auto &[radiusX, radiusY, rotation, large, clockwise, bounds] : kOvals) {
         Path path;
@@ -337,7 +343,8 @@ TEST(VelDashTest, PatternsBeyondReasonAreRefused) {
     const struct {
         float length, line;
         int result;
-    } kTries[] = {{32767, 900000, 1}, {1, 21000, 1}, {1, 1e30f, 1}, {1e-3f, 19, 1}, {1e-3f, 900000, 0}, {1e-45f, 1, 0}};
+    } kTries[] = {{32767, 900000, 1}, {1, 21000, 1},      {1, 1e30f, 1}, {1e-3f, 19, 1},
+                  {1e-3f, 30, 0},     {1e-3f, 900000, 0}, {1e-45f, 1, 0}};
     for (const auto &[length, line, result] : kTries) {
         Painting painting;
         const float lengths[] = {length, length};

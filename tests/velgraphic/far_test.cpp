@@ -163,7 +163,7 @@ TEST(VelFarTest, AFarFigureBesideItChangesNoFigure) {
             if (!isDashed) velPathBezierCurveTo(path, number(), number(), number(), number(), number(), number());
             if (!isDashed && i == 1) velPathAddEllipse(path, number(), number(), 25, 9);
             if (kind % 3) velPathLineTo(path, number(), number());
-            if (kind / 3 % 2) velPathClose(path);
+            if (kind / (isDashed ? 3 : 24) % 2) velPathClose(path);
         }
         for (const Painting *each : {&close, &distant}) {
             Prepare(*each, kind);

@@ -183,6 +183,7 @@ TEST_F(VelLottieTest, RefusesTextThatIsNoJsonAndPropertiesThatMakeNoSense) {
         {"'h':40,", {"'h':40000,", "'h':'40',", ""}},
         {"'layers':[", {"'lawyers':[", "'layers':3,'x':["}},
         {"[20,20]", {"[1e30,20]"}},
+        {"'sr':1", {"'sr':1e7"}},
     };
     for (const auto &[piece, others] : kReplacements) {
         for (const char *other : others) {
@@ -206,7 +207,7 @@ TEST_F(VelLottieTest, RefusesAnimationsThatWouldTakeForEver) {
     };
     const auto dashed = [](const std::string &dash, const std::string &gap) {
         return AnimationOf(
-            Group("{'ty':'el','d':1,'s':<[900,900]>,'p':<[20,20]>},{'ty':'st','c':<[0,0,0,1]>,'o':<100>,"
+            Group("{'ty':'el','d':1,'s':<[90,90]>,'p':<[20,20]>},{'ty':'st','c':<[0,0,0,1]>,'o':<100>,"
                   "'w':<2>,'d':[{'n':'d','v':" +
                   dash + "},{'n':'g','v':" + gap + "},{'n':'o','v':<0>}]}"));
     };
@@ -230,7 +231,7 @@ TEST_F(VelLottieTest, RefusesAnimationsThatWouldTakeForEver) {
         {"picture's file", Composition(use("a"), "{'id':'a','w':9,'h':9,'u':'/etc/','p':'passwd','e':0}")},
         {"picture", Composition(use("a"), "{'id':'a','w':9,'h':9,'p':'data:image/png;base64,AAAA','e':1}")},
         {"tiny dashes", dashed("<0.01>", "<0.01>")},
-        {"negative dashes", dashed("<-5>", "<4>")},
+        {"negative dashes", dashed("<-1>", "<40>")},
         {"dashes that become negative in between",
          dashed("{'a':1,'k':[{'t':0,'s':[9],'e':[2],'i':{'x':[0.5],'y':[1]},'o':{'x':[0.5],'y':[-9]}},{'t':9}]}",
                 "<4>")},

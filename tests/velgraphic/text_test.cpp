@@ -62,13 +62,16 @@ TEST(VelTextTest, MeasuresAreTheFonts) {
 }
 
 TEST(VelTextTest, GlyphsStandOnTheBaselineAndItalicsLeanRight) {
-    const auto boxOf = [](const char *text, const char *family, DWORD style) {
+    const auto boxOf = [](const char *text, const char *family, DWORD style, float x = 3, float size = 40) {
         Painting painting(kSize, kSize);
-        SetFont(painting, 40, style, family);
+        SetFont(painting, size, style, family);
         EXPECT_EQ(1, velCanvasTranslate(painting, 2, 5));
-        EXPECT_EQ(1, DrawText(painting, text, 3, 30));
+        EXPECT_EQ(1, DrawText(painting, text, x, 30));
         return painting.Box();
     };
+    // Also where an edge cuts them.
+    EXPECT_EQ(kSize, boxOf("H", "DejaVu Sans", 0, kSize - 4, 8).right);
+    EXPECT_EQ(0, boxOf("H", "DejaVu Sans", 0, -20).left);
     const RECT box = boxOf("H", "DejaVu Sans", 0);
     EXPECT_EQ(35, box.bottom);
     EXPECT_NEAR(35 - 0.729 * 40, box.top, 1);  // the height of its capitals
