@@ -11,14 +11,11 @@ TEST(DeviceContext, StartsWithADefaultBitmapThatComesAndGoes) {
     OwnedDC dc;
     const HGDIOBJ initial = GetCurrentObject(dc, OBJ_BITMAP);
     const BITMAP description = DescriptionOf(initial);
-    EXPECT_EQ(description.bmWidth, 1);
-    EXPECT_EQ(description.bmHeight, 1);
-    EXPECT_EQ(description.bmBitsPixel, 1);
+    EXPECT_EQ(description.bmWidth * description.bmHeight * description.bmBitsPixel, 1);
     EXPECT_EQ(description.bmBits, nullptr);
 
     const HBITMAP bitmap = NewSection(4, -4, 32);
     EXPECT_EQ(SelectObject(dc, bitmap), initial);
-    EXPECT_EQ(GetCurrentObject(dc, OBJ_BITMAP), bitmap);
     EXPECT_EQ(SelectObject(dc, bitmap), bitmap);
     EXPECT_EQ(SelectObject(dc, initial), bitmap);
     EXPECT_NE(DeleteObject(initial), FALSE);
@@ -27,42 +24,33 @@ TEST(DeviceContext, StartsWithADefaultBitmapThatComesAndGoes) {
 }
 
 TEST(DeviceContext, ABitmapIsSelectedIntoOneAtATimeAndLivesAsLong) {
-    OwnedDC first, second;
+    const OwnedDC first;
+    const HDC second = CreateCompatibleDC(nullptr);
     void *bits = nullptr;
-    const HBITMAP bitmap = NewSection(4, -4, 32, &bits);
+    const HBITMAP bitmap = NewSection(4, -4, 32, &bits), kept = NewSection(4, -4, 32);
     const HGDIOBJ initial = SelectObject(first, bitmap);
     EXPECT_EQ(SelectObject(second, bitmap), nullptr);
     EXPECT_EQ(GetCurrentObject(second, OBJ_BITMAP), initial);
-    EXPECT_EQ(SelectObject(first, initial), bitmap);
+    EXPECT_EQ(SelectObject(first, kept), bitmap);
     EXPECT_EQ(SelectObject(second, bitmap), initial);
     EXPECT_NE(DeleteObject(bitmap), FALSE);
     EXPECT_EQ(SetPixel(second, 1, 1, 0x123456), 0x123456u);
     EXPECT_EQ(static_cast<uint32_t *>(bits)[5], 0x563412u);
-    EXPECT_EQ(SelectObject(first, bitmap), nullptr);
+    EXPECT_EQ(SelectObject(first, bitmap), nullptr) << "not any more";
     EXPECT_EQ(SelectObject(second, initial), bitmap);
     EXPECT_EQ(GetObjectType(bitmap), 0u);
-    EXPECT_EQ(SelectObject(second, bitmap), nullptr);
-}
 
-TEST(DeviceContext, DeletingReleasesItsBitmap) {
-    const HBITMAP kept = NewSection(4, -4, 32), doomed = NewSection(4, -4, 32);
-    for (const HBITMAP bitmap : {kept, doomed}) {
-        const HDC dc = CreateCompatibleDC(nullptr);
-        SelectObject(dc, bitmap);
-        if (bitmap == doomed) DeleteObject(bitmap);
-        EXPECT_NE(DeleteDC(dc), FALSE);
-    }
+    // The end of a context ends a selection, too.
+    const HBITMAP doomed = NewSection(4, -4, 32);
+    EXPECT_EQ(SelectObject(second, doomed), initial);
+    DeleteObject(doomed);
+    EXPECT_EQ(GetObjectType(second), static_cast<DWORD>(OBJ_MEMDC));
+    EXPECT_NE(DeleteObject(second), FALSE);
+    EXPECT_EQ(GetObjectType(second), 0u);
     EXPECT_EQ(GetObjectType(doomed), 0u);
-    OwnedDC dc;
-    const HGDIOBJ initial = SelectObject(dc, kept);
-    EXPECT_NE(initial, nullptr);
-    SelectObject(dc, initial);
+    SelectObject(first, initial);
+    EXPECT_EQ(GetObjectType(kept), static_cast<DWORD>(OBJ_BITMAP));
     DeleteObject(kept);
-
-    const HDC asObject = CreateCompatibleDC(nullptr);
-    EXPECT_EQ(GetObjectType(asObject), static_cast<DWORD>(OBJ_MEMDC));
-    EXPECT_NE(DeleteObject(asObject), FALSE);
-    EXPECT_EQ(GetObjectType(asObject), 0u);
 }
 
 TEST(DeviceContext, SavedStatesAreAStack) {
@@ -91,10 +79,8 @@ TEST(DeviceContext, SavedStatesAreAStack) {
     EXPECT_NE(SelectObject(other, second), nullptr) << "restoring releases the bitmap";
 
     EXPECT_NE(RestoreDC(picture, 1), FALSE);
-    POINT origin{};
-    EXPECT_NE(GetViewportOrgEx(picture, &origin), FALSE);
-    EXPECT_EQ(origin.x, 3);
-    EXPECT_EQ(origin.y, 4);
+    EXPECT_EQ(GetClipBox(picture, &box), SIMPLEREGION);
+    EXPECT_EQ(box, (RECT{-2, -3, 8, 7})) << "both origins";
     EXPECT_EQ(GetStretchBltMode(picture), COLORONCOLOR);
     EXPECT_EQ(RestoreDC(picture, -1), FALSE);
 
@@ -110,24 +96,19 @@ TEST(DeviceContext, SavedStatesAreAStack) {
     DeleteObject(second);
 }
 
-TEST(DeviceContext, OriginsComeBackAsSet) {
-    OwnedDC dc;
-    POINT previous{7, 7};
-    EXPECT_NE(SetViewportOrgEx(dc, INT32_MIN, INT32_MAX, &previous), FALSE);
-    EXPECT_EQ(previous.x, 0);
-    EXPECT_NE(SetViewportOrgEx(dc, 5, 6, &previous), FALSE);
-    EXPECT_EQ(previous.x, INT32_MIN);
-    EXPECT_EQ(previous.y, INT32_MAX);
-    EXPECT_NE(SetWindowOrgEx(dc, -8, 9, &previous), FALSE);
-    EXPECT_EQ(previous.x, 0);
-    POINT now{};
-    EXPECT_NE(GetWindowOrgEx(dc, &now), FALSE);
-    EXPECT_EQ(now.x, -8);
-    EXPECT_EQ(now.y, 9);
-
+TEST(DeviceContext, GivesBackWhatIsSet) {
+    const OwnedDC dc;
+    for (const auto &[set, get] :
+         {std::pair{&SetViewportOrgEx, &GetViewportOrgEx}, {&SetWindowOrgEx, &GetWindowOrgEx}}) {
+        POINT first{7, 7}, second{}, now{};
+        EXPECT_NE(set(dc, INT32_MIN, INT32_MAX, &first), FALSE);
+        EXPECT_NE(set(dc, 5, -6, &second), FALSE);
+        EXPECT_NE(get(dc, &now), FALSE);
+        EXPECT_EQ((std::vector{first.x, first.y, second.x, second.y, now.x, now.y}),
+                  (std::vector<LONG>{0, 0, INT32_MIN, INT32_MAX, 5, -6}));
+    }
     EXPECT_EQ(SetStretchBltMode(dc, COLORONCOLOR), BLACKONWHITE);
-    EXPECT_EQ(SetStretchBltMode(dc, 5), 0);
-    EXPECT_EQ(SetStretchBltMode(dc, 0), 0);
+    for (const int unknown : {0, 5}) EXPECT_EQ(SetStretchBltMode(dc, unknown), 0);
     EXPECT_EQ(GetStretchBltMode(dc), COLORONCOLOR);
 }
 

@@ -47,7 +47,7 @@ HBITMAP NewSection(int width, int height, WORD bitsPerPixel, void **bits, const 
 }
 
 Picture::Picture(int width, int height, WORD bitsPerPixel, const std::vector<RGBQUAD> &colours)
-    : width_(width), height_(std::abs(height)) {
+    : width_(width), height_(std::abs(height)), isTopDown_(height < 0) {
     void *bits = nullptr;
     bitmap_ = NewSection(width, height, bitsPerPixel, &bits, colours);
     bytes_ = static_cast<uint8_t *>(bits);

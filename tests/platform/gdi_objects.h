@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <ostream>
+#include <utility>
 #include <vector>
 
 #include "platform/platform.h"
@@ -14,14 +15,24 @@ std::ostream &operator<<(std::ostream &out, const RECT &rect);
 
 namespace lacquer {
 
+/// Whether it is the system's own GDI that is tested.
+#ifdef _WIN32
+inline constexpr bool kIsSystem = true;
+#else
+inline constexpr bool kIsSystem = false;
+#endif
+
+inline RECT Moved(const RECT &rect, LONG x, LONG y) {
+    return {rect.left + x, rect.top + y, rect.right + x, rect.bottom + y};
+}
+
 /// A region of one rectangle, or a handle that was made elsewhere.
 class OwnedRegion {
 public:
     OwnedRegion(int left, int top, int right, int bottom) : handle_(CreateRectRgn(left, top, right, bottom)) {}
     explicit OwnedRegion(HRGN handle) : handle_(handle) {}
+    OwnedRegion(OwnedRegion &&other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
     ~OwnedRegion() { DeleteObject(handle_); }
-    OwnedRegion(const OwnedRegion &) = delete;
-    OwnedRegion &operator=(const OwnedRegion &) = delete;
 
     operator HRGN() const { return handle_; }
     std::vector<RECT> Rects() const;
@@ -74,6 +85,10 @@ public:
     operator HDC() const { return dc_; }
     HBITMAP Bitmap() const { return bitmap_; }
     uint8_t *Bytes() const { return bytes_; }
+    int Width() const { return width_; }
+    int Height() const { return height_; }
+    /// Where a pixel of the picture is in memory order.
+    size_t IndexOf(int x, int y) const { return static_cast<size_t>((isTopDown_ ? y : height_ - 1 - y) * width_ + x); }
 
     /// A 32-bit pixel, y counted in memory order.
     uint32_t &At(int x, int y) const { return reinterpret_cast<uint32_t *>(bytes_)[y * width_ + x]; }
@@ -86,6 +101,7 @@ public:
 private:
     OwnedDC dc_;
     int width_, height_;
+    bool isTopDown_;
     HBITMAP bitmap_;
     HGDIOBJ previous_;
     uint8_t *bytes_ = nullptr;

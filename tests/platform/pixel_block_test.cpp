@@ -14,6 +14,7 @@ namespace {
 
 std::atomic<bool> memoryIsShort{false};
 std::atomic<int> largeBlocks{0};
+std::atomic<std::size_t> lastLargeSize{0};
 
 bool IsRefused() { return memoryIsShort && largeBlocks > 0; }
 
@@ -25,7 +26,7 @@ void *operator new[](std::size_t size, const std::nothrow_t &) noexcept {
 }
 void *operator new[](std::size_t size, std::align_val_t alignment, const std::nothrow_t &) noexcept {
     void *block = IsRefused() ? nullptr : ::operator new(size, alignment, std::nothrow);
-    if (block) ++largeBlocks;
+    if (block) ++largeBlocks, lastLargeSize = size;
     return block;
 }
 void operator delete[](void *block, std::align_val_t alignment) noexcept {
@@ -91,6 +92,12 @@ TEST(PixelBlock, MemoryThatIsShortGetsTheKeptBlockBack) {
         EXPECT_TRUE(AllocatePixels(size)) << size;
         memoryIsShort = false;
     }
+}
+
+TEST(PixelBlock, AKeptBlockThatIsTooSmallIsNotReused) {
+    AllocatePixels(3 * kMegabyte - 100000).reset();
+    const PixelBlock larger = AllocatePixels(3 * kMegabyte);
+    EXPECT_EQ(lastLargeSize, 3 * kMegabyte);
 }
 
 TEST(PixelBlock, IsNullWithoutMemory) { EXPECT_FALSE(AllocatePixels(std::size_t{1} << 62)); }

@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstring>
+#include <string>
 #include <thread>
 
 #include "gdi_objects.h"
@@ -43,27 +44,25 @@ TEST(Rectangles, Values) {
 }
 
 TEST(Rectangles, IntersectAndUnion) {
-    const RECT first{0, 0, 10, 10}, second{5, 6, 20, 20}, beside{10, 0, 20, 10}, inverted{10, 10, 0, 0};
-    RECT out{};
-    EXPECT_NE(IntersectRect(&out, &first, &second), FALSE);
-    EXPECT_EQ(out, (RECT{5, 6, 10, 10}));
-    for (const RECT &other : {beside, inverted}) {
-        out = first;
-        EXPECT_EQ(IntersectRect(&out, &out, &other), FALSE);
-        EXPECT_EQ(out, RECT{});
+    constexpr RECT kFirst{0, 0, 10, 10}, kInverted{10, 10, 0, 0}, kLine{50, 4, 50, 90}, kNone{};
+    constexpr RECT kAll{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
+    const struct {
+        RECT first, second, common, around;
+    } cases[] = {{kFirst, {5, 6, 20, 20}, {5, 6, 10, 10}, {0, 0, 20, 20}},
+                 {kFirst, {10, 0, 20, 10}, kNone, {0, 0, 20, 10}},
+                 {kFirst, kInverted, kNone, kFirst},
+                 {kLine, kFirst, kNone, kFirst},
+                 {kFirst, kLine, kNone, kFirst},
+                 {kLine, kInverted, kNone, kNone},
+                 {kAll, kFirst, kFirst, kAll}};
+    for (const auto &[first, second, common, around] : cases) {
+        // The result may be an operand.
+        RECT intersected = first, united = second;
+        EXPECT_EQ(IntersectRect(&intersected, &intersected, &second) != FALSE, !IsRectEmpty(&common));
+        EXPECT_EQ(intersected, common);
+        EXPECT_EQ(UnionRect(&united, &first, &united) != FALSE, !IsRectEmpty(&around));
+        EXPECT_EQ(united, around);
     }
-    EXPECT_NE(UnionRect(&out, &first, &second), FALSE);
-    EXPECT_EQ(out, (RECT{0, 0, 20, 20}));
-    out = second;
-    EXPECT_NE(UnionRect(&out, &inverted, &out), FALSE);
-    EXPECT_EQ(out, second);
-    EXPECT_NE(UnionRect(&out, &first, &inverted), FALSE);
-    EXPECT_EQ(out, first);
-    EXPECT_EQ(UnionRect(&out, &inverted, &inverted), FALSE);
-    EXPECT_EQ(out, RECT{});
-    const RECT all{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX};
-    EXPECT_NE(IntersectRect(&out, &all, &second), FALSE);
-    EXPECT_EQ(out, second);
 }
 
 TEST(Rectangles, WrapAroundAtTheEndsOfTheRange) {
@@ -76,30 +75,30 @@ TEST(Rectangles, WrapAroundAtTheEndsOfTheRange) {
 }
 
 TEST(Kernel, MulDivRoundsHalvesAwayFromZero) {
-    const struct {
-        int number, numerator, denominator, result;
-    } cases[] = {{7, 3, 2, 11},
-                 {-7, 3, 2, -11},
-                 {5, 1, 2, 3},
-                 {-5, 1, 2, -3},
-                 {5, 1, -2, -3},
-                 {-5, -1, 2, 3},
-                 {4, 1, 3, 1},
-                 {1, 1, 0, -1},
-                 {0, 0, 0, -1},
-                 {INT32_MAX, 2, 1, -1},
-                 {INT32_MAX, INT32_MAX, INT32_MAX, INT32_MAX},
-                 {INT32_MAX, INT32_MAX, 1, -1},
-                 {INT32_MIN, 1, 2, -0x40000000},
-                 {INT32_MIN + 1, 1, 1, INT32_MIN + 1},
-                 {INT32_MIN, INT32_MIN, 1, -1},
-                 {INT32_MIN, 1, -1, -1},
-                 {INT32_MAX, 3, 7, 920350134},
-                 {-123456789, 987654321, 1000000, -1},
-                 {-123456789, 98765, 1000000, -12193210}};
-    for (const auto &expected : cases) {
-        EXPECT_EQ(MulDiv(expected.number, expected.numerator, expected.denominator), expected.result)
-            << expected.number << " x " << expected.numerator << " / " << expected.denominator;
+    const int cases[][4] = {
+        {7, 3, 2, 11},
+        {-7, 3, 2, -11},
+        {5, 1, 2, 3},
+        {-5, 1, 2, -3},
+        {5, 1, -2, -3},
+        {-5, -1, 2, 3},
+        {4, 1, 3, 1},
+        {1, 1, 0, -1},
+        {0, 0, 0, -1},
+        {INT32_MAX, 2, 1, -1},
+        {INT32_MAX, INT32_MAX, INT32_MAX, INT32_MAX},
+        {INT32_MAX, INT32_MAX, 1, -1},
+        {INT32_MIN, 1, 2, -0x40000000},
+        {INT32_MIN + 1, 1, 1, INT32_MIN + 1},
+        {INT32_MIN, INT32_MIN, 1, -1},
+        {INT32_MIN, 1, -1, -1},
+        {INT32_MAX, 3, 7, 920350134},
+        {-123456789, 987654321, 1000000, -1},
+        {-123456789, 98765, 1000000, -12193210},
+    };
+    for (const auto &[number, numerator, denominator, result] : cases) {
+        EXPECT_EQ(MulDiv(number, numerator, denominator), result)
+            << number << " x " << numerator << " / " << denominator;
     }
 }
 
@@ -138,7 +137,7 @@ TEST(Kernel, GlobalMemoryGrowsAndKeepsItsContents) {
         ASSERT_NE(block, nullptr);
         EXPECT_EQ(GlobalSize(block), size);
         bytes = static_cast<char *>(GlobalLock(block));
-        EXPECT_EQ(std::memcmp(bytes, "0123456789", 10), 0);
+        EXPECT_EQ(std::string(bytes, 10), "0123456789");
         EXPECT_EQ(bytes[size - 1], 0);
         EXPECT_EQ(GlobalUnlock(block), FALSE);
     }
@@ -151,7 +150,7 @@ TEST(Kernel, GlobalMemoryGrowsAndKeepsItsContents) {
     std::memcpy(fixed, "0123456789", 10);
     fixed = GlobalReAlloc(fixed, 5000, GMEM_MOVEABLE);
     ASSERT_NE(fixed, nullptr);
-    EXPECT_EQ(std::memcmp(fixed, "0123456789", 10), 0);
+    EXPECT_EQ(std::string(static_cast<char *>(fixed), 10), "0123456789");
     EXPECT_EQ(GlobalFree(fixed), nullptr);
 
     const auto endless = static_cast<size_t>(-1);

@@ -10,8 +10,6 @@
 namespace lacquer {
 namespace {
 
-constexpr uint32_t kRed = 0xFFFF0000, kBlue = 0xFF0000FF;
-
 /// A canvas and a path, and the same two made by the companion alone, which is told by hand where the canvas draws.
 class SideBySide {
 public:
@@ -152,6 +150,8 @@ TEST(VectorForwarding, SetsTheStateOfTheCompanion) {
     EXPECT_TRUE(sides.Both(SetBlendValue, velCanvasSetBlendValue, 128u));
     EXPECT_TRUE(sides.Both(SetDrawStyle, velCanvasSetDrawStyle, DWORD{VEL_STYLE_STROKE}));
     EXPECT_TRUE(sides.Both(SetStrokeWidth, velCanvasSetStrokeWidth, 5.5f));
+    const POINT triangle[] = {{1, 2}, {13, 4}, {-5, 16}};
+    EXPECT_TRUE(sides.Both(DrawPolygon, DrawClosedLines, 3, triangle));
     EXPECT_TRUE(sides.Both(SetStrokeCap, velCanvasSetStrokeCap, DWORD{VEL_CAP_SQUARE}));
     EXPECT_TRUE(sides.Both(SetStrokeJoin, velCanvasSetStrokeJoin, DWORD{VEL_JOIN_BEVEL}));
     EXPECT_TRUE(sides.Both(SetDashStyle, velCanvasSetDashStyle, DWORD{VEL_DASH_DOT}));
@@ -195,28 +195,20 @@ TEST(VectorForwarding, PassesPathsAndGradientsThrough) {
 }
 
 TEST(VectorForwarding, HasTheClipAndTheOriginsOfTheCanvas) {
-    struct Origins {
-        POINT viewport, window;
-    };
-    constexpr Origins kOrigins[] = {{{0, 0}, {0, 0}},
-                                    {{7, 5}, {0, 0}},
-                                    {{0, 0}, {10, 10}},
-                                    {{-3, 9}, {4, -6}},
-                                    {{100000, -100000}, {100003, -100004}}};
+    constexpr std::pair<POINT, POINT> kOrigins[] = {{{0, 0}, {0, 0}},
+                                                    {{7, 5}, {0, 0}},
+                                                    {{0, 0}, {10, 10}},
+                                                    {{-3, 9}, {4, -6}},
+                                                    {{100000, -100000}, {100003, -100004}}};
     constexpr RECT kClips[] = {{0, 0, 1, 1}, {5, 3, 41, 29}, {-100, 11, 20, 1000}, {20, 20, 20, 30}, {30, 30, 10, 10}};
-    for (const bool isSystem : {false, true}) {
-        for (const bool hasHandle : {false, true}) {
-            OwnedCanvas canvas(isSystem ? CreateSystemCanvas(kSceneWidth, kSceneHeight, {})
-                                        : CreateCanvas(kSceneWidth, kSceneHeight, {}));
-            if (hasHandle) GetCanvasHandle(canvas);
-            SideBySide sides(std::move(canvas));
-            const Picture ground = PixelsOn(PlainCanvas());
-            for (const auto &[viewport, window] : kOrigins) {
-                for (const RECT &clip : kClips) {
-                    const RECT pixels = sides.Place(viewport, window, clip);
-                    sides.Both(DrawCircle, velCanvasDrawCircle, 20, 17, 15.5f);
-                    EXPECT_TRUE(Same(Cropped(ground, sides.Pixels(), pixels), sides.Pixels()));
-                }
+    const Picture ground = PixelsOn(PlainCanvas());
+    for (const auto create : {CreateCanvas, CreateSystemCanvas}) {
+        SideBySide sides(OwnedCanvas(create(kSceneWidth, kSceneHeight, {})));
+        for (const auto &[viewport, window] : kOrigins) {
+            for (const RECT &clip : kClips) {
+                const RECT pixels = sides.Place(viewport, window, clip);
+                sides.Both(DrawCircle, velCanvasDrawCircle, 20, 17, 15.5f);
+                EXPECT_TRUE(Same(Cropped(ground, sides.Pixels(), pixels), sides.Pixels()));
             }
         }
     }

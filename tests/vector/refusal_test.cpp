@@ -141,17 +141,14 @@ TEST(VectorRefusal, LeavesNothingOver) {
     }
 }
 
-TEST(VectorRefusal, LeavesTheState) {
-    const HGCANVAS canvas = CreateCanvas(40, 30, HGCANVAS{});
-    counts = {.granted = 0};
-    EXPECT_EQ(0, SetColor(canvas, 1)) << "no companion";
-    counts = {.granted = 1};
-    EXPECT_EQ(1, SetColor(canvas, 1)) << "no pixels";
-    EXPECT_EQ(0, DrawLine(canvas, 1, 2, 3, 4));
-    DeleteCanvas(canvas);
-}
-
 TEST(VectorCompanion, IsMadeWhenItIsNeededAndGoesWithTheCanvas) {
+    const HGCANVAS refused = CreateCanvas(40, 30, HGCANVAS{});
+    counts = {.granted = 0};
+    EXPECT_EQ(0, SetColor(refused, 1)) << "no companion";
+    counts = {.granted = 1};
+    EXPECT_EQ(1, SetColor(refused, 1)) << "no pixels";
+    EXPECT_EQ(0, DrawLine(refused, 1, 2, 3, 4));
+    DeleteCanvas(refused);
     void (*const kEnds[])(HGCANVAS) = {[](HGCANVAS canvas) { DeleteCanvas(canvas); },
                                        [](HGCANVAS canvas) { DeleteBitmap(CanvasToBitmap(canvas)); },
                                        [](HGCANVAS canvas) { DeleteTexture(CanvasToTexture(canvas)); }};

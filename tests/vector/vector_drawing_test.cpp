@@ -1,4 +1,4 @@
-// Vector drawing on canvases: the state and its stack, pixels that move, and pixels that others change.
+// Vector drawing on canvases: the state and its stack, pixels that move, pixels that others change, far coordinates.
 
 #include <thread>
 
@@ -7,82 +7,68 @@
 namespace lacquer {
 namespace {
 
-constexpr uint32_t kRed = 0xFFFF0000, kBlue = 0xFF0000FF;
-
-/// The scene on a plain canvas, where nothing was done to it.
-Picture Scene() {
-    const OwnedCanvas canvas = PlainCanvas();
-    DrawScene(canvas);
-    return PixelsOn(canvas);
-}
-
-TEST(VectorDrawing, IsRefusedOnACallersDeviceContext) {
+TEST(VectorState, IsNotThereOnACallersDeviceContext) {
     const TestCanvas canvas(CanvasKind::FromDC, 12, 12, 1);
     const Picture before = canvas.Pixels();
-    EXPECT_EQ(0, DrawColor(canvas, kRed));
-    EXPECT_EQ(0, DrawRectangle(canvas, 0, 0, 5, 5));
-    EXPECT_EQ(0, SetColor(canvas, kRed));
-    EXPECT_EQ(0, Save(canvas));
+    const RECT rect{2, 2, 9, 9};
+    for (const int result : {DrawColor(canvas, kRed), DrawRectangle(canvas, 0, 0, 5, 5), SetColor(canvas, kRed),
+                             Save(canvas), Restore(canvas)}) {
+        EXPECT_EQ(0, result);
+    }
     EXPECT_EQ(0xFFFFFFFF, GetBlendMode(canvas));
     EXPECT_EQ(255u, GetBlendValue(canvas));
     EXPECT_EQ(1.0f, GetStrokeWidth(canvas));
-    const RECT rect{2, 2, 9, 9};
     EXPECT_EQ(1, FillGradualRect(canvas, kRed, kBlue, &rect, 1));
     EXPECT_TRUE(Same(before, canvas.Pixels()));
 }
 
-TEST(VectorState, LastsFromCallToCallAndBelongsToOneCanvas) {
-    const OwnedCanvas first = PlainCanvas(), second = PlainCanvas();
-    Picture expectedFirst = PixelsOn(first), expectedSecond = expectedFirst;
-    EXPECT_EQ(1, SetColor(first, kRed));
-    EXPECT_EQ(1, SetColor(second, kBlue));
-    EXPECT_EQ(1, SetStrokeWidth(first, 3.5f));
-    EXPECT_EQ(1, SetBlendMode(first, VEL_BLEND_SOURCE));
-    EXPECT_EQ(1.0f, GetStrokeWidth(second));
-    EXPECT_EQ(DWORD{VEL_BLEND_SOURCE_OVER}, GetBlendMode(second));
-    for (const LONG x : {2, 12, 22}) {
-        EXPECT_EQ(1, DrawRectangle(first, static_cast<float>(x), 4, 5, 6));
-        EXPECT_EQ(1, DrawRectangle(second, static_cast<float>(x), 4, 5, 6));
-        expectedFirst = WithRectangle(expectedFirst, {x, 4, x + 5, 10}, kRed);
-        expectedSecond = WithRectangle(expectedSecond, {x, 4, x + 5, 10}, kBlue);
-    }
-    EXPECT_TRUE(Same(expectedFirst, PixelsOn(first)));
-    EXPECT_TRUE(Same(expectedSecond, PixelsOn(second)));
-}
-
-TEST(VectorState, CallersShareTheStackWithEveryDrawing) {
-    const OwnedCanvas canvas = PlainCanvas();
+/// A canvas on which each column is drawn once, by the state of that moment.
+struct Columns {
+    OwnedCanvas canvas = PlainCanvas();
     Picture expected = PixelsOn(canvas);
     LONG x = 0;
-    const auto drawColumn = [&](uint32_t word) {
+
+    void Draw(uint32_t word) {
         EXPECT_EQ(1, DrawRectangle(canvas, static_cast<float>(x), 0, 1, 5));
         expected = WithRectangle(expected, {x, 0, x + 1, 5}, word);
         ++x;
-    };
-    const RECT gradient{0, 20, 8, 28};
+    }
+};
+
+TEST(VectorState, BelongsToOneCanvasAndItsStackToTheCaller) {
+    Columns first, second;
+    const HGCANVAS canvas = first.canvas;
+    const RECT gradualRect{0, 20, 8, 28};
     EXPECT_EQ(0, Restore(canvas)) << "nothing was saved";
     SetColor(canvas, kRed);
-    drawColumn(kRed);
+    SetColor(second.canvas, kBlue);
+    SetStrokeWidth(second.canvas, 3.5f);
+    EXPECT_EQ(1.0f, GetStrokeWidth(canvas));
     for (uint32_t word = 0xFF000041; word < 0xFF000046; ++word) {
+        first.Draw(word == 0xFF000041 ? kRed : word - 1);
+        second.Draw(kBlue);
         EXPECT_EQ(1, Save(canvas));
         SetColor(canvas, word);
-        drawColumn(word);
     }
+    // Drawings, refused ones too, leave the state and the stack as they are.
     for (uint32_t word = 0xFF000045; word > 0xFF000040; --word) {
-        EXPECT_EQ(1, FillGradualRect(canvas, kRed, kBlue, &gradient, 2));
-        drawColumn(word);
+        EXPECT_EQ(1, FillGradualRect(canvas, kRed, kBlue, &gradualRect, 2));
+        EXPECT_EQ(0, DrawPath(canvas, nullptr));
+        EXPECT_EQ(0, DrawLottie(canvas, nullptr, 0, 0, 0, 4, 4));
+        first.Draw(word);
         EXPECT_EQ(1, Restore(canvas));
     }
     for (int i = 0; i < 3; ++i) EXPECT_EQ(0, Restore(canvas)) << "as many as were saved";
-    drawColumn(kRed);
-    EXPECT_TRUE(Same(Cropped(expected, PixelsOn(canvas), gradient), PixelsOn(canvas)));
-
-    // Refused drawings leave the stack as it is, too.
-    EXPECT_EQ(1, Save(canvas));
-    EXPECT_EQ(0, DrawPath(canvas, nullptr));
-    EXPECT_EQ(0, DrawLottie(canvas, nullptr, 0, 0, 0, 4, 4));
-    EXPECT_EQ(1, Restore(canvas));
-    EXPECT_EQ(0, Restore(canvas));
+    first.Draw(kRed);
+    velGradient *gradient = GradientCreateLinear(0, 0, 30, 0);
+    EXPECT_EQ(1, GradientAddColorStop(gradient, 0, kGreen));
+    EXPECT_EQ(1, SetGradient(canvas, gradient));
+    EXPECT_EQ(1, GradientDestroy(gradient));
+    EXPECT_EQ(1, FillGradualRect(canvas, kRed, kBlue, &gradualRect, 2));
+    EXPECT_EQ(1, SetDrawStyle(canvas, VEL_STYLE_GRADIENT_FILL));
+    first.Draw(kGreen);
+    EXPECT_TRUE(Same(Cropped(first.expected, PixelsOn(canvas), gradualRect), PixelsOn(canvas)));
+    EXPECT_TRUE(Same(second.expected, PixelsOn(second.canvas)));
 }
 
 /// Moves a canvas's pixels into a device-independent bitmap.
@@ -99,29 +85,21 @@ void MovePixels(HGCANVAS canvas, bool throughAlias) {
 }
 
 TEST(VectorPixels, AreFoundWhereverTheyHaveMoved) {
-    const Picture scene = Scene();
     for (const bool throughAlias : {false, true}) {
-        const OwnedCanvas canvas = PlainCanvas();
+        Columns columns;
+        const HGCANVAS canvas = columns.canvas;
         const OwnedTexture old(GetTexture(canvas));
         EXPECT_EQ(1, SetColor(canvas, kRed));
-        EXPECT_EQ(1, DrawRectangle(canvas, 0, 0, 3, 3));
+        columns.Draw(kRed);
+        const Picture before = columns.expected;
         EXPECT_EQ(1, Save(canvas));
         EXPECT_EQ(1, SetColor(canvas, kBlue));
         MovePixels(canvas, throughAlias);
-        EXPECT_EQ(1, DrawRectangle(canvas, 4, 0, 3, 3));
+        columns.Draw(kBlue);
         EXPECT_EQ(1, Restore(canvas)) << "saved before the move";
-        EXPECT_EQ(1, DrawRectangle(canvas, 8, 0, 3, 3));
-        const Picture ground = PixelsOn(PlainCanvas());
-        Picture expected = WithRectangle(ground, {0, 0, 3, 3}, kRed);
-        EXPECT_TRUE(Same(expected, PictureOf(ViewOf(old)))) << "the borrower keeps the old pixels";
-        expected = WithRectangle(WithRectangle(expected, {4, 0, 7, 3}, kBlue), {8, 0, 11, 3}, kRed);
-        EXPECT_TRUE(Same(expected, PixelsOn(canvas)));
-        EXPECT_EQ(0, Restore(canvas));
-
-        FillWith(ViewOf(canvas), kGround);
-        DrawScene(canvas);
-        EXPECT_TRUE(Same(scene, PixelsOn(canvas)));
-
+        columns.Draw(kRed);
+        EXPECT_TRUE(Same(before, PictureOf(ViewOf(old)))) << "the borrower keeps the old pixels";
+        EXPECT_TRUE(Same(columns.expected, PixelsOn(canvas)));
         // The state does not touch what is no more, nor does the end of the canvas.
         const OwnedCanvas other = PlainCanvas();
         DrawScene(other);
@@ -130,17 +108,20 @@ TEST(VectorPixels, AreFoundWhereverTheyHaveMoved) {
     }
 }
 
-TEST(VectorPixels, ThatAreGoneRefuseDrawings) {
-    const OwnedCanvas canvas = PlainCanvas();
-    EXPECT_EQ(1, DrawColor(canvas, kRed));
-    const OwnedTexture kept(BitmapToTexture(GetBitmap(canvas)));
-    EXPECT_EQ(0, DrawColor(canvas, kBlue));
-    EXPECT_EQ(0, DrawRectangle(canvas, 0, 0, 5, 5));
-    EXPECT_EQ(1, Save(canvas));
-    EXPECT_EQ(1, SetColor(canvas, kBlue));
-    EXPECT_EQ(1, Restore(canvas));
-    const std::vector<uint32_t> pixels = PixelsIn(kept);
-    EXPECT_EQ(std::vector<uint32_t>(pixels.size(), kRed), pixels);
+TEST(VectorPixels, LiveOnInWhatTheCanvasBecomes) {
+    HGCANVAS canvas = CreateCanvas(kSceneWidth, kSceneHeight, {});
+    FillWith(ViewOf(canvas), kGround);
+    DrawScene(canvas);
+    const OwnedTexture texture(CanvasToTexture(canvas));
+    EXPECT_TRUE(Same(Scene(), PictureOf(ViewOf(texture))));
+    EXPECT_EQ(0, DrawColor(canvas, kRed)) << "no canvas any more";
+
+    const OwnedCanvas robbed = PlainCanvas();
+    EXPECT_EQ(1, DrawColor(robbed, kRed));
+    const OwnedTexture kept(BitmapToTexture(GetBitmap(robbed)));
+    EXPECT_EQ(0, DrawColor(robbed, kBlue));
+    EXPECT_EQ(1, SetColor(robbed, kBlue)) << "the state is still there";
+    EXPECT_EQ(std::vector<uint32_t>(kSceneWidth * kSceneHeight, kRed), PixelsIn(kept));
 }
 
 TEST(VectorPixels, ChangedByOthersAreSeen) {
@@ -165,17 +146,7 @@ TEST(VectorPixels, ChangedByOthersAreSeen) {
     }
 }
 
-TEST(VectorPixels, BecomeTexturesAndBitmapsWithTheirCanvas) {
-    const Picture scene = Scene();
-    HGCANVAS canvas = CreateCanvas(kSceneWidth, kSceneHeight, {});
-    FillWith(ViewOf(canvas), kGround);
-    DrawScene(canvas);
-    const OwnedTexture texture(CanvasToTexture(canvas));
-    EXPECT_TRUE(Same(scene, PictureOf(ViewOf(texture))));
-    EXPECT_EQ(0, DrawColor(canvas, kRed));
-}
-
-TEST(VectorDrawing, TwoThreadsDrawOnTwoCanvases) {
+TEST(VectorPixels, OfTwoCanvasesAreDrawnByTwoThreads) {
     const Picture scene = Scene();
     const OwnedCanvas first = PlainCanvas(), second = PlainCanvas();
     const auto draw = [&](HGCANVAS canvas) {
@@ -188,6 +159,38 @@ TEST(VectorDrawing, TwoThreadsDrawOnTwoCanvases) {
     std::thread other(draw, HGCANVAS(first));
     draw(second);
     other.join();
+}
+
+TEST(VectorInput, FarCoordinatesDrawNothingElsewhere) {
+    constexpr int kEnds[] = {INT32_MIN, -1, 0, INT32_MAX};
+    const OwnedCanvas canvas = PlainCanvas();
+    const Picture before = PixelsOn(canvas);
+    for (const int viewport : kEnds) {
+        for (const int window : kEnds) {
+            SetViewportOrg(canvas, viewport, 0, nullptr);
+            SetWindowOrg(canvas, window, 0, nullptr);
+            for (const RECT &clip : {RECT{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX}, RECT{5, 5, 9, 9}}) {
+                SetCanvasClipRect(canvas, &clip);
+                const int result = DrawCircle(canvas, 20, 20, 10);
+                EXPECT_TRUE(result == 0 || result == 1);
+                const bool isFar = std::abs(int64_t{viewport} - window) > 100;
+                EXPECT_TRUE(!isFar || Same(before, PixelsOn(canvas)));
+                FillWith(ViewOf(canvas), kGround);
+            }
+        }
+    }
+    // The canvas draws as ever, polygons with corners as far as they can be, too.
+    const RECT whole{0, 0, kSceneWidth, kSceneHeight};
+    SetViewportOrg(canvas, 0, 0, nullptr);
+    SetWindowOrg(canvas, 0, 0, nullptr);
+    SetCanvasClipRect(canvas, &whole);
+    DrawScene(canvas);
+    EXPECT_TRUE(Same(Scene(), PixelsOn(canvas)));
+    const POINT distant[] = {{INT32_MIN, INT32_MIN}, {INT32_MAX, INT32_MIN}, {INT32_MAX, 20}, {INT32_MIN, 20}};
+    SetColor(canvas, kGreen);
+    EXPECT_EQ(1, DrawPolygon(canvas, 4, distant));
+    EXPECT_TRUE(Same(WithRectangle(Scene(), {0, 0, kSceneWidth, 20}, kGreen), PixelsOn(canvas)));
+    for (const int count : {0, -1, INT32_MIN}) EXPECT_EQ(0, DrawPolygon(canvas, count, distant));
 }
 
 }  // namespace

@@ -1,8 +1,10 @@
-// Canvases: their bitmap, the state stack, clip and translation.
+// Canvases: their bitmap, the state stack, clip, translation and gradients.
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <climits>
+#include <cmath>
 #include <tuple>
 
 #include "painting.h"
@@ -12,30 +14,24 @@ extern "C" DWORD PaintFromC(void);
 namespace lacquer {
 namespace {
 
-constexpr uint32_t kBlack = 0xFF000000;
+constexpr uint32_t kBlack = 0xFF000000, kGreen = 0xFF00FF00;
 
 TEST(VelCanvasTest, PaintsFromC) { EXPECT_EQ(0xFF336699u, PaintFromC()); }
 
 TEST(VelCanvasTest, RefusesBitmapsThatItCannotDrawOn) {
     alignas(8) uint32_t pixels[16] = {};
     char *bytes = reinterpret_cast<char *>(pixels);
-    EXPECT_EQ(nullptr, velBitmapCreateFromData(nullptr, 2, 2, 8));
-    EXPECT_EQ(nullptr, velBitmapCreateFromData(bytes + 1, 2, 2, 8));
-    const velBitmapData kWrong[] = {{0, 2, 8, bytes},  {2, -1, 8, bytes}, {3, 2, 8, bytes},
-                                    {2, 2, 10, bytes}, {2, 2, -8, bytes}, {INT_MAX, 1, INT_MAX - 3, bytes}};
+    const velBitmapData kWrong[] = {
+        {2, 2, 8, nullptr}, {2, 2, 8, bytes + 1}, {0, 2, 8, bytes},  {2, -1, 8, bytes},
+        {3, 2, 8, bytes},   {2, 2, 10, bytes},    {2, 2, -8, bytes}, {INT_MAX, 1, INT_MAX - 3, bytes}};
     for (const auto &[width, height, stride, bits] : kWrong) {
         EXPECT_EQ(nullptr, velBitmapCreateFromData(bits, width, height, stride)) << width << ' ' << height;
     }
-}
-
-TEST(VelCanvasTest, DrawsNothingWithoutABitmap) {
     velCanvas *canvas = velCanvasCreate();
     velBitmapData data{};
-    EXPECT_EQ(0, velCanvasLockBits(canvas, nullptr, &data));
+    EXPECT_EQ(0, velCanvasLockBits(canvas, nullptr, &data)) << "no bitmap";
     EXPECT_EQ(0, velCanvasUnlockBits(canvas, nullptr));
     EXPECT_EQ(0, velCanvasDrawColor(canvas, kBlack));
-    EXPECT_EQ(0, velCanvasDrawLine(canvas, 0, 0, 1, 1));
-    EXPECT_EQ(0, velCanvasDrawRectangle(canvas, 0, 0, 1, 1));
     EXPECT_EQ(1, velCanvasSetColor(canvas, kBlack));
     EXPECT_EQ(1, velCanvasDestroy(canvas));
 }
@@ -61,38 +57,36 @@ TEST(VelCanvasTest, GoesToAnotherBitmapWithItsState) {
     EXPECT_EQ(1, velCanvasUnlockBits(painting, &reserved));
 }
 
-TEST(VelCanvasTest, SeesWhatOthersDrewSinceItCleared) {
-    Painting painting(8, 8);
-    EXPECT_EQ(1, velCanvasSetBlendMode(painting, VEL_BLEND_CLEAR));
-    EXPECT_EQ(1, velCanvasDrawColor(painting, kBlack));
-    painting.Fill(0xFF00FF00);
-    EXPECT_EQ(1, velCanvasSetBlendMode(painting, VEL_BLEND_SOURCE_OVER));
-    EXPECT_EQ(1, velCanvasSetColor(painting, 0x80FF0000));
-    EXPECT_EQ(1, velCanvasDrawRectangle(painting, 0, 0, 8, 8));
-    EXPECT_EQ(0xFF807F00u, painting.At(3, 3));
+TEST(VelCanvasTest, ReachesWhatItCanOfAHugeBitmap) {
+    Painting painting(40000, 2);
+    EXPECT_EQ(1, velCanvasDrawRectangle(painting, 32000, 0, 8000, 2));
+    ExpectBox(painting, {32000, 0, 32767, 2});
 }
 
 TEST(VelCanvasTest, RestoresEverythingSaved) {
-    Painting painting(16, 16);
-    ASSERT_EQ(1, velCanvasSave(painting));
+    Painting painting(16, 16), fresh(16, 16);
+    EXPECT_EQ(0, velCanvasRestore(painting)) << "nothing was saved";
+    EXPECT_EQ(1, velCanvasSave(painting));
     const float lengths[] = {1, 1};
-    EXPECT_EQ(1, velCanvasSetColor(painting, 0xFFFFFFFF));
     UseGradient(painting, velGradientCreateLinear(0, 0, 16, 0), {});
-    EXPECT_EQ(1, velCanvasSetDrawStyle(painting, VEL_STYLE_GRADIENT_STROKE));
-    EXPECT_EQ(1, velCanvasSetSmooth(painting, 0));
-    EXPECT_EQ(1, velCanvasSetBlendMode(painting, VEL_BLEND_XOR));
-    EXPECT_EQ(1, velCanvasSetBlendValue(painting, 7));
-    EXPECT_EQ(1, velCanvasSetStrokeWidth(painting, 5));
-    EXPECT_EQ(1, velCanvasSetStrokeCap(painting, VEL_CAP_ROUND));
-    EXPECT_EQ(1, velCanvasSetStrokeJoin(painting, VEL_JOIN_ROUND));
-    EXPECT_EQ(1, velCanvasSetDashPattern(painting, lengths, 2, 0));
-    EXPECT_EQ(1, velCanvasSetDashStyle(painting, VEL_DASH_PATTERN));
-    EXPECT_EQ(1, velCanvasTranslate(painting, 3, 4));
-    EXPECT_EQ(1, velCanvasClipRect(painting, 0, 0, 2, 2));
+    for (const int result :
+         {velCanvasSetColor(painting, 0xFFFFFFFF), velCanvasSetDrawStyle(painting, VEL_STYLE_GRADIENT_STROKE),
+          velCanvasSetSmooth(painting, 0), velCanvasSetBlendMode(painting, VEL_BLEND_XOR),
+          velCanvasSetBlendValue(painting, 7), velCanvasSetStrokeWidth(painting, 5),
+          velCanvasSetStrokeCap(painting, VEL_CAP_ROUND), velCanvasSetStrokeJoin(painting, VEL_JOIN_ROUND),
+          velCanvasSetDashPattern(painting, lengths, 2, 0), velCanvasSetDashStyle(painting, VEL_DASH_PATTERN),
+          velCanvasTranslate(painting, 3, 4), velCanvasClipRect(painting, 0, 0, 2, 2)}) {
+        EXPECT_EQ(1, result);
+    }
+    for (int i = 0; i < 10000; ++i) ASSERT_EQ(1, velCanvasSave(painting));
+    EXPECT_EQ(1, velCanvasSetBlendMode(painting, VEL_BLEND_PLUS));
+    for (int i = 0; i < 10000; ++i) ASSERT_EQ(1, velCanvasRestore(painting));
     EXPECT_EQ(DWORD{VEL_BLEND_XOR}, velCanvasGetBlendMode(painting));
+    EXPECT_EQ(7u, velCanvasGetBlendValue(painting));
+    EXPECT_EQ(5.0f, velCanvasGetStrokeWidth(painting));
     ASSERT_EQ(1, velCanvasRestore(painting));
 
-    Painting fresh(16, 16);
+    EXPECT_EQ(0, velCanvasRestore(painting));
     EXPECT_EQ(DWORD{VEL_BLEND_SOURCE_OVER}, velCanvasGetBlendMode(painting));
     EXPECT_EQ(255u, velCanvasGetBlendValue(painting));
     EXPECT_EQ(1.0f, velCanvasGetStrokeWidth(painting));
@@ -102,64 +96,101 @@ TEST(VelCanvasTest, RestoresEverythingSaved) {
         EXPECT_EQ(1, velCanvasDrawPoint(*each, 2, 2));
     }
     EXPECT_EQ(fresh.Pixels(), painting.Pixels());
-}
-
-TEST(VelCanvasTest, RefusesToRestoreMoreThanWasSaved) {
-    Painting painting(4, 4);
-    EXPECT_EQ(0, velCanvasRestore(painting));
-    EXPECT_EQ(1, velCanvasSetBlendValue(painting, 9));
-    for (int i = 0; i < 10000; ++i) ASSERT_EQ(1, velCanvasSave(painting));
-    EXPECT_EQ(1, velCanvasSetBlendValue(painting, 10));
-    for (int i = 0; i < 10000; ++i) ASSERT_EQ(1, velCanvasRestore(painting));
-    EXPECT_EQ(9u, velCanvasGetBlendValue(painting));
-    for (int i = 0; i < 3; ++i) EXPECT_EQ(0, velCanvasRestore(painting));
-    EXPECT_EQ(9u, velCanvasGetBlendValue(painting));
-    EXPECT_EQ(1, velCanvasDrawRectangle(painting, 0, 0, 4, 4));
-    EXPECT_EQ(9u, painting.AlphaAt(1, 1));
     EXPECT_EQ(1, velCanvasSave(painting));  // destroyed with a state still saved
 }
 
 TEST(VelCanvasTest, ClipsToIntersectedRectangles) {
-    Painting painting(16, 16);
+    Painting painting(16, 16), other(8, 8);
     EXPECT_EQ(1, velCanvasClipRect(painting, 2, 3, 10, 12));
     EXPECT_EQ(1, velCanvasTranslate(painting, 1.25f, -0.75f));
     EXPECT_EQ(1, velCanvasClipRect(painting, 3, INT_MIN, INT_MAX, 10));  // (4.25, ..., 9.25), rounded
     EXPECT_EQ(1, velCanvasDrawColor(painting, kBlack));
     ExpectBox(painting, {4, 3, 10, 9});
     EXPECT_EQ(36.0, painting.Area());
-}
-
-TEST(VelCanvasTest, DrawsNothingInAnEmptyClip) {
-    Painting painting(8, 8);
-    for (const RECT &clip : {RECT{3, 3, 3, 6}, RECT{6, 6, 2, 2}, RECT{8, 0, 20, 8}, RECT{INT_MAX, 0, INT_MIN, 8}}) {
-        ASSERT_EQ(1, velCanvasSave(painting));
-        EXPECT_EQ(1, velCanvasClipRect(painting, clip.left, clip.top, clip.right, clip.bottom));
-        EXPECT_EQ(1, velCanvasDrawRectangle(painting, 0, 0, 8, 8));
-        EXPECT_EQ(1, velCanvasDrawColor(painting, kBlack));
-        ASSERT_EQ(1, velCanvasRestore(painting));
+    for (const RECT &clip :
+         {RECT{1, 1, 3, 3}, RECT{3, 3, 3, 6}, RECT{6, 6, 2, 2}, RECT{8, 0, 20, 8}, RECT{INT_MAX, 0, INT_MIN, 8}}) {
+        ASSERT_EQ(1, velCanvasSave(other));
+        EXPECT_EQ(1, velCanvasClipRect(other, clip.left, clip.top, clip.right, clip.bottom));
+        EXPECT_EQ(1, velCanvasDrawRectangle(other, 0, 0, 8, 8));
+        EXPECT_EQ(1, velCanvasDrawColor(other, kBlack));
+        ASSERT_EQ(1, velCanvasRestore(other));
     }
-    EXPECT_TRUE(painting.IsEmpty());
-    EXPECT_EQ(1, velCanvasDrawColor(painting, kBlack));
-    EXPECT_EQ(64.0, painting.Area());
+    EXPECT_EQ(4.0, other.Area()) << "of the first clip";
+    EXPECT_EQ(1, velCanvasDrawColor(other, kBlack));
+    EXPECT_EQ(64.0, other.Area()) << "all of it again";
 }
 
 TEST(VelCanvasTest, AddsTranslationsUpWithoutLoss) {
     Painting painting(8, 8);
     // Far away and back, as window and viewport origins do.
-    EXPECT_EQ(1, velCanvasTranslate(painting, 2147483648.0f, -2147483648.0f));
-    EXPECT_EQ(1, velCanvasDrawRectangle(painting, 0, 0, 1, 1));
-    EXPECT_TRUE(painting.IsEmpty());
-    EXPECT_EQ(1, velCanvasTranslate(painting, 3, 2));
-    EXPECT_EQ(1, velCanvasTranslate(painting, -2147483648.0f, 2147483648.0f));
-    EXPECT_EQ(1, velCanvasDrawRectangle(painting, 0, 0, 1, 1));
+    for (const auto &[x, y] : {std::pair{2147483648.0f, -2147483648.0f}, {3.5f, 2}, {-2147483648.0f, 2147483648.0f}}) {
+        EXPECT_EQ(1, velCanvasTranslate(painting, x, y));
+        EXPECT_TRUE(painting.IsEmpty());
+        EXPECT_EQ(1, velCanvasDrawRectangle(painting, -0.5f, 0, 1, 1));
+    }
     EXPECT_EQ(kBlack, painting.At(3, 2));
     EXPECT_EQ(1.0, painting.Area());
 }
 
-TEST(VelCanvasTest, ReachesWhatItCanOfAHugeBitmap) {
-    Painting painting(40000, 2);
-    EXPECT_EQ(1, velCanvasDrawRectangle(painting, 32000, 0, 8000, 2));
-    ExpectBox(painting, {32000, 0, 32767, 2});
+/// Draws the whole painting with the gradient of the canvas.
+void Cover(const Painting &painting) {
+    EXPECT_EQ(1, velCanvasSetDrawStyle(painting, VEL_STYLE_GRADIENT_FILL));
+    EXPECT_EQ(1, velCanvasDrawRectangle(painting, -10, -10, 100, 100));
+}
+
+TEST(VelGradientTest, RadialColoursFollowTheDistance) {
+    Painting painting(41, 41);
+    // Of two stops in one place the later one goes on.
+    UseGradient(painting, velGradientCreateRadial(20.5f, 20.5f, 20),
+                {{1, 0xFF000000}, {0, 0xFF808080}, {0, 0xFFFFFFFF}});
+    Cover(painting);
+    for (int y = 0; y < 41; ++y) {
+        for (int x = 0; x < 41; ++x) {
+            const double t = std::min(1.0, std::hypot(x - 20, y - 20) / 20);
+            EXPECT_NEAR(255 * (1 - t), painting.At(x, y) & 0xFF, 3) << x << ' ' << y;
+        }
+    }
+    // Without an extent there may be nothing to see, but what comes later is drawn.
+    UseGradient(painting, velGradientCreateLinear(2, 2, 2, 2), {{0, kGreen}, {1, kGreen}});
+    Cover(painting);
+    EXPECT_EQ(1, velCanvasDrawColor(painting, kBlack));
+    EXPECT_EQ(kBlack, painting.At(2, 1));
+}
+
+TEST(VelGradientTest, LivesAsLongAsAnyCanvasOrStateHasIt) {
+    Painting first(4, 4), second(4, 4);
+    velGradient *gradient = velGradientCreateLinear(0, 0, 4, 0);
+    for (int i = 0; i < 2; ++i) EXPECT_EQ(1, velCanvasSetGradient(first, gradient));
+    UseGradient(second, gradient, {{0, kGreen}});  // shows in both although it comes later
+    EXPECT_EQ(1, velCanvasSave(first));
+    UseGradient(first, velGradientCreateRadial(1, 1, 1), {});  // without stops: nothing
+    Cover(first);
+    EXPECT_TRUE(first.IsEmpty());
+    EXPECT_EQ(1, velCanvasRestore(first));
+    for (const Painting *painting : {&first, &second}) {
+        Cover(*painting);
+        EXPECT_EQ(kGreen, painting->At(2, 2));
+    }
+}
+
+TEST(VelGradientTest, RefusesWhatIsNoGradient) {
+    for (const float bad : {NAN, INFINITY}) {
+        EXPECT_EQ(nullptr, velGradientCreateLinear(bad, 0, 1, 1));
+        EXPECT_EQ(nullptr, velGradientCreateLinear(0, 0, 1, bad));
+        EXPECT_EQ(nullptr, velGradientCreateRadial(0, bad, 1));
+    }
+    for (const float radius : {0.0f, -1.0f}) EXPECT_EQ(nullptr, velGradientCreateRadial(0, 0, radius));
+    velGradient *gradient = velGradientCreateLinear(0, 0, 1, 1);
+    for (const float offset : {-0.1f, 1.1f, NAN, INFINITY}) EXPECT_EQ(0, velGradientAddColorStop(gradient, offset, 0));
+    velGradientDestroy(gradient);
+    for (const DWORD style : {VEL_STYLE_GRADIENT_FILL, VEL_STYLE_GRADIENT_STROKE}) {
+        ExpectRefused("no gradient set", [&](velCanvas *canvas) {
+            EXPECT_EQ(1, velCanvasSetDrawStyle(canvas, style));
+            const int result = velCanvasDrawRectangle(canvas, 0, 0, 9, 9);
+            EXPECT_EQ(1, velCanvasSetDrawStyle(canvas, VEL_STYLE_FILL));
+            return result;
+        });
+    }
 }
 
 }  // namespace

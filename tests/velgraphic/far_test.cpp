@@ -16,7 +16,7 @@ namespace {
 
 /// The share of each pixel that lies inside, from 8 x 8 points, against what was drawn in an opaque colour.
 template <class Inside>
-void ExpectCoverage(const Painting &painting, Inside inside, const std::string &name) {
+void ExpectCoverage(const Painting &painting, Inside inside) {
     constexpr int kSteps = 8;
     for (int y = 0; y < painting.Height(); ++y) {
         for (int x = 0; x < painting.Width(); ++x) {
@@ -24,8 +24,7 @@ void ExpectCoverage(const Painting &painting, Inside inside, const std::string &
             for (int i = 0; i < kSteps * kSteps; ++i) {
                 count += inside(x + (i % kSteps + 0.5) / kSteps, y + (i / kSteps + 0.5) / kSteps) ? 1 : 0;
             }
-            ASSERT_NEAR(255.0 * count / (kSteps * kSteps), painting.AlphaAt(x, y), 28)
-                << name << " at " << x << ' ' << y;
+            ASSERT_NEAR(255.0 * count / (kSteps * kSteps), painting.AlphaAt(x, y), 28) << "at " << x << ' ' << y;
         }
     }
 }
@@ -33,11 +32,9 @@ void ExpectCoverage(const Painting &painting, Inside inside, const std::string &
 /// How many pixels differ in their alpha by more than `tolerance`.
 int Differing(const Painting &a, const Painting &b, int tolerance) {
     int count = 0;
-    for (int y = 0; y < a.Height(); ++y) {
-        for (int x = 0; x < a.Width(); ++x) {
-            count +=
-                std::abs(static_cast<int>(a.AlphaAt(x, y)) - static_cast<int>(b.AlphaAt(x, y))) > tolerance ? 1 : 0;
-        }
+    for (size_t i = 0; i < a.Pixels().size(); ++i) {
+        const auto difference = static_cast<int>(a.Pixels()[i] >> 24) - static_cast<int>(b.Pixels()[i] >> 24);
+        count += std::abs(difference) > tolerance;
     }
     return count;
 }
@@ -48,67 +45,52 @@ TEST(VelFarTest, PolygonsEncloseWhatTheyEnclose) {
     const auto number = [&](int low, int high) { return std::uniform_int_distribution(low, high)(random); };
     int visible = 0;
     for (int i = 0; i < 300; ++i) {
-        Painting painting(24, 24);
-        Path path;
-        struct {
-            double x, y;
-        } points[8];
+        SCOPED_TRACE(i);
+        std::vector<std::pair<double, double>> points;
         const int exponent = i % 3 == 0 ? number(30, 120) : number(16, 29);
-        const size_t count = 4 + 2 * static_cast<size_t>(number(0, 2));
-        const DWORD type = i % 2 ? VEL_FILL_EVEN_ODD : VEL_FILL_WINDING;
-        for (size_t k = 0; k < count; k += 2) {
+        for (int k = number(2, 4); k > 0; --k) {
             const double x = std::ldexp(number(-8, 8), exponent), y = std::ldexp(number(-8, 8), exponent);
             // Beside the middle as long as the floats can tell.
             const double aside = exponent < 20 ? number(-8, 8) : 0;
-            points[k] = {x + aside, y};
-            points[k + 1] = {-x + aside, -y};
+            points.insert(points.end(), {{x + aside, y}, {-x + aside, -y}});
         }
+        Painting painting(24, 24);
+        Path path;
         velCanvasTranslate(painting, 12, 12.5f);
-        velPathSetFillType(path, type);
-        for (size_t k = 0; k < count; ++k) {
-            ASSERT_EQ(1, velPathLineTo(path, static_cast<float>(points[k].x), static_cast<float>(points[k].y)));
-        }
+        velPathSetFillType(path, i % 2 ? VEL_FILL_EVEN_ODD : VEL_FILL_WINDING);
+        for (const auto &[x, y] : points) velPathLineTo(path, static_cast<float>(x), static_cast<float>(y));
         ASSERT_EQ(1, velCanvasDrawPath(painting, path));
-        const auto winding = [&](double x, double y) {
+        ExpectCoverage(painting, [&](double pixelX, double pixelY) {
+            const double x = pixelX - 12, y = pixelY - 12.5;
             int turns = 0;
-            for (size_t k = 0; k < count; ++k) {
-                const auto &a = points[k], &b = points[(k + 1) % count];
-                if ((a.y <= y) == (b.y <= y)) continue;
-                const double side = a.x * b.y - a.y * b.x + y * (b.x - a.x) - x * (b.y - a.y);
-                if (b.y > a.y ? side > 0 : side < 0) turns += b.y > a.y ? 1 : -1;
+            for (size_t k = 0; k < points.size(); ++k) {
+                const auto &[ax, ay] = points[k];
+                const auto &[bx, by] = points[(k + 1) % points.size()];
+                if ((ay <= y) == (by <= y)) continue;
+                const double side = ax * by - ay * bx + y * (bx - ax) - x * (by - ay);
+                if (by > ay ? side > 0 : side < 0) turns += by > ay ? 1 : -1;
             }
-            return turns;
-        };
-        ExpectCoverage(
-            painting,
-            [&](double x, double y) {
-                const int turns = winding(x - 12, y - 12.5);
-                return type == VEL_FILL_WINDING ? turns != 0 : turns % 2 != 0;
-            },
-            "polygon " + std::to_string(i));
+            return i % 2 ? turns % 2 != 0 : turns != 0;
+        });
         if (HasFatalFailure()) return;
-        visible += !painting.IsEmpty() && painting.Area() < 576 ? 1 : 0;
+        visible += !painting.IsEmpty() && painting.Area() < 576;
     }
     EXPECT_LT(200, visible) << "the test is to show edges";
 }
 
 TEST(VelFarTest, CurvesRunWhereTheyRun) {
-    for (const double radius : {9e5, 1.1e6, 7.7e6, 1e8, 3e9, 1e12}) {
+    // Ellipses twice as wide as high, whose edges pass near the middle; the centre is what a float can be. Coordinates
+    // of 1e12 pixels have digits for 1e-4 pixels.
+    for (const double radius : {1.1e6, 7.7e6, 1e8, 3e9, 1e12}) {
         for (int degrees = 0; degrees < 360; degrees += 23) {
-            // An ellipse twice as wide as high, whose edge passes near the middle; the centre is what a float can be.
             const double angle = degrees * std::numbers::pi / 180;
             const auto x = static_cast<float>(16 - 2 * radius * std::cos(angle)),
                        y = static_cast<float>(16 - radius * std::sin(angle));
             const auto high = static_cast<float>(std::hypot((16 - x) / 2, 16.0 - y));
-            Painting painting, pie;
-            const auto isInside = [&](double px, double py) {
-                // r1^2 - r2^2 = (r1 - r2) (r1 + r2), with the digits kept
-                return std::hypot((px - x) / 2, py - y) <= high;
-            };
+            Painting painting;
             ASSERT_EQ(1, velCanvasDrawEllipse(painting, x, y, 2 * high, high));
-            // Coordinates of 1e12 pixels have digits for 1e-4 pixels.
-            if (radius < 1e6) continue;
-            ExpectCoverage(painting, isInside, "ellipse " + std::to_string(radius) + " " + std::to_string(degrees));
+            SCOPED_TRACE(testing::Message() << radius << ' ' << degrees);
+            ExpectCoverage(painting, [&](double px, double py) { return std::hypot((px - x) / 2, py - y) <= high; });
             if (HasFatalFailure()) return;
         }
     }
@@ -121,21 +103,22 @@ TEST(VelFarTest, CurvesRunWhereTheyRun) {
         velPathMoveTo(path, -end, height);
         velPathQuadraticCurveTo(path, 0, -height, end, height);
         ASSERT_EQ(1, velCanvasDrawPath(painting, path));
-        const auto isInside = [](double x, double y) { return y - 5 >= (x - 16) * (x - 16) / 16; };
-        ExpectCoverage(painting, isInside, "parabola " + std::to_string(exponent));
+        ExpectCoverage(painting, [](double x, double y) { return y - 5 >= (x - 16) * (x - 16) / 16; });
     }
     // Pies around the middle, and bounds.
     for (const float radius : {2e6f, 1e20f, FLT_MAX / 4}) {
         Painting painting;
         velCanvasTranslate(painting, 16, 16);
         ASSERT_EQ(1, velCanvasDrawArc(painting, -radius, -radius, 2 * radius, 2 * radius, 45, 180, 1));
-        ExpectCoverage(
-            painting, [](double x, double y) { return x - 16 < y - 16; }, "pie");
+        ExpectCoverage(painting, [](double x, double y) { return x < y; });
         Path path;
         ASSERT_EQ(1, velPathAddEllipse(path, 0, radius, radius, radius / 2));
         EXPECT_FLOAT_EQ(-radius, path.Bounds().left);
         EXPECT_FLOAT_EQ(radius * 1.5f, path.Bounds().bottom);
     }
+    Path path;
+    EXPECT_EQ(1, velPathAddRectangle(path, FLT_MAX, 0, FLT_MAX, 0));
+    EXPECT_EQ(FLT_MAX, path.Bounds().right);
 }
 
 TEST(VelFarTest, TranslationsMayBeAsFarAway) {
@@ -180,7 +163,7 @@ TEST(VelFarTest, AFarFigureBesideItChangesNoFigure) {
             if (!isDashed) velPathBezierCurveTo(path, number(), number(), number(), number(), number(), number());
             if (!isDashed && i == 1) velPathAddEllipse(path, number(), number(), 25, 9);
             if (kind % 3) velPathLineTo(path, number(), number());
-            if (kind / 3 % 2) velPathClose(path);
+            if (kind / (isDashed ? 3 : 24) % 2) velPathClose(path);
         }
         for (const Painting *each : {&close, &distant}) {
             Prepare(*each, kind);
@@ -190,42 +173,6 @@ TEST(VelFarTest, AFarFigureBesideItChangesNoFigure) {
         }
         // A last digit decides whether a dash that ends at a corner is mitred.
         EXPECT_LE(Differing(close, distant, 10), isDashed ? 12 : 0) << kind;
-    }
-}
-
-TEST(VelFarTest, StrokesLookLikeThoseCutByHand) {
-    for (DWORD kind = 0; kind < 144; ++kind) {
-        // Every pattern repeats after 300 pixels, and lengths of 300 * 2^k have the same place in it. Beyond 2^48
-        // pixels a double could not tell it.
-        const bool isDashed = kind / 4 % 6 != 0;
-        const float size = std::ldexp(60.0f, 11 + static_cast<int>(kind * 7 % (isDashed ? 30 : 100)));
-        const auto expectSame = [&](const char *name, auto draw) {
-            Painting close, distant;
-            for (const Painting *each : {&close, &distant}) {
-                Prepare(*each, kind);
-                velCanvasSetDrawStyle(*each, VEL_STYLE_STROKE);
-                velCanvasTranslate(*each, 14, 15);
-                EXPECT_EQ(1, draw(*each, each == &close ? 60.0f : size)) << name << ' ' << kind;
-            }
-            EXPECT_EQ(0, Differing(close, distant, 8)) << name << ' ' << kind << ' ' << size;
-        };
-        expectSame("line", [](velCanvas *c, float s) { return velCanvasDrawLine(c, -3 * s, -4 * s, 24, 32); });
-        expectSame("line through",
-                   [](velCanvas *c, float s) { return velCanvasDrawLine(c, -4 * s, 3 * s, 4 * s, -3 * s); });
-        // With a perimeter that ends within the pattern.
-        const float more = std::ldexp(300.0f, static_cast<int>(11 + kind % 3));
-        expectSame("rectangle", [=](velCanvas *c, float s) {
-            return velCanvasDrawRectangle(c, 0, 0, s > 60 ? more : 300, s > 60 ? more + 7.25f : 307.25f);
-        });
-        for (int start = 0; start < 3 && !isDashed; ++start) {
-            expectSame("triangle", [start](velCanvas *canvas, float s) {
-                const float corners[][2] = {{0, 0}, {3 * s, s}, {s, 4 * s}};
-                Path path;
-                for (int i = start; i < start + 3; ++i) velPathLineTo(path, corners[i % 3][0], corners[i % 3][1]);
-                velPathClose(path);
-                return velCanvasDrawPath(canvas, path);
-            });
-        }
     }
 }
 
@@ -275,30 +222,55 @@ TEST(VelFarTest, DashesGoOnBehindWhatIsNotSeen) {
     }
 }
 
-/// The colour of sorted stops at `t`, premultiplied, 0 to 255.
-std::array<double, 4> ColourAt(const std::vector<std::pair<float, DWORD>> &stops, double t) {
+using Stops = std::vector<std::pair<float, DWORD>>;
+
+/// The channels of sorted stops at `t`, premultiplied, 0 to 255.
+std::array<double, 4> ColourAt(const Stops &stops, double t) {
     size_t next = 0;
     while (next < stops.size() && stops[next].first <= t) ++next;
     const auto &[low, from] = stops[next == 0 ? 0 : next - 1];
     const auto &[high, to] = stops[next == stops.size() ? next - 1 : next];
     const double s = low < high ? (t - low) / (double{high} - low) : 0;
     std::array<double, 4> colour{};
-    for (int i = 3; i >= 0; --i) {
+    for (size_t i = 4; i-- > 0;) {
         const auto channel = [i](DWORD word) { return static_cast<double>(word >> 8 * i & 0xFF); };
-        colour[static_cast<size_t>(i)] = channel(from) + s * (channel(to) - channel(from));
-        if (i < 3) colour[static_cast<size_t>(i)] *= colour[3] / 255;
+        colour[i] = channel(from) + s * (channel(to) - channel(from));
+        if (i < 3) colour[i] *= colour[3] / 255;
     }
     return colour;
+}
+
+/// Colours may lie 0.01 pixels beside their place: at a sharp edge the one or the other is right.
+template <class PlaceOf>
+void ExpectColours(const Painting &painting, const Stops &stops, PlaceOf placeOf) {
+    constexpr double kAside = 0.01;
+    for (int y = 0; y < painting.Height(); ++y) {
+        for (int x = 0; x < painting.Width(); ++x) {
+            std::array<double, 4> low{255, 255, 255, 255}, high{};
+            for (const auto &[dx, dy] : {std::pair{-1, -1}, {-1, 1}, {1, -1}, {1, 1}}) {
+                const auto colour = ColourAt(stops, placeOf(x + 0.5 + dx * kAside, y + 0.5 + dy * kAside));
+                for (size_t k = 0; k < 4; ++k) {
+                    low[k] = std::min(low[k], colour[k]);
+                    high[k] = std::max(high[k], colour[k]);
+                }
+            }
+            for (size_t k = 0; k < 4; ++k) {
+                const double channel = painting.At(x, y) >> 8 * k & 0xFF;
+                ASSERT_GE(channel, low[k] - 1) << "channel " << k << " at " << x << ' ' << y;
+                ASSERT_LE(channel, high[k] + 1) << "channel " << k << " at " << x << ' ' << y;
+            }
+        }
+    }
 }
 
 TEST(VelFarTest, GradientsHaveTheirColours) {
     std::mt19937 random(56);
     const auto number = [&](double low, double high) { return std::uniform_real_distribution(low, high)(random); };
+    const auto word = [&] { return static_cast<DWORD>(random()); };
     int plain = 0;
     for (int i = 0; i < 480; ++i) {
         // From a point far away, or near the picture in one direction, to one on the other side; most with colours that
         // change in sight, as far as floats can say where.
-        Painting painting(48, 40);
         const double reach = std::pow(10.0, number(4.6, i % 8 < 6 ? 7.2 : 36));
         const auto coordinate = [&](bool isFar) {
             return static_cast<float>(isFar ? (random() % 2 ? reach : -reach) * number(0.5, 1) : number(0, 40));
@@ -311,48 +283,34 @@ TEST(VelFarTest, GradientsHaveTheirColours) {
         const auto at = [&](double x, double y) {
             return isRadial ? std::hypot(x - x0, y - y0) / radius : (dx * (x - x0) + dy * (y - y0)) / squared;
         };
-        const auto word = [&] { return static_cast<DWORD>(random()); };
-        std::vector<std::pair<float, DWORD>> stops{{0.0f, word()}, {1.0f, word()}};
+        Stops stops{{0.0f, word()}, {1.0f, word()}};
         for (int k = i % 7 == 0 ? 4 : 0; k < 2 + i % 3; ++k) {
             const double offset = i % 16 < 13 ? at(number(0, 48), number(0, 40)) : number(0, 1);
             stops.emplace_back(static_cast<float>(std::clamp(offset, 0.0, 1.0)), word());
         }
-        std::ranges::stable_sort(stops, {}, &std::pair<float, DWORD>::first);
+        Painting painting(48, 40);
         velGradient *gradient =
             isRadial ? velGradientCreateRadial(x0, y0, radius) : velGradientCreateLinear(x0, y0, x1, y1);
-        velCanvasSetGradient(painting, gradient);
         for (const auto &[offset, colour] : stops) EXPECT_EQ(1, velGradientAddColorStop(gradient, offset, colour));
-        velGradientDestroy(gradient);
+        UseGradient(painting, gradient, {});
+        std::ranges::stable_sort(stops, {}, &std::pair<float, DWORD>::first);
         velCanvasSetDrawStyle(painting, VEL_STYLE_GRADIENT_FILL);
         ASSERT_EQ(1, velCanvasDrawRectangle(painting, -1e9f, -1e9f, 2e9f, 2e9f));
         plain += std::ranges::count(painting.Pixels(), painting.At(0, 0)) == 48 * 40;
-        for (int y = 0; y < painting.Height(); ++y) {
-            for (int x = 0; x < painting.Width(); ++x) {
-                // Colours may lie 0.01 pixels beside their place: at a sharp edge the one or the other is right.
-                std::array<double, 4> low, high;
-                low.fill(255);
-                high.fill(0);
-                for (const double aside : {-0.01, 0.01}) {
-                    for (const double t :
-                         {at(x + 0.5 + aside, y + 0.5 + aside), at(x + 0.5 + aside, y + 0.5 - aside)}) {
-                        const auto colour = ColourAt(stops, t);
-                        for (size_t k = 0; k < 4; ++k) {
-                            low[k] = std::min(low[k], colour[k]);
-                            high[k] = std::max(high[k], colour[k]);
-                        }
-                    }
-                }
-                for (size_t k = 0; k < 4; ++k) {
-                    const double channel = painting.At(x, y) >> 8 * k & 0xFF;
-                    ASSERT_TRUE(channel >= low[k] - 1 && channel <= high[k] + 1)
-                        << i << " at " << x << ' ' << y << ", channel " << k << ": " << channel << " not in " << low[k]
-                        << " to " << high[k] << (isRadial ? " radial " : " linear ") << x0 << ' ' << y0 << ' ' << x1
-                        << ' ' << y1;
-                }
-            }
-        }
+        SCOPED_TRACE(testing::Message() << i << ": " << x0 << ' ' << y0 << ' ' << x1 << ' ' << y1);
+        ExpectColours(painting, stops, at);
+        if (HasFatalFailure()) return;
     }
     EXPECT_GT(240, plain) << "the test is to show colours";
+    // A stroke has its colours up to its edges.
+    Painting graded, black;
+    UseGradient(graded, velGradientCreateLinear(-1e6f, 0, 1000032, 0), {{0.5f, 0xFFFF0000}, {0.5f, 0xFF0000FF}});
+    for (const Painting *each : {&graded, &black}) {
+        velCanvasSetDrawStyle(*each, each == &graded ? VEL_STYLE_GRADIENT_STROKE : VEL_STYLE_STROKE);
+        velCanvasSetStrokeWidth(*each, 10);
+        ASSERT_EQ(1, velCanvasDrawLine(*each, 4, 16, 28, 16));
+    }
+    EXPECT_EQ(0, Differing(graded, black, 1));
 }
 
 TEST(VelFarTest, PicturesAreTheSameOnEverySystem) {

@@ -5,50 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <fstream>
 
 namespace lacquer {
 namespace {
-
-constexpr int kShifts[] = {16, 8, 0, 24};  ///< of the channels in a file: red first
-
-/// Premultiplied channels in the simplest format with four of them.
-void WritePicture(const Painting &painting, const std::string &path) {
-    std::ofstream file(path, std::ios::binary);
-    file << "P7\nWIDTH " << painting.Width() << "\nHEIGHT " << painting.Height()
-         << "\nDEPTH 4\nMAXVAL 255\nTUPLTYPE RGB_ALPHA\nENDHDR\n";
-    for (const uint32_t pixel : painting.Pixels()) {
-        for (const int shift : kShifts) file.put(static_cast<char>(pixel >> shift & 0xFF));
-    }
-}
-
-std::vector<uint32_t> ReadPicture(const std::string &path) {
-    std::ifstream file(path, std::ios::binary);
-    std::string line;
-    while (std::getline(file, line) && line != "ENDHDR") {
-    }
-    std::vector<uint32_t> pixels;
-    char bytes[4];
-    while (file.read(bytes, 4)) {
-        pixels.push_back(0);
-        for (int i = 0; i < 4; ++i) pixels.back() |= uint32_t{static_cast<uint8_t>(bytes[i])} << kShifts[i];
-    }
-    return pixels;
-}
-
-/// The largest difference of a channel of two pictures of one size.
-int LargestDifference(const std::vector<uint32_t> &a, const std::vector<uint32_t> &b) {
-    if (a.size() != b.size()) return 256;
-    int largest = 0;
-    for (size_t i = 0; i < a.size(); ++i) {
-        for (const int shift : kShifts) {
-            const auto channel = [&](uint32_t pixel) { return static_cast<int>(pixel >> shift & 0xFF); };
-            largest = std::max(largest, std::abs(channel(a[i]) - channel(b[i])));
-        }
-    }
-    return largest;
-}
 
 /// FNV-1a over the words.
 uint64_t Digest(const std::vector<uint32_t> &pixels) {
@@ -139,15 +98,8 @@ std::vector<WCHAR> Utf16(const std::string &ascii) {
     return name;
 }
 
-void ExpectLikeReference(const Painting &painting, const std::string &name, int tolerance) {
-    const int difference = LargestDifference(ReadPicture(VELGRAPHIC_TEST_DATA "/" + name + ".pam"), painting.Pixels());
-    EXPECT_LE(difference, tolerance) << name;
-    if (difference > tolerance) WritePicture(painting, name + ".pam");
-}
-
 void ExpectDigest(const Painting &painting, const std::string &name, uint64_t digest) {
     EXPECT_EQ(digest, Digest(painting.Pixels())) << name;
-    if (digest != Digest(painting.Pixels())) WritePicture(painting, name + ".pam");
 }
 
 }  // namespace lacquer

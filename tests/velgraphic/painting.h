@@ -64,11 +64,7 @@ void ExpectRefused(const std::string &what, const std::function<int(velCanvas *)
 /// A null-terminated name, as canvases take it.
 std::vector<WCHAR> Utf16(const std::string &ascii);
 
-/// Compares with the picture data/<name>.pam, channel by channel, and writes the actual one to <name>.pam in the
-/// working folder when it differs by more than `tolerance`.
-void ExpectLikeReference(const Painting &painting, const std::string &name, int tolerance);
-
-/// Compares with the digest of the expected picture, and writes the actual one to <name>.pam when it differs.
+/// Compares with the digest of the expected picture.
 void ExpectDigest(const Painting &painting, const std::string &name, uint64_t digest);
 
 }  // namespace lacquer
