@@ -196,6 +196,9 @@ TEST(GeoRectangles, RoundHalvesUpAndIgnoreWhatIsNoNumber) {
     EXPECT_EQ(std::vector<uint32_t>(64, 0xFF123456), canvas.Pixels().pixels);
 }
 
+/// The points of a lattice that fills a pixel evenly.
+constexpr int kPoints = 4181, kPointStep = 2584;
+
 /// A ring's dashes by the nearest point of its centre line.
 class ModelRing {
 public:
