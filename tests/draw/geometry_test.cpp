@@ -125,9 +125,9 @@ TEST(GeoRectangles, OfWholePixelsAreFills) {
             expected(CanvasKind::Memory, 24, 20, 3), fractions(CanvasKind::Memory, 24, 20, 3);
         EXPECT_EQ(1, GeoRectangle(drawn, &rect, kBorder, kFill, width));
         // The origins are added in 64 bits.
-        const RECT far = Moved(rect, -INT32_MAX, -INT32_MAX);
+        const RECT distant = Moved(rect, -INT32_MAX, -INT32_MAX);
         SetViewportOrg(same, INT32_MAX, INT32_MAX, nullptr);
-        EXPECT_EQ(1, GeoRoundRect(same, &far, kBorder, kFill, width, -7));
+        EXPECT_EQ(1, GeoRoundRect(same, &distant, kBorder, kFill, width, -7));
         const GeoRect geoRect{3, 4, 20, 15};
         const GeoStyle style{kBorder, kFill, static_cast<float>(width), {kNaN, 5, kInfinity, 5}};
         EXPECT_EQ(1, GeoRectangleEx(fractions, &geoRect, &style, kOver)) << "it has no radii, whatever the style says";
