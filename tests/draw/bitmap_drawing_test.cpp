@@ -1,7 +1,6 @@
-// Bitmaps drawn on canvases: every draw mode, depth and strength, the samplers, and clipping under any origins.
+// Bitmaps drawn on canvases: every draw mode, depth and strength under any clip and origins; and what has no kernels.
 
 #include "rounds.h"
-#include "shape_model.h"
 
 namespace lacquer {
 namespace {
@@ -40,39 +39,6 @@ TEST(BitmapDrawing, FollowsTheFormulasOfEveryModeDepthAndStrength) {
     });
 }
 
-TEST(BitmapDrawing, SamplesByTheKernelModeOfTheDraw) {
-    const OwnedBitmap bitmap = NoiseBitmap(13, 10, 32, 8);
-    for (const RECT &dest : {RECT{0, 0, 29, 23}, RECT{0, 0, 6, 5}}) {
-        for (const DWORD kernelMode : {0u, 1u, 4u, 5u}) {
-            const TestCanvas drawn(CanvasKind::Memory, 30, 24, 1), resized(CanvasKind::Memory, 30, 24, 1);
-            EXPECT_EQ(1, DrawBitmap(drawn, &dest, bitmap, kernelMode));
-            const OwnedBitmap copy(
-                ResizeBitmap(bitmap, static_cast<DWORD>(dest.right), static_cast<DWORD>(dest.bottom), kernelMode));
-            EXPECT_EQ(1, DrawBitmap(resized, &dest, copy, 0));
-            EXPECT_TRUE(Same(resized.Pixels(), drawn.Pixels())) << kernelMode;
-        }
-    }
-}
-
-TEST(BitmapDrawing, ClippedDrawsArePartsOfWholeOnes) {
-    Random random(17);
-    for (int round = 0; round < 300; ++round) {
-        SCOPED_TRACE(round);
-        const auto mode = random.Of<DWORD>({0, 1, 2, 3, 6}), kernelMode = random.Of<DWORD>({0, 1, 4, 5});
-        const OwnedBitmap bitmap = NoiseBitmap(24, 19, random.Of<WORD>({8, 24, 32}), random.Word(), mode << 24);
-        const RECT part = random.Inside({0, 0, 24, 19}), dest = random.Inside({-30, -30, 70, 60});
-        const RECT *source = random.Coin() ? &part : nullptr;
-        const auto alpha = random.Of<BYTE>({255, 90});
-        ExpectSameWherever(
-            random, {40, 34},
-            [&](HGCANVAS canvas, const Place &place) {
-                const RECT moved = Moved(dest, place.move, place.move);
-                EXPECT_EQ(1, DrawBitmapRectEx(canvas, &moved, bitmap, source, kernelMode, alpha));
-            },
-            false);
-    }
-}
-
 /// What has no kernels is drawn from and drawn on without effect, and without failure.
 TEST(BitmapDrawing, LeavesDepthsWithoutKernelsAlone) {
     constexpr RECT kDests[] = {{0, 0, 4, 4}, {0, 0, 6, 6}, {-2, -2, 9, 9}};
@@ -107,6 +73,20 @@ TEST(BitmapDrawing, LeavesDepthsWithoutKernelsAlone) {
         EXPECT_EQ(std::vector<uint32_t>(64, 0x1234), PixelsOf(dib.View()));
     }
 }
+
+#ifdef _WIN32
+/// A metafile can't be read.
+TEST(BitmapDrawing, TakesMetafilesForTransparentBlack) {
+    const TestCanvas canvas(CanvasKind::Metafile, 40, 36, 1);
+    Picture expected = PictureOf(canvas.View());
+    const OwnedBitmap bitmap = NoiseBitmap(9, 8, 32, 5, kOver);
+    const Picture source = PictureOf(ViewOf(bitmap));
+    const RECT place{5, 6, 14, 14};
+    DrawNearest(expected, kCanvas, place, source, source.Bounds(), [](uint32_t s, uint32_t) { return s; });
+    EXPECT_EQ(1, DrawBitmap(canvas, &place, bitmap, 0));
+    EXPECT_TRUE(Same(expected, canvas.Pixels()));
+}
+#endif
 
 }  // namespace
 }  // namespace lacquer

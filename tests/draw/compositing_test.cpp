@@ -51,14 +51,6 @@ TEST(MixCanvas, MixesEveryChannelWithoutClipping) {
         round.Expect(source.Pixels(), from, ownsPixels ? (isInside ? kCanvas : RECT{}) : round.clip,
                      [&](uint32_t s, uint32_t d) { return ModelCombine(CombineKind::Mix, s, d, weight); });
     });
-    // Null stands for all pixels.
-    const TestCanvas dest(CanvasKind::Memory, 25, 22, 1), source(CanvasKind::System, 7, 5, 2);
-    Picture expected = dest.Pixels();
-    const Picture small = source.Pixels();
-    DrawNearest(expected, expected.Bounds(), expected.Bounds(), small, small.Bounds(),
-                [](uint32_t s, uint32_t d) { return ModelCombine(CombineKind::Mix, s, d, 77); });
-    EXPECT_EQ(1, MixCanvas(dest, nullptr, source, nullptr, 77));
-    EXPECT_TRUE(Same(expected, dest.Pixels()));
 }
 
 TEST(MixCanvas, DrawsNothingFromWhatCannotBeLocked) {

@@ -145,19 +145,27 @@ TEST(GeoRectangles, OfWholePixelsAreFills) {
     }
 }
 
+/// The dashes of a ring begin in one corner, so that its mirror images differ.
 TEST(GeoRectangles, AreTheSameUnderEveryClipMoveAndMirror) {
     Random random(3);
     constexpr SIZE kSize{40, 36};
-    for (int round = 0; round < 120; ++round) {
+    for (int round = 0; round < 160; ++round) {
         SCOPED_TRACE(round);
         const GeoRect rect = AnyRect(random, 36);
         const GeoStyle style = AnyStyle(random);
-        ExpectSameWherever(random, kSize, [&](HGCANVAS canvas, const Place &place) {
-            const GeoRect placed = place.Of(rect, kSize);
-            GeoStyle mirrored = style;
-            place.Mirror(mirrored.radii);
-            EXPECT_EQ(1, GeoRoundRectEx(canvas, &placed, &mirrored, kOver));
-        });
+        const bool isRing = round % 4 == 0;
+        const float dash = Fraction(random, 0, 5), gap = Fraction(random, 0, 5);
+        ExpectSameWherever(
+            random, kSize,
+            [&](HGCANVAS canvas, const Place &place) {
+                const GeoRect placed = place.Of(rect, kSize);
+                GeoStyle mirrored = style;
+                place.Mirror(mirrored.radii);
+                EXPECT_EQ(1, isRing ? GeoRectFocusEx(canvas, &placed, 0x80FF8040, style.borderWidth, style.radii[0],
+                                                     dash, gap)
+                                    : GeoRoundRectEx(canvas, &placed, &mirrored, kOver));
+            },
+            !isRing);
     }
 }
 
@@ -316,49 +324,6 @@ TEST(FocusRings, WithoutGapsAreBorders) {
         EXPECT_EQ(1, GeoRectFocusEx(ring, &rect, style.border, width, radius, dash, isFar ? 3 : 3 - dash));
         EXPECT_EQ(1, GeoRoundRectEx(border, &rect, &style, kOver));
         EXPECT_TRUE(Same(border.Pixels(), ring.Pixels())) << round;
-    }
-}
-
-TEST(GeoRectangles, LeaveCanvasesAloneThatTheyCannotPaint) {
-    const Dib dib(16, 12, 24);
-    const MemoryDC dc(dib.Handle());
-    const OwnedCanvas canvas(CreateCanvasFromDC(dc));
-    FillWithNoise(dib.View(), 1);
-    const std::vector<uint32_t> before = PixelsOf(dib.View());
-    const OwnedCanvas without(CreateCanvasFromDC(nullptr));
-    const RECT rect{2, 2, 12, 9};
-    const GeoRect ring{2, 2, 12, 9}, nowhere{kNaN, 0, 0, 0};
-    const GeoStyle style{0xFF000000, 0xFF123456, 1, {2, 2, 2, 2}};
-    const ShadowStyle shadow{0xFF000000, 0, 0, 4, 0, {}, 1, LACQUER_SHADOW_FILLED};
-    for (const HGCANVAS target : {HGCANVAS(canvas), HGCANVAS(without), HGCANVAS{}}) {
-        // A wrong handle is found whatever there is to draw.
-        const int result = target != HGCANVAS{};
-        for (const GeoRect &any : {ring, nowhere}) {
-            EXPECT_EQ(result, GeoRoundRectEx(target, &any, &style, kOver));
-            EXPECT_EQ(result, GeoRectFocusEx(target, &any, 0xFF000000, 1, 0, 1, 1));
-        }
-        EXPECT_EQ(result, GeoRoundRect(target, &rect, 0xFF000000, 0xFF123456, 1, 2));
-        EXPECT_EQ(result, DrawShadows(target, &rect, &shadow, 1));
-    }
-    GdiFlush();
-    EXPECT_EQ(before, PixelsOf(dib.View()));
-}
-/// The dashes of a ring begin in one corner, so that its mirror images differ.
-TEST(FocusRings, AreTheSameUnderEveryClipAndMove) {
-    Random random(4);
-    constexpr SIZE kSize{40, 36};
-    for (int round = 0; round < 40; ++round) {
-        SCOPED_TRACE(round);
-        const GeoRect rect = AnyRect(random, 36);
-        const float width = Fraction(random, 0, 4), radius = Fraction(random, 0, 9);
-        const float dash = Fraction(random, 0, 5), gap = Fraction(random, 0, 5);
-        ExpectSameWherever(
-            random, kSize,
-            [&](HGCANVAS canvas, const Place &place) {
-                const GeoRect moved = place.Of(rect, kSize);
-                EXPECT_EQ(1, GeoRectFocusEx(canvas, &moved, 0x80FF8040, width, radius, dash, gap));
-            },
-            false);
     }
 }
 
