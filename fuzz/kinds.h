@@ -2,9 +2,9 @@
 // look at what the call left in it.
 #pragma once
 
+#include <cfloat>
 #include <climits>
 #include <cmath>
-#include <limits>
 #include <vector>
 
 #include "caps.h"
