@@ -41,37 +41,32 @@ TEST(BitmapDrawing, FollowsTheFormulasOfEveryModeDepthAndStrength) {
 
 /// What has no kernels is drawn from and drawn on without effect, and without failure.
 TEST(BitmapDrawing, LeavesDepthsWithoutKernelsAlone) {
-    constexpr RECT kDests[] = {{0, 0, 4, 4}, {0, 0, 6, 6}, {-2, -2, 9, 9}};
+    const RECT same{0, 0, 4, 4}, stretched{-2, -2, 9, 9};
     const TestCanvas canvas(CanvasKind::Memory, 8, 8, 1);
     const Picture before = canvas.Pixels();
     for (const DWORD depth : {0u, 1u, 4u, 12u, 16u, 48u, 65535u}) {
         const OwnedBitmap bitmap(CreateMemBitmapEx(4, 4, depth, 0));
         for (const DWORD mode : {0u, 1u, 2u, 3u, 6u}) {
             SetBitmapFilter(bitmap, mode << 24);
-            for (const RECT &dest : kDests) {
-                EXPECT_EQ(1, DrawBitmapEx(canvas, &dest, bitmap, 4, 255));
-                EXPECT_EQ(1, DrawBitmapEx(canvas, &dest, bitmap, 1, 99));
-            }
+            EXPECT_EQ(1, DrawBitmapEx(canvas, &same, bitmap, 4, 255));
+            EXPECT_EQ(1, DrawBitmapEx(canvas, &stretched, bitmap, 1, 99));
         }
         EXPECT_TRUE(Same(before, canvas.Pixels())) << depth;
     }
-    for (const WORD depth : {WORD{16}, WORD{24}}) {
-        const Dib dib(8, 8, depth);
-        const MemoryDC dc(dib.Handle());
-        const OwnedCanvas shallow(CreateCanvasFromDC(dc));
-        const OwnedBitmap bitmap = NoiseBitmap(4, 4, 32, 5);
-        const GeoRect ring{1, 1, 7, 7};
-        const ShadowStyle shadow{0xFF000000, 0, 0, 4, 0, {}, 1, LACQUER_SHADOW_FILLED};
-        FillWith(dib.View(), 0x1234);
-        EXPECT_EQ(1, DrawBitmap(shallow, kDests, bitmap, 0));
-        EXPECT_EQ(1, FillSolidRect(shallow, 0xFFFFFFFF, kDests));
-        EXPECT_EQ(1, MixCanvasWithColor(shallow, kDests, 0xFFFFFFFF, 255));
-        EXPECT_EQ(1, GeoRoundRect(shallow, kDests, 0xFF000000, 0xFF123456, 1, 2));
-        EXPECT_EQ(1, GeoRectFocusEx(shallow, &ring, 0xFF000000, 1, 0, 1, 1));
-        EXPECT_EQ(1, DrawShadows(shallow, kDests, &shadow, 1));
-        GdiFlush();
-        EXPECT_EQ(std::vector<uint32_t>(64, 0x1234), PixelsOf(dib.View()));
-    }
+    const Dib dib(8, 8, 16);
+    const MemoryDC dc(dib.Handle());
+    const OwnedCanvas shallow(CreateCanvasFromDC(dc));
+    const GeoRect ring{1, 1, 7, 7};
+    const ShadowStyle shadow{0xFF000000, 0, 0, 4, 0, {}, 1, LACQUER_SHADOW_FILLED};
+    FillWith(dib.View(), 0x1234);
+    EXPECT_EQ(1, DrawBitmap(shallow, &same, NoiseBitmap(4, 4, 32, 5), 0));
+    EXPECT_EQ(1, FillSolidRect(shallow, 0xFFFFFFFF, &same));
+    EXPECT_EQ(1, MixCanvasWithColor(shallow, &same, 0xFFFFFFFF, 255));
+    EXPECT_EQ(1, GeoRoundRect(shallow, &same, 0xFF000000, 0xFF123456, 1, 2));
+    EXPECT_EQ(1, GeoRectFocusEx(shallow, &ring, 0xFF000000, 1, 0, 1, 1));
+    EXPECT_EQ(1, DrawShadows(shallow, &same, &shadow, 1));
+    GdiFlush();
+    EXPECT_EQ(std::vector<uint32_t>(64, 0x1234), PixelsOf(dib.View()));
 }
 
 #ifdef _WIN32
