@@ -28,12 +28,9 @@ TEST(ColourModels, ConvertEveryColourToTheBit) {
 constexpr float kInfinity = std::numeric_limits<float>::infinity(), kNaN = std::numeric_limits<float>::quiet_NaN();
 constexpr float kLargest = std::numeric_limits<float>::max();
 
-const float kDeltas[] = {0.0f,       -0.0f,    1e-6f,     -1e-6f,   1e-3f, -1e-3f,  0.1f,     -0.1f,     0.25f,
-                         -0.25f,     1 / 3.0f, -1 / 3.0f, 0.5f,     -0.5f, 0.7071f, -0.7071f, 0.998f,    -0.998f,
-                         -0.999f,    -0.9991f, 0.9999f,   -0.9999f, 1.0f,  -1.0f,   -1.0009f, -1.001f,   -1.0011f,
-                         -1.00198f,  1.5f,     -1.5f,     2.0f,     -2.0f, 33.3f,   -33.3f,   1e5f,      -1e5f,
-                         8.4e6f,     -8.4e6f,  1.68e7f,   -1.69e7f, 1e10f, -1e10f,  kLargest, -kLargest, kInfinity,
-                         -kInfinity, kNaN,     1e-45f,    -1e-45f};
+const float kDeltas[] = {0.0f,    1e-6f,    -1e-3f, 0.1f,     -0.25f,    1 / 3.0f,  0.7071f,    -0.7071f, -0.998f,
+                         -0.999f, -0.9991f, 1.0f,   -1.0f,    -1.0009f,  -1.001f,   -1.0011f,   1.5f,     -33.3f,
+                         8.4e6f,  -1.69e7f, 1e10f,  kLargest, -kLargest, kInfinity, -kInfinity, kNaN,     -1e-45f};
 
 TEST(Colorize, ShiftsEveryByteByEveryDelta) {
     for (const float delta : kDeltas) {
