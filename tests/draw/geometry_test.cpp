@@ -279,7 +279,8 @@ TEST(FocusRings, CoverTheirDashes) {
                           {{2, 1, 20, 19}, 9, 100, 0.3f, 0.2f},  {{1, 1, 23, 19}, 2, 5, 1000, 1},
                           {{1.25f, 1, 21, 20}, 3, 9, 5, 1},      {{-30.5f, 1, 23, 90}, 9, 30, 7, 4},
                           {{1, 2, 10, 8}, 1, 0, 2, 2},           {{1, 1, 9, 9}, 1, 0, 40, 20},
-                          {{-42, -40, 400, 400}, 60, 150, 7, 4}, {{-140, 1, 400, 300}, 60, 150, 0.3f, 0.2f}};
+                          {{-42, -40, 400, 400}, 60, 150, 7, 4}, {{-140, 1, 400, 300}, 60, 150, 0.3f, 0.2f},
+                          {{1, 1, 23, 19}, 2, 4, 0, 2},          {{1.5f, 2.25f, 22.75f, 18.5f}, 1.5f, 3, 3, 0}};
     for (const Case &c : cases) {
         SCOPED_TRACE(&c - cases);
         const Picture covers = CoversOf(24, 24, [&](HGCANVAS canvas, DWORD colour) {
@@ -304,22 +305,13 @@ TEST(FocusRings, CoverTheirDashes) {
     });
 }
 
-TEST(FocusRings, WithoutGapsAreBorders) {
-    Random random(6);
-    for (int round = 0; round < 12; ++round) {
-        GeoRect rect = AnyRect(random, 30);
-        const float radius = Fraction(random, 0, 9), dash = round % 2 == 0 ? 0 : 3;
-        const float limit = std::max(0.0f, std::min(rect.right - rect.left, rect.bottom - rect.top));
-        const float width = std::floor(limit * 64) / 256;
-        // Lines too long for dashes have none.
-        const bool isFar = round % 3 == 0;
-        if (isFar) rect.right = rect.bottom = 1e9f;
-        const TestCanvas ring(CanvasKind::Memory, 32, 32, 1), border(CanvasKind::Memory, 32, 32, 1);
-        const GeoStyle style{0xC0FF8040, 0, width, {radius, radius, radius, radius}};
-        EXPECT_EQ(1, GeoRectFocusEx(ring, &rect, style.border, width, radius, dash, isFar ? 3 : 3 - dash));
-        EXPECT_EQ(1, GeoRoundRectEx(border, &rect, &style, kOver));
-        EXPECT_TRUE(Same(border.Pixels(), ring.Pixels())) << round;
-    }
+TEST(FocusRings, TooLongForDashesAreBorders) {
+    const GeoRect rect{1.5f, 2, 1e9f, 1e9f};
+    const GeoStyle style{0xC0FF8040, 0, 2.25f, {5, 5, 5, 5}};
+    const TestCanvas ring(CanvasKind::Memory, 32, 32, 1), border(CanvasKind::Memory, 32, 32, 1);
+    EXPECT_EQ(1, GeoRectFocusEx(ring, &rect, style.border, style.borderWidth, 5, 3, 3));
+    EXPECT_EQ(1, GeoRoundRectEx(border, &rect, &style, kOver));
+    EXPECT_TRUE(Same(border.Pixels(), ring.Pixels()));
 }
 
 }  // namespace
