@@ -14,18 +14,13 @@ public:
     }
     void AddBytes(const void *bytes, size_t size) {
         const auto *next = static_cast<const unsigned char *>(bytes);
-        // Four sums side by side, so that none waits for another.
-        uint64_t sums[4] = {size, 1, 2, 3}, words[4] = {};
-        for (; size >= sizeof words; size -= sizeof words, next += sizeof words) {
-            std::memcpy(words, next, sizeof words);
-            for (int i = 0; i < 4; ++i) {
-                sums[i] = (sums[i] ^ words[i]) * kFactor;
-                sums[i] ^= sums[i] >> 29;
-            }
+        Add(size);
+        for (uint64_t word = 0; size > 0; next += sizeof word) {
+            const size_t part = size < sizeof word ? size : sizeof word;
+            std::memcpy(&word, next, part);
+            Add(word);
+            size -= part;
         }
-        std::memset(words, 0, sizeof words);
-        std::memcpy(words, next, size);
-        for (int i = 0; i < 4; ++i) Add(sums[i] ^ words[i]);
     }
     uint64_t Value() const { return value_; }
 

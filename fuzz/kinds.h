@@ -2,9 +2,9 @@
 // look at what the call left in it.
 #pragma once
 
+#include <cfloat>
 #include <climits>
 #include <cmath>
-#include <limits>
 #include <vector>
 
 #include "caps.h"
@@ -269,22 +269,10 @@ struct List {
 
 template <class Type>
 struct KindOf {
-    using Kind = Handle<Type>;
+    template <class Plain, class Usual, class Other>
+    using When = std::conditional_t<std::is_same_v<Type, Plain>, Usual, Other>;
+    using HandleOrRecord = std::conditional_t<kShape<Type>.own != 0, Handle<Type>, Out<std::remove_pointer_t<Type>>>;
+    using Kind = When<int, Coordinate, When<float, Length, When<const RECT *, Rect, HandleOrRecord>>>;
 };
-template <class Record>
-requires(kShape<Record *>.own == 0) struct KindOf<Record *> {
-    using Kind = Out<Record>;
-};
-template <>
-struct KindOf<const RECT *> {
-    using Kind = Rect;
-};
-template <>
-struct KindOf<int> {
-    using Kind = Coordinate;
-};
-template <>
-struct KindOf<float> {
-    using Kind = Length;
-};
+
 }  // namespace fuzz

@@ -15,73 +15,49 @@ constexpr Rects kRects[] = {{{3, 4, 18, 14}, {2, 1, 17, 11}}, {{1, 1, 38, 30}, {
                             {{5, 5, 12, 10}, {0, 0, 20, 16}}, {{-6, -3, 30, 20}, {0, 0, 20, 16}},
                             {{20, 4, 5, 14}, {0, 0, 15, 10}}, {{3, 4, 18, 14}, {10, 10, 25, 20}}};
 
-/// What GDI is asked to do with a source; `kNothing` where nothing shows, which is found before.
-enum class Transfer { kNothing, kStretch, kBlend, kBlendPixelAlpha };
-
-int ByGdi(Transfer transfer, HDC to, HDC from, const Rects &r, BYTE alpha) {
-    const auto width = [](const RECT &rect) { return static_cast<int>(WidthOf(rect)); };
-    const auto height = [](const RECT &rect) { return static_cast<int>(HeightOf(rect)); };
-    const RECT &d = r.dest, &s = r.source;
-    if (transfer == Transfer::kNothing) return 1;
-    if (transfer == Transfer::kStretch) {
-        return StretchBlt(to, d.left, d.top, width(d), height(d), from, s.left, s.top, width(s), height(s), SRCCOPY);
+/// One transfer onto the context of a canvas, under a clip and origins, or one blend onto the canvas, in every way.
+void ExpectAsByGdi(bool isTransfer, CanvasKind destKind, CanvasKind sourceKind, DWORD filter, BYTE alpha,
+                   const Rects &rects) {
+    const TestCanvas source(sourceKind, 20, 16, 3), drawn(destKind, 40, 36, 1), expected(destKind, 40, 36, 1);
+    // A canvas made from a device context keeps its filter word 0.
+    if (!SetCanvasFilter(source, filter) && filter != 0) return;
+    if (isTransfer) SetWindowOrg(source, -1, 2, nullptr);
+    for (const TestCanvas *canvas : {&drawn, &expected}) {
+        if (!isTransfer) continue;
+        SetViewportOrgEx(canvas->Context(), 4, -3, nullptr);
+        SelectClipWithHole(canvas->Context(), {2, 2, 36, 30}, {9, 9, 14, 14});
     }
-    const BYTE format = transfer == Transfer::kBlendPixelAlpha ? AC_SRC_ALPHA : 0;
-    return AlphaBlend(to, d.left, d.top, width(d), height(d), from, s.left, s.top, width(s), height(s),
-                      {AC_SRC_OVER, 0, alpha, format});
+    const HDC to = GetCanvasHandle(expected), from = GetCanvasHandle(source);
+    const RECT &d = rects.dest, &s = rects.source;
+    const int width = d.right - d.left, height = d.bottom - d.top, sourceWidth = s.right - s.left,
+              sourceHeight = s.bottom - s.top;
+    // Blends ignore alpha for opaque sources, and find out themselves where nothing shows.
+    const bool isOver = filter == kOver, fades = isTransfer && alpha < 255, shows = isTransfer || width > 0;
+    const BLENDFUNCTION blend{AC_SRC_OVER, 0, alpha, isOver ? BYTE{AC_SRC_ALPHA} : BYTE{0}};
+    int wanted = 1;
+    if (shows && (isOver || fades)) {
+        wanted = AlphaBlend(to, d.left, d.top, width, height, from, s.left, s.top, sourceWidth, sourceHeight, blend);
+    } else if (shows) {
+        wanted = StretchBlt(to, d.left, d.top, width, height, from, s.left, s.top, sourceWidth, sourceHeight, SRCCOPY);
+    }
+    EXPECT_EQ(wanted, isTransfer ? GdiTransCanvas(drawn.Context(), &d, source, &s, alpha)
+                                 : BlendCanvas(drawn, &d, source, &s, alpha));
+    EXPECT_TRUE(Same(expected.Pixels(), drawn.Pixels()))
+        << isTransfer << std::hex << filter << " alpha " << int{alpha} << " left " << d.left;
 }
 
-/// Calls test(source, drawn, expected, filter, rectangles, alpha) for canvases of two kinds, and compares the two that
-/// it draws on.
-template <class Test>
-void ForEachTransfer(CanvasKind destKind, CanvasKind sourceKind, const Test &test) {
+TEST(GdiCompositing, DoesWhatGdiDoes) {
     for (const DWORD filter : {DWORD{0}, kOver, DWORD{0x03000000}}) {
         for (const BYTE alpha : {BYTE{0}, BYTE{128}, BYTE{255}}) {
-            for (const Rects &r : kRects) {
-                const TestCanvas source(sourceKind, 20, 16, 3), drawn(destKind, 40, 36, 1),
-                    expected(destKind, 40, 36, 1);
-                // A canvas made from a device context keeps its filter word 0.
-                if (!SetCanvasFilter(source, filter) && filter != 0) continue;
-                test(source, drawn, expected, filter, r, alpha);
-                EXPECT_TRUE(Same(expected.Pixels(), drawn.Pixels()))
-                    << std::hex << filter << " alpha " << int{alpha} << " left " << r.dest.left;
+            for (const Rects &rects : kRects) {
+                ExpectAsByGdi(true, CanvasKind::FromDC, CanvasKind::Memory, filter, alpha, rects);
+                for (const auto &[dest, source] : {std::pair{CanvasKind::FromDC, CanvasKind::Memory},
+                                                   {CanvasKind::Memory, CanvasKind::FromDC},
+                                                   {CanvasKind::FromDC, CanvasKind::FromDC}}) {
+                    ExpectAsByGdi(false, dest, source, filter, alpha, rects);
+                }
             }
         }
-    }
-}
-
-using Canvas = const TestCanvas &;
-
-TEST(GdiTransCanvas, PicksBlendOrStretchByFilterAndAlphaUnderOriginsAndClip) {
-    ForEachTransfer(CanvasKind::FromDC, CanvasKind::Memory,
-                    [](Canvas source, Canvas drawn, Canvas expected, DWORD filter, const Rects &r, BYTE alpha) {
-                        SetWindowOrg(source, -1, 2, nullptr);
-                        for (const HDC dc : {drawn.Context(), expected.Context()}) {
-                            SetViewportOrgEx(dc, 4, -3, nullptr);
-                            SelectClipWithHole(dc, {2, 2, 36, 30}, {9, 9, 14, 14});
-                        }
-                        const Transfer transfer = filter == kOver ? Transfer::kBlendPixelAlpha
-                                                  : alpha == 255  ? Transfer::kStretch
-                                                                  : Transfer::kBlend;
-                        EXPECT_EQ(ByGdi(transfer, expected.Context(), GetCanvasHandle(source), r, alpha),
-                                  GdiTransCanvas(drawn.Context(), &r.dest, source, &r.source, alpha));
-                    });
-    const TestCanvas target(CanvasKind::FromDC, 8, 8, 1);
-    EXPECT_EQ(0, GdiTransCanvas(nullptr, &kRects[0].dest, target, &kRects[0].source, 255));
-}
-
-TEST(BlendCanvas, LeavesCanvasesWithoutPixelsToGdiWhichIgnoresAlphaOfOpaqueSources) {
-    for (const auto &[destKind, sourceKind] : {std::pair{CanvasKind::FromDC, CanvasKind::Memory},
-                                               {CanvasKind::Memory, CanvasKind::FromDC},
-                                               {CanvasKind::FromDC, CanvasKind::FromDC}}) {
-        ForEachTransfer(destKind, sourceKind,
-                        [](Canvas source, Canvas drawn, Canvas expected, DWORD filter, const Rects &r, BYTE alpha) {
-                            const Transfer transfer = r.dest.left >= r.dest.right ? Transfer::kNothing
-                                                      : filter == kOver           ? Transfer::kBlendPixelAlpha
-                                                                                  : Transfer::kStretch;
-                            EXPECT_EQ(ByGdi(transfer, GetCanvasHandle(expected), GetCanvasHandle(source), r, alpha),
-                                      BlendCanvas(drawn, &r.dest, source, &r.source, alpha));
-                        });
     }
 }
 

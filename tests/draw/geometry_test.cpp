@@ -117,47 +117,50 @@ TEST(GeoRectangles, MixFillAndBorderByTheirCovers) {
     }
 }
 
-TEST(GeoRectangles, OfWholePixelsAreFills) {
+TEST(GeoRectangles, OfWholePixelsAreThoseOfFractions) {
     constexpr DWORD kBorder = 0x80C04020, kFill = 0xFF208040;
-    const RECT rect{3, 4, 20, 15}, inside{5, 6, 18, 13};
+    const RECT rect{3, 4, 20, 15};
+    const GeoRect geoRect{3, 4, 20, 15};
     for (const int width : {0, 2, 6, 1000, -3, INT32_MIN}) {
-        const TestCanvas drawn(CanvasKind::Memory, 24, 20, 3), same(CanvasKind::Memory, 24, 20, 3),
+        const TestCanvas plain(CanvasKind::Memory, 24, 20, 3), sharp(CanvasKind::Memory, 24, 20, 3),
             expected(CanvasKind::Memory, 24, 20, 3), fractions(CanvasKind::Memory, 24, 20, 3);
-        EXPECT_EQ(1, GeoRectangle(drawn, &rect, kBorder, kFill, width));
+        GeoStyle style{kBorder, kFill, static_cast<float>(width), {}};
+        EXPECT_EQ(1, GeoRoundRectEx(expected, &geoRect, &style, kOver));
+        EXPECT_EQ(1, GeoRectangle(plain, &rect, kBorder, kFill, width));
         // The origins are added in 64 bits.
         const RECT distant = Moved(rect, -INT32_MAX, -INT32_MAX);
-        SetViewportOrg(same, INT32_MAX, INT32_MAX, nullptr);
-        EXPECT_EQ(1, GeoRoundRect(same, &distant, kBorder, kFill, width, -7));
-        const GeoRect geoRect{3, 4, 20, 15};
-        const GeoStyle style{kBorder, kFill, static_cast<float>(width), {kNaN, 5, kInfinity, 5}};
+        SetViewportOrg(sharp, INT32_MAX, INT32_MAX, nullptr);
+        EXPECT_EQ(1, GeoRoundRect(sharp, &distant, kBorder, kFill, width, -7));
+        style.radii[0] = kNaN;
+        style.radii[2] = kInfinity;
         EXPECT_EQ(1, GeoRectangleEx(fractions, &geoRect, &style, kOver)) << "it has no radii, whatever the style says";
-        if (width == 2) {
-            for (const RECT &side : {RECT{3, 4, 20, 6}, RECT{3, 13, 20, 15}, RECT{3, 6, 5, 13}, RECT{18, 6, 20, 13}}) {
-                FillSolidRect(expected, kBorder, &side);
-            }
-            FillSolidRect(expected, kFill, &inside);
-        } else {
-            FillSolidRect(expected, width > 0 ? kBorder : kFill, &rect);
-        }
-        for (const TestCanvas *canvas : {&drawn, &same, &fractions}) {
+        for (const TestCanvas *canvas : {&plain, &sharp, &fractions}) {
             EXPECT_TRUE(Same(expected.Pixels(), canvas->Pixels())) << width;
         }
     }
 }
 
+/// The dashes of a ring begin in one corner, so that its mirror images differ.
 TEST(GeoRectangles, AreTheSameUnderEveryClipMoveAndMirror) {
     Random random(3);
     constexpr SIZE kSize{40, 36};
-    for (int round = 0; round < 120; ++round) {
+    for (int round = 0; round < 160; ++round) {
         SCOPED_TRACE(round);
         const GeoRect rect = AnyRect(random, 36);
         const GeoStyle style = AnyStyle(random);
-        ExpectSameWherever(random, kSize, [&](HGCANVAS canvas, const Place &place) {
-            const GeoRect placed = place.Of(rect, kSize);
-            GeoStyle mirrored = style;
-            place.Mirror(mirrored.radii);
-            EXPECT_EQ(1, GeoRoundRectEx(canvas, &placed, &mirrored, kOver));
-        });
+        const bool isRing = round % 4 == 0;
+        const float dash = Fraction(random, 0, 5), gap = Fraction(random, 0, 5);
+        ExpectSameWherever(
+            random, kSize,
+            [&](HGCANVAS canvas, const Place &place) {
+                const GeoRect placed = place.Of(rect, kSize);
+                GeoStyle mirrored = style;
+                place.Mirror(mirrored.radii);
+                EXPECT_EQ(1, isRing ? GeoRectFocusEx(canvas, &placed, 0x80FF8040, style.borderWidth, style.radii[0],
+                                                     dash, gap)
+                                    : GeoRoundRectEx(canvas, &placed, &mirrored, kOver));
+            },
+            !isRing);
     }
 }
 
@@ -276,7 +279,8 @@ TEST(FocusRings, CoverTheirDashes) {
                           {{2, 1, 20, 19}, 9, 100, 0.3f, 0.2f},  {{1, 1, 23, 19}, 2, 5, 1000, 1},
                           {{1.25f, 1, 21, 20}, 3, 9, 5, 1},      {{-30.5f, 1, 23, 90}, 9, 30, 7, 4},
                           {{1, 2, 10, 8}, 1, 0, 2, 2},           {{1, 1, 9, 9}, 1, 0, 40, 20},
-                          {{-42, -40, 400, 400}, 60, 150, 7, 4}, {{-140, 1, 400, 300}, 60, 150, 0.3f, 0.2f}};
+                          {{-42, -40, 400, 400}, 60, 150, 7, 4}, {{-140, 1, 400, 300}, 60, 150, 0.3f, 0.2f},
+                          {{1, 1, 23, 19}, 2, 4, 0, 2},          {{1.5f, 2.25f, 22.75f, 18.5f}, 1.5f, 3, 3, 0}};
     for (const Case &c : cases) {
         SCOPED_TRACE(&c - cases);
         const Picture covers = CoversOf(24, 24, [&](HGCANVAS canvas, DWORD colour) {
@@ -301,65 +305,13 @@ TEST(FocusRings, CoverTheirDashes) {
     });
 }
 
-TEST(FocusRings, WithoutGapsAreBorders) {
-    Random random(6);
-    for (int round = 0; round < 12; ++round) {
-        GeoRect rect = AnyRect(random, 30);
-        const float radius = Fraction(random, 0, 9), dash = round % 2 == 0 ? 0 : 3;
-        const float limit = std::max(0.0f, std::min(rect.right - rect.left, rect.bottom - rect.top));
-        const float width = std::floor(limit * 64) / 256;
-        // Lines too long for dashes have none.
-        const bool isFar = round % 3 == 0;
-        if (isFar) rect.right = rect.bottom = 1e9f;
-        const TestCanvas ring(CanvasKind::Memory, 32, 32, 1), border(CanvasKind::Memory, 32, 32, 1);
-        const GeoStyle style{0xC0FF8040, 0, width, {radius, radius, radius, radius}};
-        EXPECT_EQ(1, GeoRectFocusEx(ring, &rect, style.border, width, radius, dash, isFar ? 3 : 3 - dash));
-        EXPECT_EQ(1, GeoRoundRectEx(border, &rect, &style, kOver));
-        EXPECT_TRUE(Same(border.Pixels(), ring.Pixels())) << round;
-    }
-}
-
-TEST(GeoRectangles, LeaveCanvasesAloneThatTheyCannotPaint) {
-    const Dib dib(16, 12, 24);
-    const MemoryDC dc(dib.Handle());
-    const OwnedCanvas canvas(CreateCanvasFromDC(dc));
-    FillWithNoise(dib.View(), 1);
-    const std::vector<uint32_t> before = PixelsOf(dib.View());
-    const OwnedCanvas without(CreateCanvasFromDC(nullptr));
-    const RECT rect{2, 2, 12, 9};
-    const GeoRect ring{2, 2, 12, 9}, nowhere{kNaN, 0, 0, 0};
-    const GeoStyle style{0xFF000000, 0xFF123456, 1, {2, 2, 2, 2}};
-    const ShadowStyle shadow{0xFF000000, 0, 0, 4, 0, {}, 1, LACQUER_SHADOW_FILLED};
-    for (const HGCANVAS target : {HGCANVAS(canvas), HGCANVAS(without), HGCANVAS{}}) {
-        // A wrong handle is found whatever there is to draw.
-        const int result = target != HGCANVAS{};
-        for (const GeoRect &any : {ring, nowhere}) {
-            EXPECT_EQ(result, GeoRoundRectEx(target, &any, &style, kOver));
-            EXPECT_EQ(result, GeoRectFocusEx(target, &any, 0xFF000000, 1, 0, 1, 1));
-        }
-        EXPECT_EQ(result, GeoRoundRect(target, &rect, 0xFF000000, 0xFF123456, 1, 2));
-        EXPECT_EQ(result, DrawShadows(target, &rect, &shadow, 1));
-    }
-    GdiFlush();
-    EXPECT_EQ(before, PixelsOf(dib.View()));
-}
-/// The dashes of a ring begin in one corner, so that its mirror images differ.
-TEST(FocusRings, AreTheSameUnderEveryClipAndMove) {
-    Random random(4);
-    constexpr SIZE kSize{40, 36};
-    for (int round = 0; round < 40; ++round) {
-        SCOPED_TRACE(round);
-        const GeoRect rect = AnyRect(random, 36);
-        const float width = Fraction(random, 0, 4), radius = Fraction(random, 0, 9);
-        const float dash = Fraction(random, 0, 5), gap = Fraction(random, 0, 5);
-        ExpectSameWherever(
-            random, kSize,
-            [&](HGCANVAS canvas, const Place &place) {
-                const GeoRect moved = place.Of(rect, kSize);
-                EXPECT_EQ(1, GeoRectFocusEx(canvas, &moved, 0x80FF8040, width, radius, dash, gap));
-            },
-            false);
-    }
+TEST(FocusRings, TooLongForDashesAreBorders) {
+    const GeoRect rect{1.5f, 2, 1e9f, 1e9f};
+    const GeoStyle style{0xC0FF8040, 0, 2.25f, {5, 5, 5, 5}};
+    const TestCanvas ring(CanvasKind::Memory, 32, 32, 1), border(CanvasKind::Memory, 32, 32, 1);
+    EXPECT_EQ(1, GeoRectFocusEx(ring, &rect, style.border, style.borderWidth, 5, 3, 3));
+    EXPECT_EQ(1, GeoRoundRectEx(border, &rect, &style, kOver));
+    EXPECT_TRUE(Same(border.Pixels(), ring.Pixels()));
 }
 
 }  // namespace

@@ -132,41 +132,37 @@ TEST(CentreFit, KeepsTheAspectAndAtMostOneExtraPixel) {
 }
 
 TEST(TextureDrawing, DispatchesByTheModeRecord) {
-    Random random(5);
-    const Sheet sheet(23, 17, 32, 6, kOver);
-    for (int round = 0; round < 500; ++round) {
+    ForRandomDraws(5, 500, [](Random &random, const Draw &draw, const Twins &twins) {
         const DWORD mode = random.Of<DWORD>({0u, 1u, 2u, 3u, 4u, 5u, 6u, 1000u}), flags = random.Word() & 0x1F;
         const RECT margins{random.Between(0, 9), random.Between(0, 9), random.Between(0, 9), random.Between(0, 9)};
         const TextureMode record{mode, flags, margins};
-        ASSERT_EQ(1, SetTextureMode(sheet.texture, &record));
-        // The last slice of a list is the current one; without a list the whole texture is drawn.
-        const RECT slices[] = {random.Inside({0, 0, 23, 17}), random.Inside({0, 0, 23, 17})};
-        const RECT dest = random.Inside({-10, -10, 50, 46}), *used = round < 50 ? nullptr : &slices[1];
-        if (used) SetTextureSlice(sheet.texture, 2, slices);
-        const bool isPlain = random.Coin();
-        const BYTE alpha = isPlain ? BYTE{255} : BYTE{99};
-        const auto kernel = random.Of<DWORD>({0, 1, 4});
-        const float scale = isPlain ? 1.0f : random.Of({0.6f, 2.5f});
-        const int halfScale = isPlain ? 0 : random.Between(0, 1);
-        const Twins twins(CanvasKind::Memory, {1, 2, 38, 33}, random.Word());
         const HGCANVAS canvas = twins.expected;
-        const int result = isPlain ? DrawTexture(twins.drawn, &dest, sheet.texture, kernel)
-                                   : DrawTextureEx(twins.drawn, &dest, sheet.texture, kernel, alpha, scale, halfScale);
+        const HGTEXTURE texture = draw.sheet.texture;
+        ASSERT_EQ(1, SetTextureMode(texture, &record));
+        // The last slice of a list is the current one; without a list the whole texture is drawn.
+        const RECT slices[] = {random.Inside({0, 0, 23, 17}), Ordered(draw.slice)};
+        const RECT *used = random.Coin() ? &slices[1] : nullptr;
+        SetTextureSlice(texture, used ? 2 : 0, slices);
+        const bool isPlain = draw.alpha == 255;
+        const float scale = isPlain ? 1.0f : random.Of({0.6f, 2.5f});
+        const int half = isPlain ? 0 : random.Between(0, 1);
+        EXPECT_EQ(mode != 2 && mode != 5,
+                  isPlain ? DrawTexture(twins.drawn, &draw.dest, texture, draw.kernelMode)
+                          : DrawTextureEx(twins.drawn, &draw.dest, texture, draw.kernelMode, draw.alpha, scale, half));
         switch (mode) {
             case 1:
             case 4:
-                DrawTexture9Grid(canvas, &dest, sheet.texture, used, &margins, kernel, mode == 4, alpha, flags, scale,
-                                 halfScale);
+                DrawTexture9Grid(canvas, &draw.dest, texture, used, &margins, draw.kernelMode, mode == 4, draw.alpha,
+                                 flags, scale, half);
                 break;
-            case 2: DrawTextureTile(canvas, &dest, sheet.texture, used, kernel, alpha, flags, scale); break;
-            case 3: DrawTextureCenter(canvas, &dest, sheet.texture, used, kernel, alpha); break;
-            case 5: DrawTextureTopTile(canvas, &dest, sheet.texture, used, &margins, kernel, alpha); break;
-            default: DrawBitmapRectEx(canvas, &dest, sheet.bitmap, used, kernel, alpha);
+            case 2:
+                DrawTextureTile(canvas, &draw.dest, texture, used, draw.kernelMode, draw.alpha, flags, scale);
+                break;
+            case 3: DrawTextureCenter(canvas, &draw.dest, texture, used, draw.kernelMode, draw.alpha); break;
+            case 5: DrawTextureTopTile(canvas, &draw.dest, texture, used, &margins, draw.kernelMode, draw.alpha); break;
+            default: draw.Piece(canvas, draw.dest, used ? *used : RECT{0, 0, 23, 17});
         }
-        EXPECT_EQ(mode != 2 && mode != 5, result);
-        twins.ExpectSame();
-        ASSERT_FALSE(HasFailure()) << "round " << round << " mode " << mode;
-    }
+    });
 }
 
 TEST(TextureDrawing, RefusesSlicesThatAreEmptyOrReachOutside) {

@@ -46,8 +46,6 @@ TEST(GaussianBlur, IsExactAtEverySizeAndValue) {
     const OwnedBitmap target = BitmapOf(source), scratch = BitmapOf(source, true);
     EXPECT_EQ(1, GaussianBlurBitmap(target, scratch));
     EXPECT_TRUE(Same(ModelGaussianBlur(source), PictureOf(ViewOf(target))));
-    // What is even loses a little: the weights add up to less than 1.
-    EXPECT_EQ(0xFEFEFEFEu, ModelGaussianBlur({9, 9, std::vector<uint32_t>(81, ~0u)}).At(4, 4));
 }
 
 TEST(GaussianBlur, OfCanvasRectanglesFollowsTheOrigins) {
@@ -130,17 +128,13 @@ TEST(Glow, TakesAHandleSlotForTheTimeOfTheCall) {
 TEST(Blurs, ChangeNothingWithoutALockOrWithOtherSizesOrDepths) {
     const Picture source = NoisePicture(6, 5, 1);
     const OwnedTexture texture = TextureOf(source), lower = TextureOf(NoisePicture(6, 4, 2));
-    const OwnedBitmap bitmap = BitmapOf(source), lowerBitmap = BitmapOf(NoisePicture(6, 4, 2));
     const TestCanvas canvas(CanvasKind::Memory, 6, 5, 3), foreign(CanvasKind::FromDC, 6, 5, 4);
     const Picture canvasBefore = canvas.Pixels(), foreignBefore = foreign.Pixels();
     EXPECT_EQ(1, GaussianBlurTexture(texture, lower));
-    EXPECT_EQ(1, GaussianBlurBitmap(bitmap, lowerBitmap));
     for (const RECT &rect : kOutside) {
         EXPECT_EQ(1, BlurTextureEx(texture, &rect, lower, nullptr));
         EXPECT_EQ(1, BlurTextureEx(texture, nullptr, lower, &rect));
-        EXPECT_EQ(1, BlurBitmapEx(bitmap, &rect, lowerBitmap, &rect));
         EXPECT_EQ(1, GaussianBlurCanvas(canvas, &rect, canvas, nullptr));
-        EXPECT_EQ(1, GaussianBlurCanvas(canvas, nullptr, canvas, &rect));
         EXPECT_EQ(1, LightTextureEx(texture, &rect));
     }
     // A canvas made from a device context can't be locked as a whole.
@@ -148,16 +142,16 @@ TEST(Blurs, ChangeNothingWithoutALockOrWithOtherSizesOrDepths) {
     EXPECT_EQ(1, GaussianBlurCanvas(foreign, nullptr, canvas, nullptr));
     for (const WORD bits : std::initializer_list<WORD>{8, 16, 24, 48}) {
         const OwnedTexture other(CreateTextureEx(6, 5, bits, 0));
-        const SurfaceView view = ViewOf(other);
-        FillBytes(view, 0x5A);
-        EXPECT_EQ(1, BlurTexture(other, texture));
-        EXPECT_EQ(1, BlurTexture(texture, other));
-        EXPECT_EQ(1, GaussianBlurTexture(other, texture));
-        EXPECT_EQ(1, GaussianBlurTexture(texture, other));
+        FillWithNoise(ViewOf(other), 1);
+        const std::vector<uint32_t> before = PixelsIn(other);
+        for (const auto &blur : {BlurTexture, GaussianBlurTexture}) {
+            EXPECT_EQ(1, blur(other, texture));
+            EXPECT_EQ(1, blur(texture, other));
+        }
         EXPECT_EQ(1, LightTexture(other));
-        EXPECT_TRUE(HasOnlyBytes(view, 0x5A)) << bits;
+        EXPECT_EQ(before, PixelsIn(other)) << bits;
     }
-    for (const SurfaceView &view : {ViewOf(texture), ViewOf(bitmap)}) EXPECT_TRUE(Same(source, PictureOf(view)));
+    EXPECT_TRUE(Same(source, PictureOf(ViewOf(texture))));
     EXPECT_TRUE(Same(canvasBefore, canvas.Pixels()));
     EXPECT_TRUE(Same(foreignBefore, foreign.Pixels()));
 }

@@ -104,15 +104,6 @@ OwnedBitmap BitmapOf(const Picture &picture, bool isSystem) {
     return bitmap;
 }
 
-void FillBytes(const SurfaceView &view, BYTE value) {
-    std::fill_n(static_cast<BYTE *>(view.bits), view.stride * view.height, value);
-}
-
-bool HasOnlyBytes(const SurfaceView &view, BYTE value) {
-    const auto *bytes = static_cast<const BYTE *>(view.bits);
-    return std::all_of(bytes, bytes + view.stride * view.height, [=](BYTE byte) { return byte == value; });
-}
-
 void Paste(Picture &whole, LONG left, LONG top, const Picture &part) {
     ForEachPixel(part, [&](LONG x, LONG y) { whole.At(left + x, top + y) = part.At(x, y); });
 }

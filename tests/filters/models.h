@@ -29,24 +29,15 @@ Picture NoisePicture(LONG width, LONG height, uint32_t seed);
 OwnedTexture TextureOf(const Picture &picture);
 OwnedBitmap BitmapOf(const Picture &picture, bool isSystem = false);
 
-/// All bytes of a view of a whole surface, gaps between the rows included.
-void FillBytes(const SurfaceView &view, BYTE value);
-bool HasOnlyBytes(const SurfaceView &view, BYTE value);
-
 /// `part` replaces what `whole` has from (left, top) on.
 void Paste(Picture &whole, LONG left, LONG top, const Picture &part);
 Picture Cut(const Picture &whole, const RECT &rect);
 
 /// Rectangles that lie in no surface of 1 to 1000 pixels a side.
 constexpr RECT kOutside[] = {{INT32_MIN, INT32_MIN, INT32_MAX, INT32_MAX},
-                             {INT32_MAX, INT32_MAX, INT32_MIN, INT32_MIN},
-                             {INT32_MIN, 0, INT32_MIN, 1},
-                             {0, 0, INT32_MAX, INT32_MAX},
-                             {0, 0, 1, INT32_MAX},
-                             {0, 0, INT32_MIN, 1},
+                             {INT32_MAX, 0, INT32_MIN, 1},
                              {-1, 0, 1, 1},
                              {0, -1, 1, 1},
-                             {INT32_MAX - 1, INT32_MAX - 1, INT32_MAX, INT32_MAX},
                              {1, 0, 0, 1},
                              {0, 0, 1001, 1}};
 

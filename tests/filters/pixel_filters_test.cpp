@@ -108,42 +108,35 @@ OwnedTexture NoisyBytes(DWORD width, WORD bits, DWORD paletteCount = 0) {
 }
 
 TEST(PixelFilters, ChangeWhatTheyNameAtOtherDepths) {
+    struct Format {
+        WORD bits;
+        DWORD paletteCount;  ///< 0 for the shared greys, which no filter changes
+    };
     for (const Filter &filter : kFilters) {
-        for (const WORD bits : std::initializer_list<WORD>{8, 16, 24, 48}) {
+        for (const Format &format : {Format{8, 0}, {8, 1}, {8, 5}, {8, 256}, {16, 0}, {24, 0}, {48, 0}}) {
             for (const DWORD width : {2u, 3u, 5u, 9u}) {
-                const OwnedTexture texture = NoisyBytes(width, bits), expected = NoisyBytes(width, bits);
-                const SurfaceView view = ViewOf(expected);
-                for (LONG y = 0; bits == 24 && filter.triples && y < view.height; ++y) {
-                    for (LONG x = 0; x < view.width; ++x) PutPixel(view, x, y, filter.triples(PixelAt(view, x, y)));
+                const OwnedTexture texture = NoisyBytes(width, format.bits, format.paletteCount),
+                                   expected = NoisyBytes(width, format.bits, format.paletteCount);
+                const SurfaceView view = ViewOf(expected), actual = ViewOf(texture);
+                for (DWORD i = 0; filter.palette && i < format.paletteCount; ++i) {
+                    view.palette[i] = filter.palette(view.palette[i]);
                 }
                 // Inverting walks the whole words of every row.
-                SurfaceView words = view;
-                words.bitsPerPixel = 32;
-                words.width = static_cast<LONG>(width) * (bits / 8) / 4;
-                for (LONG i = 0; &filter == &kInvert && i < words.width * words.height; ++i) {
-                    const LONG x = i % words.width, y = i / words.width;
-                    PutPixel(words, x, y, Inverted(PixelAt(words, x, y)));
+                SurfaceView walked = view;
+                Rule rule = format.bits == 24 ? filter.triples : nullptr;
+                if (&filter == &kInvert) {
+                    rule = Inverted;
+                    walked.bitsPerPixel = 32;
+                    walked.width = static_cast<LONG>(width) * (format.bits / 8) / 4;
+                }
+                for (LONG i = 0; rule && i < walked.width * walked.height; ++i) {
+                    const LONG x = i % walked.width, y = i / walked.width;
+                    PutPixel(walked, x, y, rule(PixelAt(walked, x, y)));
                 }
                 EXPECT_EQ(1, filter.onTexture(texture)) << filter.name;
-                EXPECT_EQ(BytesOf(view), BytesOf(ViewOf(texture))) << filter.name << ' ' << bits << ' ' << width;
+                EXPECT_EQ(BytesOf(view), BytesOf(actual)) << filter.name << ' ' << format.bits << ' ' << width;
+                EXPECT_TRUE(std::equal(view.palette, view.palette + view.paletteCount, actual.palette)) << filter.name;
             }
-        }
-    }
-}
-
-TEST(PixelFilters, ChangePalettesButNotTheSharedOne) {
-    for (const Filter &filter : kFilters) {
-        for (const DWORD count : {0u, 1u, 5u, 256u}) {
-            const OwnedTexture texture = NoisyBytes(8, 8, count);
-            const SurfaceView view = ViewOf(texture);
-            const std::vector<BYTE> indices = BytesOf(view);
-            std::vector<uint32_t> expected(view.palette, view.palette + view.paletteCount);
-            if (filter.palette && count > 0) {
-                std::transform(expected.begin(), expected.end(), expected.begin(), filter.palette);
-            }
-            EXPECT_EQ(1, filter.onTexture(texture));
-            EXPECT_EQ(expected, std::vector<uint32_t>(view.palette, view.palette + view.paletteCount)) << filter.name;
-            EXPECT_EQ(&filter == &kInvert, indices != BytesOf(view));
         }
     }
 }
@@ -161,28 +154,14 @@ TEST(PixelFilters, ShuffleARectangle) {
         const OwnedBitmap bitmap = BitmapOf(before);
         EXPECT_EQ(1, ShuffleTextureEx(texture, &rect, toAlpha ? 6 : 1));
         EXPECT_EQ(1, ShuffleBitmapEx(bitmap, &rect, toAlpha ? 6 : 1));
-        for (const RECT &outside : kOutside) {
-            EXPECT_EQ(0, ShuffleTextureEx(texture, &outside, 1));
-            EXPECT_EQ(0, ShuffleBitmapEx(bitmap, &outside, 6));
-        }
+        for (const RECT &outside : kOutside) EXPECT_EQ(0, ShuffleTextureEx(texture, &outside, 1));
         for (const SurfaceView &view : {ViewOf(texture), ViewOf(bitmap)}) EXPECT_TRUE(Same(expected, PictureOf(view)));
     }
 }
 
 TEST(PixelFilters, FailWhereNothingCanBeLocked) {
     const OwnedTexture shallow(CreateTextureEx(6, 6, 4, 0));
-    // Deleting one handle of a canvas's pixels empties what the other one names.
-    const OwnedCanvas canvas(CreateCanvas(4, 4, HGCANVAS{}));
-    const HGBITMAP first = GetBitmap(canvas), second = GetBitmap(canvas);
-    DeleteBitmap(first);
-    for (const Filter &filter : kFilters) {
-        EXPECT_EQ(0, filter.onTexture(shallow)) << filter.name;
-        if (filter.onBitmap) {
-            EXPECT_EQ(&filter == &kInvert, filter.onBitmap(second)) << filter.name;
-        }
-    }
-    EXPECT_EQ(1, LightBitmap(second));
-    ReleaseBitmap(second);
+    for (const Filter &filter : kFilters) EXPECT_EQ(0, filter.onTexture(shallow)) << filter.name;
 }
 
 }  // namespace

@@ -74,25 +74,6 @@ TEST_P(Sampling, MatchesTheModelForRandomGeometry) {
     RebuildStretchWeights(1);
 }
 
-/// Every width up to two vectors and more, and every alignment of both pixels.
-TEST_P(Sampling, StaysInsideTheRowsAtEveryWidthAndAlignment) {
-    const Kernel &kernel = AllKernels()[GetParam()];
-    Random random = CaseRandom(0);
-    for (int width = 1; width <= 20; ++width) {
-        for (int alignment = 0; alignment < 4; ++alignment) {
-            const SIZE size = kernel.IsSameSize() ? SIZE{width, 3} : SIZE{random.Between(1, 40), random.Between(1, 9)};
-            TestImage source(size.cx, size.cy, kernel.depth, random.Between(0, 3), alignment);
-            TestImage dest(width, 3, 32, width % 3, (alignment + width) % 4);
-            source.Fill(random);
-            dest.Fill(random);
-            const RowArguments arguments{.parameter = RandomParameter(random, kernel.combine, source),
-                                         .fullSize = {width + 3, 5},
-                                         .visibleOffset = {3, 2}};
-            ASSERT_TRUE(DrawsAsModel(TablesUnderTest().back(), kernel, dest, source, arguments));
-        }
-    }
-}
-
 /// Images that are drawn in pieces, with the caches filled beforehand; neither side is a multiple of a piece.
 TEST_P(Sampling, DrawsLargeImagesAsSmallOnes) {
     const Kernel &kernel = AllKernels()[GetParam()];
