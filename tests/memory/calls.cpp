@@ -158,15 +158,6 @@ uint64_t MakeLargeBitmap(Arguments) {
     return bitmap.value;
 }
 
-/// More objects than the headless GDI's table has room for at first.
-uint64_t FillGdiTable(Arguments) {
-    HRGN regions[200];
-    for (HRGN &region : regions) region = CreateRectRgn(0, 0, 1, 1);
-    uint64_t made = 1;
-    for (HRGN region : regions) made &= static_cast<uint64_t>(DeleteObject(region));
-    return made;
-}
-
 template <int (*use)(velCanvas *)>
 uint64_t OnVelCanvas(Arguments) {
     return UseVelCanvas(use);
@@ -186,7 +177,6 @@ std::vector<ExportedCall> DeepCalls() {
     std::vector<ExportedCall> calls{
         {"LargeRegion", {}, 'n', MakeLargeRegion},
         {"LargeBitmap", {}, 'n', MakeLargeBitmap},
-        {"GdiTable", {}, 'n', FillGdiTable},
         {"Text", {}, 'n', OnVelCanvas<DrawText>},
         {"FilledPath", {}, 'n', OnVelCanvas<DrawFilledPath>},
         {"StrokedPath", {}, 'n', OnVelCanvas<DrawStrokedPath>},

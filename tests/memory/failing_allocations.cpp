@@ -58,9 +58,9 @@ Module ModuleOf(const void *address) {
 thread_local int granted = 0, refusals = 0, refused = 0;
 thread_local bool isLooking = false;
 
-/// Whether a block belongs to the modules under test. What the search itself allocates does not, nor what the companion
-/// asks for by the forms that throw: that goes to rlottie, which takes no other.
-bool Counts(const void *caller, bool throws) {
+/// Whether a block belongs to the modules under test. What the search itself allocates does not. (Nor does what the
+/// companion asks for by the forms of `new` that throw: that goes to rlottie, which takes no other.)
+bool Counts(const void *caller) {
     if (isLooking) return false;
     isLooking = true;
     Module module = ModuleOf(caller);
@@ -76,7 +76,7 @@ bool Counts(const void *caller, bool throws) {
             &module);
     }
     isLooking = false;
-    return module == kLacquer || (module == kCompanion && !throws);
+    return module == kLacquer || module == kCompanion;
 }
 
 bool IsRefused() {
@@ -118,8 +118,8 @@ private:
 constinit Blocks blocks;
 
 template <class Allocate>
-void *Get(const void *caller, const Allocate &allocate, bool throws = false) {
-    const bool counts = Counts(caller, throws);
+void *Get(const void *caller, const Allocate &allocate) {
+    const bool counts = Counts(caller);
     if (counts && IsRefused()) return nullptr;
     void *block = allocate();
     if (counts && block) blocks.Add(block);
@@ -127,13 +127,6 @@ void *Get(const void *caller, const Allocate &allocate, bool throws = false) {
 }
 
 #define CALLER __builtin_return_address(0)
-
-void *GetOrThrow(const void *caller, std::size_t size) {
-    void *block = Get(
-        caller, [=] { return REAL(malloc)(size > 0 ? size : 1); }, true);
-    if (!block) throw std::bad_alloc();
-    return block;
-}
 
 }  // namespace
 
@@ -149,25 +142,18 @@ void *realloc(void *block, std::size_t size) {
     if (moved && block) blocks.Remove(block);
     return moved;
 }
-void *memalign(std::size_t alignment, std::size_t size) {
-    return Get(CALLER, [=] { return REAL(memalign)(alignment, size); });
-}
-void *aligned_alloc(std::size_t alignment, std::size_t size) {
-    return Get(CALLER, [=] { return REAL(memalign)(alignment, size); });
-}
-int posix_memalign(void **out, std::size_t alignment, std::size_t size) {
-    void *block = Get(CALLER, [=] { return REAL(memalign)(alignment, size); });
-    if (block) *out = block;
-    return block ? 0 : ENOMEM;
-}
 void free(void *block) {
     if (block) blocks.Remove(block);
     REAL(free)(block);
 }
 }
 
-void *operator new(std::size_t size) { return GetOrThrow(CALLER, size); }
-void *operator new[](std::size_t size) { return GetOrThrow(CALLER, size); }
+// The modules under test take none that throw, but what gives back is one for all.
+void *operator new(std::size_t size) {
+    if (void *block = REAL(malloc)(size > 0 ? size : 1)) return block;
+    throw std::bad_alloc();
+}
+void *operator new[](std::size_t size) { return operator new(size); }
 void *operator new(std::size_t size, const std::nothrow_t &) noexcept {
     return Get(CALLER, [=] { return REAL(malloc)(size > 0 ? size : 1); });
 }
