@@ -100,20 +100,22 @@ TEST_P(CanvasTest, GdiAndTheLibraryDrawOnTheSamePixels) {
     EXPECT_EQ(0x563412u, GetPixel(dc, 5, 4));
 }
 
-TEST(CanvasParentTest, MayBeSharedOrItselfAndIsForgottenWhenItEnds) {
+TEST(CanvasParentTest, MayBeSharedOrItselfAndIsGoneUnderEveryHandleWhenItEnds) {
     const OwnedCanvas child(CreateCanvas(1, 1, {})), sibling(CreateCanvas(1, 1, {}));
     for (const auto end : {DeleteCanvas, +[](HGCANVAS canvas) { DeleteBitmap(CanvasToBitmap(canvas)); }}) {
         const HGCANVAS parent = CreateCanvas(2, 1, {});
-        EXPECT_EQ(1, SetCanvasParent(parent, parent));
-        EXPECT_EQ(1, SetCanvasParent(sibling, parent));
-        EXPECT_EQ(1, SetCanvasParent(child, sibling));
-        EXPECT_EQ(1, SetCanvasParent(child, parent));
-        const HGCANVAS alias = GetCanvasParent(child);
+        for (const HGCANVAS canvas : {parent, HGCANVAS(sibling), HGCANVAS(child)}) {
+            EXPECT_EQ(1, SetCanvasParent(canvas, sibling));
+            EXPECT_EQ(1, SetCanvasParent(canvas, parent));
+        }
+        const HGCANVAS alias = GetCanvasParent(child), released = GetCanvasParent(child);
+        const HGBITMAP bitmap = GetBitmap(parent);
         EXPECT_NE(parent, alias);
         EXPECT_EQ((Size{2, 1}), SizeOf(alias));
-        EXPECT_EQ(1u, ReleaseCanvas(alias));
-        EXPECT_TRUE(IsLive(parent));
-        end(parent);
+        EXPECT_EQ(1u, ReleaseCanvas(released));
+        EXPECT_FALSE(IsLive(released));
+        end(alias);
+        EXPECT_FALSE(IsLive(parent) || IsLive(alias) || IsLive(bitmap));
         const OwnedCanvas next(CreateCanvas(3, 3, {}));
         EXPECT_FALSE(GetCanvasParent(child) || GetCanvasParent(sibling)) << "another canvas may sit where it was";
     }

@@ -23,8 +23,14 @@ void ExpectConverted(const Convert &convert, const GetHandle &getHandle) {
             if (filter >> 24 != LACQUER_DRAW_OVER) {
                 for (uint32_t &pixel : expected) pixel |= 0xFF000000;
             }
+            const HGBITMAP alias = GetBitmap(canvas);
+            SetBitmapFilter(alias, 0x05000005);
             const Object made(convert(canvas));
             EXPECT_FALSE(IsLive(canvas));
+            if (IsLive(alias)) {
+                EXPECT_EQ(ViewOf(made).bits, ViewOf(alias).bits);
+            }
+            EXPECT_EQ((std::is_same_v<Object, OwnedBitmap>), IsLive(alias));
             EXPECT_EQ(filter, FilterOf(made));
             EXPECT_EQ(expected, PixelsIn(made));
             EXPECT_EQ((Size{5, 3}), SizeOf(made));

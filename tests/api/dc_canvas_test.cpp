@@ -154,15 +154,6 @@ TEST_F(DcCanvasTest, LocksOneCopyAtATimeWithLocksInPlaceInsideIt) {
     FillWith(dib_.View(), 0);
     Unlock();
     EXPECT_EQ(0u, At(0, 0)) << "the copy is written once";
-
-    // What is never unlocked is forgotten when the canvas is deleted.
-    SelectClipWithHole(dc_, kAll, hole);
-    const HGCANVAS other = CreateCanvasFromDC(dc_);
-    ASSERT_EQ(1, LockCanvasBits(other, &view_, &kAll));
-    FillWith(view_, 1);
-    DeleteCanvas(other);
-    EXPECT_EQ(0u, At(0, 0));
-    EXPECT_NE(0u, GetObjectType(dc_)) << "the context is the caller's";
 }
 
 TEST_F(DcCanvasTest, TakesTheContextsOriginsOverAndMovesThem) {

@@ -6,11 +6,6 @@
 
 namespace lacquer {
 
-namespace {
-
-constexpr int kEntryType = 9;
-}  // namespace
-
 HandleWorld::HandleWorld() {
     const RECT slices[] = {{0, 0, 2, 2}, {1, 1, 4, 3}};
     for (const HGTEXTURE texture : {HGTEXTURE(textures_[0]), HGTEXTURE(textures_[1])}) {
@@ -28,7 +23,7 @@ HandleWorld::HandleWorld() {
     SetCanvasParent(canvases_[0], canvases_[1]);
     canvasAlias_ = GetCanvasParent(canvases_[0]);
     bitmapAlias_ = GetBitmap(canvases_[0]);
-    entry_ = e_NewHandleEntry(nullptr, kEntryType, &entry_);
+    entry_ = e_NewHandleEntry(nullptr, 9, &entry_);
     // Its pixels must outlive it.
     static DWORD pixels[16];
     velBitmap *bitmap = velBitmapCreateFromData(pixels, 4, 4, 16);

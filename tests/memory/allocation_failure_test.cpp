@@ -88,22 +88,14 @@ private:
 
     uintptr_t Valid(char letter, size_t argument) const override {
         const auto number = [](const void *handle) { return reinterpret_cast<uintptr_t>(handle); };
-        switch (letter) {
-            case 'D': return number(contexts_[kind_ == 1 ? 1 - argument : argument]);
-            case 'H': return number(bitmap_);
-            case 'R': return number(regions_[argument % 2]);
-            case 'c':
-                if (kind_ == 2 && argument == 0) return HGCANVAS(canvas_).value;
-                return HandleWorld::Valid('c', kind_ == 1 ? 1 - argument : argument);
-            case 'b':
-                if (kind_ > 0) return HGBITMAP(bitmaps_[argument]).value;
-                break;
-            case 't':
-                if (kind_ > 0) return HGTEXTURE(textures_[argument]).value;
-                break;
-            default: break;
-        }
-        return HandleWorld::Valid(letter, argument);
+        const size_t exchanged = kind_ == 1 ? 1 - argument : argument;
+        if (letter == 'D') return number(contexts_[exchanged]);
+        if (letter == 'H') return number(bitmap_);
+        if (letter == 'R') return number(regions_[argument % 2]);
+        if (letter == 'b' && kind_ > 0) return HGBITMAP(bitmaps_[argument]).value;
+        if (letter == 't' && kind_ > 0) return HGTEXTURE(textures_[argument]).value;
+        if (letter == 'c' && kind_ == 2 && argument == 0) return HGCANVAS(canvas_).value;
+        return HandleWorld::Valid(letter, letter == 'c' ? exchanged : argument);
     }
 
     const int kind_;

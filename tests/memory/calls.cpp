@@ -147,15 +147,7 @@ uint64_t MakeLargeRegion(Arguments) {
     }();
     HRGN region = CreateTextureRgn(texture, nullptr);
     if (!region) return 0;
-    EXPECT_EQ(sizeof(RGNDATAHEADER) + sizeof(RECT) * kHeight * 3 / 2, GetRegionData(region, 0, nullptr));
     return DeleteObject(region) != 0;
-}
-
-/// A bitmap that is not kept for the next one.
-uint64_t MakeLargeBitmap(Arguments) {
-    const HGBITMAP bitmap = CreateMemBitmap(5000, 5000);
-    DeleteBitmap(bitmap);
-    return bitmap.value;
 }
 
 template <int (*use)(velCanvas *)>
@@ -176,7 +168,6 @@ std::vector<ExportedCall> GdiCalls() {
 std::vector<ExportedCall> DeepCalls() {
     std::vector<ExportedCall> calls{
         {"LargeRegion", {}, 'n', MakeLargeRegion},
-        {"LargeBitmap", {}, 'n', MakeLargeBitmap},
         {"Text", {}, 'n', OnVelCanvas<DrawText>},
         {"FilledPath", {}, 'n', OnVelCanvas<DrawFilledPath>},
         {"StrokedPath", {}, 'n', OnVelCanvas<DrawStrokedPath>},
