@@ -113,23 +113,6 @@ TEST(DcLockTest, IsInPlaceInASimpleClipElseACopyThatIsWrittenBackWhereItIsVisibl
     }
 }
 
-TEST(DcLockTest, ABitmapThatIsNoDibSectionIsCopied) {
-    HBITMAP bitmap = CreateBitmap(6, 4, 1, 1, nullptr);
-    {
-        const MemoryDC dc(bitmap);
-        const OwnedCanvas canvas(CreateCanvasFromDC(dc));
-        const RECT rect{1, 1, 5, 4};
-        SurfaceView view{};
-        PatBlt(dc, 0, 0, 6, 4, BLACKNESS);
-        ASSERT_EQ(1, LockCanvasBits(canvas, &view, &rect));
-        PutPixel(view, 3, 2, 0xFFFFFFFF);
-        EXPECT_EQ(1, UnlockCanvasBits(canvas));
-        EXPECT_EQ(kColours, GetPixel(dc, 4, 3));
-        EXPECT_EQ(0u, GetPixel(dc, 4, 2));
-    }
-    DeleteObject(bitmap);
-}
-
 TEST_F(DcCanvasTest, LocksOneCopyAtATimeWithLocksInPlaceInsideIt) {
     const RECT hole{3, 3, 5, 5};
     EXPECT_EQ(1, Lock({0, 0, 2, 2})) << "in place, before the copy";

@@ -2,6 +2,7 @@
 
 #include "failing_allocations.h"
 
+#include <dlfcn.h>
 #include <link.h>
 #include <unwind.h>
 
@@ -32,27 +33,13 @@ namespace {
 enum Module { kOthers, kLacquer, kCompanion, kPixman, kCairo };
 
 Module ModuleOf(const void *address) {
-    struct Search {
-        uintptr_t address;
-        Module found;
-    } search{reinterpret_cast<uintptr_t>(address), kOthers};
-    dl_iterate_phdr(
-        [](dl_phdr_info *info, std::size_t, void *data) {
-            auto &wanted = *static_cast<Search *>(data);
-            for (int i = 0; i < info->dlpi_phnum; ++i) {
-                const ElfW(Phdr) &part = info->dlpi_phdr[i];
-                if (part.p_type != PT_LOAD || wanted.address - info->dlpi_addr - part.p_vaddr >= part.p_memsz) continue;
-                const auto is = [&](const char *name) { return std::strstr(info->dlpi_name, name) != nullptr; };
-                if (is("/liblacquer.")) wanted.found = kLacquer;
-                if (is("/libvelGraphic.")) wanted.found = kCompanion;
-                if (is("/libpixman-")) wanted.found = kPixman;
-                if (is("/libcairo.")) wanted.found = kCairo;
-                return 1;
-            }
-            return 0;
-        },
-        &search);
-    return search.found;
+    dl_find_object found{};
+    if (_dl_find_object(const_cast<void *>(address), &found) != 0) return kOthers;
+    const auto is = [&](const char *name) { return std::strstr(found.dlfo_link_map->l_name, name) != nullptr; };
+    if (is("/liblacquer.")) return kLacquer;
+    if (is("/libvelGraphic.")) return kCompanion;
+    if (is("/libpixman-")) return kPixman;
+    return is("/libcairo.") ? kCairo : kOthers;
 }
 
 thread_local int granted = 0, refusals = 0, refused = 0;
