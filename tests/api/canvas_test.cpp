@@ -1,4 +1,4 @@
-// Surface canvases: state, locks, and their own device context.
+// Surface canvases: state, parents, and their own device context.
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-// Canvases around a caller's device context: locks in place and by copy, origins, clip.
+// Canvases around a caller's device context: locks in place and by copy, origins, what lasts.
 
 #include <gtest/gtest.h>
 
