@@ -1,4 +1,4 @@
-// Canvases around a caller's device context: locks in place and by copy, origins, clip.
+// Canvases around a caller's device context: locks in place and by copy, origins, what lasts.
 
 #include <gtest/gtest.h>
 
@@ -33,15 +33,11 @@ protected:
 
 TEST_F(DcCanvasTest, HasNoSurface) {
     EXPECT_EQ((Size{-7, -8}), SizeOf(canvas_)) << "it has none";
-    EXPECT_FALSE(GetBitmap(canvas_));
-    EXPECT_FALSE(GetTexture(canvas_));
-    EXPECT_FALSE(CanvasToBitmap(canvas_));
-    EXPECT_FALSE(CanvasToTexture(canvas_));
+    EXPECT_FALSE(GetBitmap(canvas_) || GetTexture(canvas_) || CanvasToBitmap(canvas_) || CanvasToTexture(canvas_));
     EXPECT_TRUE(IsLive(canvas_));
     EXPECT_EQ(0, SetCanvasFilter(canvas_, 5));
     EXPECT_EQ(0u, FilterOf(canvas_));
     EXPECT_EQ(static_cast<HDC>(dc_), GetCanvasHandle(canvas_));
-    EXPECT_EQ(nullptr, GetCanvasWindow(canvas_));
 }
 
 /// A context, and a rectangle of it in device coordinates.
@@ -65,7 +61,6 @@ TEST(DcLockTest, IsInPlaceInASimpleClipElseACopyThatIsWrittenBackWhereItIsVisibl
         {true, {32, {0, 1, 5, 4}, kAll, {}, {5, -4}, {3, -6}}},
         {true, {32, {1, 1, 7, 7}, {1, 1, 7, 7}}},
         {true, {8, {1, 2, 3, 4}}},
-        {true, {16, {1, 2, 3, 4}}},
         {true, {24, {1, 2, 3, 4}}},
         {false, {32, {1, 1, 7, 7}, {2, 2, 5, 6}}},
         {false, {32, kAll, kAll, {3, 3, 5, 5}}},
@@ -118,29 +113,6 @@ TEST(DcLockTest, IsInPlaceInASimpleClipElseACopyThatIsWrittenBackWhereItIsVisibl
     }
 }
 
-TEST(DcLockTest, ABitmapThatIsNoDibSectionIsCopied) {
-    constexpr COLORREF kWhite = 0xFFFFFF, kBlack = 0;
-    HBITMAP bitmap = CreateBitmap(6, 4, 1, 1, nullptr);
-    {
-        const MemoryDC dc(bitmap);
-        const OwnedCanvas canvas(CreateCanvasFromDC(dc));
-        const RECT rect{1, 1, 5, 4};
-        SurfaceView view{};
-        PatBlt(dc, 0, 0, 6, 4, BLACKNESS);
-        SetPixel(dc, 2, 1, kWhite);
-        ASSERT_EQ(1, LockCanvasBits(canvas, &view, &rect));
-        EXPECT_EQ(kColours, PixelAt(view, 1, 0) & kColours);
-        EXPECT_EQ(0u, PixelAt(view, 0, 0) & kColours);
-        PutPixel(view, 1, 0, 0xFF000000);
-        PutPixel(view, 3, 2, 0xFFFFFFFF);
-        EXPECT_EQ(1, UnlockCanvasBits(canvas));
-        EXPECT_EQ(kBlack, GetPixel(dc, 2, 1));
-        EXPECT_EQ(kWhite, GetPixel(dc, 4, 3));
-        EXPECT_EQ(kBlack, GetPixel(dc, 4, 2));
-    }
-    DeleteObject(bitmap);
-}
-
 TEST_F(DcCanvasTest, LocksOneCopyAtATimeWithLocksInPlaceInsideIt) {
     const RECT hole{3, 3, 5, 5};
     EXPECT_EQ(1, Lock({0, 0, 2, 2})) << "in place, before the copy";
@@ -155,7 +127,6 @@ TEST_F(DcCanvasTest, LocksOneCopyAtATimeWithLocksInPlaceInsideIt) {
         ASSERT_EQ(1, Lock({4, 4, 6, 6}));
         EXPECT_EQ(At(5, 4), PixelAt(view_, 1, 0));
     }
-    EXPECT_EQ(0, Lock({4, 4, 4, 6})) << "a refused lock has no unlock";
     Unlock();
     Unlock();
     EXPECT_EQ(before, At(0, 0)) << "these unlocks end the locks in place";
@@ -164,35 +135,22 @@ TEST_F(DcCanvasTest, LocksOneCopyAtATimeWithLocksInPlaceInsideIt) {
     EXPECT_EQ(0x01020304u, At(3, 3)) << "the copy has kept its rectangle";
     EXPECT_NE(0x01020304u, At(4, 4));
     FillWith(dib_.View(), 0);
-    for (int more = 0; more < 3; ++more) Unlock();
+    Unlock();
     EXPECT_EQ(0u, At(0, 0)) << "the copy is written once";
-
-    // What is never unlocked is forgotten when the canvas is deleted.
-    SelectClipWithHole(dc_, kAll, hole);
-    const HGCANVAS other = CreateCanvasFromDC(dc_);
-    ASSERT_EQ(1, LockCanvasBits(other, &view_, &kAll));
-    FillWith(view_, 1);
-    DeleteCanvas(other);
-    EXPECT_EQ(0u, At(0, 0));
-    EXPECT_NE(0u, GetObjectType(dc_)) << "the context is the caller's";
 }
 
-TEST_F(DcCanvasTest, TakesTheContextsOriginsOver) {
+TEST_F(DcCanvasTest, TakesTheContextsOriginsOverAndMovesThem) {
     SetViewportOrgEx(dc_, 3, 4, nullptr);
     SetWindowOrgEx(dc_, 1, -1, nullptr);
     const OwnedCanvas canvas(CreateCanvasFromDC(dc_));
     POINT viewport{}, window{};
-    GetViewportOrg(canvas, &viewport);
-    GetWindowOrg(canvas, &window);
-    EXPECT_EQ((Size{3, 4}), (Size{viewport.x, viewport.y}));
-    EXPECT_EQ((Size{1, -1}), (Size{window.x, window.y}));
-    const OwnedBitmap bitmap = NoisyBitmap(2, 2, 5);
     const RECT place{0, 0, 2, 2};
-    EXPECT_EQ(1, DrawBitmap(canvas, &place, bitmap, 0));
-    EXPECT_EQ(PixelAt(ViewOf(bitmap), 1, 1), At(3, 6));
-    // And moves them.
+    EXPECT_EQ(1, FillSolidRect(canvas, 0xFF123456, &place));
+    EXPECT_EQ(0xFF123456, At(2, 5));
+    EXPECT_EQ(0xFF123456, At(3, 6));
     EXPECT_NE(0, SetViewportOrg(canvas, 0, 0, &viewport));
-    EXPECT_EQ(3, viewport.x);
+    EXPECT_NE(0, SetWindowOrg(canvas, 0, 0, &window));
+    EXPECT_EQ((Size{3, 1}), (Size{viewport.x, window.x}));
     GetViewportOrgEx(dc_, &viewport);
     EXPECT_EQ(0, viewport.x);
 }
@@ -200,8 +158,6 @@ TEST_F(DcCanvasTest, TakesTheContextsOriginsOver) {
 TEST_F(DcCanvasTest, TheClipLastsWhenTheVisiblePartChanges) {
     const Dib smaller(5, 4), larger(30, 25);  // the larger one is (-4, 1, 26, 26) in logical coordinates
     constexpr std::pair<RECT, RECT> kCases[] = {{{2, 3, 22, 23}, {2, 3, 22, 23}},
-                                                {{-9, -9, 100, 14}, {-4, 1, 26, 14}},
-                                                {{12, 12, 20, 20}, {12, 12, 20, 20}},
                                                 {{INT_MIN, INT_MIN, INT_MAX, INT_MAX}, {-4, 1, 26, 26}},
                                                 {{INT_MAX - 3, 0, INT_MAX, 9}, {}}};
     for (const auto &[rect, shown] : kCases) {
@@ -217,35 +173,23 @@ TEST_F(DcCanvasTest, TheClipLastsWhenTheVisiblePartChanges) {
     }
 }
 
-TEST(GoneDcTest, ClipsAreAcceptedAndPixelsAreTransparentBlack) {
+TEST(GoneDcTest, OrNullClipsAreAcceptedAndPixelsAreTransparentBlack) {
     const OwnedCanvas system(CreateSystemCanvas(4, 4, {}));
     HDC gone = CreateCompatibleDC(nullptr);
-    const OwnedCanvas foreign(CreateCanvasFromDC(gone));
+    const OwnedCanvas foreign(CreateCanvasFromDC(gone)), none(CreateCanvasFromDC(nullptr));
     DeleteDC(gone);
     DeleteDC(GetCanvasHandle(system));
     const RECT rect{1, 1, 3, 3};
     SurfaceView view{};
-    for (const HGCANVAS canvas : {HGCANVAS(system), HGCANVAS(foreign)}) {
-        ASSERT_EQ(1, LockCanvasBits(canvas, &view, &rect));
-        EXPECT_EQ(std::vector<uint32_t>(4), PixelsOf(view)) << "what can't be read";
-        EXPECT_EQ(1, UnlockCanvasBits(canvas));
+    for (const HGCANVAS canvas : {HGCANVAS(system), HGCANVAS(foreign), HGCANVAS(none)}) {
+        ASSERT_EQ(canvas != none, LockCanvasBits(canvas, &view, &rect));
+        if (canvas != none) {
+            EXPECT_EQ(std::vector<uint32_t>(4), PixelsOf(view)) << "what can't be read";
+            EXPECT_EQ(1, UnlockCanvasBits(canvas));
+        }
         EXPECT_EQ(1, SetCanvasClipRect(canvas, &rect));
         EXPECT_EQ(1, IntersectCanvasClipRect(canvas, &rect));
     }
-}
-
-TEST(NullDcCanvasTest, CanBeMadeButNotLocked) {
-    const OwnedCanvas canvas(CreateCanvasFromDC(nullptr));
-    const RECT rect{0, 0, 1, 1};
-    SurfaceView view{};
-    EXPECT_EQ(0, LockCanvasBits(canvas, &view, &rect));
-    EXPECT_EQ(0, LockCanvasBits(canvas, &view, nullptr));
-    EXPECT_EQ(nullptr, GetCanvasHandle(canvas));
-    EXPECT_EQ(1, SetCanvasClipRect(canvas, &rect));
-    EXPECT_EQ(1, IntersectCanvasClipRect(canvas, &rect));
-    EXPECT_TRUE(ClipOf(canvas).IsEmpty());
-    const OwnedBitmap bitmap(CreateMemBitmap(1, 1));
-    EXPECT_EQ(1, DrawBitmap(canvas, &rect, bitmap, 0));
 }
 
 }  // namespace

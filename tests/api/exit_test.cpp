@@ -50,9 +50,8 @@ void MakeObjects() {
 
 bool NothingCanBeMade() {
     int object = 0;
-    return !LACQUER_CALL(CreateMemBitmap)(8, 8) && !LACQUER_CALL(CreateSystemBitmap)(8, 8) &&
-           !LACQUER_CALL(CreateMemBitmap)(1024, 1024) && !LACQUER_CALL(CreateTexture)(8, 8) &&
-           !LACQUER_CALL(CreateCanvas)(8, 8, alive.canvas) && !LACQUER_CALL(CreateSystemCanvas)(8, 8, alive.system) &&
+    return !LACQUER_CALL(CreateSystemBitmap)(8, 8) && !LACQUER_CALL(CreateMemBitmap)(1024, 1024) &&
+           !LACQUER_CALL(CreateTexture)(8, 8) && !LACQUER_CALL(CreateCanvas)(8, 8, alive.canvas) &&
            LACQUER_CALL(e_NewHandleEntry)(nullptr, 2, &object) == 0;
 }
 
@@ -61,8 +60,7 @@ bool NothingIsFound() {
     DWORD filter = 0;
     const bool found = LACQUER_CALL(LockBitmapBits)(alive.bitmap, &view, nullptr) != 0 ||
                        LACQUER_CALL(GetTextureFilter)(alive.texture, &filter) != 0 ||
-                       LACQUER_CALL(GetCanvasHandle)(alive.canvas) || LACQUER_CALL(GetCanvasParent)(alive.canvas) ||
-                       LACQUER_CALL(GetBitmap)(alive.system) ||
+                       LACQUER_CALL(GetCanvasParent)(alive.canvas) || LACQUER_CALL(GetBitmap)(alive.system) ||
                        LACQUER_CALL(SetCanvasParent)(alive.system, alive.canvas) != 0 ||
                        LACQUER_CALL(DrawBitmap)(alive.canvas, &kRect, alive.bitmap, 0) != 0 ||
                        LACQUER_CALL(CanvasToBitmap)(alive.canvas) || LACQUER_CALL(BitmapToTexture)(alive.bitmap) ||

@@ -6,63 +6,36 @@
 
 namespace lacquer {
 
-namespace {
-
-constexpr int kEntryType = 9;
-constexpr DWORD kBlendMode = 12, kBlendValue = 99;
-constexpr float kStrokeWidth = 3.0f;
-
-HWND FakeWindow() { return reinterpret_cast<HWND>(static_cast<uintptr_t>(0x4321)); }
-
-/// `type`: 0 canvas, 1 bitmap, 2 texture.
-uintptr_t CreateAny(size_t type) {
-    if (type == 0) return CreateCanvas(1, 1, HGCANVAS{}).value;
-    return type == 1 ? CreateMemBitmap(1, 1).value : CreateTexture(1, 1).value;
-}
-
-}  // namespace
-
 HandleWorld::HandleWorld() {
     const RECT slices[] = {{0, 0, 2, 2}, {1, 1, 4, 3}};
-    const TextureMode mode{0, 0x1F, {1, 1, 1, 1}};
     for (const HGTEXTURE texture : {HGTEXTURE(textures_[0]), HGTEXTURE(textures_[1])}) {
         SetTextureSlice(texture, 2, slices);
-        SetTextureMode(texture, &mode);
         SetTextureFilter(texture, 0x01000000);
     }
     for (const HGCANVAS canvas : {HGCANVAS(canvases_[0]), HGCANVAS(canvases_[1])}) {
         SetCanvasFilter(canvas, 0x01000000);
-        SetCanvasWindow(canvas, FakeWindow());
-        SetCanvasBkColor(canvas, 0x123456, nullptr);
-        SetBlendMode(canvas, kBlendMode);
-        SetBlendValue(canvas, kBlendValue);
-        SetStrokeWidth(canvas, kStrokeWidth);
+        SetCanvasWindow(canvas, reinterpret_cast<HWND>(this));
+        SetBlendMode(canvas, 12);
+        SetBlendValue(canvas, 99);
+        SetStrokeWidth(canvas, 3);
         Save(canvas);
     }
     SetCanvasParent(canvases_[0], canvases_[1]);
     canvasAlias_ = GetCanvasParent(canvases_[0]);
     bitmapAlias_ = GetBitmap(canvases_[0]);
-    entry_ = e_NewHandleEntry(nullptr, kEntryType, &entry_);
+    entry_ = e_NewHandleEntry(nullptr, 9, &entry_);
     // Its pixels must outlive it.
     static DWORD pixels[16];
     velBitmap *bitmap = velBitmapCreateFromData(pixels, 4, 4, 16);
     velCanvasSetBitmap(companion_, bitmap);
     velBitmapDestroy(bitmap);
     velPathAddRectangle(path_, 0, 0, 2, 2);
-    for (size_t i = 0; i < kTypes; ++i) {
-        reused_[i] = CreateAny(i);
-        DeleteAny(reused_[i]);
-        replacements_[i] = CreateAny(i);
-    }
-    for (size_t i = 0; i < kTypes; ++i) freed_[i] = CreateAny(i);
-    for (const uintptr_t handle : freed_) DeleteAny(handle);
 }
 
 HandleWorld::~HandleWorld() {
     ReleaseCanvas(canvasAlias_);
     ReleaseBitmap(bitmapAlias_);
     e_DelHandleEntry(nullptr, entry_);
-    for (const uintptr_t handle : replacements_) DeleteAny(handle);
     velCanvasDestroy(companion_);
     velPathDestroy(path_);
     velGradientDestroy(gradient_);
@@ -97,20 +70,15 @@ std::vector<Argument> HandleWorld::ArgumentsFor(const ExportedCall &row) const {
 std::vector<uintptr_t> HandleWorld::Wrong(char letter, size_t argument) const {
     const uintptr_t valid = Valid(letter, argument), type = valid >> 16 & 0xFF;
     std::vector<uintptr_t> wrong{0,
-                                 type << 16,
                                  type << 16 | 0x01000000,
                                  valid & 0xFF00FFFF,
                                  valid ^ 0x01000000,
                                  valid ^ 0x80000000,
                                  valid | 0x8000,
-                                 valid | 0xFFFF,
                                  (valid & 0xFFFF0000) | 0x7FFF,
                                  (valid & 0xFF00FFFF) | 0x00040000,
-                                 (valid & 0xFF00FFFF) | 0x00FF0000,
                                  0xFFFFFFFF,
                                  (valid & 0xFFFF) | 0x02000000};
-    wrong.insert(wrong.end(), freed_.begin(), freed_.end());
-    wrong.insert(wrong.end(), reused_.begin(), reused_.end());
     for (const char other : {'c', 'b', 't'}) {
         const uintptr_t handle = Valid(other, 0);
         if (letter != 'e' && (handle >> 16 & 0xFF) != type) wrong.push_back(handle);
@@ -123,40 +91,25 @@ std::vector<uintptr_t> HandleWorld::Wrong(char letter, size_t argument) const {
 std::vector<uint32_t> HandleWorld::Snapshot() const {
     std::vector<uint32_t> state;
     const auto add = [&](auto... words) { (state.push_back(static_cast<uint32_t>(words)), ...); };
-    const auto addRect = [&](const RECT &rect) { add(rect.left, rect.top, rect.right, rect.bottom); };
     const auto addPixelsAndFilter = [&](const auto &object) {
         for (const uint32_t pixel : PixelsIn(object)) add(pixel);
         add(FilterOf(object));
     };
-    RECT rect{};
     for (const OwnedBitmap &bitmap : bitmaps_) addPixelsAndFilter(bitmap);
     for (const OwnedTexture &texture : textures_) {
         addPixelsAndFilter(texture);
-        TextureMode mode{};
-        GetTextureMode(texture, &mode);
-        add(mode.mode, mode.scaleFlags);
-        addRect(mode.margins);
-        GetTextureCurSlice(texture, &rect);
-        addRect(rect);
-        add(GetTextureSliceCount(texture));
+        add(SizeOf(texture)[0], GetTextureSliceCount(texture));
     }
     for (const OwnedCanvas &canvas : canvases_) {
         addPixelsAndFilter(canvas);
-        DWORD colour = 0;
-        GetCanvasBkColor(canvas, &colour);
-        POINT viewport{}, window{};
-        GetViewportOrg(canvas, &viewport);
-        GetWindowOrg(canvas, &window);
-        GetCanvasClipRect(canvas, &rect);
-        addRect(rect);
+        const Rect clip = ClipOf(canvas);
         const HGCANVAS parent = GetCanvasParent(canvas);
         ReleaseCanvas(parent);
-        add(colour, viewport.x, window.x, GetCanvasWindow(canvas) == FakeWindow(), GetBlendMode(canvas),
-            GetBlendValue(canvas), GetStrokeWidth(canvas), static_cast<bool>(parent));
+        add(clip.left, clip.bottom, GetBlendMode(canvas), static_cast<bool>(parent));
     }
     const HGBITMAP next = CreateMemBitmap(1, 1);
     DeleteBitmap(next);
-    add(next.value & 0xFFFF, GetStretchKernelMode());
+    add(next.value & 0xFFFF);
     return state;
 }
 

@@ -16,7 +16,7 @@ constexpr uintptr_t kUpperGarbage = static_cast<uintptr_t>(0xDEADBEEF12345678) &
 /// Whether a letter stands for a handle of the library.
 constexpr bool IsHandle(char letter) { return std::string_view("cbtpae").find(letter) != std::string_view::npos; }
 
-/// Two live objects of each type, and handles that are no longer current.
+/// Two live objects of each type.
 class HandleWorld {
 public:
     HandleWorld();
@@ -34,18 +34,16 @@ public:
     /// Everything that must be refused for such an argument.
     std::vector<uintptr_t> Wrong(char letter, size_t argument) const;
 
-    /// Everything that can be read of the objects, and the slot that the next object would take.
+    /// What calls change of the objects, and the slot that the next object would take.
     std::vector<uint32_t> Snapshot() const;
 
 private:
     static constexpr LONG kSide = 4;
-    static constexpr size_t kTypes = 3;
 
     std::array<OwnedBitmap, 2> bitmaps_{NoisyBitmap(kSide, kSide, 1), NoisyBitmap(kSide, kSide, 2)};
     std::array<OwnedTexture, 2> textures_{NoisyTexture(kSide, kSide, 3), NoisyTexture(kSide, kSide, 4)};
     std::array<OwnedCanvas, 2> canvases_{NoisyCanvas(kSide, kSide, 5),
                                          OwnedCanvas(CreateSystemCanvas(kSide, kSide, HGCANVAS{}))};
-    std::array<uintptr_t, kTypes> freed_{}, reused_{}, replacements_{};
     const Dib dib_{kSide, kSide};
     const MemoryDC dc_{dib_.Handle()};
     HGCANVAS canvasAlias_{};

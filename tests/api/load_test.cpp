@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <string>
-
 #include "library.h"
 #include "support/memory_in_use.h"
 
@@ -19,10 +17,9 @@ constexpr RECT kRect{1, 1, 20, 15};
 uintptr_t LeaveObjectsBehind(const Library &library) {
     const HGCANVAS canvas = LACQUER_CALL(CreateCanvas)(16, 16, {}),
                    system = LACQUER_CALL(CreateSystemCanvas)(16, 16, {});
-    EXPECT_EQ(1, LACQUER_CALL(DrawBitmap)(canvas, &kRect, LACQUER_CALL(CreateMemBitmap)(8, 8), 4));
     EXPECT_EQ(1, LACQUER_CALL(DrawBitmap)(system, &kRect, LACQUER_CALL(CreateSystemBitmap)(8, 8), 1));
     EXPECT_EQ(1, LACQUER_CALL(DrawTexture)(canvas, &kRect, LACQUER_CALL(CreateTexture)(4, 4), 5));
-    EXPECT_EQ(1, LACQUER_CALL(DrawTexture)(system, &kRect, LACQUER_CALL(GetTexture)(canvas), 0));
+    EXPECT_TRUE(LACQUER_CALL(GetTexture)(canvas));
     EXPECT_EQ(1, LACQUER_CALL(SetCanvasParent)(canvas, system));
     EXPECT_TRUE(LACQUER_CALL(GetCanvasParent)(canvas));
     EXPECT_TRUE(LACQUER_CALL(GetCanvasHandle)(canvas));
@@ -37,12 +34,8 @@ void DrawAndDelete(const Library &library) {
     LACQUER_CALL(SetStretchKernelMode)(0);
     EXPECT_EQ(1, LACQUER_CALL(DrawBitmap)(canvas, &kRect, large, 6));
     HDC dc = LACQUER_CALL(GetCanvasHandle)(canvas);
-    HRGN region = LACQUER_GDI_CALL(CreateRectRgn)(0, 0, 9, 9), part = LACQUER_GDI_CALL(CreateRectRgn)(3, 3, 5, 5);
-    LACQUER_GDI_CALL(CombineRgn)(region, region, part, RGN_XOR);
-    LACQUER_GDI_CALL(ExtSelectClipRgn)(dc, region, RGN_COPY);
+    EXPECT_NE(0, LACQUER_GDI_CALL(ExcludeClipRect)(dc, 3, 3, 5, 5));
     EXPECT_NE(0, LACQUER_GDI_CALL(StretchBlt)(dc, 0, 0, 9, 9, dc, 20, 20, 5, 5, SRCCOPY));
-    LACQUER_GDI_CALL(DeleteObject)(part);
-    LACQUER_GDI_CALL(DeleteObject)(region);
     LACQUER_CALL(DeleteBitmap)(LACQUER_CALL(CanvasToBitmap)(canvas));
     LACQUER_CALL(DeleteBitmap)(large);
 }
@@ -82,19 +75,10 @@ TEST(LoadTest, TwoHundredTimesWithObjectsAliveAndNothingElseLeftBehind) {
         EXPECT_EQ(0x01010001u, LeaveObjectsBehind(library));
         DrawAndDelete(library);
     });
-    RecordProperty("bytes_of_objects", std::to_string(objects));
-    RecordProperty("bytes_left_unused", std::to_string(unused));
-    RecordProperty("bytes_left_used", std::to_string(used));
     EXPECT_GT(objects, 2000);
     EXPECT_LE(used - unused, objects + 100);
     // A sanitizer notes some bytes at each load, and Wine does.
     EXPECT_LE(unused, 1000);
-}
-
-TEST(LoadTest, TheProgramMayEndWithObjectsAlive) {
-    static const Library *const loadedForGood = new Library(LACQUER_LIBRARY_FILE);
-    ASSERT_TRUE(loadedForGood->IsLoaded());
-    EXPECT_EQ(0x01010001u, LeaveObjectsBehind(*loadedForGood));
 }
 
 }  // namespace

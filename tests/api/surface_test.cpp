@@ -6,7 +6,6 @@
 #include <cstring>
 
 #include "objects.h"
-#include "support/memory_dc.h"
 
 namespace lacquer {
 namespace {
@@ -86,24 +85,19 @@ TYPED_TEST(SurfaceTest, EveryDepthHasItsStrideItsPaletteAndItsLocks) {
         LONG stride;
         DWORD entries;
     };
-    constexpr Layout kLayouts[] = {
-        {3, 2, 24, 0, 12, 0},    {5, 2, 8, 16, 8, 16},         {5, 3, 8, 300, 8, 256},       {5, 3, 8, 65535, 8, 256},
-        {4, 1, 8, 0, 4, 256},    {3, 2, 8, 256, 4, 256},       {1, 1, 32, 9, 4, 0},          {7, 5, 24, 256, 24, 0},
-        {3, 3, 16, 7, 8, 0},     {3, 2, 9, 70000, 4, 0},       {3, 2, 48, 0, 20, 0},         {2, 2, 65535, 1, 16384, 0},
-        {1, 32767, 24, 0, 4, 0}, {3, 2, 65544, 70000, 4, 256}, {32767, 1, 32, 0, 131068, 0}, {9, 2, 0, 5, 0, 0},
-        {9, 2, 1, 5, 0, 0},      {9, 2, 4, 99, 0, 0},          {3, 2, 7, 70000, 0, 0},       {5, 3, 8, 3, 8, 3}};
+    constexpr Layout kLayouts[] = {{3, 2, 24, 0, 12, 0},       {5, 2, 8, 16, 8, 16},    {5, 3, 8, 300, 8, 256},
+                                   {5, 3, 8, 65535, 8, 256},   {4, 1, 8, 0, 4, 256},    {1, 1, 32, 9, 4, 0},
+                                   {7, 5, 24, 256, 24, 0},     {3, 3, 16, 7, 8, 0},     {3, 2, 9, 70000, 4, 0},
+                                   {2, 2, 65535, 1, 16384, 0}, {1, 32767, 24, 0, 4, 0}, {3, 2, 65544, 70000, 4, 256},
+                                   {9, 2, 0, 5, 0, 0},         {9, 2, 4, 99, 0, 0}};
     for (const Layout &layout : kLayouts) {
         SCOPED_TRACE(layout.depth);
         const DWORD depth = layout.depth & 0xFFFF;
-        const auto make = [&] {
-            return typename TestFixture::Object(
-                TypeParam::Create(layout.width, layout.height, layout.depth, layout.palette));
-        };
-        const auto object = make(), other = make();
+        const typename TestFixture::Object object(
+            TypeParam::Create(layout.width, layout.height, layout.depth, layout.palette));
         EXPECT_EQ((Size{static_cast<LONG>(layout.width), static_cast<LONG>(layout.height)}), SizeOf(object));
         EXPECT_EQ(depth & 0xFF, TestFixture::DepthOf(object));
         EXPECT_EQ(0u, FilterOf(object));
-        TypeParam::SetFilter(object, kFilter);
         SurfaceView view{}, plain{};
         ASSERT_EQ(depth >= 8, TypeParam::LockEx(object, &view, nullptr));
         std::vector<uint32_t> colours;
@@ -121,30 +115,16 @@ TYPED_TEST(SurfaceTest, EveryDepthHasItsStrideItsPaletteAndItsLocks) {
                 EXPECT_EQ(GreyRamp(), PaletteOf(view));
             }
             // The plain lock writes a BITMAP and no more.
-            plain.paletteCount = 0x5A5A5A5A;
             plain.palette = &view.paletteCount;
             EXPECT_EQ(1, TypeParam::Lock(object, &plain, nullptr));
             EXPECT_EQ(0, std::memcmp(&view, &plain, sizeof(BITMAP)));
-            EXPECT_EQ(0x5A5A5A5Au, plain.paletteCount);
             EXPECT_EQ(&view.paletteCount, plain.palette);
-        }
-        if (depth >= 8 && depth <= 32) {
-            FillWithNoise(view, 3);
-            EXPECT_EQ(1, TypeParam::Copy(other, nullptr, object, nullptr));
-            EXPECT_EQ(PixelsOf(view), PixelsIn(other)) << "equal depths are copied, whatever they are";
-            EXPECT_EQ(PaletteOf(view), PaletteOf(ViewOf(other)));
-        }
-        for (const DWORD code : {1u, 2u, 4u, 6u}) {
-            const typename TestFixture::Object turned(TypeParam::Transform(object, code));
-            EXPECT_EQ(depth & 0xFF, TestFixture::DepthOf(turned));
         }
         // The pixels become those of a DIB section where there is a kernel.
         if (HasKernel(depth)) colours = ColoursOf(view);
         HBITMAP bitmap = TypeParam::GetGdiHandle(object);
         ASSERT_EQ(HasKernel(depth), bitmap != nullptr);
         EXPECT_EQ(bitmap, TypeParam::GetGdiHandle(object));
-        EXPECT_EQ(bitmap ? 32 : depth & 0xFF, TestFixture::DepthOf(object));
-        EXPECT_EQ(kFilter, FilterOf(object));
         if (!bitmap) continue;
         EXPECT_EQ(1, TypeParam::LockEx(object, &view, nullptr));
         EXPECT_EQ(colours, PixelsOf(view));
@@ -157,27 +137,6 @@ TYPED_TEST(SurfaceTest, EveryDepthHasItsStrideItsPaletteAndItsLocks) {
 
 constexpr Format kFormats[] = {{8, 0}, {8, 16}, {8, 256}, {16}, {24}, {32}, {32, 0, true}};
 constexpr LONG kWidth = 7, kHeight = 5;
-
-TYPED_TEST(SurfaceTest, InnerRectanglesShowTheirPixels) {
-    for (const Format &format : kFormats) {
-        const auto object = TestFixture::Make(format, kWidth, kHeight, 1);
-        const SurfaceView whole = ViewOf(object);
-        for (LONG left = 0; left < kWidth; ++left) {
-            for (LONG right = left + 1; right <= kWidth; ++right) {
-                for (LONG top = 0; top < kHeight; ++top) {
-                    const RECT rect{left, top, right, top + 1};
-                    SurfaceView view{};
-                    ASSERT_EQ(1, TypeParam::Lock(object, &view, &rect));
-                    ASSERT_EQ((Size{right - left, 1}), (Size{view.width, view.height}));
-                    ASSERT_EQ(whole.stride, view.stride);
-                    for (LONG x = left; x < right; ++x) {
-                        ASSERT_EQ(PixelAt(whole, x, top), PixelAt(view, x - left, 0));
-                    }
-                }
-            }
-        }
-    }
-}
 
 /// `put` in the common top-left part of `to` and `from`, `around` elsewhere.
 std::vector<uint32_t> Placed(const std::vector<uint32_t> &around, const RECT &to, const std::vector<uint32_t> &put,
@@ -226,12 +185,9 @@ TYPED_TEST(SurfaceTest, CopiesOfEqualFormatsArePlainOthersConvertToWords) {
                 EXPECT_EQ(expected, PixelsOf(destView));
                 EXPECT_EQ(alike && destFormat.palette > 0 ? PaletteOf(sourceView) : palette, PaletteOf(destView));
                 EXPECT_EQ(alike || converts ? kFilter : kOtherFilter, FilterOf(dest));
-                EXPECT_EQ(pixels, PixelsOf(sourceView));
             }
         }
     }
-    const auto grey = TestFixture::Make({8, 0}, 1, 1, 1);
-    EXPECT_EQ(GreyRamp(), PaletteOf(ViewOf(grey))) << "the shared palette is never written";
 }
 
 TYPED_TEST(SurfaceTest, CopiesWithinOneMayOverlap) {
@@ -249,54 +205,44 @@ TYPED_TEST(SurfaceTest, CopiesWithinOneMayOverlap) {
 }
 
 TYPED_TEST(SurfaceTest, ResizedOnesHave32Bits) {
-    for (const Format &format :
-         {kFormats[0], kFormats[1], kFormats[2], kFormats[3], kFormats[4], kFormats[6], {4, 0}}) {
-        using Surface = typename TestFixture::Object;
+    for (const Format &format : kFormats) {
         SCOPED_TRACE(format.depth);
-        const Surface source = format.depth == 4 ? Surface(TypeParam::Create(kWidth, kHeight, 4, 0))
-                                                 : TestFixture::Make(format, kWidth, kHeight, 4);
-        TypeParam::SetFilter(source, kFilter);
-        const Surface same(TypeParam::Resize(source, kWidth, kHeight, 4)),
-            twice(TypeParam::Resize(source, 2 * kWidth, 2 * kHeight, 0));
-        EXPECT_EQ(32u, TestFixture::DepthOf(same));
-        EXPECT_EQ(kFilter, FilterOf(same));
-        if (HasKernel(format.depth)) {
-            const std::vector<uint32_t> colours = ColoursOf(ViewOf(source));
-            EXPECT_EQ(colours, PixelsIn(same));
-            for (LONG i = 0; i < 4 * kWidth * kHeight; ++i) {
-                const LONG x = i % (2 * kWidth), y = i / (2 * kWidth);
-                ASSERT_EQ(colours[static_cast<size_t>(y / 2 * kWidth + x / 2)], PixelAt(ViewOf(twice), x, y));
-            }
+        const auto source = TestFixture::Make(format, kWidth, kHeight, 4);
+        const typename TestFixture::Object twice(TypeParam::Resize(source, 2 * kWidth, 2 * kHeight, 0));
+        EXPECT_EQ(32u, TestFixture::DepthOf(twice));
+        EXPECT_EQ(kFilter, FilterOf(twice));
+        for (LONG i = 0; HasKernel(format.depth) && i < 4 * kWidth * kHeight; ++i) {
+            const LONG x = i % (2 * kWidth), y = i / (2 * kWidth);
+            ASSERT_EQ(ColourAt(ViewOf(source), x / 2, y / 2), PixelAt(ViewOf(twice), x, y));
         }
-        EXPECT_EQ(format.isSystem && TestFixture::kKeepsStorage, TestFixture::IsSystem(same));
         EXPECT_EQ(format.isSystem && TestFixture::kKeepsStorage, TestFixture::IsSystem(twice));
     }
 }
 
-bool SwapsSides(DWORD code) { return code == 1 || code == 3 || code == 6 || code == 7; }
-
-/// Where the source's pixel (x, y) goes in a destination of the given size.
-POINT Moved(DWORD code, LONG x, LONG y, LONG width, LONG height) {
-    switch (code) {
-        case 1: return {width - 1 - y, x};
-        case 2: return {width - 1 - x, height - 1 - y};
-        case 3: return {y, height - 1 - x};
-        case 4: return {x, height - 1 - y};
-        case 5: return {width - 1 - x, y};
-        case 6: return {y, x};
-        default: return {width - 1 - y, height - 1 - x};
-    }
-}
+/// What a code does: exchanges the sides first, then mirrors columns or rows.
+constexpr struct {
+    bool swaps, mirrorsColumns, mirrorsRows;
+} kCodes[] = {{},
+              {true, true, false},
+              {false, true, true},
+              {true, false, true},
+              {false, false, true},
+              {false, true, false},
+              {true, false, false},
+              {true, true, true}};
 
 void ExpectTurned(const SurfaceView &from, const SurfaceView &to, DWORD code) {
-    ASSERT_EQ(SwapsSides(code) ? from.height : from.width, to.width);
-    ASSERT_EQ(SwapsSides(code) ? from.width : from.height, to.height);
+    const auto [swaps, mirrorsColumns, mirrorsRows] = kCodes[code];
+    ASSERT_EQ(swaps ? from.height : from.width, to.width);
+    ASSERT_EQ(swaps ? from.width : from.height, to.height);
     ASSERT_EQ(from.bitsPerPixel, to.bitsPerPixel);
     ASSERT_EQ(PaletteOf(from), PaletteOf(to));
     for (LONG y = 0; y < from.height; ++y) {
         for (LONG x = 0; x < from.width; ++x) {
-            const POINT place = Moved(code, x, y, to.width, to.height);
-            ASSERT_EQ(PixelAt(from, x, y), PixelAt(to, place.x, place.y)) << "code " << code << ' ' << x << ' ' << y;
+            const LONG column = swaps ? y : x, row = swaps ? x : y;
+            ASSERT_EQ(PixelAt(from, x, y), PixelAt(to, mirrorsColumns ? to.width - 1 - column : column,
+                                                   mirrorsRows ? to.height - 1 - row : row))
+                << "code " << code << ' ' << x << ' ' << y;
         }
     }
 }
@@ -312,7 +258,6 @@ TYPED_TEST(SurfaceTest, TurnsMoveEveryPixelAsTheCodeSays) {
             SCOPED_TRACE(testing::Message() << size.cx << 'x' << size.cy << ' ' << format.depth);
             const Surface source =
                 TestFixture::Make(format, static_cast<DWORD>(size.cx), static_cast<DWORD>(size.cy), 7);
-            const std::vector<uint32_t> before = PixelsIn(source);
             for (DWORD code = 1; format.depth != 16 && code <= 7; ++code) {
                 const Surface turned(TypeParam::Transform(source, code));
                 ExpectTurned(ViewOf(source), ViewOf(turned), code);
@@ -321,7 +266,6 @@ TYPED_TEST(SurfaceTest, TurnsMoveEveryPixelAsTheCodeSays) {
                           format.depth == 32 && TestFixture::IsSystem(turned));
                 if (testing::Test::HasFatalFailure()) return;
             }
-            EXPECT_EQ(before, PixelsIn(source));
         }
     }
 }
@@ -338,7 +282,7 @@ TEST(HugeSurfaceTest, TurnsAreWhole) {
 
 TYPED_TEST(SurfaceTest, RotateAndFlipTakeTheirOwnCodesOnly) {
     const auto source = TestFixture::Make({8, 16}, 3, 2, 4);
-    for (int code = -2; code <= 33; ++code) {
+    for (const int code : {-1, 0, 1, 2, 3, 4, 5, 6, 7, 8, 33}) {
         const DWORD word = static_cast<DWORD>(code);
         const auto transformed = TypeParam::Transform(source, word), rotated = TypeParam::Rotate(source, code),
                    flipped = TypeParam::Flip(source, word);
@@ -349,18 +293,6 @@ TYPED_TEST(SurfaceTest, RotateAndFlipTakeTheirOwnCodesOnly) {
         EXPECT_TRUE(!flipped || PixelsIn(transformed) == PixelsIn(flipped));
         for (const auto made : {transformed, rotated, flipped}) DeleteAny(made);
     }
-}
-
-TEST(SystemBitmapTest, IsTransparentBlackAndGdisOwn) {
-    const OwnedBitmap bitmap(CreateSystemBitmap(5, 3)), other(CreateMemBitmap(5, 3));
-    EXPECT_EQ(std::vector<uint32_t>(15), PixelsIn(bitmap));
-    EXPECT_EQ(32, ViewOf(other).bitsPerPixel);
-    EXPECT_NE(GetBitmapHandle(bitmap), GetBitmapHandle(other));
-    EXPECT_EQ(1, UnlockBitmapBits(bitmap));
-    // The second row in memory is the second from the top for the system too.
-    PutPixel(ViewOf(bitmap), 1, 1, 0x00112233);
-    const MemoryDC dc(GetBitmapHandle(bitmap));
-    EXPECT_EQ(0x00332211u, GetPixel(dc, 1, 1));
 }
 
 }  // namespace

@@ -83,24 +83,16 @@ STAND_IN(RestoreDC, SaveCutAndBack);
 
 namespace {
 
-/// Draws into pixels of its own with everything that a canvas can have set.
-uint64_t UseVelCanvas(int (*use)(velCanvas *)) {
+/// Draws into pixels of its own.
+template <int (*use)(velCanvas *)>
+uint64_t OnVelCanvas(Arguments) {
     static DWORD pixels[32 * 32];
     velCanvas *canvas = velCanvasCreate();
     velBitmap *bitmap = velBitmapCreateFromData(pixels, 32, 32, 128);
-    velGradient *gradient = velGradientCreateLinear(0, 0, 32, 0);
-    const float dashes[] = {3, 1, 2, 1};
-    int result = 0;
-    if (velCanvasSetBitmap(canvas, bitmap) && velGradientAddColorStop(gradient, 0, 0xFFFF0000) &&
-        velGradientAddColorStop(gradient, 1, 0xFF0000FF) && velCanvasSetGradient(canvas, gradient) &&
-        velCanvasSetDashPattern(canvas, dashes, 4, 1) && velCanvasSetStrokeWidth(canvas, 2) && velCanvasSave(canvas)) {
-        result = use(canvas);
-        velCanvasRestore(canvas);
-    }
-    velGradientDestroy(gradient);
+    const bool result = velCanvasSetBitmap(canvas, bitmap) && use(canvas);
     velBitmapDestroy(bitmap);
     velCanvasDestroy(canvas);
-    return static_cast<uint32_t>(result);
+    return result;
 }
 
 int DrawText(velCanvas *canvas) {
@@ -124,17 +116,6 @@ int DrawAnimation(velCanvas *canvas) {
     return result;
 }
 
-int DrawFilledPath(velCanvas *canvas) {
-    velPath *path = velPathCreate();
-    const int result = velPathAddCircle(path, 16, 16, 12) && velPathMoveTo(path, 1, 1) &&
-                       velPathBezierCurveTo(path, 9, 1, 1, 9, 30, 30) && velPathClose(path) &&
-                       velCanvasDrawPath(canvas, path);
-    velPathDestroy(path);
-    return result;
-}
-
-int DrawStrokedPath(velCanvas *canvas) { return velCanvasSetDrawStyle(canvas, 0) && DrawFilledPath(canvas); }
-
 /// A region of more runs than are gathered at once.
 uint64_t MakeLargeRegion(Arguments) {
     constexpr LONG kHeight = 3000;
@@ -147,29 +128,7 @@ uint64_t MakeLargeRegion(Arguments) {
     }();
     HRGN region = CreateTextureRgn(texture, nullptr);
     if (!region) return 0;
-    EXPECT_EQ(sizeof(RGNDATAHEADER) + sizeof(RECT) * kHeight * 3 / 2, GetRegionData(region, 0, nullptr));
     return DeleteObject(region) != 0;
-}
-
-/// A bitmap that is not kept for the next one.
-uint64_t MakeLargeBitmap(Arguments) {
-    const HGBITMAP bitmap = CreateMemBitmap(5000, 5000);
-    DeleteBitmap(bitmap);
-    return bitmap.value;
-}
-
-/// More objects than the headless GDI's table has room for at first.
-uint64_t FillGdiTable(Arguments) {
-    HRGN regions[200];
-    for (HRGN &region : regions) region = CreateRectRgn(0, 0, 1, 1);
-    uint64_t made = 1;
-    for (HRGN region : regions) made &= static_cast<uint64_t>(DeleteObject(region));
-    return made;
-}
-
-template <int (*use)(velCanvas *)>
-uint64_t OnVelCanvas(Arguments) {
-    return UseVelCanvas(use);
 }
 
 }  // namespace
@@ -185,11 +144,7 @@ std::vector<ExportedCall> GdiCalls() {
 std::vector<ExportedCall> DeepCalls() {
     std::vector<ExportedCall> calls{
         {"LargeRegion", {}, 'n', MakeLargeRegion},
-        {"LargeBitmap", {}, 'n', MakeLargeBitmap},
-        {"GdiTable", {}, 'n', FillGdiTable},
         {"Text", {}, 'n', OnVelCanvas<DrawText>},
-        {"FilledPath", {}, 'n', OnVelCanvas<DrawFilledPath>},
-        {"StrokedPath", {}, 'n', OnVelCanvas<DrawStrokedPath>},
     };
     if (ExpectsAnimations()) calls.push_back({"Animation", {}, 'n', OnVelCanvas<DrawAnimation>});
     return calls;

@@ -2,6 +2,7 @@
 
 #include "failing_allocations.h"
 
+#include <dlfcn.h>
 #include <link.h>
 #include <unwind.h>
 
@@ -32,35 +33,21 @@ namespace {
 enum Module { kOthers, kLacquer, kCompanion, kPixman, kCairo };
 
 Module ModuleOf(const void *address) {
-    struct Search {
-        uintptr_t address;
-        Module found;
-    } search{reinterpret_cast<uintptr_t>(address), kOthers};
-    dl_iterate_phdr(
-        [](dl_phdr_info *info, std::size_t, void *data) {
-            auto &wanted = *static_cast<Search *>(data);
-            for (int i = 0; i < info->dlpi_phnum; ++i) {
-                const ElfW(Phdr) &part = info->dlpi_phdr[i];
-                if (part.p_type != PT_LOAD || wanted.address - info->dlpi_addr - part.p_vaddr >= part.p_memsz) continue;
-                const auto is = [&](const char *name) { return std::strstr(info->dlpi_name, name) != nullptr; };
-                if (is("/liblacquer.")) wanted.found = kLacquer;
-                if (is("/libvelGraphic.")) wanted.found = kCompanion;
-                if (is("/libpixman-")) wanted.found = kPixman;
-                if (is("/libcairo.")) wanted.found = kCairo;
-                return 1;
-            }
-            return 0;
-        },
-        &search);
-    return search.found;
+    dl_find_object found{};
+    if (_dl_find_object(const_cast<void *>(address), &found) != 0) return kOthers;
+    const auto is = [&](const char *name) { return std::strstr(found.dlfo_link_map->l_name, name) != nullptr; };
+    if (is("/liblacquer.")) return kLacquer;
+    if (is("/libvelGraphic.")) return kCompanion;
+    if (is("/libpixman-")) return kPixman;
+    return is("/libcairo.") ? kCairo : kOthers;
 }
 
 thread_local int granted = 0, refusals = 0, refused = 0;
 thread_local bool isLooking = false;
 
-/// Whether a block belongs to the modules under test. What the search itself allocates does not, nor what the companion
-/// asks for by the forms that throw: that goes to rlottie, which takes no other.
-bool Counts(const void *caller, bool throws) {
+/// Whether a block belongs to the modules under test. What the search itself allocates does not. (Nor does what the
+/// companion asks for by the forms of `new` that throw: that goes to rlottie, which takes no other.)
+bool Counts(const void *caller) {
     if (isLooking) return false;
     isLooking = true;
     Module module = ModuleOf(caller);
@@ -76,7 +63,7 @@ bool Counts(const void *caller, bool throws) {
             &module);
     }
     isLooking = false;
-    return module == kLacquer || (module == kCompanion && !throws);
+    return module == kLacquer || module == kCompanion;
 }
 
 bool IsRefused() {
@@ -118,8 +105,8 @@ private:
 constinit Blocks blocks;
 
 template <class Allocate>
-void *Get(const void *caller, const Allocate &allocate, bool throws = false) {
-    const bool counts = Counts(caller, throws);
+void *Get(const void *caller, const Allocate &allocate) {
+    const bool counts = Counts(caller);
     if (counts && IsRefused()) return nullptr;
     void *block = allocate();
     if (counts && block) blocks.Add(block);
@@ -127,13 +114,6 @@ void *Get(const void *caller, const Allocate &allocate, bool throws = false) {
 }
 
 #define CALLER __builtin_return_address(0)
-
-void *GetOrThrow(const void *caller, std::size_t size) {
-    void *block = Get(
-        caller, [=] { return REAL(malloc)(size > 0 ? size : 1); }, true);
-    if (!block) throw std::bad_alloc();
-    return block;
-}
 
 }  // namespace
 
@@ -149,25 +129,18 @@ void *realloc(void *block, std::size_t size) {
     if (moved && block) blocks.Remove(block);
     return moved;
 }
-void *memalign(std::size_t alignment, std::size_t size) {
-    return Get(CALLER, [=] { return REAL(memalign)(alignment, size); });
-}
-void *aligned_alloc(std::size_t alignment, std::size_t size) {
-    return Get(CALLER, [=] { return REAL(memalign)(alignment, size); });
-}
-int posix_memalign(void **out, std::size_t alignment, std::size_t size) {
-    void *block = Get(CALLER, [=] { return REAL(memalign)(alignment, size); });
-    if (block) *out = block;
-    return block ? 0 : ENOMEM;
-}
 void free(void *block) {
     if (block) blocks.Remove(block);
     REAL(free)(block);
 }
 }
 
-void *operator new(std::size_t size) { return GetOrThrow(CALLER, size); }
-void *operator new[](std::size_t size) { return GetOrThrow(CALLER, size); }
+// The modules under test take none that throw, but what gives back is one for all.
+void *operator new(std::size_t size) {
+    if (void *block = REAL(malloc)(size > 0 ? size : 1)) return block;
+    throw std::bad_alloc();
+}
+void *operator new[](std::size_t size) { return operator new(size); }
 void *operator new(std::size_t size, const std::nothrow_t &) noexcept {
     return Get(CALLER, [=] { return REAL(malloc)(size > 0 ? size : 1); });
 }
