@@ -44,7 +44,9 @@ TEST(GradientFill, RunsFromTheFirstColourToTheSecond) {
                   {kRed, 0x400000FF, {-10, -6, 70, 64}, {5, 7, 31, 22}, 4, -2}};
     for (const auto &fill : kFills) {
         for (const int direction : {kDown, kAcross}) {
-            const OwnedCanvas canvas = PlainCanvas();
+            const auto create = direction == kDown ? CreateCanvas : CreateSystemCanvas;
+            const OwnedCanvas canvas(create(kSceneWidth, kSceneHeight, {}));
+            FillWith(ViewOf(canvas), kGround);
             SetViewportOrg(canvas, fill.dx + 2, 1, nullptr);
             SetWindowOrg(canvas, 2, 1 - fill.dy, nullptr);
             const RECT clip = Moved(fill.clip, -fill.dx, -fill.dy), rect = Moved(fill.rect, -fill.dx, -fill.dy);

@@ -1,4 +1,5 @@
-// Vector drawing on canvases: the state and its stack, pixels that move, pixels that others change, far coordinates.
+// Vector drawing on canvases: the state and its stack, pixels that move, pixels that others change, far coordinates,
+// and the few functions that no picture of the gallery shows.
 
 #include <thread>
 
@@ -43,7 +44,13 @@ TEST(VectorState, BelongsToOneCanvasAndItsStackToTheCaller) {
     SetColor(canvas, kRed);
     SetColor(second.canvas, kBlue);
     SetStrokeWidth(second.canvas, 3.5f);
+    SetBlendMode(second.canvas, VEL_BLEND_SOURCE);
+    SetBlendValue(second.canvas, 254);
     EXPECT_EQ(1.0f, GetStrokeWidth(canvas));
+    EXPECT_EQ(3.5f, GetStrokeWidth(second.canvas));
+    EXPECT_EQ(DWORD{VEL_BLEND_SOURCE}, GetBlendMode(second.canvas));
+    EXPECT_EQ(254u, GetBlendValue(second.canvas));
+    SetBlendValue(second.canvas, 255);
     for (uint32_t word = 0xFF000041; word < 0xFF000046; ++word) {
         first.Draw(word == 0xFF000041 ? kRed : word - 1);
         second.Draw(kBlue);
@@ -179,18 +186,31 @@ TEST(VectorInput, FarCoordinatesDrawNothingElsewhere) {
             }
         }
     }
-    // The canvas draws as ever, polygons with corners as far as they can be, too.
-    const RECT whole{0, 0, kSceneWidth, kSceneHeight};
-    SetViewportOrg(canvas, 0, 0, nullptr);
-    SetWindowOrg(canvas, 0, 0, nullptr);
-    SetCanvasClipRect(canvas, &whole);
-    DrawScene(canvas);
-    EXPECT_TRUE(Same(Scene(), PixelsOn(canvas)));
+    // Corners of polygons may be as far as they can be.
+    const OwnedCanvas other = PlainCanvas();
     const POINT distant[] = {{INT32_MIN, INT32_MIN}, {INT32_MAX, INT32_MIN}, {INT32_MAX, 20}, {INT32_MIN, 20}};
-    SetColor(canvas, kGreen);
-    EXPECT_EQ(1, DrawPolygon(canvas, 4, distant));
-    EXPECT_TRUE(Same(WithRectangle(Scene(), {0, 0, kSceneWidth, 20}, kGreen), PixelsOn(canvas)));
-    for (const int count : {0, -1, INT32_MIN}) EXPECT_EQ(0, DrawPolygon(canvas, count, distant));
+    SetColor(other, kGreen);
+    EXPECT_EQ(1, DrawPolygon(other, 4, distant));
+    EXPECT_TRUE(Same(WithRectangle(before, {0, 0, kSceneWidth, 20}, kGreen), PixelsOn(other)));
+    for (const int count : {0, -1, INT32_MIN}) EXPECT_EQ(0, DrawPolygon(other, count, distant));
+}
+
+TEST(VectorPath, BeginsAnewGoesOnAndTellsItsBounds) {
+    velPath *path = PathCreate();
+    for (const int forceMoveTo : {0, 1}) {
+        const OwnedCanvas canvas = PlainCanvas();
+        SetColor(canvas, kRed);
+        EXPECT_EQ(1, PathBegin(path));
+        EXPECT_EQ(1, PathMoveTo(path, 0, 15));
+        EXPECT_EQ(1, PathArcTo(path, 10, 5, 20, 20, 180, 90, forceMoveTo));
+        EXPECT_EQ(1, DrawPath(canvas, path));
+        EXPECT_EQ(forceMoveTo ? kGround : kRed, PixelAt(ViewOf(canvas), 8, 13)) << "between the point and the arc";
+    }
+    velRectF bounds{};
+    EXPECT_EQ(1, PathGetBounds(path, &bounds));
+    EXPECT_NEAR(20, bounds.right, 1e-3);
+    EXPECT_NEAR(5, bounds.top, 1e-3);
+    EXPECT_EQ(1, PathDestroy(path));
 }
 
 }  // namespace

@@ -1,9 +1,21 @@
 // Textures that describe the pixels of a companion canvas.
 
+#include <memory>
+
 #include "scene.h"
 
 namespace lacquer {
 namespace {
+
+/// A canvas of the companion that draws on someone else's pixels.
+using OwnedCompanion = std::unique_ptr<velCanvas, int (*)(velCanvas *)>;
+OwnedCompanion CompanionOn(void *bits, LONG width, LONG height, LONG stride) {
+    OwnedCompanion companion(velCanvasCreate(), velCanvasDestroy);
+    velBitmap *bitmap = velBitmapCreateFromData(bits, width, height, stride);
+    EXPECT_EQ(1, velCanvasSetBitmap(companion.get(), bitmap));
+    EXPECT_EQ(1, velBitmapDestroy(bitmap));
+    return companion;
+}
 
 TEST(VelTexture, ShowsAndChangesThePixelsOfTheCompanion) {
     constexpr LONG kWidth = 10, kHeight = 6, kStride = 48;
