@@ -116,10 +116,10 @@ TEST_F(VelLottieTest, DrawsAtAnySizeInBoundedTimeAndMemory) {
     // What reaches tens of thousands of pixels beyond the frame would take for ever at full size.
     for (const char *width : {"40", "4000", "16000", "32000"}) {
         Painting painting;
-        const Lottie far(Outlined(width, "10000"));
-        if (!far) continue;
-        EXPECT_EQ(1, velLottieDraw(painting, far, 0, -900, -900, 3000, 1500));
-        EXPECT_EQ(1, velLottieDraw(painting, far, 0, 0, 0, 32, 32));
+        const Lottie distant(Outlined(width, "10000"));
+        if (!distant) continue;
+        EXPECT_EQ(1, velLottieDraw(painting, distant, 0, -900, -900, 3000, 1500));
+        EXPECT_EQ(1, velLottieDraw(painting, distant, 0, 0, 0, 32, 32));
         EXPECT_EQ(32.0 * 32, painting.Area());
     }
 }

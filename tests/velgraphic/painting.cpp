@@ -7,19 +7,6 @@
 #include <algorithm>
 
 namespace lacquer {
-namespace {
-
-/// FNV-1a over the words.
-uint64_t Digest(const std::vector<uint32_t> &pixels) {
-    uint64_t digest = 0xcbf29ce484222325u;
-    for (const uint32_t pixel : pixels) {
-        for (int shift = 0; shift < 32; shift += 8) digest = (digest ^ (pixel >> shift & 0xFF)) * 0x100000001b3u;
-    }
-    return digest;
-}
-
-}  // namespace
-
 Painting::Painting(int width, int height, uint32_t background)
     : width_(width),
       height_(height),
@@ -96,10 +83,6 @@ std::vector<WCHAR> Utf16(const std::string &ascii) {
     std::vector<WCHAR> name(ascii.begin(), ascii.end());
     name.push_back(0);
     return name;
-}
-
-void ExpectDigest(const Painting &painting, const std::string &name, uint64_t digest) {
-    EXPECT_EQ(digest, Digest(painting.Pixels())) << name;
 }
 
 }  // namespace lacquer
