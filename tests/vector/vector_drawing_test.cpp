@@ -107,11 +107,6 @@ TEST(VectorPixels, AreFoundWhereverTheyHaveMoved) {
         columns.Draw(kRed);
         EXPECT_TRUE(Same(before, PictureOf(ViewOf(old)))) << "the borrower keeps the old pixels";
         EXPECT_TRUE(Same(columns.expected, PixelsOn(canvas)));
-        // The state does not touch what is no more, nor does the end of the canvas.
-        const OwnedCanvas other = PlainCanvas();
-        DrawScene(other);
-        MovePixels(other, throughAlias);
-        EXPECT_EQ(1, Save(other));
     }
 }
 
