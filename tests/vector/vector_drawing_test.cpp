@@ -78,19 +78,6 @@ TEST(VectorState, BelongsToOneCanvasAndItsStackToTheCaller) {
     EXPECT_TRUE(Same(second.expected, PixelsOn(second.canvas)));
 }
 
-/// Moves a canvas's pixels into a device-independent bitmap.
-void MovePixels(HGCANVAS canvas, bool throughAlias) {
-    const void *before = ViewOf(canvas).bits;
-    if (throughAlias) {
-        const HGBITMAP alias = GetBitmap(canvas);
-        EXPECT_NE(nullptr, GetBitmapHandle(alias));
-        ReleaseBitmap(alias);
-    } else {
-        EXPECT_NE(nullptr, GetCanvasHandle(canvas));
-    }
-    EXPECT_NE(before, ViewOf(canvas).bits);
-}
-
 TEST(VectorPixels, AreFoundWhereverTheyHaveMoved) {
     for (const bool throughAlias : {false, true}) {
         Columns columns;
@@ -101,7 +88,11 @@ TEST(VectorPixels, AreFoundWhereverTheyHaveMoved) {
         const Picture before = columns.expected;
         EXPECT_EQ(1, Save(canvas));
         EXPECT_EQ(1, SetColor(canvas, kBlue));
-        MovePixels(canvas, throughAlias);
+        // Into a device-independent bitmap.
+        const HGBITMAP alias = GetBitmap(canvas);
+        EXPECT_TRUE(throughAlias ? GetBitmapHandle(alias) != nullptr : GetCanvasHandle(canvas) != nullptr);
+        ReleaseBitmap(alias);
+        EXPECT_NE(ViewOf(old).bits, ViewOf(canvas).bits);
         columns.Draw(kBlue);
         EXPECT_EQ(1, Restore(canvas)) << "saved before the move";
         columns.Draw(kRed);
@@ -111,13 +102,6 @@ TEST(VectorPixels, AreFoundWhereverTheyHaveMoved) {
 }
 
 TEST(VectorPixels, LiveOnInWhatTheCanvasBecomes) {
-    HGCANVAS canvas = CreateCanvas(kSceneWidth, kSceneHeight, {});
-    FillWith(ViewOf(canvas), kGround);
-    DrawScene(canvas);
-    const OwnedTexture texture(CanvasToTexture(canvas));
-    EXPECT_TRUE(Same(Scene(), PictureOf(ViewOf(texture))));
-    EXPECT_EQ(0, DrawColor(canvas, kRed)) << "no canvas any more";
-
     const OwnedCanvas robbed = PlainCanvas();
     EXPECT_EQ(1, DrawColor(robbed, kRed));
     const OwnedTexture kept(BitmapToTexture(GetBitmap(robbed)));
@@ -201,6 +185,11 @@ TEST(VectorPath, BeginsAnewGoesOnAndTellsItsBounds) {
         EXPECT_EQ(1, DrawPath(canvas, path));
         EXPECT_EQ(forceMoveTo ? kGround : kRed, PixelAt(ViewOf(canvas), 8, 13)) << "between the point and the arc";
     }
+    const OwnedCanvas canvas = PlainCanvas();
+    const POINT triangle[] = {{2, 20}, {20, 20}, {20, 38}};
+    SetDrawStyle(canvas, VEL_STYLE_STROKE);
+    EXPECT_EQ(1, DrawPolygon(canvas, 3, triangle));
+    EXPECT_NE(kGround, PixelAt(ViewOf(canvas), 11, 29)) << "closed";
     velRectF bounds{};
     EXPECT_EQ(1, PathGetBounds(path, &bounds));
     EXPECT_NEAR(20, bounds.right, 1e-3);
