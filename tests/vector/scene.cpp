@@ -1,24 +1,8 @@
-// The scene of the vector tests.
+// Canvases of one colour, and pictures made from others.
 
 #include "scene.h"
 
 namespace lacquer {
-
-void DrawScene(HGCANVAS canvas) {
-    EXPECT_EQ(1, Save(canvas));
-    SetColor(canvas, 0xC0E02040);
-    EXPECT_EQ(1, DrawCircle(canvas, 12.5f, 11.25f, 9.5f));
-    SetDrawStyle(canvas, VEL_STYLE_STROKE);
-    SetStrokeWidth(canvas, 2.5f);
-    EXPECT_EQ(1, DrawBezier(canvas, 2, 20, 20, 0, 30, 44, 46, 16));
-    EXPECT_EQ(1, Restore(canvas));
-}
-
-Picture Scene() {
-    const OwnedCanvas canvas = PlainCanvas();
-    DrawScene(canvas);
-    return PixelsOn(canvas);
-}
 
 OwnedCanvas PlainCanvas(LONG width, LONG height, uint32_t word) {
     OwnedCanvas canvas(CreateCanvas(static_cast<DWORD>(width), static_cast<DWORD>(height), {}));

@@ -1,4 +1,4 @@
-// What the tests of vector drawing draw: a small scene, and canvases of one colour.
+// What the tests of vector drawing draw on: canvases of one colour.
 #pragma once
 
 #include "draw/painting.h"
@@ -7,12 +7,6 @@ namespace lacquer {
 
 constexpr LONG kSceneWidth = 48, kSceneHeight = 40;
 constexpr uint32_t kGround = 0xFF808080, kRed = 0xFFFF0000, kBlue = 0xFF0000FF, kGreen = 0xFF00FF00;
-
-/// A translucent circle and a curve; the vector state is afterwards what it was.
-void DrawScene(HGCANVAS canvas);
-
-/// The scene on a plain canvas, where nothing was done to it.
-Picture Scene();
 
 /// A canvas of its own, every pixel of one premultiplied word.
 OwnedCanvas PlainCanvas(LONG width = kSceneWidth, LONG height = kSceneHeight, uint32_t word = kGround);

@@ -87,8 +87,7 @@ TEST(VelBadInputTest, UnknownWordsAreRefused) {
         for (const DWORD value : {setter.first, setter.first | 0x100, DWORD{0x80000000}, DWORD{0xFFFFFFFF}}) {
             ExpectRefused(setter.name, [&](velCanvas *canvas) { return setter.set(canvas, value); });
         }
-        const Painting painting;
-        EXPECT_EQ(1, setter.set(painting, setter.first - 1)) << setter.name;
+        EXPECT_EQ(1, setter.set(Painting(), setter.first - 1)) << setter.name;
     }
 }
 

@@ -32,6 +32,10 @@ Draw Capped(DWORD cap, const Draw &draw) {
     return [=](velCanvas *canvas) { return velCanvasSetStrokeCap(canvas, cap) && draw(canvas); };
 }
 
+void BuildCorner(velPath *path) {
+    EXPECT_TRUE(velPathLineTo(path, 10, 30) && velPathLineTo(path, 10, 10) && velPathLineTo(path, 30, 10));
+}
+
 void BuildOverlap(velPath *path) {
     EXPECT_EQ(1, velPathSetFillType(path, VEL_FILL_EVEN_ODD));
     EXPECT_EQ(0, velPathSetFillType(path, 2));
@@ -49,11 +53,9 @@ void BuildArcAfterAPoint(velPath *path) {
 /// After a close the present point is where the figure began, here for a triangle and a curve.
 void BuildAfterAClose(velPath *path) {
     EXPECT_EQ(0, velPathClose(path));
-    EXPECT_EQ(1, velPathLineTo(path, 5, 5));  // no present point: begins here
-    EXPECT_EQ(1, velPathLineTo(path, 15, 5));
-    EXPECT_EQ(1, velPathLineTo(path, 15, 15));
-    EXPECT_EQ(1, velPathClose(path));
-    EXPECT_EQ(1, velPathQuadraticCurveTo(path, 5, 15, 15, 15));
+    // Without a present point the first line begins where it ends.
+    EXPECT_TRUE(velPathLineTo(path, 5, 5) && velPathLineTo(path, 15, 5) && velPathLineTo(path, 15, 15));
+    EXPECT_TRUE(velPathClose(path) && velPathQuadraticCurveTo(path, 5, 15, 15, 15));
 }
 
 void BuildArcOfMoreThanACircle(velPath *path) {
@@ -77,13 +79,10 @@ const struct {
     {"backwards", VEL_STYLE_FILL, Of(velCanvasDrawArc, 0, 0, 20, 20, 3870, -90, 1), kPi * 25, {0, 0, 10, 10}},
     {"segment", VEL_STYLE_FILL, Of(velCanvasDrawArc, 0, 0, 20, 20, 0, 90, 0), kPi * 25 - 50, {10, 10, 20, 20}},
     {"whole, backwards", VEL_STYLE_STROKE, Of(velCanvasDrawArc, 4, 4, 50, 50, 20, -720, 1), kPi * 200, {2, 2, 56, 56}},
-    {"pie",
-     VEL_STYLE_STROKE,
-     Of(velCanvasDrawArc, 4, 4, 40, 40, 0, 90, 1),
-     4 * (10 * kPi + 40) - 8 + 8,
-     {22, 22, 46, 46}},
+    {"pie", VEL_STYLE_STROKE, Of(velCanvasDrawArc, 4, 4, 40, 40, 0, 90, 1), 40 * kPi + 160, {22, 22, 46, 46}},
     {"frame", VEL_STYLE_STROKE, Of(velCanvasDrawRectangle, 10, 10, 20, 20), 24 * 24 - 16 * 16, {8, 8, 32, 32}},
     {"filled line", VEL_STYLE_FILL, Of(velCanvasDrawLine, 10, 10, 30, 10), 80, {10, 8, 30, 12}},
+    {"mitre", VEL_STYLE_STROKE, OfPath(BuildCorner), 160, {8, 8, 30, 30}},
     {"point", VEL_STYLE_STROKE, Of(velCanvasDrawPoint, 10, 10), 16, {8, 8, 12, 12}},
     {"square point", VEL_STYLE_FILL, Capped(VEL_CAP_SQUARE, Of(velCanvasDrawPoint, 10, 10)), 16, {8, 8, 12, 12}},
     {"round point", VEL_STYLE_FILL, Capped(VEL_CAP_ROUND, Of(velCanvasDrawPoint, 10, 10)), kPi * 4, {8, 8, 12, 12}},

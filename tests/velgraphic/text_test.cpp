@@ -79,27 +79,6 @@ TEST(VelTextTest, GlyphsStandOnTheBaselineAndItalicsLeanRight) {
     }
 }
 
-TEST(VelTextTest, BarsJoinWithTheGlyphsToOneShape) {
-    // Half transparent: where the bar crosses a glyph, nothing is drawn twice, and the bar has no seams.
-    for (const DWORD bar : {VEL_FONT_UNDERLINE, VEL_FONT_STRIKE_OUT}) {
-        Painting painting(80, 60);
-        SetFont(painting, 48, bar);
-        EXPECT_EQ(1, velCanvasSetColor(painting, 0x80000000));
-        EXPECT_EQ(1, DrawText(painting, "gjp", 3.3f, 45));
-        int wholeRow = -1;
-        for (int y = 0; y < painting.Height(); ++y) {
-            uint32_t least = 255;
-            for (int x = 0; x < painting.Width(); ++x) {
-                EXPECT_LE(painting.AlphaAt(x, y), 0x80u) << x << ' ' << y;
-                if (x >= 4 && x < 76) least = std::min(least, painting.AlphaAt(x, y));
-            }
-            if (least == 0x80) wholeRow = y;
-        }
-        EXPECT_EQ(bar == VEL_FONT_UNDERLINE, wholeRow > 45) << "under the baseline";
-        EXPECT_GT(wholeRow, 10);
-    }
-}
-
 TEST(VelTextTest, WhatCannotBeSetOrDrawnIsRefused) {
     const WORD glyphs[] = {40, 0xFFFF, 0};
     const struct {
