@@ -44,7 +44,9 @@ TEST(GradientFill, RunsFromTheFirstColourToTheSecond) {
                   {kRed, 0x400000FF, {-10, -6, 70, 64}, {5, 7, 31, 22}, 4, -2}};
     for (const auto &fill : kFills) {
         for (const int direction : {kDown, kAcross}) {
-            const OwnedCanvas canvas = PlainCanvas();
+            const auto create = direction == kDown ? CreateCanvas : CreateSystemCanvas;
+            const OwnedCanvas canvas(create(kSceneWidth, kSceneHeight, {}));
+            FillWith(ViewOf(canvas), kGround);
             SetViewportOrg(canvas, fill.dx + 2, 1, nullptr);
             SetWindowOrg(canvas, 2, 1 - fill.dy, nullptr);
             const RECT clip = Moved(fill.clip, -fill.dx, -fill.dy), rect = Moved(fill.rect, -fill.dx, -fill.dy);
@@ -58,20 +60,10 @@ TEST(GradientFill, RunsFromTheFirstColourToTheSecond) {
 
 TEST(GradientFill, DrawsRectanglesOfAnySize) {
     const OwnedCanvas canvas = PlainCanvas(16, 16);
-    constexpr std::pair<LONG, LONG> kEdges[] = {{-INT32_MAX, INT32_MAX},
-                                                {-(1 << 30), 1 << 30},
-                                                {-(1 << 24), 1 << 24},
-                                                {-1000001, 8},
-                                                {0, 1000001},
-                                                {8, 1000001},
-                                                {-1, 9},
-                                                {16, 1 << 30},
-                                                {9, 8},
-                                                {8, 8},
-                                                {INT32_MAX, INT32_MIN},
-                                                {INT32_MIN, -1},
-                                                {INT32_MAX - 1, INT32_MAX}};
-    for (const auto &[low, high] : kEdges) {
+    constexpr LONG kLow[] = {-INT32_MAX, -(1 << 30), -(1 << 24), -1000001, 0, 8, -1, 16, 9, 8, INT32_MAX, INT32_MIN};
+    constexpr LONG kHigh[] = {INT32_MAX, 1 << 30, 1 << 24, 8, 1000001, 1000001, 9, 1 << 30, 8, 8, INT32_MIN, -1};
+    for (size_t i = 0; i < std::size(kLow); ++i) {
+        const LONG low = kLow[i], high = kHigh[i];
         for (const int direction : {kDown, kAcross}) {
             const RECT rect = direction == kDown ? RECT{2, low, 12, high} : RECT{low, 2, high, 12};
             FillWith(ViewOf(canvas), kGround);

@@ -1,31 +1,8 @@
-// The scene of the vector tests.
+// Canvases of one colour, and pictures made from others.
 
 #include "scene.h"
 
 namespace lacquer {
-
-void DrawScene(HGCANVAS canvas) {
-    const POINT star[] = {{30, 2}, {34, 14}, {24, 6}, {36, 6}, {26, 14}};
-    const float dashes[] = {4, 1.5f};
-    EXPECT_EQ(1, Save(canvas));
-    SetColor(canvas, 0xC0E02040);
-    EXPECT_EQ(1, DrawCircle(canvas, 12.5f, 11.25f, 9.5f));
-    EXPECT_EQ(1, DrawPolygon(canvas, 5, star));
-    EXPECT_EQ(1, DrawArc(canvas, 36, 20, 11, 9, 20, 250, 1));
-    SetDrawStyle(canvas, VEL_STYLE_STROKE);
-    SetStrokeWidth(canvas, 2.5f);
-    SetDashStyle(canvas, VEL_DASH_PATTERN);
-    SetDashPattern(canvas, dashes, 2, 1);
-    EXPECT_EQ(1, DrawBezier(canvas, 2, 20, 20, 0, 30, 44, 46, 16));
-    EXPECT_EQ(1, DrawEllipse(canvas, 34, 30, 10, 4));
-    EXPECT_EQ(1, Restore(canvas));
-}
-
-Picture Scene() {
-    const OwnedCanvas canvas = PlainCanvas();
-    DrawScene(canvas);
-    return PixelsOn(canvas);
-}
 
 OwnedCanvas PlainCanvas(LONG width, LONG height, uint32_t word) {
     OwnedCanvas canvas(CreateCanvas(static_cast<DWORD>(width), static_cast<DWORD>(height), {}));
@@ -34,14 +11,6 @@ OwnedCanvas PlainCanvas(LONG width, LONG height, uint32_t word) {
 }
 
 Picture PixelsOn(HGCANVAS canvas) { return PictureOf(ViewOf(canvas)); }
-
-OwnedCompanion CompanionOn(void *bits, LONG width, LONG height, LONG stride) {
-    OwnedCompanion companion(velCanvasCreate(), velCanvasDestroy);
-    velBitmap *bitmap = velBitmapCreateFromData(bits, width, height, stride);
-    EXPECT_EQ(1, velCanvasSetBitmap(companion.get(), bitmap));
-    EXPECT_EQ(1, velBitmapDestroy(bitmap));
-    return companion;
-}
 
 Picture Cropped(const Picture &before, const Picture &drawn, const RECT &rect) {
     Picture result = before;

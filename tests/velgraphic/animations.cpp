@@ -30,19 +30,14 @@ bool ExpectsAnimations() { return !std::getenv("VELGRAPHIC_WITHOUT_ANIMATIONS");
 std::string Json(const std::string &shorthand) {
     std::string json;
     for (const char c : shorthand) {
-        switch (c) {
-            case '\'': json += '"'; break;
-            case '<': json += R"({"a":0,"k":)"; break;
-            case '>': json += '}'; break;
-            default: json += c; break;
-        }
+        json += c == '\'' ? "\"" : c == '<' ? R"({"a":0,"k":)" : c == '>' ? "}" : std::string(1, c);
     }
     return json;
 }
 
-std::string Group(const std::string &items) {
-    return Json("{'ty':'gr','it':[" + items +
-                ",{'ty':'tr','p':<[0,0]>,'a':<[0,0]>,'s':<[100,100]>,'r':<0>,'o':<100>}]}");
+std::string Group(const std::string &items, const std::string &position, const std::string &scale) {
+    return Json("{'ty':'gr','it':[" + items + ",{'ty':'tr','p':<" + position + ">,'a':<[0,0]>,'s':<[" + scale + "," +
+                scale + "]>,'r':<0>,'o':<100>}]}");
 }
 
 std::string RedSquare() { return Group(std::string("{'ty':'rc','d':1,'s':<[20,20]>,'p':<[20,20]>,'r':<0>},") + kFill); }
@@ -52,8 +47,9 @@ std::string Composition(const std::string &layers, const std::string &assets) {
                 layers + "]}");
 }
 
-std::string AnimationOf(const std::string &shapes) {
-    return Composition("{'ddd':0,'ind':1,'ty':4,'sr':1,'ks':{},'shapes':[" + shapes + "],'ip':0,'op':10,'st':0}");
+std::string AnimationOf(const std::string &shapes, const std::string &transform) {
+    return Composition("{'ddd':0,'ind':1,'ty':4,'sr':1,'ks':" + transform + ",'shapes':[" + shapes +
+                       "],'ip':0,'op':10,'st':0}");
 }
 
 std::string RichAnimation() {

@@ -18,13 +18,13 @@ std::string Json(const std::string &shorthand);
 std::string RichAnimation();
 
 /// An animation of 10 frames whose one layer has these shapes, 40 x 40 pixels.
-std::string AnimationOf(const std::string &shapes);
+std::string AnimationOf(const std::string &shapes, const std::string &transform = "{}");
 
 /// The same with any layers and assets.
 std::string Composition(const std::string &layers, const std::string &assets = "");
 
-/// A group with a transformation that changes nothing.
-std::string Group(const std::string &items);
+/// A group, which may be moved and scaled.
+std::string Group(const std::string &items, const std::string &position = "[0,0]", const std::string &scale = "100");
 
 /// A filled rectangle of 20 x 20 pixels around (20, 20).
 std::string RedSquare();

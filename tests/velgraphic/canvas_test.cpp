@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <climits>
 #include <cmath>
 #include <tuple>
@@ -27,13 +26,10 @@ TEST(VelCanvasTest, RefusesBitmapsThatItCannotDrawOn) {
     for (const auto &[width, height, stride, bits] : kWrong) {
         EXPECT_EQ(nullptr, velBitmapCreateFromData(bits, width, height, stride)) << width << ' ' << height;
     }
-    velCanvas *canvas = velCanvasCreate();
+    velCanvas *canvas = velCanvasCreate();  // without a bitmap
     velBitmapData data{};
-    EXPECT_EQ(0, velCanvasLockBits(canvas, nullptr, &data)) << "no bitmap";
-    EXPECT_EQ(0, velCanvasUnlockBits(canvas, nullptr));
-    EXPECT_EQ(0, velCanvasDrawColor(canvas, kBlack));
-    EXPECT_EQ(1, velCanvasSetColor(canvas, kBlack));
-    EXPECT_EQ(1, velCanvasDestroy(canvas));
+    EXPECT_EQ(0, velCanvasLockBits(canvas, nullptr, &data) | velCanvasUnlockBits(canvas, nullptr));
+    EXPECT_TRUE(velCanvasSetColor(canvas, kBlack) && !velCanvasDrawColor(canvas, kBlack) && velCanvasDestroy(canvas));
 }
 
 TEST(VelCanvasTest, GoesToAnotherBitmapWithItsState) {
@@ -78,22 +74,21 @@ TEST(VelCanvasTest, RestoresEverythingSaved) {
           velCanvasTranslate(painting, 3, 4), velCanvasClipRect(painting, 0, 0, 2, 2)}) {
         EXPECT_EQ(1, result);
     }
+    const auto expectState = [&](DWORD mode, DWORD value, float width) {
+        EXPECT_EQ(std::tuple(mode, value, width),
+                  std::tuple(velCanvasGetBlendMode(painting), velCanvasGetBlendValue(painting),
+                             velCanvasGetStrokeWidth(painting)));
+    };
     for (int i = 0; i < 10000; ++i) ASSERT_EQ(1, velCanvasSave(painting));
     EXPECT_EQ(1, velCanvasSetBlendMode(painting, VEL_BLEND_PLUS));
     for (int i = 0; i < 10000; ++i) ASSERT_EQ(1, velCanvasRestore(painting));
-    EXPECT_EQ(DWORD{VEL_BLEND_XOR}, velCanvasGetBlendMode(painting));
-    EXPECT_EQ(7u, velCanvasGetBlendValue(painting));
-    EXPECT_EQ(5.0f, velCanvasGetStrokeWidth(painting));
+    expectState(VEL_BLEND_XOR, 7, 5);
     ASSERT_EQ(1, velCanvasRestore(painting));
-
     EXPECT_EQ(0, velCanvasRestore(painting));
-    EXPECT_EQ(DWORD{VEL_BLEND_SOURCE_OVER}, velCanvasGetBlendMode(painting));
-    EXPECT_EQ(255u, velCanvasGetBlendValue(painting));
-    EXPECT_EQ(1.0f, velCanvasGetStrokeWidth(painting));
+    expectState(VEL_BLEND_SOURCE_OVER, 255, 1);
     for (const Painting *each : {&painting, &fresh}) {
         EXPECT_EQ(1, velCanvasDrawEllipse(*each, 8, 8, 6, 3));
         EXPECT_EQ(1, velCanvasDrawLine(*each, 0, 15, 14, 3));
-        EXPECT_EQ(1, velCanvasDrawPoint(*each, 2, 2));
     }
     EXPECT_EQ(fresh.Pixels(), painting.Pixels());
     EXPECT_EQ(1, velCanvasSave(painting));  // destroyed with a state still saved
@@ -118,6 +113,10 @@ TEST(VelCanvasTest, ClipsToIntersectedRectangles) {
     EXPECT_EQ(4.0, other.Area()) << "of the first clip";
     EXPECT_EQ(1, velCanvasDrawColor(other, kBlack));
     EXPECT_EQ(64.0, other.Area()) << "all of it again";
+    EXPECT_EQ(1, velCanvasSetBlendMode(other, VEL_BLEND_SOURCE));
+    EXPECT_EQ(1, velCanvasSetBlendValue(other, 128));
+    EXPECT_EQ(1, velCanvasDrawColor(other, kBlack));
+    EXPECT_EQ(128u, other.AlphaAt(2, 2));
 }
 
 TEST(VelCanvasTest, AddsTranslationsUpWithoutLoss) {
@@ -138,30 +137,12 @@ void Cover(const Painting &painting) {
     EXPECT_EQ(1, velCanvasDrawRectangle(painting, -10, -10, 100, 100));
 }
 
-TEST(VelGradientTest, RadialColoursFollowTheDistance) {
-    Painting painting(41, 41);
-    // Of two stops in one place the later one goes on.
-    UseGradient(painting, velGradientCreateRadial(20.5f, 20.5f, 20),
-                {{1, 0xFF000000}, {0, 0xFF808080}, {0, 0xFFFFFFFF}});
-    Cover(painting);
-    for (int y = 0; y < 41; ++y) {
-        for (int x = 0; x < 41; ++x) {
-            const double t = std::min(1.0, std::hypot(x - 20, y - 20) / 20);
-            EXPECT_NEAR(255 * (1 - t), painting.At(x, y) & 0xFF, 3) << x << ' ' << y;
-        }
-    }
-    // Without an extent there may be nothing to see, but what comes later is drawn.
-    UseGradient(painting, velGradientCreateLinear(2, 2, 2, 2), {{0, kGreen}, {1, kGreen}});
-    Cover(painting);
-    EXPECT_EQ(1, velCanvasDrawColor(painting, kBlack));
-    EXPECT_EQ(kBlack, painting.At(2, 1));
-}
-
 TEST(VelGradientTest, LivesAsLongAsAnyCanvasOrStateHasIt) {
     Painting first(4, 4), second(4, 4);
     velGradient *gradient = velGradientCreateLinear(0, 0, 4, 0);
     for (int i = 0; i < 2; ++i) EXPECT_EQ(1, velCanvasSetGradient(first, gradient));
-    UseGradient(second, gradient, {{0, kGreen}});  // shows in both although it comes later
+    // They show in both although they come later. Of two stops in one place the later one goes on.
+    UseGradient(second, gradient, {{0, kBlack}, {0, kGreen}});
     EXPECT_EQ(1, velCanvasSave(first));
     UseGradient(first, velGradientCreateRadial(1, 1, 1), {});  // without stops: nothing
     Cover(first);

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cfloat>
 #include <cmath>
 #include <numbers>
 
@@ -33,20 +32,12 @@ Draw Capped(DWORD cap, const Draw &draw) {
     return [=](velCanvas *canvas) { return velCanvasSetStrokeCap(canvas, cap) && draw(canvas); };
 }
 
-/// A corner of two lines of 20 pixels.
-Draw Joined(DWORD join) {
-    return [=](velCanvas *canvas) {
-        const Path path;
-        for (const auto &[x, y] : {std::pair{10, 30}, {10, 10}, {30, 10}}) {
-            velPathLineTo(path, static_cast<float>(x), static_cast<float>(y));
-        }
-        return velCanvasSetStrokeJoin(canvas, join) && velCanvasDrawPath(canvas, path);
-    };
+void BuildCorner(velPath *path) {
+    EXPECT_TRUE(velPathLineTo(path, 10, 30) && velPathLineTo(path, 10, 10) && velPathLineTo(path, 30, 10));
 }
 
-template <DWORD fillType>
 void BuildOverlap(velPath *path) {
-    EXPECT_EQ(1, velPathSetFillType(path, fillType));
+    EXPECT_EQ(1, velPathSetFillType(path, VEL_FILL_EVEN_ODD));
     EXPECT_EQ(0, velPathSetFillType(path, 2));
     EXPECT_EQ(1, velPathAddRectangle(path, 2, 2, 16, 16));
     EXPECT_EQ(1, velPathBegin(path));  // the type stays
@@ -54,43 +45,23 @@ void BuildOverlap(velPath *path) {
     EXPECT_EQ(1, velPathAddRectangle(path, 7, 7, 12, 12));
 }
 
-template <int forceMoveTo>
 void BuildArcAfterAPoint(velPath *path) {
     EXPECT_EQ(1, velPathMoveTo(path, 0, 15));
-    EXPECT_EQ(1, velPathArcTo(path, 10, 5, 20, 20, 180, 90, forceMoveTo));
+    EXPECT_EQ(1, velPathArcTo(path, 10, 5, 20, 20, 180, 90, 0));
 }
 
 /// After a close the present point is where the figure began, here for a triangle and a curve.
 void BuildAfterAClose(velPath *path) {
     EXPECT_EQ(0, velPathClose(path));
-    EXPECT_EQ(1, velPathLineTo(path, 5, 5));  // no present point: begins here
-    EXPECT_EQ(1, velPathLineTo(path, 15, 5));
-    EXPECT_EQ(1, velPathLineTo(path, 15, 15));
-    EXPECT_EQ(1, velPathClose(path));
-    EXPECT_EQ(1, velPathQuadraticCurveTo(path, 5, 15, 15, 15));
+    // Without a present point the first line begins where it ends.
+    EXPECT_TRUE(velPathLineTo(path, 5, 5) && velPathLineTo(path, 15, 5) && velPathLineTo(path, 15, 15));
+    EXPECT_TRUE(velPathClose(path) && velPathQuadraticCurveTo(path, 5, 15, 15, 15));
 }
 
 void BuildArcOfMoreThanACircle(velPath *path) {
     EXPECT_EQ(1, velPathSetFillType(path, VEL_FILL_EVEN_ODD));
     EXPECT_EQ(1, velPathAddArc(path, 4, 4, 50, 50, 20, 450));
 }
-
-/// A ring, whose inner circle winds the other way.
-void BuildRing(velPath *path) {
-    EXPECT_EQ(1, velPathAddArc(path, 2, 2, 16, 16, 0, 360));
-    EXPECT_EQ(1, velPathAddArc(path, 6, 6, 8, 8, 0, -360));
-}
-
-void BuildManyLines(velPath *path) {
-    constexpr int kSegments = 20000;
-    for (int i = 0; i < kSegments; ++i) {
-        const double angle = i * 2 * kPi / kSegments;
-        ASSERT_EQ(1, velPathLineTo(path, static_cast<float>(30 + 20 * std::cos(angle)),
-                                   static_cast<float>(30 + 20 * std::sin(angle))));
-    }
-}
-
-void BuildPoint(velPath *path) { EXPECT_TRUE(velPathMoveTo(path, 5, 5) && velPathClose(path)); }
 
 /// Drawn with lines of 4 pixels in black, opaque.
 const struct {
@@ -101,51 +72,24 @@ const struct {
     RECT box;
 } kDraws[] = {
     {"rectangle", VEL_STYLE_FILL, Of(velCanvasDrawRectangle, 2, 3, 5, 4), 20, {2, 3, 7, 7}},
-    {"shared pixels", VEL_STYLE_FILL, Of(velCanvasDrawRectangle, 0.5f, 1, 2, 1), 2, {0, 1, 3, 2}},
     {"circle", VEL_STYLE_FILL, Of(velCanvasDrawCircle, 30.5f, 30, 25.25f), kPi * 637.56, {5, 4, 56, 56}},
     {"ellipse", VEL_STYLE_FILL, Of(velCanvasDrawEllipse, 32, 31, 28.5f, 11), kPi * 313.5, {3, 20, 61, 42}},
     {"round", VEL_STYLE_FILL, Of(velCanvasDrawRoundRect, 5, 6, 50, 40, 12, 9), 2000 - (4 - kPi) * 108, {5, 6, 55, 46}},
-    {"round, no radius", VEL_STYLE_FILL, Of(velCanvasDrawRoundRect, 5, 6, 50, 40, 0, 9), 2000, {5, 6, 55, 46}},
     {"round, too far", VEL_STYLE_FILL, Of(velCanvasDrawRoundRect, 5, 6, 50, 40, 900, 901), kPi * 500, {5, 6, 55, 46}},
-    {"quarter", VEL_STYLE_FILL, Of(velCanvasDrawArc, 0, 0, 20, 20, 0, 90, 1), kPi * 25, {10, 10, 20, 20}},
     {"backwards", VEL_STYLE_FILL, Of(velCanvasDrawArc, 0, 0, 20, 20, 3870, -90, 1), kPi * 25, {0, 0, 10, 10}},
     {"segment", VEL_STYLE_FILL, Of(velCanvasDrawArc, 0, 0, 20, 20, 0, 90, 0), kPi * 25 - 50, {10, 10, 20, 20}},
-    {"whole arc", VEL_STYLE_FILL, Of(velCanvasDrawArc, 4, 4, 50, 50, 20, 400, 1), kPi * 625, {4, 4, 54, 54}},
     {"whole, backwards", VEL_STYLE_STROKE, Of(velCanvasDrawArc, 4, 4, 50, 50, 20, -720, 1), kPi * 200, {2, 2, 56, 56}},
-    {"pie",
-     VEL_STYLE_STROKE,
-     Of(velCanvasDrawArc, 4, 4, 40, 40, 0, 90, 1),
-     4 * (10 * kPi + 40) - 8 + 8,
-     {22, 22, 46, 46}},
+    {"pie", VEL_STYLE_STROKE, Of(velCanvasDrawArc, 4, 4, 40, 40, 0, 90, 1), 40 * kPi + 160, {22, 22, 46, 46}},
     {"frame", VEL_STYLE_STROKE, Of(velCanvasDrawRectangle, 10, 10, 20, 20), 24 * 24 - 16 * 16, {8, 8, 32, 32}},
     {"filled line", VEL_STYLE_FILL, Of(velCanvasDrawLine, 10, 10, 30, 10), 80, {10, 8, 30, 12}},
-    {"square ends",
-     VEL_STYLE_STROKE,
-     Capped(VEL_CAP_SQUARE, Of(velCanvasDrawLine, 10, 10, 30, 10)),
-     96,
-     {8, 8, 32, 12}},
-    {"round ends",
-     VEL_STYLE_STROKE,
-     Capped(VEL_CAP_ROUND, Of(velCanvasDrawLine, 10, 10, 30, 10)),
-     80 + kPi * 4,
-     {8, 8, 32, 12}},
-    {"mitre", VEL_STYLE_STROKE, Joined(VEL_JOIN_MITER), 160, {8, 8, 30, 30}},
-    {"round join", VEL_STYLE_STROKE, Joined(VEL_JOIN_ROUND), 156 + kPi, {8, 8, 30, 30}},
-    {"bevel", VEL_STYLE_STROKE, Joined(VEL_JOIN_BEVEL), 158, {8, 8, 30, 30}},
+    {"mitre", VEL_STYLE_STROKE, OfPath(BuildCorner), 160, {8, 8, 30, 30}},
     {"point", VEL_STYLE_STROKE, Of(velCanvasDrawPoint, 10, 10), 16, {8, 8, 12, 12}},
     {"square point", VEL_STYLE_FILL, Capped(VEL_CAP_SQUARE, Of(velCanvasDrawPoint, 10, 10)), 16, {8, 8, 12, 12}},
     {"round point", VEL_STYLE_FILL, Capped(VEL_CAP_ROUND, Of(velCanvasDrawPoint, 10, 10)), kPi * 4, {8, 8, 12, 12}},
-    {"winding", VEL_STYLE_FILL, OfPath(BuildOverlap<VEL_FILL_WINDING>), 288 - 36, {1, 1, 19, 19}},
-    {"even and odd", VEL_STYLE_FILL, OfPath(BuildOverlap<VEL_FILL_EVEN_ODD>), 288 - 72, {1, 1, 19, 19}},
-    {"ring", VEL_STYLE_FILL, OfPath(BuildRing), kPi *(64 - 16), {2, 2, 18, 18}},
+    {"even and odd", VEL_STYLE_FILL, OfPath(BuildOverlap), 288 - 72, {1, 1, 19, 19}},
     {"after a close", VEL_STYLE_FILL, OfPath(BuildAfterAClose), 50 + 100.0 / 3, {5, 5, 15, 15}},
     {"arc of more than a circle", VEL_STYLE_FILL, OfPath(BuildArcOfMoreThanACircle), kPi * 625, {4, 4, 54, 54}},
-    {"arc after a line", VEL_STYLE_STROKE, OfPath(BuildArcAfterAPoint<0>), 40 + 20 * kPi, {0, 3, 20, 17}},
-    {"arc anew", VEL_STYLE_STROKE, OfPath(BuildArcAfterAPoint<1>), 20 * kPi, {8, 3, 20, 15}},
-    {"many lines", VEL_STYLE_FILL, OfPath(BuildManyLines), kPi * 400, {10, 10, 50, 50}},
-    {"nothing", VEL_STYLE_FILL, OfPath([](velPath *) {}), 0, {}},
-    {"a closed point", VEL_STYLE_FILL, OfPath(BuildPoint), 0, {}},
-    {"a point's frame", VEL_STYLE_STROKE, OfPath(BuildPoint), 0, {}},
+    {"arc after a line", VEL_STYLE_STROKE, OfPath(BuildArcAfterAPoint), 40 + 20 * kPi, {0, 3, 20, 17}},
 };
 
 /// The draw on a canvas that `prepare` has changed.
@@ -193,11 +137,10 @@ TEST(VelDrawTest, HasItsSizeAndPlaceInEveryState) {
 }
 
 void ExpectBounds(const Path &path, float left, float top, float right, float bottom) {
-    const velRectF bounds = path.Bounds();
-    EXPECT_NEAR(left, bounds.left, 1e-3f);
-    EXPECT_NEAR(top, bounds.top, 1e-3f);
-    EXPECT_NEAR(right, bounds.right, 1e-3f);
-    EXPECT_NEAR(bottom, bounds.bottom, 1e-3f);
+    const float expected[] = {left, top, right, bottom};
+    const auto [x0, y0, x1, y1] = path.Bounds();
+    const float bounds[] = {x0, y0, x1, y1};
+    for (int i = 0; i < 4; ++i) EXPECT_NEAR(expected[i], bounds[i], 1e-3f) << i;
 }
 
 TEST(VelPathTest, BoundsAreThoseOfTheCurvesThemselves) {
@@ -215,14 +158,6 @@ TEST(VelPathTest, BoundsAreThoseOfTheCurvesThemselves) {
     EXPECT_EQ(1, velPathBezierCurveTo(path, 1, -30, 1, 40, 1, 0));
     const auto heightAt = [](double t) { return static_cast<float>(3 * t * (1 - t) * (-30 * (1 - t) + 40 * t)); };
     ExpectBounds(path, 1, heightAt((10 - std::sqrt(37.0)) / 21), 1, heightAt((10 + std::sqrt(37.0)) / 21));
-
-    EXPECT_EQ(1, velPathBegin(path));
-    EXPECT_EQ(1, velPathAddEllipse(path, -4, 3, 10, 2.5f));
-    ExpectBounds(path, -14, 0.5f, 6, 5.5f);
-    EXPECT_EQ(1, velPathBegin(path));
-    EXPECT_EQ(1, velPathAddArc(path, 0, 0, 20, 20, 45, 90));
-    const float half = static_cast<float>(10 / std::numbers::sqrt2);
-    ExpectBounds(path, 10 - half, 10 + half, 10 + half, 20);
 }
 
 TEST(VelPathTest, OvalCurvesTakeTheArcThatTheFlagsName) {
@@ -245,47 +180,17 @@ TEST(VelPathTest, OvalCurvesTakeTheArcThatTheFlagsName) {
         EXPECT_EQ(1, velPathMoveTo(path, 10, 20));
         EXPECT_EQ(1, velPathOvalCurveTo(path, radiusX, radiusY, rotation, large, clockwise, 30, 20));
         ExpectBounds(path, bounds.left, bounds.top, bounds.right, bounds.bottom);
-        EXPECT_EQ(1, velPathOvalCurveTo(path, 9, 9, 0, 1, 1, 30, 20)) << "where it is already";
-        ExpectBounds(path, bounds.left, bounds.top, bounds.right, bounds.bottom);
     }
     Path path;
     EXPECT_EQ(1, velPathOvalCurveTo(path, 9, 9, 0, 1, 1, 3, 4));
     ExpectBounds(path, 3, 4, 3, 4);
-    EXPECT_EQ(1, velPathOvalCurveTo(path, FLT_MAX, FLT_MIN, 33, 1, 0, -FLT_MAX, FLT_MAX));
-    EXPECT_TRUE(std::isfinite(path.Bounds().left));
-}
-
-TEST(VelDrawTest, BlendModesFollowTheirFormulas) {
-    // Of 0xC0906030, premultiplied, below and 0xA0FF4020, straight, above: premultiplied results, by the formulas.
-    constexpr uint32_t kExpected[] = {0xE8D64C26, 0xA0A02814, 0x00000000, 0xE8B86A35, 0x78781E0F, 0x785A3C1E,
-                                      0x28280A05, 0x48362412, 0xC0AE4221, 0xA0824623, 0x6F5D2E17, 0xFFFF8844,
-                                      0xE8B83D1B, 0xE8D67940, 0xE8D64C1E, 0xE8B84C26, 0xE8D66A35, 0xE8D67E39,
-                                      0xE8B82E17, 0xE8D64C1E, 0xE8C65B24, 0xE87B4C26, 0xE87B6A3D};
-    ASSERT_EQ(size_t{VEL_BLEND_EXCLUSION + 1}, std::size(kExpected));
-    for (DWORD mode = 0; mode <= VEL_BLEND_EXCLUSION; ++mode) {
-        for (const bool isCovered : {false, true}) {
-            Painting painting(2, 2, 0xC0906030);
-            const DWORD colour = 0xFFFF4020;
-            EXPECT_EQ(1, velCanvasSetBlendValue(painting, 0xA0));
-            EXPECT_EQ(1, velCanvasSetColor(painting, colour));
-            EXPECT_EQ(1, velCanvasSetBlendMode(painting, mode));
-            EXPECT_EQ(1,
-                      isCovered ? velCanvasDrawColor(painting, colour) : velCanvasDrawRectangle(painting, 0, 0, 2, 2));
-            for (int shift = 0; shift < 32; shift += 8) {
-                EXPECT_NEAR(kExpected[mode] >> shift & 0xFF, painting.At(1, 1) >> shift & 0xFF, 2)
-                    << "mode " << mode << std::hex << ' ' << painting.At(1, 1);
-            }
-        }
-    }
 }
 
 /// The alpha of a row as a word of '#' (opaque), '.' (transparent) and '+'.
 std::string Row(const Painting &painting, int y) {
     std::string row;
-    for (int x = 0; x < painting.Width(); ++x) {
-        const uint32_t alpha = painting.AlphaAt(x, y);
-        row += alpha == 255 ? '#' : alpha == 0 ? '.' : '+';
-    }
+    for (int x = 0; x < painting.Width(); ++x)
+        row += ".+#"[(painting.AlphaAt(x, y) + 254) / 255 + painting.AlphaAt(x, y) / 255];
     return row;
 }
 
@@ -311,20 +216,14 @@ TEST(VelDashTest, PatternsCountInPixelsAndStylesInWidths) {
         {VEL_DASH_PATTERN, {}, 0, solid},
     };
     for (const auto &[style, lengths, offset, row] : kPatterns) {
-        for (const float farAway : {0.0f, 6e6f}) {
-            // A line that begins at the edge, and one that comes from far beyond, where whole patterns fit.
-            if (farAway > 0 && style != VEL_DASH_PATTERN) continue;
-            Painting painting(20, 5);
-            EXPECT_EQ(1, velCanvasSetStrokeWidth(painting, 3));
-            EXPECT_EQ(1, velCanvasSetDashStyle(painting, style));
-            if (!lengths.empty()) {
-                std::vector<float> copied = lengths;
-                EXPECT_EQ(1, velCanvasSetDashPattern(painting, copied.data(), static_cast<int>(copied.size()), offset));
-                copied.assign(copied.size(), 99);
-            }
-            EXPECT_EQ(1, velCanvasDrawLine(painting, -farAway, 2.5f, 20, 2.5f));
-            EXPECT_EQ(row, Row(painting, 2)) << style << ", offset " << offset << ", from " << farAway;
-        }
+        Painting painting(20, 5);
+        EXPECT_EQ(1, velCanvasSetStrokeWidth(painting, 3));
+        EXPECT_EQ(1, velCanvasSetDashStyle(painting, style));
+        std::vector<float> copied = lengths;
+        if (!copied.empty()) velCanvasSetDashPattern(painting, copied.data(), static_cast<int>(copied.size()), offset);
+        copied.assign(copied.size(), 99);
+        EXPECT_EQ(1, velCanvasDrawLine(painting, 0, 2.5f, 20, 2.5f));
+        EXPECT_EQ(row, Row(painting, 2)) << style << ", offset " << offset;
     }
 }
 
@@ -353,13 +252,6 @@ TEST(VelDashTest, PatternsBeyondReasonAreRefused) {
         EXPECT_EQ(result, velCanvasDrawLine(painting, 0, 5, line, 5)) << length << ' ' << line;
         EXPECT_EQ(result, velCanvasDrawLine(painting, line, 5, 0, 5)) << length << ' ' << line;
     }
-    Painting painting;
-    EXPECT_EQ(1, velCanvasSetDashStyle(painting, VEL_DASH_DOT));
-    for (const auto &[width, result] : {std::pair{1e-6f, 0}, {0.0f, 1}}) {
-        EXPECT_EQ(1, velCanvasSetStrokeWidth(painting, width));
-        EXPECT_EQ(result, velCanvasDrawLine(painting, 0, 5, 32, 5));
-    }
-    EXPECT_TRUE(painting.IsEmpty()) << "a stroke without width";
 }
 
 }  // namespace

@@ -5,21 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 
 namespace lacquer {
-namespace {
-
-/// FNV-1a over the words.
-uint64_t Digest(const std::vector<uint32_t> &pixels) {
-    uint64_t digest = 0xcbf29ce484222325u;
-    for (const uint32_t pixel : pixels) {
-        for (int shift = 0; shift < 32; shift += 8) digest = (digest ^ (pixel >> shift & 0xFF)) * 0x100000001b3u;
-    }
-    return digest;
-}
-
-}  // namespace
-
 Painting::Painting(int width, int height, uint32_t background)
     : width_(width),
       height_(height),
@@ -72,10 +60,8 @@ void UseGradient(velCanvas *canvas, velGradient *gradient, std::initializer_list
 
 void ExpectBox(const Painting &painting, const RECT &expected) {
     const RECT box = painting.Box();
-    EXPECT_EQ(expected.left, box.left);
-    EXPECT_EQ(expected.top, box.top);
-    EXPECT_EQ(expected.right, box.right);
-    EXPECT_EQ(expected.bottom, box.bottom);
+    EXPECT_EQ(std::tie(expected.left, expected.top, expected.right, expected.bottom),
+              std::tie(box.left, box.top, box.right, box.bottom));
 }
 
 void ExpectRefused(const std::string &what, const std::function<int(velCanvas *)> &attempt) {
@@ -96,10 +82,6 @@ std::vector<WCHAR> Utf16(const std::string &ascii) {
     std::vector<WCHAR> name(ascii.begin(), ascii.end());
     name.push_back(0);
     return name;
-}
-
-void ExpectDigest(const Painting &painting, const std::string &name, uint64_t digest) {
-    EXPECT_EQ(digest, Digest(painting.Pixels())) << name;
 }
 
 }  // namespace lacquer

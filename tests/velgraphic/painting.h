@@ -64,7 +64,4 @@ void ExpectRefused(const std::string &what, const std::function<int(velCanvas *)
 /// A null-terminated name, as canvases take it.
 std::vector<WCHAR> Utf16(const std::string &ascii);
 
-/// Compares with the digest of the expected picture.
-void ExpectDigest(const Painting &painting, const std::string &name, uint64_t digest);
-
 }  // namespace lacquer
