@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "gdi_objects.h"
+#include "record.h"
 
 namespace lacquer {
 namespace {
@@ -22,34 +22,6 @@ Table RampOf(uint32_t blue, uint32_t green, uint32_t red, uint32_t count) {
         table[i] = RGBQUAD{byte(blue), byte(green), byte(red), 0};
     }
     return table;
-}
-
-uint32_t RawAt(const Picture &picture, WORD depth, int x) {
-    uint32_t raw = 0;
-    std::memcpy(&raw, picture.Bytes() + x * (depth / 8), depth / 8u);
-    return raw;
-}
-
-/// 0xRRGGBB of a stored pixel.
-uint32_t ColourOf(WORD depth, const Table &table, uint32_t raw) {
-    const auto wide = [raw](unsigned shift) { return (raw >> shift & 31) << 3 | (raw >> shift & 31) >> 2; };
-    if (depth == 16) return wide(10) << 16 | wide(5) << 8 | wide(0);
-    if (depth == 8) return uint32_t{table[raw].rgbRed} << 16 | uint32_t{table[raw].rgbGreen} << 8 | table[raw].rgbBlue;
-    return raw & 0xFFFFFF;
-}
-
-/// What is stored of a colour; of a table the first of its nearest entries.
-uint32_t RawOf(WORD depth, const Table &table, uint32_t colour) {
-    if (depth == 16) return (colour >> 9 & 0x7C00) | (colour >> 6 & 0x03E0) | (colour >> 3 & 0x1F);
-    if (depth > 16) return colour;
-    const auto distanceTo = [&](const RGBQUAD &entry) {
-        const int r = entry.rgbRed - static_cast<int>(colour >> 16 & 0xFF);
-        const int g = entry.rgbGreen - static_cast<int>(colour >> 8 & 0xFF);
-        const int b = entry.rgbBlue - static_cast<int>(colour & 0xFF);
-        return r * r + g * g + b * b;
-    };
-    const auto nearer = [&](const RGBQUAD &x, const RGBQUAD &y) { return distanceTo(x) < distanceTo(y); };
-    return static_cast<uint32_t>(std::min_element(table.begin(), table.end(), nearer) - table.begin());
 }
 
 enum Drawing { kSetDibBits, kBitBlt, kStretchBlt, kBlend, kSetPixel, kDrawings };
@@ -76,32 +48,28 @@ void Draw(Drawing drawing, const Picture &picture, const Picture &source, WORD d
     }
 }
 
-TEST(Depth, EveryDrawingConverts) {
+TEST(Depth, EveryDrawingConvertsAsTheSystems) {
     // True colours count as the middle of their upper five bits where a table's entry is sought, in every transfer but
-    // SetPixel; indices as their colours.
+    // SetPixel; indices as their colours. A copy within a depth keeps bits that are no colour.
+    constexpr uint64_t kCopied = 0x5FD320A10AEF8826;
+    constexpr uint64_t kDigests[kDrawings] = {kCopied, kCopied, kCopied, 0xE543490BFEAC8DB5, 0xC2062CC06DC42C8F};
     const Table others = RampOf(3, 7, 5, kCount);
-    for (const Table &table : {RampOf(1, 1, 1, kCount), RampOf(89, 57, 35, 7), others}) {
-        for (const WORD from : kDepths) {
-            const Picture source(kCount, -1, from, others);
-            for (int i = 0; i < kCount * from / 8; ++i) source.Bytes()[i] = static_cast<uint8_t>(i * 41 / (from / 8));
-            for (const WORD to : kDepths) {
-                for (int drawing = 0; drawing < kDrawings; ++drawing) {
+    for (int drawing = 0; drawing < kDrawings; ++drawing) {
+        Record record;
+        for (const Table &table : {RampOf(1, 1, 1, kCount), RampOf(89, 57, 35, 7), others}) {
+            for (const WORD from : kDepths) {
+                const Picture source(kCount, -1, from, others);
+                for (int i = 0; i < kCount * from / 8; ++i) {
+                    source.Bytes()[i] = static_cast<uint8_t>(i * 41 / (from / 8));
+                }
+                for (const WORD to : kDepths) {
                     const Picture picture(kCount, -1, to, table);
                     Draw(static_cast<Drawing>(drawing), picture, source, from, others);
-                    // A copy within a depth keeps bits that are no colour.
-                    const bool isCopy = from == to && from > 8 && drawing < kBlend;
-                    const bool isExact = to != 8 || drawing == kSetPixel || (from == 8 && drawing != kBlend);
-                    for (int i = 0; i < kCount; ++i) {
-                        const uint32_t raw = RawAt(source, from, i), colour = ColourOf(from, others, raw);
-                        const uint32_t sought = isExact ? colour : (colour & 0xF8F8F8) | 0x040404;
-                        const uint32_t alpha = drawing != kBlend || to != 32 ? 0 : from == 32 ? raw >> 24 : 255;
-                        const uint32_t expected = isCopy ? raw : RawOf(to, table, sought) | alpha << 24;
-                        ASSERT_EQ(RawAt(picture, to, i), expected) << from << " to " << to << " bits, drawing "
-                                                                   << drawing << ", colour " << std::hex << colour;
-                    }
+                    record.Add({picture.Bytes(), picture.Bytes() + kCount * to / 8});
                 }
             }
         }
+        EXPECT_EQ(record.Digest(), kDigests[drawing]) << "drawing " << drawing;
     }
     // Equal tables keep indices whose colours come twice.
     const Table twice = {{0, 0, 0, 0}, {9, 9, 9, 0}, {9, 9, 9, 0}};

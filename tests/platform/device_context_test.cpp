@@ -114,7 +114,7 @@ TEST(DeviceContext, GivesBackWhatIsSet) {
 
 TEST(Handles, OfDeletedAndOfNoObjectsAreRefused) {
     Picture picture(4, -4);
-    OwnedRegion region(0, 0, 4, 4);
+    OwnedRegion region(RECT{0, 0, 4, 4});
     RECT box{};
     POINT point{};
     const BLENDFUNCTION blend{AC_SRC_OVER, 0, 255, 0};
@@ -178,7 +178,7 @@ TEST(Handles, AreNotReusedAtOnceAndRunOutCleanly) {
     const int last = static_cast<int>(regions.size()) - 1;
     EXPECT_NE(PtInRegion(regions.back(), last, 0), FALSE);
     for (const HRGN region : regions) ASSERT_NE(DeleteObject(region), FALSE);
-    const OwnedRegion again(0, 0, 1, 1);
+    const OwnedRegion again(RECT{0, 0, 1, 1});
     EXPECT_EQ(again.Kind(), SIMPLEREGION);
 }
 

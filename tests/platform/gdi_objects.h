@@ -29,7 +29,7 @@ inline RECT Moved(const RECT &rect, LONG x, LONG y) {
 /// A region of one rectangle, or a handle that was made elsewhere.
 class OwnedRegion {
 public:
-    OwnedRegion(int left, int top, int right, int bottom) : handle_(CreateRectRgn(left, top, right, bottom)) {}
+    explicit OwnedRegion(const RECT &rect) : handle_(CreateRectRgnIndirect(&rect)) {}
     explicit OwnedRegion(HRGN handle) : handle_(handle) {}
     OwnedRegion(OwnedRegion &&other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
     ~OwnedRegion() { DeleteObject(handle_); }

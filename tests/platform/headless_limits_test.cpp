@@ -10,7 +10,7 @@
 #include <string>
 #include <thread>
 
-#include "model.h"
+#include "record.h"
 #include "support/refusals.h"
 
 namespace lacquer {
@@ -21,7 +21,7 @@ constexpr int kEnds[] = {INT32_MIN, INT32_MIN + 1, -3, 0, 3, INT32_MAX - 1, INT3
 TEST(HeadlessLimits, EveryFunctionTakesAnyCoordinateAndPrintsNothing) {
     // The region library complains on the standard error about boxes that it does not like.
     Picture picture(4, -4), source(4, -4);
-    OwnedRegion region(0, 0, 2, 2), other(1, 1, 9, 9);
+    OwnedRegion region(RECT{0, 0, 2, 2}), other(RECT{1, 1, 9, 9});
     const BLENDFUNCTION blend{AC_SRC_OVER, 0, 128, 0};
     const BITMAPINFO info = HeaderOf(4, 4, 32);
     struct {
@@ -103,7 +103,7 @@ TEST(HeadlessLimits, SetDibBitsTakesAnySize) {
 }
 
 TEST(HeadlessLimits, RegionsLoseWhatLeavesTheRange) {
-    OwnedRegion region(-10, -10, 10, 10);
+    OwnedRegion region(RECT{-10, -10, 10, 10});
     EXPECT_EQ(OffsetRgn(region, INT32_MAX, INT32_MIN), SIMPLEREGION);
     EXPECT_EQ(region.Box(), (RECT{INT32_MAX - 10, INT32_MIN, INT32_MAX, INT32_MIN + 10}));
     EXPECT_EQ(OffsetRgn(region, INT32_MIN, 0), SIMPLEREGION);
@@ -113,7 +113,7 @@ TEST(HeadlessLimits, RegionsLoseWhatLeavesTheRange) {
 
 TEST(HeadlessLimits, NullPointersAndUnknownValuesAreRefused) {
     Picture picture(4, -4);
-    OwnedRegion region(0, 0, 1, 1);
+    OwnedRegion region(RECT{0, 0, 1, 1});
     ExpectRefused(GetClipBox(picture, nullptr), GetViewportOrgEx(picture, nullptr), GetWindowOrgEx(picture, nullptr),
                   CreateRectRgnIndirect(nullptr), GetRgnBox(region, nullptr), RectInRegion(region, nullptr),
                   RectVisible(picture, nullptr));
