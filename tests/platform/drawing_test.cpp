@@ -12,17 +12,7 @@ struct Stretch {
 };
 
 /// What is drawn. A stretch's number is its mode.
-enum Drawing {
-    kAnd = BLACKONWHITE,
-    kOr = WHITEONBLACK,
-    kPick = COLORONCOLOR,
-    kCopy,
-    kBlend,
-    kFill,
-    kBlank,
-    kPixels,
-    kDrawings
-};
+enum Drawing { kAnd = BLACKONWHITE, kOr, kPick, kCopy, kBlend, kFill, kBlank, kPixels, kDrawings };
 
 BOOL Draw(Drawing drawing, HDC to, const Stretch &x, const Stretch &y, HDC from) {
     switch (drawing) {
@@ -50,13 +40,15 @@ BOOL Draw(Drawing drawing, HDC to, const Stretch &x, const Stretch &y, HDC from)
 }
 
 /// Somewhere on an axis of a source of `limit` pixels, as a rule partly beside it: anything for a stretch, one pixel
-/// for each pixel of a copy or fill, a source that lies inside for a blend. A mirrored part of a source has to grow by
+/// for each pixel of a copy or fill, a source that mostly
+/// lies inside for a blend, which else is none. A mirrored part of a source has to grow by
 /// a whole factor: else the system's own stretches go wrong.
 Stretch AnyStretch(Random &random, Drawing drawing, int limit) {
-    Stretch axis{random.Between(-3, 12), random.Between(1, 17), random.Between(-4, limit + 2),
+    Stretch axis{random.Between(-3, 12), random.Between(0, 17), random.Between(-4, limit + 2),
                  random.Between(1, limit)};
-    if (drawing == kBlend) axis.source = random.Between(0, limit - axis.sourceLength);
-    if (drawing == kBlend || drawing == kPixels) return axis;
+    const bool isInside = drawing == kBlend && random.Between(0, 3) > 0;
+    if (isInside) axis.source = random.Between(0, limit - axis.sourceLength);
+    if (isInside || drawing == kPixels) return axis;
     if (drawing > kPick) axis.sourceLength = axis.destLength;
     const bool turnsDest = random.Coin(), turnsSource = drawing > kPick ? turnsDest : random.Coin();
     if (turnsDest != turnsSource && (axis.source < 0 || axis.source + axis.sourceLength > limit)) {
@@ -81,40 +73,28 @@ void DrawOnce(Random &random, Drawing drawing, bool isOntoItself, Record &record
     SetWindowOrgEx(other, -5, 1, nullptr);
     SetViewportOrgEx(source, 2, -1, nullptr);
     x.source -= 2, y.source += 1;
-    EXPECT_TRUE(Draw(drawing, picture, x, y, source) != FALSE || kIsSystem);
+    EXPECT_TRUE(Draw(drawing, picture, x, y, source) != FALSE || drawing == kBlend || kIsSystem);
     record.Add(picture.Words());
 }
 
 TEST(Drawing, ProgramsAreLikeTheSystems) {
     constexpr uint64_t kDigests[kDrawings] = {0,
-                                              0xAEB21B60A04510AF,
-                                              0x16AA575A3EF07390,
-                                              0xD2B86FB3DA040854,
-                                              0xD36F8AC2AC5ED5EA,
-                                              0x47E5CACFBD3721F4,
-                                              0x2F21D1A07FD88560,
-                                              0x2D512EED0ECD917A,
-                                              0xA0733120F531E0BB};
+                                              0x6D42818718D77B4C,
+                                              0x6651842AC56B0F6C,
+                                              0x25A447CB50AE1C9E,
+                                              0xD5ED61AADC7B2AF9,
+                                              0xED6CEA781E5ED5E6,
+                                              0x819E057E21B94427,
+                                              0xD57342F68D732263,
+                                              0x4A1CD6F38292BA79};
     Random random(3);
     for (int drawing = kAnd; drawing < kDrawings; ++drawing) {
         Record record;
         for (int round = 0; round < 2500; ++round) {
-            DrawOnce(random, static_cast<Drawing>(drawing), drawing <= kCopy && round % 7 == 0, record);
+            DrawOnce(random, static_cast<Drawing>(drawing), drawing <= kBlend && round % 7 == 0, record);
         }
         EXPECT_EQ(record.Digest(), kDigests[drawing]) << "drawing " << drawing;
     }
-}
-
-TEST(Drawing, WithoutASizeOrAWayIsNone) {
-    const Picture source(4, -4), picture(4, -4);
-    source.Fill(9);
-    EXPECT_NE(StretchBlt(picture, 0, 0, 0, 4, source, 0, 0, 4, 4, SRCCOPY), FALSE);
-    EXPECT_NE(StretchBlt(picture, 0, 0, 4, 4, source, 0, 0, 4, 0, SRCCOPY), FALSE);
-    EXPECT_NE(StretchBlt(picture, 0, 0, 4, 4, source, 50, 0, 4, 4, SRCCOPY), FALSE);
-    EXPECT_NE(PatBlt(picture, 0, 0, 0, 5, WHITENESS), FALSE);
-    EXPECT_EQ(PatBlt(picture, 0, 0, 1, 1, SRCCOPY), FALSE);
-    EXPECT_EQ(StretchBlt(picture, 0, 0, 4, 4, nullptr, 0, 0, 2, 2, SRCCOPY), FALSE);
-    EXPECT_EQ(picture.Words(), std::vector<uint32_t>(16));
 }
 
 }  // namespace

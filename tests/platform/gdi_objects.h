@@ -22,10 +22,6 @@ inline constexpr bool kIsSystem = true;
 inline constexpr bool kIsSystem = false;
 #endif
 
-inline RECT Moved(const RECT &rect, LONG x, LONG y) {
-    return {rect.left + x, rect.top + y, rect.right + x, rect.bottom + y};
-}
-
 /// A region of one rectangle, or a handle that was made elsewhere.
 class OwnedRegion {
 public:
@@ -109,7 +105,6 @@ private:
 
 /// A handle that was valid once: its object is deleted.
 HDC StaleDC();
-HBITMAP StaleBitmap();
 HRGN StaleRegion();
 
 /// A value that never was a handle.

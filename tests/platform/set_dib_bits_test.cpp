@@ -5,6 +5,7 @@
 #include <numeric>
 
 #include "record.h"
+#include "support/refusals.h"
 
 namespace lacquer {
 namespace {
@@ -45,17 +46,15 @@ TEST(SetDibBits, RefusesWhatIsNoPictureAndReadsShortTables) {
         RGBQUAD colours[2];
     } info{HeaderOf(3, 1, 8).bmiHeader, {{}, {1, 2, 3, 0}}};
     info.header.biClrUsed = 2;
-    const auto draw = [&](LONG width, WORD depth, const void *bits) {
+    const auto draw = [&](LONG width, WORD depth, const char *bits) {
         info.header.biWidth = width;
         info.header.biBitCount = depth;
         return SetDIBitsToDevice(picture, 0, 0, 3, 1, 0, 0, 0, 1, bits, reinterpret_cast<const BITMAPINFO *>(&info),
                                  DIB_RGB_COLORS);
     };
-    for (const LONG width : {0, -3}) EXPECT_EQ(draw(width, 32, "1234567890123"), 0);
-    for (const WORD depth : {WORD{5}, WORD{33}}) EXPECT_EQ(draw(3, depth, "1234567890123"), 0);
-    EXPECT_EQ(draw(3, 32, nullptr), 0);
-    EXPECT_EQ(picture.Words(), std::vector<uint32_t>(4, 7));
-    EXPECT_EQ(draw(3, 8, "\1\0\1"), 1);
+    constexpr char kBits[] = "\1\0\1 of twelve bytes";
+    ExpectRefused(draw(0, 32, kBits), draw(-3, 32, kBits), draw(3, 5, kBits), draw(3, 33, kBits), draw(3, 32, nullptr));
+    EXPECT_EQ(draw(3, 8, kBits), 1);
     EXPECT_EQ(picture.Words(), (std::vector<uint32_t>{0x030201, 0, 0x030201, 7}));
 }
 
