@@ -21,14 +21,12 @@ TEST(ReadPng, DamagedFilesAreRefused) {
     EXPECT_THROW(ReadPng("no-such-file.png"), std::runtime_error);
     std::ifstream file(AssetPath("check"), std::ios::binary);
     const std::string whole{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    ASSERT_GT(whole.size(), 100u);
-    for (std::size_t length = 0; length < whole.size(); ++length) {
-        ASSERT_THROW(read(whole.substr(0, length)), std::runtime_error) << "cut off after " << length << " bytes";
-    }
     // Each byte of the header's and the pixels' chunks is guarded by a checksum or by its meaning.
-    for (std::size_t i = 0; i < whole.size() - 12; ++i) {
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+        ASSERT_THROW(read(whole.substr(0, i)), std::runtime_error) << "cut off after " << i << " bytes";
         std::string damaged = whole;
         damaged[i] = static_cast<char>(damaged[i] ^ 0x15);
+        if (i >= whole.size() - 12) continue;
         ASSERT_THROW(read(damaged), std::runtime_error) << "byte " << i << " changed";
     }
     EXPECT_THROW(read("a text, longer than the signature of a picture"), std::runtime_error);

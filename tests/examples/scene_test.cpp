@@ -21,12 +21,6 @@ protected:
         return PixelsOf(canvas);
     }
 
-    void Click(Scene::Target target) {
-        scene.MoveTo(scene.MiddleOf(target));
-        scene.Press();
-        scene.Release();
-    }
-
     const Skin skin = LoadSkin();
     Scene scene{skin, {600, 420}};
 };
@@ -69,24 +63,24 @@ TEST_F(SceneTest, PaintingTheInvalidPartsIsEnough) {
 TEST_F(SceneTest, EveryAreaIsWhereTheSystemExpectsIt) {
     using Area = Scene::Area;
     const LONG right = scene.size().cx - 1, bottom = scene.size().cy - 1;
-    const std::pair<POINT, Area> kAreas[] = {
-        {{0, 0}, Area::kTopLeft},
-        {{right, 0}, Area::kTopRight},
-        {{0, bottom}, Area::kBottomLeft},
-        {{right, bottom}, Area::kBottomRight},
-        {{300, 0}, Area::kTop},
-        {{300, bottom}, Area::kBottom},
-        {{0, 200}, Area::kLeft},
-        {{right, 200}, Area::kRight},
-        {{200, 16}, Area::kTitle},
-        {{200, 200}, Area::kClient},
-        {scene.MiddleOf({Kind::kCaptionButton, 1}), Area::kClient},
-    };
+    const std::pair<POINT, Area> kAreas[] = {{{0, 0}, Area::kTopLeft},
+                                             {{right, 0}, Area::kTopRight},
+                                             {{0, bottom}, Area::kBottomLeft},
+                                             {{right, bottom}, Area::kBottomRight},
+                                             {{300, 0}, Area::kTop},
+                                             {{300, bottom}, Area::kBottom},
+                                             {{0, 200}, Area::kLeft},
+                                             {{right, 200}, Area::kRight},
+                                             {{200, 16}, Area::kTitle},
+                                             {{200, 200}, Area::kClient},
+                                             {scene.MiddleOf({Kind::kCaptionButton, 1}), Area::kClient}};
     for (const auto &[place, area] : kAreas) EXPECT_EQ(scene.AreaAt(place), area) << place.x << ", " << place.y;
 }
 
 TEST_F(SceneTest, WishesAreToldOnceAndSizesHaveALeast) {
-    Click({Kind::kCaptionButton, static_cast<int>(CaptionButton::kClose)});
+    scene.MoveTo(scene.MiddleOf({Kind::kCaptionButton, static_cast<int>(CaptionButton::kClose)}));
+    scene.Press();
+    scene.Release();
     EXPECT_EQ(scene.TakeWish(), Scene::Wish::kClose);
     EXPECT_EQ(scene.TakeWish(), Scene::Wish::kNothing);
     scene.Scroll(1000);

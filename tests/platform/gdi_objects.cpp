@@ -78,12 +78,6 @@ HDC StaleDC() {
     return dc;
 }
 
-HBITMAP StaleBitmap() {
-    const HBITMAP bitmap = NewSection(3, 3, 32);
-    DeleteObject(bitmap);
-    return bitmap;
-}
-
 HRGN StaleRegion() {
     const HRGN region = CreateRectRgn(0, 0, 5, 5);
     DeleteObject(region);

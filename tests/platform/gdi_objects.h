@@ -22,14 +22,10 @@ inline constexpr bool kIsSystem = true;
 inline constexpr bool kIsSystem = false;
 #endif
 
-inline RECT Moved(const RECT &rect, LONG x, LONG y) {
-    return {rect.left + x, rect.top + y, rect.right + x, rect.bottom + y};
-}
-
 /// A region of one rectangle, or a handle that was made elsewhere.
 class OwnedRegion {
 public:
-    OwnedRegion(int left, int top, int right, int bottom) : handle_(CreateRectRgn(left, top, right, bottom)) {}
+    explicit OwnedRegion(const RECT &rect) : handle_(CreateRectRgnIndirect(&rect)) {}
     explicit OwnedRegion(HRGN handle) : handle_(handle) {}
     OwnedRegion(OwnedRegion &&other) noexcept : handle_(std::exchange(other.handle_, nullptr)) {}
     ~OwnedRegion() { DeleteObject(handle_); }
@@ -109,7 +105,6 @@ private:
 
 /// A handle that was valid once: its object is deleted.
 HDC StaleDC();
-HBITMAP StaleBitmap();
 HRGN StaleRegion();
 
 /// A value that never was a handle.

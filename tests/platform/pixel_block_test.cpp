@@ -84,23 +84,19 @@ TEST(PixelBlock, HidesNothingFromTheAddressSanitizer) {
 }
 #endif
 
-/// The block that is kept for the next one is no reason to fail.
-TEST(PixelBlock, MemoryThatIsShortGetsTheKeptBlockBack) {
+/// The block that is kept for the next one is no reason to fail, and no block for a larger one.
+TEST(PixelBlock, TheKeptBlockIsGivenBackWhereItDoesNotServe) {
     for (const std::size_t size : {std::size_t{1000}, 3 * kMegabyte}) {
         AllocatePixels(8 * kMegabyte).reset();
         memoryIsShort = true;
         EXPECT_TRUE(AllocatePixels(size)) << size;
         memoryIsShort = false;
     }
-}
-
-TEST(PixelBlock, AKeptBlockThatIsTooSmallIsNotReused) {
     AllocatePixels(3 * kMegabyte - 100000).reset();
     const PixelBlock larger = AllocatePixels(3 * kMegabyte);
     EXPECT_EQ(lastLargeSize, 3 * kMegabyte);
+    EXPECT_FALSE(AllocatePixels(std::size_t{1} << 62));
 }
-
-TEST(PixelBlock, IsNullWithoutMemory) { EXPECT_FALSE(AllocatePixels(std::size_t{1} << 62)); }
 
 }  // namespace
 }  // namespace lacquer
