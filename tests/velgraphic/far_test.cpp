@@ -154,6 +154,17 @@ TEST(VelFarTest, AFarFigureBesideItChangesNoFigure) {
     }
 }
 
+TEST(VelFarTest, MitresAreSeenWhereTheirCornersAreNot) {
+    Painting painting;
+    Path path;
+    for (const float y : {-4e6f, 0.0f, 4e6f}) velPathLineTo(path, y == 0 ? 0 : -2e7f, y);
+    velCanvasTranslate(painting, -6, 16);
+    velCanvasSetDrawStyle(painting, VEL_STYLE_STROKE);
+    velCanvasSetStrokeWidth(painting, 4);
+    ASSERT_EQ(1, velCanvasDrawPath(painting, path));
+    EXPECT_NEAR(4, painting.Box().right, 1);
+}
+
 TEST(VelFarTest, DashesGoOnBehindWhatIsNotSeen) {
     constexpr float kPattern[] = {6, 4};
     // Draws a stroke that crosses the picture from left to right in the end, or from right to left, and comes to its
