@@ -83,6 +83,11 @@ TEST(VelFarTest, CurvesRunWhereTheyRun) {
             if (HasFatalFailure()) return;
         }
     }
+    // A circle through the middle whose numbers are exact.
+    Painting circle;
+    velCanvasTranslate(circle, 16, 16);
+    ASSERT_EQ(1, velCanvasDrawCircle(circle, -0x3p42f, -0x4p42f, 0x5p42f));
+    ExpectCoverage(circle, [](double x, double y) { return 3 * (x - 16) + 4 * (y - 16) <= 0; });
     // Pies around the middle, and bounds.
     for (const float radius : {2e6f, 1e20f, FLT_MAX / 4}) {
         Painting painting;
