@@ -118,7 +118,7 @@ TEST(VelDrawTest, HasItsSizeAndPlaceInEveryState) {
         const auto clipped = Painted(style, draw, [](velCanvas *canvas) { velCanvasClipRect(canvas, 9, 8, 28, 29); });
         const auto half = Painted(style, draw, [](velCanvas *canvas) { velCanvasSetBlendValue(canvas, 128); });
         const DWORD graded = style == VEL_STYLE_FILL ? VEL_STYLE_GRADIENT_FILL : VEL_STYLE_GRADIENT_STROKE;
-        const auto withGradient = Painted(graded, draw, [](velCanvas *) {});
+        const auto withGradient = Painted(graded, draw, [](velCanvas *canvas) { velCanvasSetBlendValue(canvas, 128); });
         for (int y = 0; y < kSize; ++y) {
             for (int x = 0; x < kSize; ++x) {
                 const auto at = static_cast<size_t>(y * kSize + x);
@@ -126,7 +126,7 @@ TEST(VelDrawTest, HasItsSizeAndPlaceInEveryState) {
                 EXPECT_NEAR(isInClip ? painting.AlphaAt(x, y) : 0u, clipped[at] >> 24, isInClip ? 4 : 0);
                 EXPECT_EQ(x < 3 || y < 2 ? 0 : painting.At(x - 3, y - 2), moved[at]);
                 EXPECT_NEAR(painting.AlphaAt(x, y) / 2.0, half[at] >> 24, 1);
-                EXPECT_NEAR(painting.AlphaAt(x, y), withGradient[at] >> 24, 1);
+                EXPECT_NEAR(painting.AlphaAt(x, y) / 2.0, withGradient[at] >> 24, 1);
                 if (HasFailure()) FAIL() << x << ", " << y;
             }
         }
@@ -216,14 +216,18 @@ TEST(VelDashTest, PatternsCountInPixelsAndStylesInWidths) {
         {VEL_DASH_PATTERN, {}, 0, solid},
     };
     for (const auto &[style, lengths, offset, row] : kPatterns) {
-        Painting painting(20, 5);
-        EXPECT_EQ(1, velCanvasSetStrokeWidth(painting, 3));
-        EXPECT_EQ(1, velCanvasSetDashStyle(painting, style));
-        std::vector<float> copied = lengths;
-        if (!copied.empty()) velCanvasSetDashPattern(painting, copied.data(), static_cast<int>(copied.size()), offset);
-        copied.assign(copied.size(), 99);
-        EXPECT_EQ(1, velCanvasDrawLine(painting, 0, 2.5f, 20, 2.5f));
-        EXPECT_EQ(row, Row(painting, 2)) << style << ", offset " << offset;
+        // A line that begins at the edge, and one that comes from far beyond, where whole patterns fit.
+        for (const float before : {0.0f, style == VEL_DASH_PATTERN ? 6e6f : 0.0f}) {
+            Painting painting(20, 5);
+            EXPECT_EQ(1, velCanvasSetStrokeWidth(painting, 3));
+            EXPECT_EQ(1, velCanvasSetDashStyle(painting, style));
+            std::vector<float> copied = lengths;
+            if (!copied.empty())
+                velCanvasSetDashPattern(painting, copied.data(), static_cast<int>(copied.size()), offset);
+            copied.assign(copied.size(), 99);
+            EXPECT_EQ(1, velCanvasDrawLine(painting, -before, 2.5f, 20, 2.5f));
+            EXPECT_EQ(row, Row(painting, 2)) << style << ", offset " << offset << ", from " << before;
+        }
     }
 }
 

@@ -83,6 +83,11 @@ TEST(VelFarTest, CurvesRunWhereTheyRun) {
             if (HasFatalFailure()) return;
         }
     }
+    // A circle through the middle whose numbers are exact.
+    Painting circle;
+    velCanvasTranslate(circle, 16, 16);
+    ASSERT_EQ(1, velCanvasDrawCircle(circle, -0x3p42f, -0x4p42f, 0x5p42f));
+    ExpectCoverage(circle, [](double x, double y) { return 3 * (x - 16) + 4 * (y - 16) <= 0; });
     // Pies around the middle, and bounds.
     for (const float radius : {2e6f, 1e20f, FLT_MAX / 4}) {
         Painting painting;
@@ -152,6 +157,17 @@ TEST(VelFarTest, AFarFigureBesideItChangesNoFigure) {
         // A last digit decides whether a dash that ends at a corner is mitred.
         EXPECT_LE(Differing(close, distant, 10), isDashed ? 12 : 0) << kind;
     }
+}
+
+TEST(VelFarTest, MitresAreSeenWhereTheirCornersAreNot) {
+    Painting painting;
+    Path path;
+    for (const float y : {-4e6f, 0.0f, 4e6f}) velPathLineTo(path, y == 0 ? 0 : -2e7f, y);
+    velCanvasTranslate(painting, -6, 16);
+    velCanvasSetDrawStyle(painting, VEL_STYLE_STROKE);
+    velCanvasSetStrokeWidth(painting, 4);
+    ASSERT_EQ(1, velCanvasDrawPath(painting, path));
+    EXPECT_NEAR(4, painting.Box().right, 1);
 }
 
 TEST(VelFarTest, DashesGoOnBehindWhatIsNotSeen) {

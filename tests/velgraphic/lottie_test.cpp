@@ -110,13 +110,15 @@ TEST_F(VelLottieTest, DrawsAtAnySizeInBoundedTimeAndMemory) {
         EXPECT_NEAR(area, painting.Area(), 0.5) << width;
     }
     // What reaches tens of thousands of pixels beyond the frame would take for ever at full size.
-    for (const char *width : {"40", "4000", "16000", "32000"}) {
-        Painting painting;
-        const Lottie distant(Outlined(width, "10000"));
-        if (!distant) continue;
-        EXPECT_EQ(1, velLottieDraw(painting, distant, 0, -900, -900, 3000, 1500));
-        EXPECT_EQ(1, velLottieDraw(painting, distant, 0, 0, 0, 32, 32));
-        EXPECT_EQ(32.0 * 32, painting.Area());
+    for (const char *width : {"40", "4000", "16000", "32000", "60000", "900000"}) {
+        for (const char *scale : {"10000", "100", "900000"}) {
+            Painting painting;
+            const Lottie distant(Outlined(width, scale));
+            if (!distant) continue;
+            EXPECT_EQ(1, velLottieDraw(painting, distant, 0, 0, 0, 32, 32));
+            EXPECT_TRUE(scale != std::string("10000") || painting.Area() == 1024);
+            EXPECT_EQ(1, velLottieDraw(painting, distant, 0, -900, -900, 3000, 1500));
+        }
     }
 }
 
@@ -156,6 +158,7 @@ TEST_F(VelLottieTest, RefusesWhatIsNoAnimationOrWouldTakeForEver) {
     const std::string valid = AnimationOf(RedSquare());
     std::vector<std::pair<std::string, std::string>> refused = {
         {"goes on", valid + "x"},
+        {"goes on invisibly", valid + '\0'},
         {"nested arrays", std::string(100000, '[')},
         {"nested groups", AnimationOf(nested)},
         {"copies", AnimationOf(RedSquare() + repeated(100000))},
@@ -167,7 +170,7 @@ TEST_F(VelLottieTest, RefusesWhatIsNoAnimationOrWouldTakeForEver) {
         {"tiny dashes", dashed("<0.01>", "<0.01>")},
         {"negative dashes", dashed("<-1>", "<40>")},
         {"dashes that become negative in between",
-         dashed("{'a':1,'k':[{'t':0,'s':[9],'e':[2],'i':{'x':[0.5],'y':[1]},'o':{'x':[0.5],'y':[-9]}},{'t':9}]}",
+         dashed("{'a':1,'k':[{'t':0,'s':[9],'e':[2],'i':{'x':[0.5],'y':[4]},'o':{'x':[0.5],'y':[0]}},{'t':9}]}",
                 "<4>")},
     };
     const std::pair<const char *, std::vector<const char *>> kReplacements[] = {
