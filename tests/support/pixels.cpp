@@ -42,13 +42,14 @@ uint32_t PremultipliedNoise(uint32_t seed, uint32_t index) {
 }
 
 uint32_t PixelAt(const SurfaceView &view, LONG x, LONG y) {
-    uint32_t value = 0;
+    uint64_t value = 0;
     std::memcpy(&value, AddressOf(view, x, y), view.bitsPerPixel / 8);
-    return value;
+    return static_cast<uint32_t>(value);
 }
 
 void PutPixel(const SurfaceView &view, LONG x, LONG y, uint32_t value) {
-    std::memcpy(AddressOf(view, x, y), &value, view.bitsPerPixel / 8);
+    const uint64_t pixel = value;
+    std::memcpy(AddressOf(view, x, y), &pixel, view.bitsPerPixel / 8);
 }
 
 uint32_t ColourAt(const SurfaceView &view, LONG x, LONG y) {

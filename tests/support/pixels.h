@@ -14,7 +14,8 @@ uint32_t Noise(uint32_t seed, uint32_t index);
 /// A premultiplied word for each (seed, index); transparent and opaque ones come up often.
 uint32_t PremultipliedNoise(uint32_t seed, uint32_t index);
 
-/// A pixel as stored: an index, 0xRRGGBB or 0xAARRGGBB. Any depth of 8 to 32 bits that is whole bytes.
+/// A pixel as stored: an index, 0xRRGGBB or 0xAARRGGBB. Any depth of 8 to 64 bits that is whole bytes; more than 32 are
+/// cut off or zero.
 uint32_t PixelAt(const SurfaceView &view, LONG x, LONG y);
 void PutPixel(const SurfaceView &view, LONG x, LONG y, uint32_t value);
 
