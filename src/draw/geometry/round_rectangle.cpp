@@ -109,7 +109,9 @@ bool ShapePainter::PaintEnds(const CoverRow &outer, const CoverRow &inner, int64
     const int64_t leftEnd = hasInside ? std::max(outer.flatBegin, inner.flatBegin) : outer.flatBegin;
     const int64_t rightBegin = hasInside ? std::min(outer.flatEnd, inner.flatEnd) : outer.flatEnd;
     const int64_t left = leftEnd - outer.begin, right = outer.end - rightBegin;
-    if (leftEnd > rightBegin || left > kMostCovered || right > kMostCovered) return false;
+    // A thin sliver may have its even middle outside what it covers.
+    if (left < 0 || right < 0 || leftEnd > rightBegin) return false;
+    if (left > kMostCovered || right > kMostCovered) return false;
     if (outer.begin < visible_.left || outer.end > visible_.right) return false;
     const bool isMirror = left == right && outside_.Rect().IsSymmetricAcross();
     const BYTE inside = hasInside ? inner.flat : BYTE{0}, border = BorderOf(outer.flat, inside);
