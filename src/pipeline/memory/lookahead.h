@@ -14,7 +14,7 @@ void PrefetchBytes(const BYTE *bytes, ptrdiff_t count);
 class Lookahead {
 public:
     /// A run's portion for kernels that could as well take it as a whole.
-    static constexpr ptrdiff_t kPiecePixels = 128;
+    static constexpr ptrdiff_t kPiecePixels = 256;
 
     /// Smaller images stay in the caches from one use to the next.
     static bool Pays(const Runs &runs) { return runs.length * runs.count >= 1 << 17; }

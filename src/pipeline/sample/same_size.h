@@ -35,11 +35,8 @@ class SameSizeFetch {
 public:
     static constexpr bool kIsWords = Source::kBitsPerPixel == 32, kInOrder = true;
 
-    /// In pieces where there is something to fetch or to look ahead for.
-    static DrawPlan PlanOf(const SurfaceView &dest, const SurfaceView &source, bool copies) {
-        const Runs runs = CommonRuns(dest, source);
-        const bool whole = copies || (kIsWords && !Lookahead::Pays(runs));
-        return {runs, whole ? Tiles{runs.length, runs.count} : Tiles{Lookahead::kPiecePixels, 1}};
+    static DrawPlan PlanOf(const SurfaceView &dest, const SurfaceView &source, bool /*copies*/) {
+        return {CommonRuns(dest, source), {Lookahead::kPiecePixels, 1}};
     }
 
     SameSizeFetch(const SurfaceView &source, SIZE /*fullSize*/)
@@ -73,13 +70,28 @@ struct SameSize {
 
     template <class Combine>
     static void Draw(const SurfaceView &dest, const SurfaceView &source, const DrawArea &area, const Combine &combine) {
-        if constexpr (!Fetch::kIsWords) {
+        const Runs runs = CommonRuns(dest, source);
+        if constexpr (Combine::kCopies) {
+            Copy(dest, source, runs);
+        } else if constexpr (!Fetch::kIsWords) {
             DrawTiles<Fetch>(dest, source, area, RunRef(combine));
-        } else if constexpr (Combine::kCopies) {
-            const Runs runs = CommonRuns(dest, source);
+        } else if (Lookahead::Pays(runs)) {
+            DrawTiles<Fetch>(dest, source, area, SourceRuns::Known(combine));
+        } else {
+            const auto &known = SourceRuns::Known(combine);
+            for (ptrdiff_t y = 0; y < runs.count; ++y) known.Run(RowOf(dest, y), RowOf(source, y), runs.length);
+        }
+    }
+
+private:
+    static void Copy(const SurfaceView &dest, const SurfaceView &source, const Runs &runs) {
+        if constexpr (Fetch::kIsWords) {
             SourceRuns::Copy(dest, source, runs.length * kPixelBytes, runs.count);
         } else {
-            DrawTiles<Fetch>(dest, source, area, SourceRuns::Known(combine));
+            const Source pixels(source);
+            for (ptrdiff_t y = 0; y < runs.count; ++y) {
+                SourceRuns::Expand(RowOf(dest, y), pixels.GetReader(), RowOf(source, y), runs.length);
+            }
         }
     }
 };
