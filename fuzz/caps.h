@@ -5,7 +5,7 @@
 namespace fuzz::caps {
 
 constexpr int kSide = 64;           // of most surfaces
-constexpr int kLargeSide = 300;     // of some
+constexpr int kLargeSide = 500;     // of some, which are beyond what is walked without looking ahead
 constexpr int kWideSide = 32767;    // of one side, the other one small
 constexpr int kDepthOfLarge = 64;   // deeper surfaces are small
 constexpr int kPaletteCount = 256;  // beyond it creation cuts anyway

@@ -70,7 +70,9 @@ void RunOne(const Options &options, uint64_t index, const Program &program, Prog
 #endif
     if (options.tables) {
         for (unsigned group = 0; group < kTableGroups; ++group) {
-            if (!options.files.empty() || index % kTableGroups == group) CompareTables(group, program, options.rules);
+            if (!options.files.empty() || index % kTableGroups == group) {
+                progress.calls += CompareTables(group, program, options.rules);
+            }
         }
     } else {
         uint64_t number = 0;

@@ -1,15 +1,18 @@
-// The linker sends every reference to `lacquer::Kernels` here (`--wrap`), so that the library itself has no part in it.
+// The linker sends every reference to `lacquer::Kernels` and `lacquer::ImageKernels` here (`--wrap`), so that the library
+// itself has no part in it.
 
 #include "tables.h"
 
 #include <cstdio>
 #include <cstdlib>
 
+#include "pipeline/table/image_table.h"
 #include "pipeline/table/kernel_table.h"
 
 namespace {
 const lacquer::KernelTable *tableInUse = nullptr;
-}
+const lacquer::ImageTable *imageTableInUse = nullptr;
+}  // namespace
 
 // A reference is returned as an address.
 extern "C" {
@@ -17,6 +20,11 @@ const lacquer::KernelTable *__real__ZN7lacquer7KernelsEv();
 const lacquer::KernelTable *__wrap__ZN7lacquer7KernelsEv();
 const lacquer::KernelTable *__wrap__ZN7lacquer7KernelsEv() {
     return tableInUse ? tableInUse : __real__ZN7lacquer7KernelsEv();
+}
+const lacquer::ImageTable *__real__ZN7lacquer12ImageKernelsEv();
+const lacquer::ImageTable *__wrap__ZN7lacquer12ImageKernelsEv();
+const lacquer::ImageTable *__wrap__ZN7lacquer12ImageKernelsEv() {
+    return imageTableInUse ? imageTableInUse : __real__ZN7lacquer12ImageKernelsEv();
 }
 }
 
@@ -33,18 +41,21 @@ struct Outcome {
 
 std::vector<Outcome> OutcomesOn(const CpuFeatures &features, std::span<const uint8_t> program, const Rules &rules) {
     const lacquer::KernelTable table = lacquer::BuildKernelTable(features);
+    const lacquer::ImageTable imageTable = lacquer::BuildImageTable(features);
     std::vector<Outcome> outcomes;
     tableInUse = &table;
+    imageTableInUse = &imageTable;
     RunProgram(program, rules, nullptr, [&](const CallReport &call) {
         outcomes.push_back({call.row.name, call.results, call.pixels});
     });
     tableInUse = nullptr;
+    imageTableInUse = nullptr;
     return outcomes;
 }
 
 }  // namespace
 
-void CompareTables(unsigned group, std::span<const uint8_t> program, const Rules &rules) {
+size_t CompareTables(unsigned group, std::span<const uint8_t> program, const Rules &rules) {
     // Bicubic weights are finer with MMX.
     static const std::vector<CpuFeatures> kGroups[kTableGroups] = {
         {{}, {true, false, true, false}, {true, false, true, true}},
@@ -65,6 +76,7 @@ void CompareTables(unsigned group, std::span<const uint8_t> program, const Rules
             std::abort();
         }
     }
+    return expected.size();
 }
 
 }  // namespace fuzz
