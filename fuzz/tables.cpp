@@ -1,5 +1,5 @@
-// The linker sends every reference to `lacquer::Kernels` and `lacquer::ImageKernels` here (`--wrap`), so that the library
-// itself has no part in it.
+// The linker sends every reference to `lacquer::Kernels` and `lacquer::ImageKernels` here (`--wrap`), so that the
+// library itself has no part in it.
 
 #include "tables.h"
 
