@@ -27,8 +27,8 @@ public:
 
 private:
     Canvas &canvas_;
-    RECT rect_;
-    SurfaceView view_;
+    RECT rect_{};
+    SurfaceView view_{};
     bool isLocked_;
 };
 
