@@ -49,7 +49,7 @@ void LargeRoundRectAgainstMemory(benchmark::State &state) {
         state, [&] { GeoRoundRect(ground.canvas, &rect, 0xFF000000, 0xFF3060C0, 1, 8); },
         [&] {
             for (LONG y = rect.top; y < rect.bottom; ++y)
-                std::memset(&memory[static_cast<size_t>(y) * kStride + 10], 1, kWidth * 4);
+                std::memset(&memory[static_cast<size_t>(y) * kStride + 10], 1, size_t{kWidth} * 4);
         });
 }
 BENCHMARK(LargeRoundRectAgainstMemory)->UseManualTime();
