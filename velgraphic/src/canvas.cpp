@@ -13,9 +13,7 @@ using lacquer::vel::Dashes;
 using lacquer::vel::Outline;
 using lacquer::vel::PixelRect;
 using lacquer::vel::Point;
-using lacquer::vel::PointsOf;
 using lacquer::vel::State;
-using lacquer::vel::Verb;
 using lacquer::vel::View;
 
 namespace {
@@ -42,25 +40,18 @@ double StrokeReach(const State &state) {
     return static_cast<double>(state.strokeWidth) / 2 * std::max(corner, end);
 }
 
-void Trace(cairo_t *context, const Outline &outline, Point offset) {
-    const Point *next = outline.Points().begin();
-    for (const Verb verb : outline.Verbs()) {
-        Point p[3];
-        for (int i = 0; i < PointsOf(verb); ++i) p[i] = *next++ + offset;
-        switch (verb) {
-            case Verb::Move: cairo_move_to(context, p[0].x, p[0].y); break;
-            case Verb::Line: cairo_line_to(context, p[0].x, p[0].y); break;
-            case Verb::Curve: cairo_curve_to(context, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y); break;
-            case Verb::Close: cairo_close_path(context); break;
-        }
-    }
-}
-
 }  // namespace
 
 struct velCanvas::Placed {
     const Outline *outline;
     Point offset;
+
+    /// The pixels at most `reach` away.
+    Clip Touched(double reach) const {
+        const auto [low, high] = outline->Extents();
+        const Point margin{reach + 1, reach + 1};
+        return PixelRect(low + offset - margin, high + offset + margin);
+    }
 };
 
 struct velCanvas::SavedState {
@@ -106,7 +97,8 @@ bool velCanvas::Render(Drawing drawing) {
 
 bool velCanvas::CanDraw() const { return target.Bitmap() && (!state.UsesGradient() || state.gradient); }
 
-void velCanvas::SetSource(cairo_t *context, const Placed &figure, double reach) const {
+template <class Reach>
+void velCanvas::SetSource(cairo_t *context, Reach reach) const {
     if (!state.UsesGradient()) {
         const auto [red, green, blue, alpha] = lacquer::vel::ColourOf(state.colour, state.Opacity());
         cairo_set_source_rgba(context, red, green, blue, alpha);
@@ -118,10 +110,7 @@ void velCanvas::SetSource(cairo_t *context, const Placed &figure, double reach) 
     if (gradient.SuitsRenderer(state.translation, visible)) {
         pattern = gradient.Pattern(state.translation, state.Opacity());
     } else {
-        const auto [low, high] = figure.outline->Extents();
-        const Point margin{reach + 1, reach + 1};
-        const Clip touched = PixelRect(low + figure.offset - margin, high + figure.offset + margin);
-        pattern = gradient.Painted(touched.Intersected(visible), state.translation, state.Opacity());
+        pattern = gradient.Painted(reach().Intersected(visible), state.translation, state.Opacity());
     }
     cairo_set_source(context, pattern);
     cairo_pattern_destroy(pattern);
@@ -142,7 +131,7 @@ bool velCanvas::Fill(const Outline &outline, DWORD fillType) {
         figure = {&clipped_, {}};
     }
     return Render([&](cairo_t *context) {
-        SetSource(context, figure, 0);
+        SetSource(context, [&] { return figure.Touched(0); });
         Trace(context, *figure.outline, figure.offset);
         cairo_set_fill_rule(context,
                             fillType == VEL_FILL_EVEN_ODD ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
@@ -165,7 +154,7 @@ bool velCanvas::Stroke(const Outline &outline) {
         if (dashes) dashes = Dashes::Whole();
     }
     return Render([&](cairo_t *context) {
-        SetSource(context, figure, reach);
+        SetSource(context, [&] { return figure.Touched(reach); });
         Trace(context, *figure.outline, figure.offset);
         cairo_set_line_width(context, width);
         cairo_set_line_cap(context, static_cast<cairo_line_cap_t>(state.cap));
@@ -173,6 +162,15 @@ bool velCanvas::Stroke(const Outline &outline) {
         dashes.ApplyTo(context);
         cairo_stroke(context);
     });
+}
+
+cairo_t *velCanvas::BeginMasks(const Clip &touched) {
+    if (!CanDraw()) return nullptr;
+    cairo_t *context = target.Begin(target.Visible(state.clip));
+    if (!context) return nullptr;
+    cairo_set_operator(context, kOperators[state.blendMode]);
+    SetSource(context, [&] { return touched; });
+    return context;
 }
 
 bool velCanvas::Cover(DWORD colour) {
