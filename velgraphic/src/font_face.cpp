@@ -3,6 +3,7 @@
 #include "font_face.h"
 
 #include <algorithm>
+#include <atomic>
 #include <new>
 
 namespace lacquer::vel {
@@ -40,7 +41,11 @@ std::unique_ptr<SystemFont> OpenSystemFont(const WCHAR *family, DWORD style) {
         SystemFont::Open(family, (style & VEL_FONT_BOLD) != 0, (style & VEL_FONT_ITALIC) != 0));
 }
 
+std::atomic<uint64_t> lastId{0};
+
 }  // namespace
+
+FontFace::FontFace() : id_(++lastId) {}
 
 std::unique_ptr<FontFace> FontFace::Open(const WCHAR *family, DWORD style) {
     std::unique_ptr<FontFace> face(new (std::nothrow) FontFace);

@@ -3,6 +3,7 @@
 
 #include <velgraphic/velgraphic.h>
 
+#include <cstdint>
 #include <memory>
 
 #include "outline.h"
@@ -21,6 +22,8 @@ public:
     /// Null when there is no such family or memory is short. `style`: font style bits, of which bold and italic count.
     static std::unique_ptr<FontFace> Open(const WCHAR *family, DWORD style);
 
+    /// No other face of the process has this number, also when this one is gone.
+    uint64_t Id() const { return id_; }
     double UnitsPerEm() const { return unitsPerEm_; }
     double Ascent() const { return ascent_; }
     double Descent() const { return descent_; }
@@ -39,7 +42,7 @@ public:
     bool AppendGlyph(WORD glyph, Point origin, double scale, Outline &outline);
 
 private:
-    FontFace() = default;
+    FontFace();
     bool ReadMeasures();
     bool Append(const Outline &glyph, Point origin, double scale, Outline &outline) const;
 
@@ -49,6 +52,7 @@ private:
     };
     static constexpr int kCachedGlyphs = 128;
 
+    const uint64_t id_;
     std::unique_ptr<SystemFont> font_;
     double unitsPerEm_ = 0, ascent_ = 0, descent_ = 0, lineGap_ = 0;
     Bar underline_, strikeOut_;
