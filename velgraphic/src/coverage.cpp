@@ -52,12 +52,19 @@ void Coverage::Add(const GlyphMask &mask, int x, int y) {
 
 void Coverage::Add(const Bounds &bar) {
     const Clip touched = PixelsTouched(bar).Intersected(box_);
+    // Between these columns the bar is as wide as the pixels.
+    const int inner = std::clamp(Pixel(std::ceil(bar.low.x)), touched.left, touched.right);
+    const int outer = std::clamp(Pixel(std::floor(bar.high.x)), inner, touched.right);
     for (int y = touched.top; y < touched.bottom; ++y) {
         const double height = Part(y, bar.low.y, bar.high.y);
-        for (int x = touched.left; x < touched.right; ++x) {
-            uint8_t &to = *At(x, y);
-            to = Sum(to, static_cast<uint8_t>(255 * height * Part(x, bar.low.x, bar.high.x) + 0.5));
-        }
+        const auto add = [&](int from, int to, double width) {
+            const auto value = static_cast<uint8_t>(255 * height * width + 0.5);
+            uint8_t *row = At(from, y);
+            for (int i = 0; i < to - from; ++i) row[i] = Sum(row[i], value);
+        };
+        for (int x = touched.left; x < inner; ++x) add(x, x + 1, Part(x, bar.low.x, bar.high.x));
+        add(inner, outer, 1);
+        for (int x = outer; x < touched.right; ++x) add(x, x + 1, Part(x, bar.low.x, bar.high.x));
     }
 }
 

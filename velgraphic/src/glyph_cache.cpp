@@ -74,12 +74,12 @@ void GlyphCache::Shrink() {
 }
 
 size_t GlyphCache::Bytes() {
-    const std::lock_guard guard(mutex_);
+    const Guard guard(lock_);
     return bytes_;
 }
 
 void GlyphCache::End() {
-    const std::unique_lock guard(mutex_, std::try_to_lock);
+    const std::unique_lock guard(lock_, std::try_to_lock);
     if (!guard) return;
     bound_ = 0;
     Shrink();
@@ -92,7 +92,7 @@ const GlyphMask *GlyphCache::Reader::Use(Entry *entry) {
 }
 
 GlyphCache::Reader::~Reader() {
-    if (!lock_) lock_.lock();
+    if (!guard_) guard_.lock();
     for (Entry *entry : used_) cache_.Release(entry);
     cache_.Shrink();
 }

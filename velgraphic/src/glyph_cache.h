@@ -7,6 +7,7 @@
 
 #include "buffer.h"
 #include "clip.h"
+#include "lock.h"
 
 namespace lacquer::vel {
 
@@ -61,7 +62,7 @@ private:
     /// Drops idle masks, those first that were used longest ago, until the rest fits.
     void Shrink();
 
-    std::mutex mutex_;
+    Lock lock_;
     size_t bound_, bytes_ = 0;
     Entry *oldest_ = nullptr, *newest_ = nullptr;  ///< of the idle ones: what nobody uses, by when that began
     Entry *buckets_[size_t{1} << kBucketBits] = {};
@@ -70,7 +71,7 @@ private:
 /// Holds the cache's lock until Unlock, so that a call takes it once and not for each glyph.
 class GlyphCache::Reader {
 public:
-    explicit Reader(GlyphCache &cache) : cache_(cache), lock_(cache.mutex_) {}
+    explicit Reader(GlyphCache &cache) : cache_(cache), guard_(cache.lock_) {}
     ~Reader();
     Reader(const Reader &) = delete;
     Reader &operator=(const Reader &) = delete;
@@ -83,9 +84,9 @@ public:
         Entry *entry = cache_.Find(key);
         if (!entry) {
             GlyphMask made;
-            lock_.unlock();
+            guard_.unlock();
             const bool isMade = make(made);
-            lock_.lock();
+            guard_.lock();
             if (!isMade) return nullptr;
             entry = cache_.Find(key);
             if (!entry) entry = cache_.Add(key, std::move(made));
@@ -94,13 +95,13 @@ public:
     }
 
     /// Lets other threads go on. Nothing more can be found.
-    void Unlock() { lock_.unlock(); }
+    void Unlock() { guard_.unlock(); }
 
 private:
     const GlyphMask *Use(Entry *entry);
 
     GlyphCache &cache_;
-    std::unique_lock<std::mutex> lock_;
+    std::unique_lock<Lock> guard_;
     Buffer<Entry *> used_;
 };
 

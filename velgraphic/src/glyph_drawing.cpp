@@ -6,17 +6,14 @@
 #include <optional>
 
 #include "canvas.h"
-#include "coverage.h"
 #include "glyph_mask.h"
+#include "text_pieces.h"
 
 namespace lacquer::vel {
 namespace {
 
 /// The largest text, pixels, that stands on whole rows and quarters of columns, and so can be drawn through masks.
 constexpr float kLargestOnPixels = 256;
-
-/// The bytes of coverage that are added up before they are painted: as many as stay in a processor's nearer memory.
-constexpr int64_t kMostCoverage = 1 << 16;
 
 bool StandsOnPixels(const State &state) { return state.smooth && state.textSize <= kLargestOnPixels; }
 
@@ -71,13 +68,6 @@ public:
     }
 
 private:
-    struct PlacedMask {
-        const GlyphMask *mask;
-        int x, y;
-
-        Clip Box() const { return mask->box.MovedBy(x, y); }
-    };
-
     std::optional<bool> DrawThroughMasks();
     bool DrawOutlines();
 
@@ -94,8 +84,8 @@ private:
     /// as `handle` gives false.
     template <class Handle>
     bool ForEachSeen(Handle handle) const;
-    /// Paints through the masks, and the bars, what lies in a region.
-    void Paint(cairo_t *context, std::span<PlacedMask> masks, const Clip &region, Coverage &coverage) const;
+    /// Gives false when memory is short.
+    bool PlaceBars(Buffer<Bounds> &bars) const;
 
     velCanvas &canvas_;
     const State &state_;
@@ -131,7 +121,6 @@ std::optional<bool> Text::DrawThroughMasks() {
     constexpr size_t kMostNewBytes = size_t{32} << 20;
     Buffer<PlacedMask> masks;
     if (!masks.Reserve(glyphs_.size())) return false;
-    Clip box{0, 0, 0, 0};
     size_t newBytes = 0;
     MaskResult result = MaskResult::Made;
 
@@ -147,52 +136,37 @@ std::optional<bool> Text::DrawThroughMasks() {
         });
         if (!mask) return false;
         const PlacedMask placed{mask, spot.x, spot.y};
-        const Clip seen = placed.Box().Intersected(visible_);
-        if (seen.IsEmpty()) return true;
-        box = box.United(seen);
-        return masks.Append(placed);
+        return BoxOf(placed).Intersected(visible_).IsEmpty() || masks.Append(placed);
     });
     reader.Unlock();
     if (result == MaskResult::TooLarge) return std::nullopt;
     if (!areFound) return false;
-    for (const BarPlacement &bar : bars_) box = box.United(PixelsTouched(OnPixels(bar)).Intersected(visible_));
+    Buffer<Bounds> bars;
+    if (!PlaceBars(bars)) return false;
+    const TextPieces pieces{{masks.Data(), masks.Size()}, {bars.Data(), bars.Size()}};
+    const Clip box = pieces.BoxIn(visible_);
     if (box.IsEmpty()) return true;
 
     Coverage coverage;
-    if (!coverage.Reserve(std::min(Coverage::BytesOf(box), kMostCoverage))) return false;
+    if (!ReserveFor(box, coverage)) return false;
     cairo_t *context = canvas_.BeginMasks(box);
     if (!context) return false;
-    Paint(context, {masks.Data(), masks.Size()}, box, coverage);
+    Paint(context, pieces, box, coverage);
     return canvas_.target.End();
 }
 
-void Text::Paint(cairo_t *context, std::span<PlacedMask> masks, const Clip &region, Coverage &coverage) const {
-    Clip touched{0, 0, 0, 0};
-    for (const PlacedMask &mask : masks) touched = touched.United(mask.Box().Intersected(region));
-    for (const BarPlacement &bar : bars_) touched = touched.United(PixelsTouched(OnPixels(bar)).Intersected(region));
-    if (touched.IsEmpty()) return;
-
-    if (Coverage::BytesOf(touched) > kMostCoverage) {
-        Clip halves[] = {touched, touched};
-        if (touched.right - touched.left > touched.bottom - touched.top) {
-            halves[0].right = halves[1].left = touched.left + (touched.right - touched.left) / 2;
-        } else {
-            halves[0].bottom = halves[1].top = touched.top + (touched.bottom - touched.top) / 2;
+bool Text::PlaceBars(Buffer<Bounds> &bars) const {
+    for (const BarPlacement &placement : bars_) {
+        const Bounds bar = OnPixels(placement);
+        // Glyphs that follow each other have one bar.
+        Bounds *last = bars.Size() > 0 ? bars.Data() + bars.Size() - 1 : nullptr;
+        if (last && last->low.y == bar.low.y && last->high == Point{bar.low.x, bar.high.y}) {
+            last->high.x = bar.high.x;
+        } else if (!BoxOf(bar).Intersected(visible_).IsEmpty() && !bars.Append(bar)) {
+            return false;
         }
-        for (const Clip &half : halves) {
-            const auto isIn = [&](const PlacedMask &mask) { return !mask.Box().Intersected(half).IsEmpty(); };
-            Paint(context, {masks.begin(), std::partition(masks.begin(), masks.end(), isIn)}, half, coverage);
-        }
-        return;
     }
-    coverage.Begin(touched);
-    for (const auto &[mask, x, y] : masks) coverage.Add(*mask, x, y);
-    for (const BarPlacement &bar : bars_) coverage.Add(OnPixels(bar));
-    cairo_surface_t *image =
-        cairo_image_surface_create_for_data(coverage.Rows(), CAIRO_FORMAT_A8, touched.right - touched.left,
-                                            touched.bottom - touched.top, coverage.Stride());
-    cairo_mask_surface(context, image, touched.left, touched.top);
-    cairo_surface_destroy(image);
+    return true;
 }
 
 bool Text::DrawOutlines() {
