@@ -28,6 +28,7 @@ double Part(int at, double low, double high) {
 bool Coverage::Reserve(int64_t bytes) {
     // The zeros behind a mask's last row may be added behind the last row here.
     rows_.reset(new (std::nothrow) uint8_t[static_cast<size_t>(bytes) + GlyphMask::kBlock]);
+    capacity_ = rows_ ? bytes : 0;
     return rows_ != nullptr;
 }
 

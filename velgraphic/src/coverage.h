@@ -17,6 +17,7 @@ public:
 
     /// Makes room for rectangles of so many bytes. False when memory is short.
     bool Reserve(int64_t bytes);
+    int64_t Capacity() const { return capacity_; }
     /// Begins with a rectangle without coverage.
     void Begin(const Clip &box);
 
@@ -39,6 +40,7 @@ private:
     }
 
     Clip box_{0, 0, 0, 0};
+    int64_t capacity_ = 0;
     std::unique_ptr<uint8_t[]> rows_;
 };
 

@@ -15,6 +15,9 @@ namespace {
 /// The largest text, pixels, that stands on whole rows and quarters of columns, and so can be drawn through masks.
 constexpr float kLargestOnPixels = 256;
 
+/// The bytes of coverage that are added up before they are painted: as many as stay in a processor's nearer memory.
+constexpr int64_t kMostCoverage = 1 << 16;
+
 bool StandsOnPixels(const State &state) { return state.smooth && state.textSize <= kLargestOnPixels; }
 
 /// Where text of such a size stands that has its origin at a position.
@@ -61,7 +64,7 @@ public:
 
     bool Draw() {
         if (visible_.IsEmpty()) return true;
-        if (StandsOnPixels(state_) && !state_.ChangesWhatIsNotCovered()) {
+        if (StandsOnPixels(state_)) {
             if (const auto result = DrawThroughMasks()) return *result;
         }
         return DrawOutlines();
@@ -144,11 +147,15 @@ std::optional<bool> Text::DrawThroughMasks() {
     Buffer<Bounds> bars;
     if (!PlaceBars(bars)) return false;
     const TextPieces pieces{{masks.Data(), masks.Size()}, {bars.Data(), bars.Size()}};
-    const Clip box = pieces.BoxIn(visible_);
-    if (box.IsEmpty()) return true;
-
+    Clip box = pieces.BoxIn(visible_);
+    // Text that is scattered over a large bitmap is painted in parts and costs no more than those. Modes that change
+    // what is not covered have to see all of it at once.
+    const bool isWhole = state_.ChangesWhatIsNotCovered();
+    if (box.IsEmpty() && !isWhole) return true;
+    if (box.IsEmpty()) box = {visible_.left, visible_.top, visible_.left + 1, visible_.top + 1};
+    const int64_t bytes = Coverage::BytesOf(box);
     Coverage coverage;
-    if (!ReserveFor(box, coverage)) return false;
+    if (!coverage.Reserve(isWhole ? bytes : std::min(bytes, kMostCoverage))) return false;
     cairo_t *context = canvas_.BeginMasks(box);
     if (!context) return false;
     Paint(context, pieces, box, coverage);

@@ -7,10 +7,6 @@
 namespace lacquer::vel {
 namespace {
 
-/// The bytes of coverage that are added up before they are painted: as many as stay in a processor's nearer memory.
-/// Text that is scattered over a large bitmap costs no more than its parts then.
-constexpr int64_t kMostCoverage = 1 << 16;
-
 template <class Piece>
 std::span<Piece> PiecesIn(std::span<Piece> pieces, const Clip &region) {
     const auto isIn = [&](const Piece &piece) { return !BoxOf(piece).Intersected(region).IsEmpty(); };
@@ -28,13 +24,9 @@ Clip TextPieces::BoxIn(const Clip &region) const {
 
 TextPieces TextPieces::In(const Clip &region) const { return {PiecesIn(masks, region), PiecesIn(bars, region)}; }
 
-bool ReserveFor(const Clip &box, Coverage &coverage) {
-    return coverage.Reserve(std::min(Coverage::BytesOf(box), kMostCoverage));
-}
-
 void Paint(cairo_t *context, const TextPieces &pieces, const Clip &box, Coverage &coverage) {
     const int width = box.right - box.left, height = box.bottom - box.top;
-    if (Coverage::BytesOf(box) > kMostCoverage) {
+    if (Coverage::BytesOf(box) > coverage.Capacity()) {
         Clip halves[] = {box, box};
         if (width > height) {
             halves[0].right = halves[1].left = box.left + width / 2;

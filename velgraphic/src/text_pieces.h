@@ -29,11 +29,8 @@ struct TextPieces {
     TextPieces In(const Clip &region) const;
 };
 
-/// Makes room for painting within `box`. False when memory is short.
-bool ReserveFor(const Clip &box, Coverage &coverage);
-
 /// Paints the context's source where the pieces cover `box`, the pixels that they may cover: each pixel once, however
-/// many pieces cover it.
+/// many pieces cover it, and in several steps where the coverage has no room for all of the box.
 void Paint(cairo_t *context, const TextPieces &pieces, const Clip &box, Coverage &coverage);
 
 }  // namespace lacquer::vel
