@@ -5,6 +5,7 @@
 
 #include "font_cache.h"
 #include "outline.h"
+#include "sample_mask.h"
 #include "state.h"
 #include "target.h"
 
@@ -49,10 +50,16 @@ private:
     /// An outline, and how far away from it the renderer draws.
     struct Placed;
 
+    /// `bytes`: what the drawing takes.
     template <class Drawing>
-    bool Render(Drawing drawing);
+    bool Render(size_t bytes, Drawing drawing);
+    /// Puts the source on the pixels that the mask covers.
+    bool DrawMask(lacquer::vel::SampleMask &mask, bool evenOdd, const lacquer::vel::Clip &visible, const Placed &figure,
+                  double reach);
     /// Whether there is what a draw needs.
     bool CanDraw() const;
+    /// The memory that the colour or the gradient takes.
+    size_t SourceBytes(const lacquer::vel::Clip &visible) const;
     /// Takes the colour, or as much of the gradient as shows within `reach` pixels around the outline.
     void SetSource(cairo_t *context, const Placed &figure, double reach) const;
 

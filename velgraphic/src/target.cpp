@@ -7,9 +7,6 @@
 namespace lacquer::vel {
 namespace {
 
-/// How far, in pixels, the lines that stand for a curve may be off.
-constexpr double kTolerance = 0.03;
-
 int Side(LONG size) { return std::min(static_cast<int>(size), static_cast<int>(kMaxSize)); }
 
 }  // namespace

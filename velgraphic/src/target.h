@@ -11,6 +11,9 @@ namespace lacquer::vel {
 
 class Target {
 public:
+    /// How far, in pixels, the lines that stand for a curve may be off.
+    static constexpr double kTolerance = 0.03;
+
     Target() = default;
     ~Target() { DropContext(); }
     Target(const Target &) = delete;
