@@ -5,6 +5,7 @@
 
 #include "font_cache.h"
 #include "outline.h"
+#include "sample_mask.h"
 #include "state.h"
 #include "target.h"
 
@@ -55,8 +56,14 @@ private:
     /// An outline, and how far away from it the renderer draws.
     struct Placed;
 
+    /// `bytes`: what the drawing takes.
     template <class Drawing>
-    bool Render(Drawing drawing);
+    bool Render(size_t bytes, Drawing drawing);
+    /// Puts the source on the pixels that the mask covers.
+    bool DrawMask(lacquer::vel::SampleMask &mask, bool evenOdd, const lacquer::vel::Clip &visible, const Placed &figure,
+                  double reach);
+    /// The memory that the colour or the gradient takes.
+    size_t SourceBytes(const lacquer::vel::Clip &visible) const;
     /// Takes the colour, or as much of the gradient as shows in the pixels that `reach` gives.
     template <class Reach>
     void SetSource(cairo_t *context, Reach reach) const;

@@ -15,6 +15,7 @@ struct Clip {
 
     bool operator==(const Clip &) const = default;
     bool IsEmpty() const { return left >= right || top >= bottom; }
+    double Area() const { return (static_cast<double>(right) - left) * (static_cast<double>(bottom) - top); }
     Clip Intersected(const Clip &other) const {
         return {std::max(left, other.left), std::max(top, other.top), std::min(right, other.right),
                 std::min(bottom, other.bottom)};

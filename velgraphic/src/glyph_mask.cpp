@@ -7,6 +7,7 @@
 #include <new>
 
 #include "memory_proof.h"
+#include "outline_cost.h"
 #include "target.h"
 
 namespace lacquer::vel {
@@ -19,9 +20,6 @@ constexpr size_t kMostBytes = size_t{1} << 20;
 /// The renderer counts in steps of this many to a pixel.
 double Rounded(double coordinate) { return std::nearbyint(coordinate * 256) / 256; }
 Point Rounded(Point p) { return {Rounded(p.x), Rounded(p.y)}; }
-
-/// What the renderer may need beside the mask: a few objects, and for each curve the lines that stand for it.
-size_t NeedOf(const Outline &outline) { return (size_t{64} << 10) + outline.Points().Size() * 1024; }
 
 }  // namespace
 
@@ -37,14 +35,16 @@ MaskResult MakeGlyphMask(FontFace &face, const GlyphKey &key, Outline &scratch, 
     mask.stride = (width + GlyphMask::kBlock - 1) & ~(GlyphMask::kBlock - 1);
     if (mask.Bytes() > kMostBytes) return MaskResult::TooLarge;
     mask.rows.reset(new (std::nothrow) uint8_t[mask.Bytes()]{});
-    if (!mask.rows || !MemoryCanBeHad(NeedOf(scratch))) return MaskResult::MemoryIsShort;
+    const Point offset{-1.0 * mask.box.left, -1.0 * mask.box.top};
+    const auto cost = DrawingCost::OfFill(scratch, offset, {0, 0, width, height});
+    if (!mask.rows || !MemoryCanBeHad(cost.Bytes())) return MaskResult::MemoryIsShort;
 
     cairo_surface_t *surface =
         cairo_image_surface_create_for_data(mask.rows.get(), CAIRO_FORMAT_A8, width, height, mask.stride);
     cairo_t *context = cairo_create(surface);
     cairo_set_tolerance(context, Target::kTolerance);
     cairo_set_antialias(context, CAIRO_ANTIALIAS_GRAY);
-    Trace(context, scratch, {-1.0 * mask.box.left, -1.0 * mask.box.top});
+    Trace(context, scratch, offset);
     cairo_fill(context);
     const bool isDone = cairo_status(context) == CAIRO_STATUS_SUCCESS;
     cairo_destroy(context);
