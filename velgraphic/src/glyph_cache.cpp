@@ -26,12 +26,14 @@ size_t GlyphCache::BucketOf(const GlyphKey &key) {
 }
 
 GlyphCache::Entry *GlyphCache::Find(const GlyphKey &key) const {
-    Entry *entry = buckets_[BucketOf(key)];
+    Entry *entry = buckets_ ? buckets_[BucketOf(key)] : nullptr;
     while (entry && !(entry->key == key)) entry = entry->nextInBucket;
     return entry;
 }
 
 GlyphCache::Entry *GlyphCache::Add(const GlyphKey &key, GlyphMask mask) {
+    if (!buckets_) buckets_.reset(new (std::nothrow) Entry *[size_t{1} << kBucketBits] {});
+    if (!buckets_) return nullptr;
     Entry *&first = buckets_[BucketOf(key)];
     Entry *entry = new (std::nothrow) Entry{key, std::move(mask), 0, first};
     if (!entry) return nullptr;
@@ -71,6 +73,7 @@ void GlyphCache::Shrink() {
         bytes_ -= entry->Bytes();
         delete entry;
     }
+    if (bound_ == 0 && bytes_ == 0) buckets_.reset();
 }
 
 size_t GlyphCache::Bytes() {

@@ -65,7 +65,7 @@ private:
     Lock lock_;
     size_t bound_, bytes_ = 0;
     Entry *oldest_ = nullptr, *newest_ = nullptr;  ///< of the idle ones: what nobody uses, by when that began
-    Entry *buckets_[size_t{1} << kBucketBits] = {};
+    std::unique_ptr<Entry *[]> buckets_;           ///< there is none before the first mask
 };
 
 /// Holds the cache's lock until Unlock, so that a call takes it once and not for each glyph.
