@@ -3,7 +3,6 @@
 
 #include <velgraphic/velgraphic.h>
 
-#include "font_cache.h"
 #include "outline.h"
 #include "state.h"
 #include "target.h"
@@ -14,7 +13,6 @@ public:
 
     lacquer::vel::State state;
     lacquer::vel::Target target;
-    lacquer::vel::FontCache fonts;
 
     velCanvas() = default;
     ~velCanvas();
