@@ -30,6 +30,11 @@ struct State {
 
     double Opacity() const { return blendValue / 255.0; }
     bool UsesGradient() const { return style == VEL_STYLE_GRADIENT_FILL || style == VEL_STYLE_GRADIENT_STROKE; }
+    /// Whether a draw changes pixels where nothing is drawn, too.
+    bool ChangesWhatIsNotCovered() const {
+        return blendMode == VEL_BLEND_SOURCE_IN || blendMode == VEL_BLEND_DESTINATION_IN ||
+               blendMode == VEL_BLEND_SOURCE_OUT || blendMode == VEL_BLEND_DESTINATION_ATOP;
+    }
     bool Strokes() const { return style == VEL_STYLE_STROKE || style == VEL_STYLE_GRADIENT_STROKE; }
 };
 
