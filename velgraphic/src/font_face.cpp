@@ -138,25 +138,44 @@ double FontFace::AdvanceOf(WORD glyph) const {
     return glyph < glyphCount_ ? hb_font_get_glyph_h_advance(shaper_, glyph) : 0;
 }
 
-const Outline *FontFace::OutlineOf(WORD glyph) {
+FontFace::CachedGlyph *FontFace::Cached(WORD glyph) {
     if (glyph >= glyphCount_) return nullptr;
     CachedGlyph &cached = glyphs_[glyph % kCachedGlyphs];
     if (cached.glyph != glyph) {
         cached.glyph = -1;
+        cached.hasInk = false;
         cached.outline.Clear();
         if (!font_->AppendGlyph(glyph, cached.outline)) return nullptr;
         cached.glyph = glyph;
     }
-    return &cached.outline;
+    return &cached;
 }
 
 bool FontFace::AppendGlyph(WORD glyph, Point origin, double scale, Outline &outline) {
     const Guard guard(lock_);
-    const Outline *shape = OutlineOf(glyph);
-    if (!shape) return true;
-    if (!imitatesBold_) return Append(*shape, origin, scale, outline);
+    const CachedGlyph *cached = Cached(glyph);
+    return !cached || AppendImitated(cached->outline, origin, scale, outline);
+}
+
+bool FontFace::FindInk(WORD glyph, Bounds *out) {
+    const Guard guard(lock_);
+    CachedGlyph *cached = Cached(glyph);
+    *out = {};
+    if (!cached) return true;
+    if (!cached->hasInk) {
+        Outline drawn;
+        if (!AppendImitated(cached->outline, {}, 1, drawn)) return false;
+        cached->ink = drawn.Extents();
+        cached->hasInk = true;
+    }
+    *out = cached->ink;
+    return true;
+}
+
+bool FontFace::AppendImitated(const Outline &glyph, Point origin, double scale, Outline &outline) const {
+    if (!imitatesBold_) return Append(glyph, origin, scale, outline);
     const Point aside{kBoldOffset / 2 * unitsPerEm_ * scale, 0};
-    return Append(*shape, origin - aside, scale, outline) && Append(*shape, origin + aside, scale, outline);
+    return Append(glyph, origin - aside, scale, outline) && Append(glyph, origin + aside, scale, outline);
 }
 
 bool FontFace::Append(const Outline &glyph, Point origin, double scale, Outline &outline) const {

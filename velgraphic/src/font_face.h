@@ -47,6 +47,8 @@ public:
     /// Appends a glyph with its origin at `origin`, `scale` pixels per unit. A glyph that the font lacks appends
     /// nothing. False when memory is short.
     bool AppendGlyph(WORD glyph, Point origin, double scale, Outline &outline);
+    /// The smallest rectangle around a glyph; all 0 when it draws nothing. False when memory is short.
+    bool FindInk(WORD glyph, Bounds *out);
 
 private:
     FontFace();
@@ -54,14 +56,18 @@ private:
     /// Makes what text is shaped with. False when memory is short.
     bool MakeShaper();
     hb_blob_t *Table(hb_tag_t tag);
-    /// Null when the font lacks the glyph or memory is short. Valid until the next call.
-    const Outline *OutlineOf(WORD glyph);
-    bool Append(const Outline &glyph, Point origin, double scale, Outline &outline) const;
-
     struct CachedGlyph {
         int glyph = -1;
         Outline outline;
+        bool hasInk = false;
+        Bounds ink;
     };
+
+    /// Null when the font lacks the glyph or memory is short. Valid until the next call.
+    CachedGlyph *Cached(WORD glyph);
+    bool AppendImitated(const Outline &glyph, Point origin, double scale, Outline &outline) const;
+    bool Append(const Outline &glyph, Point origin, double scale, Outline &outline) const;
+
     static constexpr int kCachedGlyphs = 128;
 
     const uint64_t id_;

@@ -125,7 +125,7 @@ FontFace *TextRun::FaceFor(size_t begin, size_t end, uint32_t script, FontFace *
     const uint32_t *missing = FirstMissing(Main(), first, last);
     if (!missing || fonts_ == Fonts::OneOnly) return &Main();
     if (!FirstMissing(*before, first, last)) return before;
-    auto found = lacquer::vel::Fonts().FindFallback(name_, *missing, script);
+    auto found = lacquer::vel::Fonts().FindFallback(state_.font, *missing, script);
     // For a mark of another font the letter has to come from there as well.
     if (!found || (missing != first && FirstMissing(*found, first, last))) return &Main();
     FontFace *kept = Keep(std::move(found));
@@ -193,12 +193,9 @@ bool TextRun::AppendItem(const Item &item, hb_buffer_t *buffer) {
     return true;
 }
 
-bool TextRun::Shape(std::span<const WCHAR> text, const FontName &name, double size, Point origin, Fonts fonts) {
-    name_ = name;
-    size_ = size;
-    origin_ = origin;
+bool TextRun::Shape(std::span<const WCHAR> text, Fonts fonts) {
     fonts_ = fonts;
-    faces_[0] = lacquer::vel::Fonts().Find(name);
+    faces_[0] = lacquer::vel::Fonts().Find(state_.font);
     // HarfBuzz asks for little by little, and more than once does without.
     constexpr size_t kMemory = size_t{64} << 10, kMemoryPerUnit = 256;
     if (!faces_[0] || !MemoryCanBeHad(kMemory + kMemoryPerUnit * text.size())) return false;
@@ -214,7 +211,7 @@ bool TextRun::Shape(std::span<const WCHAR> text, const FontName &name, double si
 bool TextRun::AppendBars(Buffer<BarPlacement> &bars) const {
     const double scale = size_ / Main().UnitsPerEm();
     const auto append = [&](DWORD bit, const Bar &bar) {
-        if ((name_.style & bit) == 0 || advance_ <= 0) return true;
+        if ((state_.font.style & bit) == 0 || advance_ <= 0) return true;
         return bars.Append({origin_, origin_.x + advance_, {scale * bar.top, scale * bar.thickness}});
     };
     return append(VEL_FONT_UNDERLINE, Main().Underline()) && append(VEL_FONT_STRIKE_OUT, Main().StrikeOut());
@@ -234,16 +231,18 @@ bool TextRun::Measure(velTextExtent *out) const {
         ink.low = {std::min(ink.low.x, low.x), std::min(ink.low.y, low.y)};
         ink.high = {std::max(ink.high.x, high.x), std::max(ink.high.y, high.y)};
     };
-    Outline outline;
     const FontFace *before = nullptr;
+    double scale = 0;
     for (const auto &[face, glyph, place] : glyphs_) {
-        if (face != before) include(*face);
-        before = face;
-        outline.Clear();
-        if (!face->AppendGlyph(glyph, place - origin_, size_ / face->UnitsPerEm(), outline)) return false;
-        if (outline.Verbs().Size() == 0) continue;
-        const auto [low, high] = outline.Extents();
-        cover(low, high);
+        if (face != before) {
+            include(*face);
+            before = face;
+            scale = size_ / face->UnitsPerEm();
+        }
+        Bounds drawn;
+        if (!face->FindInk(glyph, &drawn)) return false;
+        const Point origin = PlaceOnPixels(state_, place - origin_);
+        if (drawn.low != drawn.high) cover(origin + scale * drawn.low, origin + scale * drawn.high);
     }
     Buffer<BarPlacement> bars;
     if (!AppendBars(bars)) return false;

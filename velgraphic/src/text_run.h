@@ -7,9 +7,9 @@
 #include <span>
 
 #include "buffer.h"
-#include "font_name.h"
 #include "glyph_drawing.h"
 #include "shared.h"
+#include "state.h"
 
 namespace lacquer::vel {
 
@@ -21,13 +21,14 @@ public:
 
     enum class Fonts { OneOnly, WithFallbacks };
 
-    TextRun() = default;
     TextRun(const TextRun &) = delete;
     TextRun &operator=(const TextRun &) = delete;
 
-    /// Once for each object. `size`: of the em square, pixels. False when there is no such font and when memory is
-    /// short.
-    bool Shape(std::span<const WCHAR> text, const FontName &name, double size, Point origin, Fonts fonts);
+    /// `state`: stays as long as the run and says the font, its size and how text is drawn.
+    TextRun(const State &state, Point origin)
+        : state_(state), size_(static_cast<double>(state.textSize)), origin_(origin) {}
+    /// Once for each object. False when there is no such font and when memory is short.
+    bool Shape(std::span<const WCHAR> text, Fonts fonts);
 
     /// The faces stay as long as the run.
     std::span<const GlyphPlacement> Glyphs() const { return {glyphs_.begin(), glyphs_.Size()}; }
@@ -51,9 +52,10 @@ private:
     static constexpr int kMaxFaces = 32;
 
     Reference<FontFace> faces_[kMaxFaces];
-    FontName name_;
-    double size_ = 0, advance_ = 0;
-    Point origin_;
+    const State &state_;
+    const double size_;
+    const Point origin_;
+    double advance_ = 0;
     Fonts fonts_ = Fonts::OneOnly;
     Buffer<uint32_t> characters_;
     Buffer<GlyphPlacement> glyphs_;

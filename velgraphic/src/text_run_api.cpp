@@ -20,12 +20,9 @@ bool FindLength(const WCHAR *text, int &length) {
     return length >= 0 && length <= TextRun::kMaxLength && (text || length == 0);
 }
 
-/// Shapes a text as a canvas's state says. False without a canvas, too.
-bool Shape(const velCanvas *canvas, const WCHAR *text, int length, Point origin, TextRun::Fonts fonts, TextRun &run) {
-    if (!canvas || !FindLength(text, length)) return false;
-    const lacquer::vel::State &state = canvas->state;
-    return run.Shape({text, static_cast<size_t>(length)}, state.font, static_cast<double>(state.textSize), origin,
-                     fonts);
+/// False for a text that is refused, too.
+bool Shape(TextRun &run, const WCHAR *text, int length, TextRun::Fonts fonts) {
+    return FindLength(text, length) && run.Shape({text, static_cast<size_t>(length)}, fonts);
 }
 
 }  // namespace
@@ -36,26 +33,26 @@ int velCanvasDrawTextRun(velCanvas *canvas, const WCHAR *text, int length, float
         !InRange(origin + canvas->state.translation)) {
         return 0;
     }
-    TextRun run;
+    TextRun run(canvas->state, origin);
     Buffer<BarPlacement> bars;
-    return Shape(canvas, text, length, origin, TextRun::Fonts::WithFallbacks, run) && run.AppendBars(bars) &&
+    return Shape(run, text, length, TextRun::Fonts::WithFallbacks) && run.AppendBars(bars) &&
            lacquer::vel::DrawGlyphs(*canvas, run.Glyphs(), {bars.begin(), bars.Size()});
 }
 
 int velCanvasMeasureTextRun(velCanvas *canvas, const WCHAR *text, int length, velTextExtent *out) {
-    if (!out) return 0;
-    TextRun run;
+    if (!canvas || !out) return 0;
+    TextRun run(canvas->state, {});
     velTextExtent extent{};
-    if (!Shape(canvas, text, length, {}, TextRun::Fonts::WithFallbacks, run) || !run.Measure(&extent)) return 0;
+    if (!Shape(run, text, length, TextRun::Fonts::WithFallbacks) || !run.Measure(&extent)) return 0;
     *out = extent;
     return 1;
 }
 
 int velCanvasGetTextGlyphs(velCanvas *canvas, const WCHAR *text, int length, WORD *glyphs, velPointF *positions,
                            int capacity) {
-    if (capacity < 0 || (capacity > 0 && (!glyphs || !positions))) return 0;
-    TextRun run;
-    if (!Shape(canvas, text, length, {}, TextRun::Fonts::OneOnly, run)) return 0;
+    if (!canvas || capacity < 0 || (capacity > 0 && (!glyphs || !positions))) return 0;
+    TextRun run(canvas->state, {});
+    if (!Shape(run, text, length, TextRun::Fonts::OneOnly)) return 0;
     for (const auto &[face, glyph, origin] : run.Glyphs()) {
         if (capacity-- == 0) break;
         *glyphs++ = glyph;
