@@ -101,7 +101,7 @@ TEST(VelTextTest, WhatCannotBeSetOrDrawnIsRefused) {
     EXPECT_EQ(0, velCanvasGetFontMetrics(painting, &number, &number, &number));
     EXPECT_EQ(-1.0f, number);
     EXPECT_EQ(0, DrawText(painting, "x", 1, 20));
-    for (const size_t length : {0u, 31u, 32u, 1000u}) {
+    for (const size_t length : {31u, 32u, 1000u}) {
         EXPECT_EQ(length == 31, velCanvasSetFontFaceName(painting, Utf16(std::string(length, 'x')).data()));
     }
     // Glyphs that the font lacks draw nothing; sizes at the limit draw what can be seen.

@@ -3,7 +3,6 @@
 
 #include <velgraphic/velgraphic.h>
 
-#include "font_cache.h"
 #include "outline.h"
 #include "sample_mask.h"
 #include "state.h"
@@ -15,7 +14,6 @@ public:
 
     lacquer::vel::State state;
     lacquer::vel::Target target;
-    lacquer::vel::FontCache fonts;
 
     velCanvas() = default;
     ~velCanvas();

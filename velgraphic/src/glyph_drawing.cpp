@@ -79,7 +79,7 @@ private:
         const auto &[origin, right, bar] = placement;
         const Point low = OnPixels(origin);
         // A bar goes with its glyphs to the nearest row.
-        const double y = (StandsOnPixels(state_) ? Spot::NearestTo(low).y : low.y) + bar.top;
+        const double y = PlaceOnPixels(state_, low).y + bar.top;
         return {{low.x, y}, {right + state_.translation.x, y + bar.thickness}};
     }
 
@@ -181,7 +181,7 @@ bool Text::DrawOutlines() {
     Outline &outline = canvas_.Scratch();
     const bool areAppended = ForEachSeen([&](const GlyphPlacement &placement, Point origin, double scale) {
         const auto &[face, glyph, logical] = placement;
-        const Point place = StandsOnPixels(state_) ? Spot::NearestTo(origin).Origin() - state_.translation : logical;
+        const Point place = StandsOnPixels(state_) ? PlaceOnPixels(state_, origin) - state_.translation : logical;
         return face->AppendGlyph(glyph, place, scale, outline) && outline.Verbs().Size() <= kMostSegments;
     });
     if (!areAppended) return false;
@@ -199,6 +199,10 @@ bool Text::DrawOutlines() {
 }
 
 }  // namespace
+
+Point PlaceOnPixels(const State &state, Point origin) {
+    return StandsOnPixels(state) ? Spot::NearestTo(origin).Origin() : origin;
+}
 
 bool DrawGlyphs(velCanvas &canvas, std::span<const GlyphPlacement> glyphs, std::span<const BarPlacement> bars) {
     const auto canBeDrawn = [&](Point origin) { return InRange(origin + canvas.state.translation); };

@@ -4,6 +4,7 @@
 #include <span>
 
 #include "font_face.h"
+#include "state.h"
 
 namespace lacquer::vel {
 
@@ -27,5 +28,9 @@ struct BarPlacement {
 /// away after the translation, when the canvas has no bitmap or no gradient that its style asks for, and when memory
 /// is short.
 bool DrawGlyphs(velCanvas &canvas, std::span<const GlyphPlacement> glyphs, std::span<const BarPlacement> bars);
+
+/// Where a state's text stands that has its origin at a position on the pixels: where it is, or, drawn through masks,
+/// on the nearest row and quarter of a column.
+Point PlaceOnPixels(const State &state, Point origin);
 
 }  // namespace lacquer::vel

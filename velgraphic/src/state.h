@@ -5,17 +5,11 @@
 
 #include "clip.h"
 #include "dash.h"
+#include "font_name.h"
 #include "gradient.h"
 #include "shared.h"
 
 namespace lacquer::vel {
-
-/// A font's family and its style bits.
-struct FontName {
-    static constexpr int kCapacity = 32;
-    WCHAR family[kCapacity] = {};
-    DWORD style = 0;
-};
 
 struct State {
     DWORD style = VEL_STYLE_FILL;

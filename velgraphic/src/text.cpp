@@ -1,14 +1,17 @@
 // The exports about text: glyphs of a string, measures of a font, and drawing glyph runs.
 
 #include "canvas.h"
+#include "font_store.h"
 #include "glyph_drawing.h"
 
 using lacquer::vel::Bar;
 using lacquer::vel::BarPlacement;
 using lacquer::vel::Buffer;
 using lacquer::vel::FontFace;
+using lacquer::vel::Fonts;
 using lacquer::vel::GlyphPlacement;
 using lacquer::vel::Point;
+using lacquer::vel::Reference;
 
 namespace {
 
@@ -32,11 +35,11 @@ bool AppendBars(const Buffer<GlyphPlacement> &glyphs, double scale, const Bar &b
 int velCanvasDrawPosTextByGlyphs(velCanvas *canvas, const WORD *glyphs, int count, const velPointF *positions) {
     if (!canvas || !glyphs || !positions || count < 0) return 0;
     const lacquer::vel::State &state = canvas->state;
-    FontFace *face = canvas->fonts.Find(state.font);
+    const Reference<FontFace> face = Fonts().Find(state.font);
     if (!face) return 0;
     Buffer<GlyphPlacement> placed;
     if (!placed.Reserve(static_cast<size_t>(count))) return 0;
-    for (int i = 0; i < count; ++i) placed.Append({face, glyphs[i], {positions[i].x, positions[i].y}});
+    for (int i = 0; i < count; ++i) placed.Append({face.Get(), glyphs[i], {positions[i].x, positions[i].y}});
     Buffer<BarPlacement> bars;
     const double scale = static_cast<double>(state.textSize) / face->UnitsPerEm();
     if ((state.font.style & VEL_FONT_UNDERLINE) && !AppendBars(placed, scale, face->Underline(), bars)) return 0;
@@ -46,7 +49,7 @@ int velCanvasDrawPosTextByGlyphs(velCanvas *canvas, const WORD *glyphs, int coun
 
 int velCanvasGetGlyphs(velCanvas *canvas, const WCHAR *text, int length, WORD *glyphs, velPointF *advances) {
     if (!canvas || !text || length < 0 || !glyphs) return 0;
-    const FontFace *face = canvas->fonts.Find(canvas->state.font);
+    const Reference<FontFace> face = Fonts().Find(canvas->state.font);
     if (!face) return 0;
     const double scale = static_cast<double>(canvas->state.textSize) / face->UnitsPerEm();
     for (int i = 0; i < length; ++i) {
@@ -59,7 +62,7 @@ int velCanvasGetGlyphs(velCanvas *canvas, const WCHAR *text, int length, WORD *g
 
 int velCanvasGetFontMetrics(velCanvas *canvas, float *ascent, float *descent, float *lineHeight) {
     if (!canvas) return 0;
-    const FontFace *face = canvas->fonts.Find(canvas->state.font);
+    const Reference<FontFace> face = Fonts().Find(canvas->state.font);
     if (!face) return 0;
     const double scale = static_cast<double>(canvas->state.textSize) / face->UnitsPerEm();
     if (ascent) *ascent = static_cast<float>(scale * face->Ascent());
