@@ -24,6 +24,9 @@ Point Rounded(Point p) { return {Rounded(p.x), Rounded(p.y)}; }
 }  // namespace
 
 MaskResult MakeGlyphMask(FontFace &face, const GlyphKey &key, Outline &scratch, GlyphMask &mask) {
+    // A font that has no memory to read a glyph looks like one without the glyph.
+    constexpr size_t kOfReading = size_t{120} << 10;
+    if (!MemoryCanBeHad(kOfReading)) return MaskResult::MemoryIsShort;
     scratch.Clear();
     const double scale = static_cast<double>(key.size) / face.UnitsPerEm();
     if (!face.AppendGlyph(key.glyph, {key.quarter / 4.0, 0}, scale, scratch)) return MaskResult::MemoryIsShort;
