@@ -636,7 +636,9 @@ LACQUER_API int DrawPath(HGCANVAS canvas, velPath *path);
 LACQUER_API int DrawLottie(HGCANVAS canvas, velLottie *lottie, float frame, float x, float y, float width,
                            float height);
 
-/* Glyphs by the font's own indices, each with the origin of its baseline. */
+/* Glyphs by the font's own indices, each with the origin of its baseline. Smooth text of at most 256 pixels stands in
+ * the nearest whole row, at the nearest quarter of a column; all glyphs of a call are one shape. Refused, as a text
+ * from a string is, when larger outlines have more than 1,000,000 lines and curves inside the clip. */
 LACQUER_API int DrawPosTextByGlyphs(HGCANVAS canvas, const WORD *glyphs, int count, const velPointF *positions);
 
 /* A line of text from a string of `length` UTF-16 units, at most 65,535 (-1: up to the terminating zero), with the
