@@ -44,6 +44,17 @@ int DrawText(velCanvas *canvas) {
            velCanvasDrawPosTextByGlyphs(canvas, glyphs, 4, kPlaces);
 }
 
+/// Text in three scripts, one of which most fonts lack.
+int DrawRun(velCanvas *canvas) {
+    constexpr WCHAR kText[] = {'T', 'o', ' ', 'f', 'i', 0x5D0, 0x5D1, ' ', 0x915, 0x94D, 0x937, 0x1EA8, 0};
+    velTextExtent extent{};
+    return velCanvasSetTextSize(canvas, 60) && velCanvasDrawTextRun(canvas, kText, -1, 9, 90) &&
+           velCanvasMeasureTextRun(canvas, kText, -1, &extent);
+}
+
+/// The same when the fonts are known.
+int DrawRunAgain(velCanvas *canvas) { return DrawRun(canvas); }
+
 int DrawGradient(velCanvas *canvas) {
     velGradient *gradient = velGradientCreateRadial(256, 256, 200);
     bool isBuilt = gradient && velCanvasSetGradient(canvas, gradient);
@@ -74,6 +85,8 @@ const struct {
     {"filled polygon", VEL_STYLE_FILL, DrawPolygon, 8},
     {"gradient", VEL_STYLE_GRADIENT_FILL, DrawGradient, 4},
     {"text", VEL_STYLE_FILL, DrawText, 256},
+    {"run", VEL_STYLE_FILL, DrawRun, 256},
+    {"run again", VEL_STYLE_FILL, DrawRunAgain, 8},
     {"animation", VEL_STYLE_FILL, DrawAnimation, 1024, 30},
 };
 
@@ -133,6 +146,11 @@ TEST(AddressSpaceTest, DrawingRefusesWithLittleLeft) {
         velBitmap *bitmap = velBitmapCreateFromData(pixels, kSide, kSide, kSide * 4);
         ASSERT_TRUE(velCanvasSetBitmap(canvas, bitmap) && velCanvasSetDrawStyle(canvas, kind.style) &&
                     velCanvasSetStrokeWidth(canvas, 9));
+        if (kind.draw == DrawRunAgain) {
+            velTextExtent extent{};
+            constexpr WCHAR kOther[] = {'a', 0x5D2, 0x916, 0};
+            EXPECT_TRUE(velCanvasMeasureTextRun(canvas, kOther, -1, &extent));
+        }
         int crashed = 0, drawn = 0;
         for (size_t i = 0; i < kAmounts; ++i) {
             const int status = DrawWith(i * kind.step, canvas, kind.draw);
