@@ -41,8 +41,9 @@ bool SystemHas(size_t bytes) { return HeapHas(bytes); }
 bool MemoryCanBeHad(size_t bytes) {
     if (bytes <= kHeapPiece) return HeapHas(bytes);
     // The heap grows by more than it is asked for, and pieces on their own by whole pages.
-    constexpr size_t kMargin = size_t{256} << 10;
-    return bytes <= SIZE_MAX - kMargin && HeapHas(kHeapPiece) && SystemHas(bytes + kMargin);
+    constexpr size_t kMargin = size_t{160} << 10;
+    if (bytes <= SIZE_MAX - kMargin && HeapHas(kHeapPiece) && SystemHas(bytes + kMargin)) return true;
+    return HeapHas(bytes);
 }
 
 }  // namespace lacquer::vel

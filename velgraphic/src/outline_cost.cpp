@@ -35,40 +35,43 @@ public:
 
     void Stroke(const Outline::Figure &figure, const StrokeForm &form, double dashesPerLength) {
         half_ = form.Half();
-        pen_ = form.cap == VEL_CAP_ROUND || form.join == VEL_JOIN_ROUND ? PenPoints() : 0;
-        const double joinPen = form.join == VEL_JOIN_ROUND ? pen_ : 4, capPen = form.cap == VEL_CAP_ROUND ? pen_ : 4;
+        // Of half the circle that a round end is.
+        const double pen = 4 + std::numbers::pi * std::sqrt(half_ / (2 * Target::kTolerance));
+        const double joinPen = form.join == VEL_JOIN_ROUND ? pen : 4, capPen = form.cap == VEL_CAP_ROUND ? pen : 4;
         Point from = figure.start, direction;
-        const auto line = [&](Point to) {
+        const auto follow = [&](Point to, double penAtStart) {
             const Point step = to - from;
             const double length = Length(step);
             if (!(length > 0)) return;
             const Point next = 1 / length * step;
             // The sine of half the angle, which is at least the angle's part of a half circle.
             const Point turn = next - direction;
-            AddCorner(joinPen * std::min(1.0, Length(turn) / 2), from);
+            AddCorner(penAtStart * std::min(1.0, Length(turn) / 2), from);
             direction = next;
             AddEdges(2, from, to);
             const double dashes = length * dashesPerLength;
             AddCorners(dashes * capPen, dashes, from, to);
             from = to;
         };
-        figure.ForEach(line, [&](const Point *p) {
-            const double lines = LinesOf({from, p[0], p[1], p[2]});
-            if (pen_ == 0) pen_ = PenPoints();
-            cost_.edges_ += 2 * lines + 2 * pen_;
-            for (int i = 0; i < 3; ++i) line(p[i]);
-        });
-        if (figure.isClosed) line(figure.start);
+        figure.ForEach([&](Point to) { follow(to, joinPen); },
+                       [&](const Point *p) {
+                           cost_.edges_ += 2 * LinesOf({from, p[0], p[1], p[2]});
+                           follow(p[0], joinPen);
+                           // The curve turns no more than this, and is drawn with a round pen.
+                           follow(p[1], pen);
+                           follow(p[2], pen);
+                       });
+        if (figure.isClosed) follow(figure.start, joinPen);
         for (const Point end : {figure.start, from}) AddCorner(capPen, end);
     }
 
 private:
-    /// At most how many lines stand for a curve.
+    /// How many lines stand for a curve, which is halved until they are close enough.
     static double LinesOf(const Bezier &curve) {
-        return 2 * std::sqrt(std::max(1.0, curve.MostBend() / Target::kTolerance));
+        double lines = 1;
+        for (double bend = curve.MostBend(); bend > Target::kTolerance && lines < 0x1p20; bend /= 4) lines *= 2;
+        return lines;
     }
-    /// Of half the circle that a round end is.
-    double PenPoints() const { return 4 + std::numbers::pi * std::sqrt(half_ / (2 * Target::kTolerance)); }
 
     void AddEdges(double count, Point from, Point to) {
         const auto [left, right] = std::minmax(from.x, to.x);
@@ -98,7 +101,7 @@ private:
 
     DrawingCost &cost_;
     const Point low_, high_;
-    double half_ = 0, pen_ = 0;
+    double half_ = 0;
 };
 
 DrawingCost DrawingCost::OfFill(const Outline &outline, Point offset, const Clip &visible) {
