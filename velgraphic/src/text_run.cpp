@@ -208,6 +208,12 @@ bool TextRun::Shape(std::span<const WCHAR> text, Fonts fonts) {
     return true;
 }
 
+void TextRun::DropDistantGlyphs() {
+    GlyphPlacement *const begin = glyphs_.Data(), *const end = begin + glyphs_.Size();
+    const auto isDistant = [&](const GlyphPlacement &glyph) { return !InRange(glyph.origin + state_.translation); };
+    glyphs_.Truncate(static_cast<size_t>(std::remove_if(begin, end, isDistant) - begin));
+}
+
 bool TextRun::AppendBars(Buffer<BarPlacement> &bars) const {
     const double scale = size_ / Main().UnitsPerEm();
     const auto append = [&](DWORD bit, const Bar &bar) {

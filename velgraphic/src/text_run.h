@@ -32,8 +32,8 @@ public:
 
     /// The faces stay as long as the run.
     std::span<const GlyphPlacement> Glyphs() const { return {glyphs_.begin(), glyphs_.Size()}; }
-    /// Pixels.
-    double Advance() const { return advance_; }
+    /// Drops glyphs that lie too far away to be drawn.
+    void DropDistantGlyphs();
     /// Appends the bars of the font's style. False when memory is short.
     bool AppendBars(Buffer<BarPlacement> &bars) const;
     /// Fills in a record that is all 0. False when memory is short.

@@ -35,8 +35,9 @@ int velCanvasDrawTextRun(velCanvas *canvas, const WCHAR *text, int length, float
     }
     TextRun run(canvas->state, origin);
     Buffer<BarPlacement> bars;
-    return Shape(run, text, length, TextRun::Fonts::WithFallbacks) && run.AppendBars(bars) &&
-           lacquer::vel::DrawGlyphs(*canvas, run.Glyphs(), {bars.begin(), bars.Size()});
+    if (!Shape(run, text, length, TextRun::Fonts::WithFallbacks) || !run.AppendBars(bars)) return 0;
+    run.DropDistantGlyphs();
+    return lacquer::vel::DrawGlyphs(*canvas, run.Glyphs(), {bars.begin(), bars.Size()});
 }
 
 int velCanvasMeasureTextRun(velCanvas *canvas, const WCHAR *text, int length, velTextExtent *out) {
