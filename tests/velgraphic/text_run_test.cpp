@@ -97,7 +97,7 @@ TEST(VelTextRunTest, DirectionsAreOrdered) {
         {u"\u05D0\u05D1 ab 12", u"ab 12 \u05D1\u05D0"},
         {u"\u05D0(\u05D1)", u"(\u05D1)\u05D0"},
         {u"(ab) \u05D0", u"(ab) \u05D0"},
-        {u"\u05D0 a\tb", u"ba \u05D0"},
+        {u"\u05D0 a\tb ", u" ba \u05D0"},
         {u"12 \u05D0\u05D1", u"\u05D1\u05D0 12"},
         {u"a \u05D0 b \u05D1", u"a \u05D0 b \u05D1"},
         {u"\u05D0\u05D1,\u05D2 x", u"x \u05D2,\u05D1\u05D0"},

@@ -61,9 +61,7 @@ bool AppendLevels(const Buffer<uint32_t> &characters, Buffer<int8_t> &levels) {
     static_assert(sizeof(FriBidiLevel) == sizeof(int8_t));
     FriBidiParType base = FRIBIDI_PAR_ON;
     auto *const found = reinterpret_cast<FriBidiLevel *>(levels.Data());
-    return fribidi_get_par_embedding_levels_ex(types.begin(), brackets.begin(), length, &base, found) != 0 &&
-           // Spaces at the end go with the base direction.
-           fribidi_reorder_line(FRIBIDI_FLAGS_DEFAULT, types.begin(), length, 0, base, found, nullptr, nullptr) != 0;
+    return fribidi_get_par_embedding_levels_ex(types.begin(), brackets.begin(), length, &base, found) != 0;
 }
 
 }  // namespace lacquer::vel
