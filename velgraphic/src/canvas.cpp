@@ -3,7 +3,6 @@
 #include "canvas.h"
 
 #include <new>
-#include <numbers>
 
 #include "clip_geometry.h"
 #include "colour.h"
@@ -42,14 +41,6 @@ static_assert(VEL_JOIN_MITER == int{CAIRO_LINE_JOIN_MITER} && VEL_JOIN_ROUND == 
 
 /// The memory that every drawing takes.
 constexpr size_t kOfAnyDrawing = size_t{64} << 10;
-
-/// How far a stroke reaches from its lines.
-double StrokeReach(const State &state) {
-    constexpr double kMiterLimit = 10;  // the renderer's own, which stays as it is
-    const double corner = state.join == VEL_JOIN_MITER ? kMiterLimit : 1;
-    const double end = state.cap == VEL_CAP_SQUARE ? std::numbers::sqrt2 : 1;
-    return static_cast<double>(state.strokeWidth) / 2 * std::max(corner, end);
-}
 
 void Trace(cairo_t *context, const Outline &outline, Point offset) {
     const Point *next = outline.Points().begin();
@@ -179,7 +170,7 @@ bool velCanvas::Stroke(const Outline &outline) {
     const Clip visible = target.Visible(state.clip);
     if (visible.IsEmpty()) return true;
     const StrokeForm form{static_cast<double>(state.strokeWidth), state.cap, state.join};
-    const double reach = StrokeReach(state);
+    const double reach = form.Reach();
     Dashes dashes = Dashes::Of(state.dashStyle, form.width, state.dashes.Get());
     Placed figure{&outline, state.translation};
     const auto clip = [&] {

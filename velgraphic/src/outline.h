@@ -67,6 +67,8 @@ public:
 
     /// The smallest rectangle around lines and curves; zeros when empty.
     Bounds Extents() const;
+    /// The rectangle around all points; zeros when empty.
+    Bounds Hull() const;
     /// Whether the renderer can draw the figures moved by `offset` as they are.
     bool SuitsRenderer(Point offset) const;
     /// At least the length of all lines and curves.
