@@ -124,7 +124,7 @@ void velCanvas::SetSource(cairo_t *context, const Placed &figure, double reach) 
     const Clip visible = target.Visible(state.clip);
     cairo_pattern_t *pattern = nullptr;
     if (gradient.SuitsRenderer(state.translation, visible)) {
-        pattern = gradient.Pattern(state.translation, state.Opacity());
+        pattern = pattern_.Of(state.gradient, state.translation, state.Opacity());
     } else {
         const auto [low, high] = figure.outline->Extents();
         const Point margin{reach + 1, reach + 1};
@@ -144,9 +144,9 @@ bool velCanvas::Fill(const Outline &outline, DWORD fillType) {
     const Clip visible = target.Visible(state.clip);
     if (visible.IsEmpty()) return true;
     Placed figure{&outline, state.translation};
-    if (!outline.SuitsRenderer(state.translation)) {
+    if (!outline.SuitsRenderer(state.translation) || outline.IsTooLong()) {
         clipped_.Clear();
-        if (!ClipFill(outline, View(visible, state.translation, 0), clipped_)) return false;
+        if (!ClipFill(outline, View(visible, state.translation, 0), clipped_) || clipped_.IsTooLong()) return false;
         figure = {&clipped_, {}};
     }
     const bool evenOdd = fillType == VEL_FILL_EVEN_ODD;
@@ -176,11 +176,13 @@ bool velCanvas::Stroke(const Outline &outline) {
     const auto clip = [&] {
         clipped_.Clear();
         if (!ClipStroke(outline, View(visible, state.translation, reach), dashes, clipped_)) return false;
+        if (clipped_.IsTooLong()) return false;
         figure = {&clipped_, {}};
         if (dashes) dashes = Dashes::Whole();
         return true;
     };
-    if (!outline.SuitsRenderer(state.translation) || (dashes && dashes.AreTooMany(outline.LengthAtMost()))) {
+    if (!outline.SuitsRenderer(state.translation) || outline.IsTooLong() ||
+        (dashes && dashes.AreTooMany(outline.LengthAtMost()))) {
         if (!clip()) return false;
     }
     const auto cost = DrawingCost::OfStroke(*figure.outline, figure.offset, visible, form, dashes);

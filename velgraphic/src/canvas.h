@@ -65,4 +65,5 @@ private:
 
     SavedState *saved_ = nullptr;
     Outline scratch_, clipped_;
+    mutable lacquer::vel::KeptPattern pattern_;
 };
