@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cmath>
 #include <string>
+#include <thread>
 
 #include "painting.h"
 
@@ -269,6 +270,27 @@ TEST(VelTextRunTest, TheWorkOfARunIsBounded) {
         EXPECT_EQ(1, velCanvasDrawTextRun(painting, Units(text), -1, 3, 20));
         EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)) << "2 s where nothing else runs";
     }
+}
+
+TEST(VelTextRunTest, ThreadsShareFonts) {
+    constexpr int kThreads = 4, kRounds = 60;
+    const auto pictureOf = [](int number) {
+        constexpr const char *kFamilies[] = {kSans, kSerif, "DejaVu Sans Mono", "No Such Family"};
+        Painting painting(64, 32);
+        SetFont(painting, kFamilies[number % 4], static_cast<float>(9 + number % 5), static_cast<DWORD>(number % 8));
+        const Text text = u"Run \u05D0\u0628\u0915" + Text(1, static_cast<char16_t>(u'a' + number % 20));
+        EXPECT_EQ(number % 4 != 3, velCanvasDrawTextRun(painting, Units(text), -1, 2, 20));
+        return painting.Pixels();
+    };
+    std::vector<std::vector<uint32_t>> drawn(kThreads * kRounds);
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < kThreads; ++thread) {
+        threads.emplace_back([&, thread] {
+            for (int i = 0; i < kRounds; ++i) drawn[static_cast<size_t>(thread * kRounds + i)] = pictureOf(i);
+        });
+    }
+    for (std::thread &thread : threads) thread.join();
+    for (int i = 0; i < kThreads * kRounds; ++i) EXPECT_EQ(pictureOf(i % kRounds), drawn[static_cast<size_t>(i)]) << i;
 }
 
 #ifndef _WIN32

@@ -123,10 +123,14 @@ bool PlaceOf(FcPattern *font, FontPlace *out) {
     return true;
 }
 
-/// Whether a font has outlines, and is not a whole family that varies: its instances are listed as well.
+/// Whether a font has outlines and OpenType's tables, and is not a whole family that varies: its instances are listed
+/// as well.
 bool CanBeUsed(FcPattern *font) {
     FcBool hasOutlines = FcFalse, isVariable = FcFalse;
+    FcChar8 *format = nullptr;
     return FcPatternGetBool(font, FC_OUTLINE, 0, &hasOutlines) == FcResultMatch && hasOutlines &&
+           FcPatternGetString(font, FC_FONTFORMAT, 0, &format) == FcResultMatch &&
+           (FcStrCmp(format, Utf8("TrueType")) == 0 || FcStrCmp(format, Utf8("CFF")) == 0) &&
            (FcPatternGetBool(font, FC_VARIABLE, 0, &isVariable) != FcResultMatch || !isVariable);
 }
 
