@@ -3,7 +3,6 @@
 #include "canvas.h"
 
 #include <new>
-#include <numbers>
 
 #include "clip_geometry.h"
 #include "colour.h"
@@ -40,14 +39,6 @@ static_assert(VEL_JOIN_MITER == int{CAIRO_LINE_JOIN_MITER} && VEL_JOIN_ROUND == 
 
 /// The memory that every drawing takes.
 constexpr size_t kOfAnyDrawing = size_t{64} << 10;
-
-/// How far a stroke reaches from its lines.
-double StrokeReach(const State &state) {
-    constexpr double kMiterLimit = 10;  // the renderer's own, which stays as it is
-    const double corner = state.join == VEL_JOIN_MITER ? kMiterLimit : 1;
-    const double end = state.cap == VEL_CAP_SQUARE ? std::numbers::sqrt2 : 1;
-    return static_cast<double>(state.strokeWidth) / 2 * std::max(corner, end);
-}
 
 }  // namespace
 
@@ -125,7 +116,7 @@ void velCanvas::SetSource(cairo_t *context, Reach reach) const {
     const Clip visible = target.Visible(state.clip);
     cairo_pattern_t *pattern = nullptr;
     if (gradient.SuitsRenderer(state.translation, visible)) {
-        pattern = gradient.Pattern(state.translation, state.Opacity());
+        pattern = pattern_.Of(state.gradient, state.translation, state.Opacity());
     } else {
         pattern = gradient.Painted(reach().Intersected(visible), state.translation, state.Opacity());
     }
@@ -142,9 +133,9 @@ bool velCanvas::Fill(const Outline &outline, DWORD fillType) {
     const Clip visible = target.Visible(state.clip);
     if (visible.IsEmpty()) return true;
     Placed figure{&outline, state.translation};
-    if (!outline.SuitsRenderer(state.translation)) {
+    if (!outline.SuitsRenderer(state.translation) || outline.IsTooLong()) {
         clipped_.Clear();
-        if (!ClipFill(outline, View(visible, state.translation, 0), clipped_)) return false;
+        if (!ClipFill(outline, View(visible, state.translation, 0), clipped_) || clipped_.IsTooLong()) return false;
         figure = {&clipped_, {}};
     }
     const bool evenOdd = fillType == VEL_FILL_EVEN_ODD;
@@ -168,17 +159,19 @@ bool velCanvas::Stroke(const Outline &outline) {
     const Clip visible = target.Visible(state.clip);
     if (visible.IsEmpty()) return true;
     const StrokeForm form{static_cast<double>(state.strokeWidth), state.cap, state.join};
-    const double reach = StrokeReach(state);
+    const double reach = form.Reach();
     Dashes dashes = Dashes::Of(state.dashStyle, form.width, state.dashes.Get());
     Placed figure{&outline, state.translation};
     const auto clip = [&] {
         clipped_.Clear();
         if (!ClipStroke(outline, View(visible, state.translation, reach), dashes, clipped_)) return false;
+        if (clipped_.IsTooLong()) return false;
         figure = {&clipped_, {}};
         if (dashes) dashes = Dashes::Whole();
         return true;
     };
-    if (!outline.SuitsRenderer(state.translation) || (dashes && dashes.AreTooMany(outline.LengthAtMost()))) {
+    if (!outline.SuitsRenderer(state.translation) || outline.IsTooLong() ||
+        (dashes && dashes.AreTooMany(outline.LengthAtMost()))) {
         if (!clip()) return false;
     }
     const auto cost = DrawingCost::OfStroke(*figure.outline, figure.offset, visible, form, dashes);

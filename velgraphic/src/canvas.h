@@ -68,4 +68,5 @@ private:
 
     SavedState *saved_ = nullptr;
     Outline scratch_, clipped_;
+    mutable lacquer::vel::KeptPattern pattern_;
 };

@@ -177,12 +177,11 @@ bool Text::PlaceBars(Buffer<Bounds> &bars) const {
 }
 
 bool Text::DrawOutlines() {
-    constexpr size_t kMostSegments = 1'000'000;
     Outline &outline = canvas_.Scratch();
     const bool areAppended = ForEachSeen([&](const GlyphPlacement &placement, Point origin, double scale) {
         const auto &[face, glyph, logical] = placement;
         const Point place = StandsOnPixels(state_) ? PlaceOnPixels(state_, origin) - state_.translation : logical;
-        return face->AppendGlyph(glyph, place, scale, outline) && outline.Verbs().Size() <= kMostSegments;
+        return face->AppendGlyph(glyph, place, scale, outline) && !outline.IsTooLong();
     });
     if (!areAppended) return false;
     // Bars that go round like the glyphs join with them to one shape, and nothing is drawn twice.

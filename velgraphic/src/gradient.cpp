@@ -4,6 +4,7 @@
 
 #include <limits>
 #include <new>
+#include <utility>
 
 #include "colour.h"
 
@@ -129,6 +130,28 @@ cairo_pattern_t *velGradient::Painted(const Clip &part, Point offset, double opa
     cairo_pattern_set_filter(pattern, CAIRO_FILTER_NEAREST);
     return pattern;
 }
+
+namespace lacquer::vel {
+
+cairo_pattern_t *KeptPattern::Of(const Reference<velGradient> &gradient, Point offset, double opacity) {
+    const bool isSame = gradient.Get() == gradient_.Get() && gradient->StopCount() == stopCount_ && offset == offset_ &&
+                        opacity == opacity_;
+    if (!isSame || !pattern_ || cairo_pattern_status(pattern_) != CAIRO_STATUS_SUCCESS) {
+        Drop();
+        pattern_ = gradient->Pattern(offset, opacity);
+        gradient_ = gradient;
+        stopCount_ = gradient->StopCount();
+        offset_ = offset;
+        opacity_ = opacity;
+    }
+    return cairo_pattern_reference(pattern_);
+}
+
+void KeptPattern::Drop() {
+    if (pattern_) cairo_pattern_destroy(std::exchange(pattern_, nullptr));
+}
+
+}  // namespace lacquer::vel
 
 velGradient *velGradientCreateLinear(float x0, float y0, float x1, float y1) {
     if (!AreFinite(x0, y0, x1, y1)) return nullptr;

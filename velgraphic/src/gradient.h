@@ -35,6 +35,8 @@ public:
     /// The memory that either of them takes for the pixels `visible`.
     size_t Bytes(Point offset, const Clip &visible) const;
 
+    size_t StopCount() const { return stops_.Size(); }
+
     struct Stop {
         float offset;
         DWORD colour;
@@ -48,3 +50,28 @@ private:
     double radius_;
     lacquer::vel::Buffer<Stop> stops_;  ///< by their offsets
 };
+
+namespace lacquer::vel {
+
+/// The pattern of one draw, kept for the next: to make it takes longer than a small draw.
+class KeptPattern {
+public:
+    KeptPattern() = default;
+    ~KeptPattern() { Drop(); }
+    KeptPattern(const KeptPattern &) = delete;
+    KeptPattern &operator=(const KeptPattern &) = delete;
+
+    /// As velGradient::Pattern; the caller destroys its reference.
+    cairo_pattern_t *Of(const Reference<velGradient> &gradient, Point offset, double opacity);
+
+private:
+    void Drop();
+
+    Reference<velGradient> gradient_;
+    size_t stopCount_ = 0;  ///< stops are only ever added
+    Point offset_;
+    double opacity_ = 0;
+    cairo_pattern_t *pattern_ = nullptr;
+};
+
+}  // namespace lacquer::vel

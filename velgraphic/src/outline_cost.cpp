@@ -10,6 +10,23 @@
 
 namespace lacquer::vel {
 
+double StrokeForm::Reach() const {
+    constexpr double kMiterLimit = 10;  // the renderer's own, which stays as it is
+    const double corner = join == VEL_JOIN_MITER ? kMiterLimit : 1;
+    const double end = cap == VEL_CAP_SQUARE ? std::numbers::sqrt2 : 1;
+    return Half() * std::max(corner, end);
+}
+
+DrawingCost::DrawingCost(const Outline &outline, Point offset, const Clip &visible, double reach)
+    : points_(static_cast<double>(outline.Points().Size())) {
+    const Bounds hull = outline.Hull();
+    const Point margin{reach + 1, reach + 1};
+    const Clip seen = PixelRect(hull.low + offset - margin, hull.high + offset + margin).Intersected(visible);
+    if (!seen.IsEmpty()) {
+        size_ = {static_cast<double>(seen.right - seen.left), static_cast<double>(seen.bottom - seen.top)};
+    }
+}
+
 /// Walks over figures and adds up their edges.
 class DrawingCost::Meter {
 public:
@@ -105,7 +122,7 @@ private:
 };
 
 DrawingCost DrawingCost::OfFill(const Outline &outline, Point offset, const Clip &visible) {
-    DrawingCost cost(outline, visible);
+    DrawingCost cost(outline, offset, visible, 0);
     Meter meter(cost, offset, visible);
     outline.ForEachFigure([&](const Outline::Figure &figure) { meter.Fill(figure); });
     return cost;
@@ -113,7 +130,7 @@ DrawingCost DrawingCost::OfFill(const Outline &outline, Point offset, const Clip
 
 DrawingCost DrawingCost::OfStroke(const Outline &outline, Point offset, const Clip &visible, const StrokeForm &form,
                                   const Dashes &dashes) {
-    DrawingCost cost(outline, visible);
+    DrawingCost cost(outline, offset, visible, form.Reach());
     Meter meter(cost, offset, visible);
     const double perLength = dashes ? 1 / dashes.MeanLength() : 0;
     outline.ForEachFigure([&](const Outline::Figure &figure) { meter.Stroke(figure, form, perLength); });
@@ -124,15 +141,15 @@ size_t DrawingCost::Bytes() const {
     // Its list of edges grows fourfold while the shorter one is kept, and each becomes a record of the scan converter.
     constexpr double kEdge = 28 * 5 + 96, kOutlinePoint = 3 * (8 + 2), kStrokePoint = 2 * 8;
     constexpr double kFixed = 32 << 10;
-    // A row of cells and spans, and a list for each row.
-    const double pixels = 64 * size_.x + 16 * size_.y;
+    // Spans and cells of a row, and a list for each row.
+    const double pixels = 28 * size_.x + 16 * std::min(size_.x, 4 * edges_) + 16 * size_.y;
     return static_cast<size_t>(edges_ * (kEdge + kStrokePoint) + points_ * kOutlinePoint + pixels + kFixed);
 }
 
 bool DrawingCost::IsHigh(bool smooth) const {
     // In steps of about ten nanoseconds.
     constexpr double kSmoothRow = 15, kSharpRow = 2, kEdge = 15, kMost = 1e8;
-    const double crossings = rows_ * columns_ / (size_.x * size_.y);
+    const double crossings = rows_ * columns_ / std::max(1.0, size_.x * size_.y);
     return (smooth ? kSmoothRow : kSharpRow) * (rows_ + crossings / 5) + kEdge * edges_ > kMost;
 }
 

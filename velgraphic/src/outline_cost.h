@@ -14,6 +14,8 @@ struct StrokeForm {
     DWORD cap, join;
 
     double Half() const { return width / 2; }
+    /// How far the stroke reaches from its lines.
+    double Reach() const;
 };
 
 /// The edges of the polygon that a figure becomes, as far as it is seen. Sums of an estimate, which may be too high.
@@ -31,11 +33,9 @@ public:
 
 private:
     class Meter;
-    DrawingCost(const Outline &outline, const Clip &visible)
-        : size_{static_cast<double>(visible.right - visible.left), static_cast<double>(visible.bottom - visible.top)},
-          points_(static_cast<double>(outline.Points().Size())) {}
+    DrawingCost(const Outline &outline, Point offset, const Clip &visible, double reach);
 
-    Point size_;     ///< of the visible part
+    Point size_;     ///< of the part that is seen
     double points_;  ///< of the outline
     double edges_ = 0, rows_ = 0,
            columns_ = 0;  ///< how many edges there are, and rows and columns that all of them cross

@@ -17,6 +17,12 @@
  *   of which more than 10,000 dashes would be seen; and a glyph or an animation that, after the translation, lies
  *   more than 1,000,000 pixels from the origin. Drawing reaches the first 32767 columns and rows of a bitmap.
  *
+ * - Work: on 2000 x 2000 pixels no call takes longer than about two seconds. A figure that the renderer would take much
+ *   longer than a second for has its coverage counted out of 8 x 8 samples a pixel. Refused is a figure of more than
+ *   1,000,000 lines and curves after clipping, and one that even so has more than 3,000,000 edges, or edges that cross
+ *   more than 75,000,000 rows of visible pixels (600,000,000 without anti-aliasing) taken together. The edges of a stroke
+ *   are those of its lines, corners and ends. A gradient has at most 100,000 stops.
+ *
  * - Colours are straight 0xAARRGGBB. Pixels are premultiplied words 0xAARRGGBB, in memory blue, green, red, alpha.
  *
  * - Threads: any thread may call any function; one thread at a time works on a canvas, path, gradient or animation.

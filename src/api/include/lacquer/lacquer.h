@@ -441,8 +441,7 @@ LACQUER_API int FillPreMulColorRectEx(HGCANVAS canvas, DWORD colour, const RECT 
 /* Fills with a gradient between two straight colours: `direction` 1 from top to bottom, 2 from left to right; any other
  * value, and two colours that are equal once premultiplied, fill with the first. The gradient is a vector drawing: it
  * follows the canvas's blend mode and blend value, leaves the vector state as it was, and draws nothing, with the
- * result 1, on a canvas made from a device context and for a rectangle that reaches beyond the limits of vector
- * drawing. */
+ * result 1, on a canvas made from a device context and when memory is short. */
 LACQUER_API int FillGradualRect(HGCANVAS canvas, DWORD from, DWORD to, const RECT *rect, int direction);
 
 /* ---- Geometric rectangles and shadows ----------------------------------------------------------------------- */
@@ -596,8 +595,8 @@ LACQUER_API HRGN CreateTextureRgn(HGTEXTURE texture, const RECT *rect);
 
 /* ---- Vector drawing ------------------------------------------------------------------------------------------------
  * Anti-aliased shapes, paths, gradients, text and animations, drawn by the companion library velGraphic into a canvas's
- * own pixels. <velgraphic/velgraphic.h> has the values of styles, modes, caps, joins and dashes, the limits of numbers,
- * and how each function draws: DrawLine is velCanvasDrawLine, PathArcTo is velPathArcTo, and so on.
+ * own pixels. <velgraphic/velgraphic.h> has the values of styles, modes, caps, joins and dashes, the limits of
+ * numbers and of work, and how each function draws: DrawLine is velCanvasDrawLine, PathArcTo is velPathArcTo, and so on.
  *
  * Colours are straight 0xAARRGGBB; angles are degrees, clockwise on screen from the positive x axis. Coordinates are
  * logical and may have fractions; drawing stays inside the canvas's clip. The vector state (style, colour, blend,
