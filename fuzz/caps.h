@@ -12,7 +12,6 @@ constexpr int kPaletteCount = 256;  // beyond it creation cuts anyway
 
 // The companion.
 constexpr int kGlyphs = 40;
-constexpr int kDashes = 20;
 constexpr int kAnimationChanges = 8;  // digits changed in the text of an animation
 
 }  // namespace fuzz::caps

@@ -2,6 +2,8 @@
 
 #include "vector/gradient_fill.h"
 
+#include <cmath>
+
 #include "core/geometry.h"
 #include "vector/companion.h"
 
@@ -20,11 +22,22 @@ velGradient *NewGradient(const RECT &rect, DWORD from, DWORD to, GradientDirecti
     return nullptr;
 }
 
-void DrawRectangleOf(Canvas &canvas, const RECT &rect) {
+/// A float not above, or not below, a coordinate.
+float FloatBelow(int64_t coordinate) {
+    const auto nearest = static_cast<float>(coordinate);
+    return static_cast<double>(nearest) > static_cast<double>(coordinate) ? std::nextafter(nearest, -INFINITY)
+                                                                          : nearest;
+}
+float FloatAbove(int64_t coordinate) { return -FloatBelow(-coordinate); }
+
+/// Draws what is visible of a rectangle. Its edges may need more digits than a float has: the clip has them.
+void DrawRectangleOf(Canvas &canvas, const RECT &rect, const RECT &visible) {
     const VectorDraw draw(canvas);
-    if (!draw.Companion()) return;
-    velCanvasDrawRectangle(draw.Companion(), static_cast<float>(rect.left), static_cast<float>(rect.top),
-                           static_cast<float>(WidthOf(rect)), static_cast<float>(HeightOf(rect)));
+    velCanvas *companion = draw.Companion();
+    if (!companion || !velCanvasClipRect(companion, visible.left, visible.top, visible.right, visible.bottom)) return;
+    const float left = FloatBelow(rect.left), top = FloatBelow(rect.top);
+    velCanvasDrawRectangle(companion, left, top, FloatAbove(rect.right - static_cast<int64_t>(left)),
+                           FloatAbove(rect.bottom - static_cast<int64_t>(top)));
 }
 
 }  // namespace
@@ -37,7 +50,7 @@ void FillWithGradient(Canvas &canvas, const RECT &rect, DWORD from, DWORD to, Gr
     velGradient *gradient = NewGradient(rect, from, to, direction);
     if (gradient && velCanvasSetGradient(companion, gradient) &&
         velCanvasSetDrawStyle(companion, VEL_STYLE_GRADIENT_FILL)) {
-        DrawRectangleOf(canvas, rect);
+        DrawRectangleOf(canvas, rect, visible);
     }
     velGradientDestroy(gradient);
     velCanvasRestore(companion);

@@ -167,6 +167,19 @@ TEST(VectorInput, FarCoordinatesDrawNothingElsewhere) {
     for (const int count : {0, -1, INT32_MIN}) EXPECT_EQ(0, DrawPolygon(other, count, distant));
 }
 
+TEST(VectorInput, GradientRectanglesMayHaveEdgesThatNoFloatHas) {
+    constexpr int kFar = 1 << 24;
+    for (const int origin : {0, kFar, -kFar}) {
+        const OwnedCanvas canvas = PlainCanvas();
+        const Picture before = PixelsOn(canvas);
+        SetWindowOrg(canvas, origin, origin, nullptr);
+        // So high that what is visible has the first colour.
+        const RECT high{origin + 3, origin + 5, origin + 10, INT32_MAX};
+        EXPECT_EQ(1, FillGradualRect(canvas, kRed, kBlue, &high, 1));
+        EXPECT_TRUE(Same(WithRectangle(before, {3, 5, 10, kSceneHeight}, kRed), PixelsOn(canvas))) << origin;
+    }
+}
+
 TEST(VectorPath, BeginsAnewGoesOnAndTellsItsBounds) {
     velPath *path = PathCreate();
     for (const int forceMoveTo : {0, 1}) {

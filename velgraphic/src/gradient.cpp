@@ -4,6 +4,7 @@
 
 #include <limits>
 #include <new>
+#include <utility>
 
 #include "colour.h"
 
@@ -56,13 +57,18 @@ private:
 }  // namespace
 
 bool velGradient::AddStop(float offset, DWORD colour) {
-    if (!stops_.Append({offset, colour})) return false;
+    if (stops_.Size() == kMostStops || !stops_.Append({offset, colour})) return false;
     Stop *stop = stops_.Data() + stops_.Size() - 1;
     for (; stop != stops_.begin() && stop[-1].offset > offset; --stop) std::swap(stop[-1], stop[0]);
     return true;
 }
 
 bool velGradient::SuitsRenderer(Point offset, const Clip &visible) const {
+    // About a second, if every pixel lies between other stops than the one before; less to insert the stops.
+    constexpr double kMostSearched = 1.2e10, kInsertion = 60;
+    const double stops = static_cast<double>(stops_.Size());
+    if (stops * (visible.Area() + kInsertion * stops) > kMostSearched) return false;
+
     // Beyond this the renderer reduces the gradient and its coordinates, which it keeps in steps of 2^-16.
     constexpr double kLargest = 16383, kError = 0x1p-17;
     double largest = radius_;
@@ -79,6 +85,11 @@ bool velGradient::SuitsRenderer(Point offset, const Clip &visible) const {
         if (shift > kHalfLevel * static_cast<double>(stops_[i].offset - stops_[i - 1].offset)) return false;
     }
     return true;
+}
+
+size_t velGradient::Bytes(Point offset, const Clip &visible) const {
+    constexpr size_t kStop = 256;  // as a growing list, and as the renderer's own
+    return SuitsRenderer(offset, visible) ? kStop * stops_.Size() : 4 * static_cast<size_t>(visible.Area());
 }
 
 cairo_pattern_t *velGradient::Pattern(Point offset, double opacity) const {
@@ -119,6 +130,28 @@ cairo_pattern_t *velGradient::Painted(const Clip &part, Point offset, double opa
     cairo_pattern_set_filter(pattern, CAIRO_FILTER_NEAREST);
     return pattern;
 }
+
+namespace lacquer::vel {
+
+cairo_pattern_t *KeptPattern::Of(const Reference<velGradient> &gradient, Point offset, double opacity) {
+    const bool isSame = gradient.Get() == gradient_.Get() && gradient->StopCount() == stopCount_ && offset == offset_ &&
+                        opacity == opacity_;
+    if (!isSame || !pattern_ || cairo_pattern_status(pattern_) != CAIRO_STATUS_SUCCESS) {
+        Drop();
+        pattern_ = gradient->Pattern(offset, opacity);
+        gradient_ = gradient;
+        stopCount_ = gradient->StopCount();
+        offset_ = offset;
+        opacity_ = opacity;
+    }
+    return cairo_pattern_reference(pattern_);
+}
+
+void KeptPattern::Drop() {
+    if (pattern_) cairo_pattern_destroy(std::exchange(pattern_, nullptr));
+}
+
+}  // namespace lacquer::vel
 
 velGradient *velGradientCreateLinear(float x0, float y0, float x1, float y1) {
     if (!AreFinite(x0, y0, x1, y1)) return nullptr;

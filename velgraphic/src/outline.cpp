@@ -170,6 +170,16 @@ void IncludeExtremes(double a, double b, double c, double d, double &low, double
 
 }  // namespace
 
+Bounds Outline::Hull() const {
+    if (points_.Size() == 0) return {};
+    Bounds all{points_[0], points_[0]};
+    for (const Point p : points_) {
+        all.low = {std::min(all.low.x, p.x), std::min(all.low.y, p.y)};
+        all.high = {std::max(all.high.x, p.x), std::max(all.high.y, p.y)};
+    }
+    return all;
+}
+
 Bounds Outline::Extents() const {
     if (points_.Size() == 0) return {};
     Bounds all{points_[0], points_[0]};

@@ -67,8 +67,12 @@ public:
 
     /// The smallest rectangle around lines and curves; zeros when empty.
     Bounds Extents() const;
+    /// The rectangle around all points; zeros when empty.
+    Bounds Hull() const;
     /// Whether the renderer can draw the figures moved by `offset` as they are.
     bool SuitsRenderer(Point offset) const;
+    /// Whether there are more lines and curves than are ever drawn.
+    bool IsTooLong() const { return verbs_.Size() > kMostVerbs; }
     /// At least the length of all lines and curves.
     double LengthAtMost() const;
 
@@ -92,6 +96,8 @@ public:
     }
 
 private:
+    static constexpr size_t kMostVerbs = 1'000'000;
+
     bool Add(Verb verb, const Point *points);
 
     Buffer<Verb> verbs_;
