@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ctime>
 
 #include "painting.h"
 
@@ -245,6 +246,33 @@ TEST(VelTextTest, EveryModeAndStyleColoursWhatIsCovered) {
             }
             EXPECT_LE(Difference(text, pixels), 3) << mode << ' ' << style;
         }
+    }
+}
+
+TEST(VelTextTest, NoTextTakesLong) {
+    constexpr int kCount = 65535, kLarge = 2000;
+    const struct {
+        float size;
+        int kinds;  ///< of glyphs
+        DWORD style;
+        int smooth, result;
+    } kTexts[] = {{12, 60, 15, 1, 1},   {12, 60, 0, 0, 0}, {100, 3000, 0, 1, 1}, {256, 60, 0, 1, 1},
+                  {256, 6000, 0, 1, 0}, {300, 1, 0, 1, 1}, {300, 60, 0, 1, 0},   {5000, 60, 0, 1, 0}};
+    std::vector<WORD> glyphs(kCount);
+    std::vector<velPointF> positions;
+    for (unsigned i = 0; i < kCount; ++i) {
+        positions.push_back({static_cast<float>(i * 7919 % 8000) / 4, static_cast<float>(i * 10007 % kLarge)});
+    }
+    for (const auto &[size, kinds, style, smooth, result] : kTexts) {
+        for (size_t i = 0; i < glyphs.size(); ++i) glyphs[i] = static_cast<WORD>(36 + i % static_cast<size_t>(kinds));
+        Painting painting(kLarge, kLarge);
+        SetFont(painting, size, style);
+        EXPECT_EQ(1, velCanvasSetSmooth(painting, smooth));
+        const std::clock_t before = std::clock();
+        EXPECT_EQ(result, velCanvasDrawPosTextByGlyphs(painting, glyphs.data(), kCount, positions.data())) << size;
+        // Two seconds, or on slow machines some more.
+        EXPECT_LT(std::clock() - before, 8 * CLOCKS_PER_SEC) << size << ' ' << kinds;
+        EXPECT_EQ(result == 0, painting.IsEmpty()) << size << ' ' << kinds;
     }
 }
 

@@ -277,9 +277,10 @@ VELGRAPHIC_API int velCanvasDrawPath(velCanvas *canvas, velPath *path);
 /* ---- Text ---------------------------------------------------------------------------------------------------------
  * The glyphs of a call are filled together with the bars of the font's style, in the colour or the gradient of the
  * style: nothing is darker where they overlap. Smooth text of at most 256 pixels stands in whole rows and at quarters
- * of columns, those nearest to its positions after the translation; other text stands where it is put. 0 when there is
- * no such font, when memory is short, and when the outlines of text of more than 256 pixels, or of some thousand
- * different glyphs that are nearly as large, have more than 1,000,000 lines and curves inside the clip. */
+ * of columns, those nearest to its positions after the translation, and is drawn through masks that all canvases
+ * share; other text stands where it is put, and its outlines are filled, as are those of glyphs of which a call has
+ * more than 32 MiB of masks that are not there yet. 0 when there is no such font, when memory is short, and when
+ * outlines that are filled have more than 1,000,000 lines and curves inside the clip. */
 
 /* Draws `count` glyphs. They are the font's own indices; their positions are the origins on the baseline. A glyph that
  * the font lacks draws nothing. */
