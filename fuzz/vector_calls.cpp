@@ -10,7 +10,7 @@ constexpr Group kGroup = kVector;
 POINT ChoosePoint(Call &call) { return {ChooseCoordinate(call), ChooseCoordinate(call)}; }
 using Points = List<POINT, ChoosePoint, 9>;
 
-using Dashes = List<float, ChooseSmallLength, 10'001>;  // one more than a pattern may have
+using Dashes = List<float, ChooseSmallLength, 300>;
 
 float ChooseAngle(Call &call) {
     return call.choices.Seldom(16) ? ChooseLength(call) : static_cast<float>(call.choices.Byte()) * 4 - 360;

@@ -57,7 +57,7 @@ TEST(VelDenseTest, LooksLikeWhatTheRendererDraws) {
         Painting once(200, 200, 0x80400010), often(200, 200, 0x80400010);
         for (const Painting *painting : {&once, &often}) {
             Path path;
-            for (int i = painting == &once ? 1 : isStroke ? 4001 : 15001; i > 0; --i) {
+            for (int i = painting == &once ? 1 : isStroke ? 2501 : 9001; i > 0; --i) {
                 velPathMoveTo(path, 20, 30);
                 for (const float x : {150.0f, 60.0f, 130.0f}) velPathLineTo(path, x, 170 - x / 2);
                 velPathBezierCurveTo(path, 220, 110, 40, 260, -20, 90);
@@ -73,19 +73,19 @@ TEST(VelDenseTest, LooksLikeWhatTheRendererDraws) {
             ASSERT_EQ(1, Draw(*painting, manner, path));
         }
         double sum = 0;
-        int far = 0;
+        int distant = 0;
         for (int y = 0; y < 200; ++y) {
             for (int x = 0; x < 200; ++x) {
                 const int green =
                     static_cast<int>(once.At(x, y) >> 8 & 255) - static_cast<int>(often.At(x, y) >> 8 & 255);
                 sum += std::abs(green);
-                far += std::abs(green) > 20;
+                distant += std::abs(green) > 20;
             }
         }
         const auto index = &manner - manners;
         EXPECT_LE(sum, 200 * 200 * 0.2) << index;
         EXPECT_GT(sum, 0) << index << " was drawn in the same way";
-        EXPECT_LE(far, manner.smooth ? 12 : 40) << index;
+        EXPECT_LE(distant, manner.smooth ? 12 : 40) << index;
     }
 }
 
@@ -100,9 +100,7 @@ TEST(VelDenseTest, NoCallTakesLong) {
         int result;
     } kTries[] = {
         {"crossing lines", {}, 30000, 0, 1},
-        {"even-odd", {.rule = VEL_FILL_EVEN_ODD}, 30000, 0, 1},
         {"not smooth", {.smooth = 0}, 30000, 0, 1},
-        {"more", {}, 100000, 0, 1},
         {"too many rows", {}, 300000, 0, 0},
         {"small steps", {}, 900000, 10, 1},
         {"too many lines", {}, 1000001, 10, 0},

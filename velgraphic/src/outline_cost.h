@@ -37,8 +37,8 @@ private:
 
     Point size_;     ///< of the part that is seen
     double points_;  ///< of the outline
-    double edges_ = 0, rows_ = 0,
-           columns_ = 0;  ///< how many edges there are, and rows and columns that all of them cross
+    double edges_ = 0;
+    double rows_ = 0, columns_ = 0;  ///< that all edges cross, taken together
 };
 
 }  // namespace lacquer::vel

@@ -22,7 +22,8 @@ SampleMask::SampleMask(const Clip &visible, bool smooth)
 
 void SampleMask::AddEdge(Point from, Point to) {
     const Point origin{static_cast<double>(visible_.left), static_cast<double>(visible_.top)};
-    Point top = static_cast<double>(samples_) * (from - origin), bottom = static_cast<double>(samples_) * (to - origin);
+    const double samples = samples_;
+    Point top = samples * (from - origin), bottom = samples * (to - origin);
     const int32_t direction = top.y < bottom.y ? 1 : -1;
     if (direction < 0) std::swap(top, bottom);
     // Samples lie at halves; those from the first end on, and before the second, are beside the edge.
