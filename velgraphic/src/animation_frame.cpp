@@ -60,7 +60,6 @@ public:
         needs.bytes =
             (keptLayers_ + deepest_) * pixels_ * 4 + points_ * kBytesPerPoint + edgePixels_ * kBytesPerEdgePixel;
         const double maxTime = kMaxTime * std::max(1.0, pixels_ / kMegapixel);
-        if (hasNegativeDash_) needs.refusal = "The frame has a dash of a negative length.";
         if (!(shapes_ <= kMaxShapes && points_ <= kMaxPoints))
             needs.refusal = "The frame has too many shapes or points.";
         // Layers that may be translucent without the tree's showing it get twice as much.
@@ -68,6 +67,7 @@ public:
             needs.refusal = "The frame would take too much memory.";
         }
         if (!(time_ <= maxTime)) needs.refusal = "The frame would take too much time.";
+        if (hasNegativeDash_) needs.refusal = "The frame has a dash of a negative length.";
         return needs;
     }
 
@@ -83,7 +83,7 @@ private:
     double width_, height_, pixels_, left_, top_, stretchX_, stretchY_;
     double time_ = 0, shapes_ = 0, points_ = 0, edgePixels_ = 0, longestLine_ = 1, distance_ = 1;
     double keptLayers_ = 0, layers_ = 0, deepest_ = 0, compositions_ = 0, deepestComposition_ = 0;
-    double period_ = 0;
+    double period_ = 0, dashes_ = 0;  ///< of the stroke that comes next
     bool hasNegativeDash_ = false;
 };
 
@@ -216,14 +216,21 @@ void FrameMeter::Node(const LOTNode &node, double spans) {
         isStroke && node.mStroke.join == JoinMiter ? std::max(1.0, double{node.mStroke.miterLimit}) : 1;
     const double margin = radius * miter * 1.5;
     Outline outline = Follow(node.mPath, node.mPath.ptCount / 2, margin);
-    if (node.keypath && std::strncmp(node.keypath, kDashName, sizeof kDashName - 1) == 0) Dash(node, outline);
+    const bool isDash = node.keypath && std::strncmp(node.keypath, kDashName, sizeof kDashName - 1) == 0;
+    if (isDash) Dash(node, outline);
     double area = HUGE_VAL;
+    if (isStroke && !isDash) {
+        // Each dash is a line with two ends.
+        (outline.curves > 0 ? outline.curves : outline.lines) += dashes_;
+        outline.joints += 2 * dashes_;
+        dashes_ = 0;
+    }
     if (isStroke) {
         // Both sides of the line, and what goes around its corners.
         const double corner = radius * (4 + 2 * miter);
         time_ += outline.lines * kTimePerStrokedLine + outline.curves * kTimePerStrokedCurve;
         outline.longestLine = outline.lines > 0 ? outline.longestLine : 0;
-        outline.longestLine += 3 * radius * std::max(2.0, miter);
+        outline.longestLine += 1.5 * radius * std::max(2.0, miter);
         outline.points = std::min(kMaxOutlinePoints, 10 * outline.lines + 60 * outline.curves + 20);
         area = 2 * (outline.inside + outline.joints * corner) * (2 * radius + 2);
         outline.inside = 2 * outline.inside + outline.joints * std::min(corner, width_ + height_);
@@ -249,9 +256,9 @@ void FrameMeter::Dash(const LOTNode &node, const Outline &outline) {
         const double perDash = outline.curves == 0                   ? kTimePerLineDash
                                : outline.distance > kMaxDashDistance ? kTimePerLostDash
                                                                      : kTimePerCurveDash;
-        const double dashes = outline.length / period_ * 2;
-        time_ += dashes * perDash;
-        points_ += dashes * 2;
+        dashes_ = outline.length / period_ * 2;
+        time_ += dashes_ * perDash;
+        points_ += dashes_ * 2;
     }
     period_ = 0;
 }
