@@ -21,9 +21,9 @@ constexpr size_t kMaxDashes = 64;
 // What the renderer keeps of an animation, in bytes, in each of two models.
 constexpr double kLayerBytes = 2800, kShapeBytes = 1400, kObjectBytes = 128, kNumberBytes = 8;
 
-// What it takes to look at an object, to search for a layer by its number, to follow the layers that one is attached
-// to, and to look for a place on a curve that is not there.
-constexpr double kObjectWork = 2, kSearchWork = 2, kMaxAttachments = 64, kLostWork = 4e6;
+// What it takes to look at an object, to move a point, to search for a layer by its number, to follow the layers that
+// one is attached to, and to look for a place on a curve that is not there.
+constexpr double kObjectWork = 2, kMoveWork = 1.5, kSearchWork = 2, kMaxAttachments = 64, kLostWork = 4e6;
 /// On longer curves places are not found either.
 constexpr double kLongCurve = 1e5;
 
@@ -42,9 +42,10 @@ bool Is(std::string_view name, std::initializer_list<std::string_view> names) {
 /// What a value of the text comes to.
 struct Part {
     double objects = 0, numbers = 0, low = 0, high = 0;
-    double items = 0;     ///< layers, shapes and masks
-    double points = 0;    ///< of paths
+    double items = 0;  ///< layers, shapes and masks
+    double paths = 0, points = 0;
     double gathered = 0;  ///< points that paints and trims go through
+    double moved = 0;     ///< the same, each as often as the renderer moves it while it gathers more paths
     double lost = 0;      ///< searches on curves that fail
     bool isSpatial = false, startsBackwards = false;
 
@@ -59,8 +60,10 @@ struct Part {
         low = std::min(low, other.low);
         high = std::max(high, other.high);
         items += other.items;
+        paths += other.paths;
         points += other.points;
         gathered += other.gathered;
+        moved += other.moved;
         lost += other.lost;
         isSpatial |= other.isSpatial;
         startsBackwards |= other.startsBackwards;
@@ -172,9 +175,11 @@ Part Walk::List(std::string_view name) {
         Spend(count * kShapeBytes);
     }
     if (isShapes) {
-        list.gathered += gathers * list.points;
         if (gathers > 0 && list.IsLong()) list.lost += count;
-        for (double *repeated : {&list.items, &list.points, &list.gathered}) *repeated *= copies;
+        for (double *repeated : {&list.items, &list.paths, &list.points, &list.gathered, &list.moved})
+            *repeated *= copies;
+        list.gathered += gathers * list.points;
+        list.moved += gathers * list.points * list.paths;
     }
     return list;
 }
@@ -223,6 +228,7 @@ Part Walk::Object(std::string_view name) {
     if (name == "mask") object.points = object.gathered = object.numbers;
     if (name != "shape") return object;
 
+    if (Is(type, {"sh", "sr", "el", "rc"})) ++object.paths;
     if (type == "sh") object.points += object.numbers / 2 + 4;
     if (type == "sr") object.points += 6 * std::min(1024.0, corners.high) + 20;
     if (Is(type, {"el", "rc"})) object.points += 20;
@@ -279,7 +285,8 @@ Part Walk::Assets() {
 void Walk::CloseComposition(const Part &part) {
     current_.items = part.items;
     current_.gathered = part.gathered;
-    current_.work = kObjectWork * part.objects + kLostWork * part.lost * (1 + current_.attached) +
+    current_.work = kObjectWork * part.objects + kMoveWork * part.moved +
+                    kLostWork * part.lost * (1 + current_.attached) +
                     current_.attached * (kSearchWork * current_.layers + kMaxAttachments * current_.keyframes);
     Append(compositions_, current_);
 }
