@@ -188,6 +188,7 @@ TEST_F(VelLottieTest, RefusesWhatIsNoAnimationOrWouldTakeForEver) {
         {"copies", AnimationOf(RedSquare() + repeated(100000))},
         {"copies of copies", AnimationOf(RedSquare() + repeated(300) + repeated(300))},
         {"nested copies", AnimationOf(Group(Group(RedSquare() + repeated(900)) + repeated(900)))},
+        {"contains itself, spelt otherwise", Composition("", asset("a", "{'ty':0,'re\\u0066Id':'a','ks':{}}"))},
         {"contains itself", Composition(use("a"), asset("a", use("b")) + "," + asset("b", use("a")))},
     };
     const std::pair<const char *, std::vector<const char *>> kReplacements[] = {
