@@ -14,7 +14,7 @@ namespace {
 
 constexpr double kMaxBytes = 256 << 20, kMaxPoints = 2e6, kMaxShapes = 100'000;
 /// For a frame of kMegapixel; larger ones get more.
-constexpr double kMaxTime = 1e9, kMegapixel = 1 << 20;
+constexpr double kMaxTime = 6e8, kMegapixel = 1 << 20;
 
 /// The rasteriser loses a straight line that is longer, width and height together, and what is farther away.
 constexpr double kMaxLine = 32000, kMaxDistance = 4e6;
