@@ -1,5 +1,7 @@
 // The rows of text and animations.
 
+#include <string_view>
+
 #include "kinds.h"
 #include "velgraphic/animations.h"
 
@@ -156,6 +158,9 @@ struct File {
     int how;
 };
 
+/// Which error was the last depends on programs before this one.
+int ReadLastError() { return std::string_view(velLottieLastError()).size() < 200; }
+
 }  // namespace
 
 std::vector<Row> TextCalls() {
@@ -179,6 +184,7 @@ std::vector<Row> TextCalls() {
         CALL(velCanvasGetFontMetrics, VelCanvas, Out<float>, Out<float>, Out<float>),
         CALL(velLottieCreateFromData, Animation),
         CALL(velLottieCreateFromFile, File),
+        CALL_AS(velLottieLastError, ReadLastError),
         CALL(velLottieGetInfo, Lottie, Out<velLottieInfo>),
         CALL(velLottieDestroy, Ended<velLottie *>),
         CALL(DrawLottie, Canvas, Lottie, Length, Length, Length, Length, Length),

@@ -5,11 +5,13 @@
     draw_assets.py --check    only compares them with what would be written; 1 when one differs
 """
 
+import functools
 import math
 import pathlib
 import sys
 
 import drop_animation
+import film_animations
 import png_writer
 
 HERE = pathlib.Path(__file__).resolve().parent
@@ -477,6 +479,8 @@ PIECES = {
     "vignette.png": vignette_file,
     "waves.png": lambda: rgba_file(48, 40, waves),
     "wood.png": lambda: rgb_file(64, 64, wood),
+    **{f"{name}.json": functools.partial(film_animations.encode, name, film)
+       for name, film in film_animations.FILMS.items()},
 }
 
 

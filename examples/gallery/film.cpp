@@ -1,7 +1,7 @@
-// film.png: an animation as a strip of its frames, and one frame at several opacities, clipped, stretched and blended.
+// film.png: animations as strips of their frames, and one frame at several opacities, clipped, stretched and blended.
 #include <array>
 
-#include "drop_json.h"
+#include "films_json.h"
 #include "gallery/gallery.h"
 
 namespace lacquer::examples {
@@ -12,8 +12,8 @@ constexpr int kSide = 88;
 constexpr int kStep = kSide + 8;
 
 /// Null in a build without an animation library.
-Animation LoadDrop() {
-    velLottie *lottie = velLottieCreateFromData(kDropJson.data(), kDropJson.size());
+Animation Load(std::string_view json) {
+    velLottie *lottie = velLottieCreateFromData(json.data(), json.size());
     return lottie ? Animation(lottie, "velLottieCreateFromData") : Animation();
 }
 
@@ -42,8 +42,8 @@ void DrawFilm(const Canvas &canvas, int left, int top, int frames) {
     Check(DrawPath(canvas.get(), path.get()), "DrawPath");
 }
 
-void DrawStrip(const Canvas &canvas, const Skin &skin, const Animation &animation, int left, int top) {
-    constexpr std::array<int, 8> frames{0, 11, 17, 21, 25, 30, 38, 56};
+void DrawStrip(const Canvas &canvas, const Skin &skin, const Animation &animation, const std::array<int, 8> &frames,
+               int left, int top) {
     DrawFilm(canvas, left, top, static_cast<int>(frames.size()));
     for (std::size_t i = 0; i < frames.size(); ++i) {
         const int x = left + 8 + static_cast<int>(i) * kStep;
@@ -51,6 +51,24 @@ void DrawStrip(const Canvas &canvas, const Skin &skin, const Animation &animatio
         FillGradient(canvas, rect, 0xFFFBF8F0, 0xFFDCE4EC);
         DrawFrame(canvas, animation, frames[i], rect);
         skin.font.DrawCentred(canvas, x + kSide / 2, top + kSide + 54, "frame " + std::to_string(frames[i]), kFaintInk);
+    }
+}
+
+/// What layers can do to each other.
+void DrawLayers(const Canvas &canvas, const Skin &skin, int left, int top) {
+    struct Film {
+        std::string_view json, name;
+        std::array<int, 8> frames;
+    };
+    constexpr std::array<Film, 4> films{
+        Film{kLanternJson, "mattes: by alpha, the opposite, and by brightness", {0, 8, 16, 24, 30, 38, 46, 54}},
+        Film{kOrbitsJson, "compositions inside each other, at their own times", {0, 7, 14, 21, 28, 36, 44, 52}},
+        Film{kSpringsJson, "easing beyond both ends", {2, 6, 10, 15, 20, 26, 33, 50}},
+        Film{kShutterJson, "masks that add, cut out and intersect", {0, 8, 15, 22, 30, 38, 45, 52}}};
+    for (const Film &film : films) {
+        skin.font.Draw(canvas, left, top - 14, film.name, kInk);
+        DrawStrip(canvas, skin, Load(film.json), film.frames, left, top);
+        top += kSide + 92;
     }
 }
 
@@ -90,13 +108,14 @@ void DrawVariants(const Canvas &canvas, const Skin &skin, const Animation &anima
 }  // namespace
 
 Canvas PaintFilm(const Skin &skin) {
-    const Animation animation = LoadDrop();
+    const Animation animation = Load(kDropJson);
     Canvas canvas =
-        MakePage(skin, 816, 408, "Film",
+        MakePage(skin, 816, 1142, "Film",
                  animation.get() ? "Frames of an animation, drawn with DrawLottie"
                                  : "Empty: this build has no animation library, so DrawLottie draws nothing");
-    DrawStrip(canvas, skin, animation, 20, 72);
+    DrawStrip(canvas, skin, animation, {0, 11, 17, 21, 25, 30, 38, 56}, 20, 72);
     DrawVariants(canvas, skin, animation, 20, 258);
+    DrawLayers(canvas, skin, 20, 424);
     return canvas;
 }
 

@@ -6,10 +6,14 @@ namespace lacquer::vel {
 
 struct Animation::Handle {};
 
-std::unique_ptr<Animation> Animation::Create(const char *, size_t) { return nullptr; }
+std::unique_ptr<Animation> Animation::Create(const char *, size_t, const char *&refusal) {
+    refusal = "This library is built without animations.";
+    return nullptr;
+}
 Animation::Animation(std::unique_ptr<Handle> handle) : handle_(std::move(handle)) {}
 Animation::~Animation() = default;
 velLottieInfo Animation::Info() const { return {}; }
-void Animation::Render(size_t, uint32_t *, int, int, int) {}
+const char *Animation::Prepare(size_t, int &, int &) { return ""; }
+const char *Animation::Render(size_t, uint32_t *, int, int, int) { return ""; }
 
 }  // namespace lacquer::vel

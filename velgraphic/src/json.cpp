@@ -1,150 +1,158 @@
-// Reading JSON into nodes.
+// Reading JSON from its text.
 
 #include "json.h"
 
+#include <algorithm>
 #include <charconv>
+#include <cmath>
+#include <limits>
 
 namespace lacquer::vel {
-namespace {
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool IsHexDigit(char c) { return IsDigit(c) || (c >= 'a' && c <= 'f') || (c >= 'A' && c <= 'F'); }
-
-}  // namespace
-
-bool JsonDocument::Parse(std::string_view text) {
-    text_ = text;
-    at_ = 0;
-    nodes_.Truncate(0);
-    uint32_t root = 0;
-    if (!ParseValue(0, root)) return false;
+bool JsonReader::IsComplete() {
     SkipBlanks();
-    return at_ == text_.size();
+    return !isBroken_ && at_ == length_;
 }
 
-const JsonNode *JsonDocument::Member(const JsonNode &object, std::string_view name) const {
-    const JsonNode *found = nullptr;
-    if (object.kind != JsonKind::Object) return nullptr;
-    for (const JsonNode *member = First(object); member; member = Next(*member)) {
-        if (Name(*member) == name) found = member;
+JsonKind JsonReader::Kind() {
+    SkipBlanks();
+    switch (Peek()) {
+        case '{': return JsonKind::Object;
+        case '[': return JsonKind::Array;
+        case '"': return JsonKind::String;
+        case 't':
+        case 'f': return JsonKind::Bool;
+        case 'n': return JsonKind::Null;
+        default: return JsonKind::Number;
     }
-    return found;
 }
 
-bool JsonDocument::Take(char expected) {
-    if (at_ == text_.size() || text_[at_] != expected) return false;
+bool JsonReader::Enter() {
+    if (isBroken_ || ++nesting_ > kMaxNesting) return Fail();
+    SkipBlanks();
+    ++at_;
+    isFirst_ = true;
+    return true;
+}
+
+bool JsonReader::Next(char end) {
+    if (isBroken_) return false;
+    SkipBlanks();
+    if (Take(end)) {
+        --nesting_;
+        isFirst_ = false;
+        return false;
+    }
+    if (!isFirst_ && !Take(',')) return Fail();
+    isFirst_ = false;
+    return true;
+}
+
+bool JsonReader::NextMember(std::string_view &name) {
+    if (!Next('}')) return false;
+    SkipBlanks();
+    if (Peek() != '"' || !Read(name)) return Fail();
+    SkipBlanks();
+    return Take(':') || Fail();
+}
+
+bool JsonReader::Read(double &number) {
+    const size_t start = at_;
+    Take('-');
+    if (!Take('0') && !TakeDigits()) return Fail();
+    if (Take('.') && !TakeDigits()) return Fail();
+    if (Take('e') || Take('E')) {
+        if (!Take('-')) Take('+');
+        if (!TakeDigits()) return Fail();
+    }
+    // What is too small for a number is 0; what is too large is refused by whoever reads it in earnest.
+    number = 0;
+    if (std::from_chars(text_ + start, text_ + at_, number).ec == std::errc()) return true;
+    const std::string_view digits(text_ + start, at_ - start);
+    number = digits.find("e-") == digits.npos && digits.find("E-") == digits.npos
+                 ? std::numeric_limits<double>::infinity()
+                 : 0;
+    return true;
+}
+
+bool JsonReader::Read(std::string_view &string) {
+    if (isBroken_ || !Take('"')) return Fail();
+    const size_t start = at_;
+    size_t to = at_;
+    while (at_ < length_ && text_[at_] != '"') {
+        if (static_cast<unsigned char>(text_[at_]) < 0x20) return Fail();
+        if (text_[at_] != '\\') {
+            text_[to++] = text_[at_++];
+        } else if (!ReadEscape(to)) {
+            return Fail();
+        }
+    }
+    if (!Take('"')) return Fail();
+    string = {text_ + start, to - start};
+    if (to + 1 < at_) {
+        text_[to] = '"';
+        std::fill(text_ + to + 1, text_ + at_, ' ');
+    }
+    return true;
+}
+
+/// Moves an escape to `to`, as the character that it stands for if that is a plain one.
+bool JsonReader::ReadEscape(size_t &to) {
+    const size_t start = at_++;
+    if (!Take('u')) {
+        if (at_ == length_ || std::string_view("\"\\/bfnrt").find(text_[at_]) == std::string_view::npos) return false;
+        text_[to++] = '\\';
+        text_[to++] = text_[at_++];
+        return true;
+    }
+    unsigned code = 0;
+    const char *const end = text_ + std::min(at_ + 4, length_);
+    if (std::from_chars(text_ + at_, end, code, 16).ptr != text_ + at_ + 4 || code == 0) return false;
+    at_ += 4;
+    if (code >= 0x20 && code < 0x7F && code != '"' && code != '\\') {
+        text_[to++] = static_cast<char>(code);
+    } else {
+        to = static_cast<size_t>(std::copy(text_ + start, text_ + at_, text_ + to) - text_);
+    }
+    return true;
+}
+
+void JsonReader::SkipScalar() {
+    std::string_view string;
+    double number = 0;
+    switch (Kind()) {
+        case JsonKind::String: Read(string); break;
+        case JsonKind::Bool: (void)(TakeWord("true") || TakeWord("false") || Fail()); break;
+        case JsonKind::Null: (void)(TakeWord("null") || Fail()); break;
+        default: Read(number); break;
+    }
+}
+
+bool JsonReader::Fail() {
+    isBroken_ = true;
+    return false;
+}
+
+bool JsonReader::Take(char expected) {
+    if (at_ == length_ || text_[at_] != expected) return false;
     ++at_;
     return true;
 }
 
-bool JsonDocument::TakeWord(std::string_view word) {
-    if (text_.substr(at_, word.size()) != word) return false;
+bool JsonReader::TakeDigits() {
+    const size_t start = at_;
+    while (Peek() >= '0' && Peek() <= '9') ++at_;
+    return at_ > start;
+}
+
+bool JsonReader::TakeWord(std::string_view word) {
+    if (std::string_view(text_ + at_, length_ - at_).substr(0, word.size()) != word) return false;
     at_ += word.size();
     return true;
 }
 
-void JsonDocument::SkipBlanks() {
+void JsonReader::SkipBlanks() {
     while (Peek() == ' ' || Peek() == '\t' || Peek() == '\n' || Peek() == '\r') ++at_;
-}
-
-bool JsonDocument::ParseValue(int nesting, uint32_t &index) {
-    SkipBlanks();
-    JsonNode node;
-    bool isDone = true, hasEscapes = false;
-    switch (Peek()) {
-        case '{': node.kind = JsonKind::Object; break;
-        case '[': node.kind = JsonKind::Array; break;
-        case '"':
-            node.kind = JsonKind::String;
-            isDone = ParseString(node.textAt, node.textLength, hasEscapes);
-            break;
-        case 't':
-            node.kind = JsonKind::Bool;
-            isDone = TakeWord("true");
-            break;
-        case 'f':
-            node.kind = JsonKind::Bool;
-            isDone = TakeWord("false");
-            break;
-        case 'n': isDone = TakeWord("null"); break;
-        default: isDone = ParseNumber(node); break;
-    }
-    index = static_cast<uint32_t>(nodes_.Size());
-    if (!isDone || !nodes_.Append(node)) return false;
-    if (node.kind == JsonKind::Object) return ParseMembers(nesting + 1, index, '}');
-    if (node.kind == JsonKind::Array) return ParseMembers(nesting + 1, index, ']');
-    return true;
-}
-
-bool JsonDocument::ParseMembers(int nesting, uint32_t parent, char end) {
-    if (nesting > kMaxNesting) return false;
-    ++at_;
-    SkipBlanks();
-    if (Take(end)) return true;
-    uint32_t previous = JsonNode::kNone;
-    do {
-        uint32_t nameAt = 0, nameLength = 0, index = 0;
-        if (end == '}') {
-            bool hasEscapes = false;
-            SkipBlanks();
-            if (!ParseString(nameAt, nameLength, hasEscapes) || hasEscapes) return false;
-            SkipBlanks();
-            if (!Take(':')) return false;
-        }
-        if (!ParseValue(nesting, index)) return false;
-        JsonNode *nodes = nodes_.Data();
-        nodes[index].nameAt = nameAt;
-        nodes[index].nameLength = nameLength;
-        (previous == JsonNode::kNone ? nodes[parent].child : nodes[previous].next) = index;
-        previous = index;
-        SkipBlanks();
-    } while (Take(','));
-    return Take(end);
-}
-
-bool JsonDocument::ParseNumber(JsonNode &node) {
-    const size_t start = at_;
-    Take('-');
-    if (!Take('0')) {
-        if (!IsDigit(Peek())) return false;
-        while (IsDigit(Peek())) ++at_;
-    }
-    if (Take('.')) {
-        if (!IsDigit(Peek())) return false;
-        while (IsDigit(Peek())) ++at_;
-    }
-    if (Take('e') || Take('E')) {
-        if (!Take('-')) Take('+');
-        if (!IsDigit(Peek())) return false;
-        while (IsDigit(Peek())) ++at_;
-    }
-    node.kind = JsonKind::Number;
-    node.textAt = static_cast<uint32_t>(start);
-    node.textLength = static_cast<uint32_t>(at_ - start);
-    return std::from_chars(text_.data() + start, text_.data() + at_, node.number).ec == std::errc();
-}
-
-bool JsonDocument::ParseString(uint32_t &start, uint32_t &length, bool &hasEscapes) {
-    if (!Take('"')) return false;
-    start = static_cast<uint32_t>(at_);
-    while (at_ < text_.size() && text_[at_] != '"') {
-        if (static_cast<unsigned char>(text_[at_]) < 0x20) return false;
-        if (!Take('\\')) {
-            ++at_;
-            continue;
-        }
-        hasEscapes = true;
-        if (Take('u')) {
-            for (int i = 0; i < 4; ++i, ++at_) {
-                if (!IsHexDigit(Peek())) return false;
-            }
-        } else {
-            if (std::string_view("\"\\/bfnrt").find(Peek()) == std::string_view::npos) return false;
-            ++at_;
-        }
-    }
-    length = static_cast<uint32_t>(at_ - start);
-    return Take('"');
 }
 
 }  // namespace lacquer::vel

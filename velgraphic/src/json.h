@@ -1,61 +1,51 @@
-// A strict JSON reader for input that is not trusted: well-formed or refused, with bounded nesting.
+// Reads JSON that is not trusted, value by value, from the front to the end; nothing of it is kept.
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <string_view>
-
-#include "buffer.h"
 
 namespace lacquer::vel {
 
-enum class JsonKind : uint8_t { Null, Bool, Number, String, Array, Object };
+enum class JsonKind : unsigned char { Null, Bool, Number, String, Array, Object };
 
-/// Names and strings are as in the text, escapes included.
-struct JsonNode {
-    static constexpr uint32_t kNone = UINT32_MAX;
-
-    JsonKind kind = JsonKind::Null;
-    double number = 0;
-    uint32_t nameAt = 0, nameLength = 0;
-    uint32_t textAt = 0, textLength = 0;
-    uint32_t child = kNone, next = kNone;
-};
-
-/// The nodes of a text, which has to stay as long as the document.
-class JsonDocument {
+/// The caller asks for the kind of the value that comes next, and reads or skips it. After an error all that is asked
+/// for fails; whoever reads need not look before the end.
+class JsonReader {
 public:
-    static constexpr int kMaxNesting = 128;
+    static constexpr int kMaxNesting = 256;
 
-    /// False when the text (of less than 2^32 - 1 bytes) is no JSON, is nested too deeply, has a number out of the
-    /// range of a double or a name with an escape, and when memory is short.
-    bool Parse(std::string_view text);
+    /// The text stays the caller's. Escapes of plain characters, which could hide a known name, are replaced by the
+    /// characters as they are met; what they leave is blank.
+    JsonReader(char *text, size_t length) : text_(text), length_(length) {}
 
-    const JsonNode &Root() const { return nodes_[0]; }
-    std::string_view Name(const JsonNode &node) const { return text_.substr(node.nameAt, node.nameLength); }
-    std::string_view Text(const JsonNode &node) const { return text_.substr(node.textAt, node.textLength); }
+    /// Whether the text was well-formed to its end, not nested too deeply, and without zero characters in strings.
+    bool IsComplete();
+    size_t At() const { return at_; }
 
-    /// The elements of an array or members of an object, one after the other, then null.
-    const JsonNode *First(const JsonNode &node) const { return At(node.child); }
-    const JsonNode *Next(const JsonNode &node) const { return At(node.next); }
+    JsonKind Kind();
+    /// Goes into an array or object. Then each Next gives whether there is a further item, whose value comes next.
+    bool Enter();
+    bool NextItem() { return Next(']'); }
+    bool NextMember(std::string_view &name);
 
-    /// The last member of this name, or null. Of two members with one name readers may take either.
-    const JsonNode *Member(const JsonNode &object, std::string_view name) const;
+    bool Read(double &number);
+    bool Read(std::string_view &string);
+    void SkipScalar();
 
 private:
-    const JsonNode *At(uint32_t index) const { return index == JsonNode::kNone ? nullptr : &nodes_[index]; }
-    char Peek() const { return at_ < text_.size() ? text_[at_] : '\0'; }
+    char Peek() const { return at_ < length_ ? text_[at_] : '\0'; }
+    bool Fail();
     bool Take(char expected);
+    bool TakeDigits();
     bool TakeWord(std::string_view word);
     void SkipBlanks();
-    bool ParseValue(int nesting, uint32_t &index);
-    bool ParseMembers(int nesting, uint32_t parent, char end);
-    bool ParseNumber(JsonNode &node);
-    bool ParseString(uint32_t &start, uint32_t &length, bool &hasEscapes);
+    bool Next(char end);
+    bool ReadEscape(size_t &to);
 
-    std::string_view text_;
-    size_t at_ = 0;
-    Buffer<JsonNode> nodes_;
+    char *text_;
+    size_t length_, at_ = 0;
+    int nesting_ = 0;
+    bool isBroken_ = false, isFirst_ = false;
 };
 
 }  // namespace lacquer::vel

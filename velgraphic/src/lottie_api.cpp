@@ -5,7 +5,6 @@
 #include <new>
 
 #include "animation.h"
-#include "animation_check.h"
 #include "buffer.h"
 #include "canvas.h"
 #include "open_file.h"
@@ -20,54 +19,66 @@ using lacquer::vel::Point;
 
 struct velLottie final {
     std::unique_ptr<Animation> animation;
-    double reach = 0;
 };
 
 namespace {
 
-constexpr size_t kMaxJson = size_t{1} << 26;
+constexpr size_t kMaxJson = size_t{32} << 20;
 
-/// The largest side that a frame is rendered with, and the farthest that it may reach beyond its sides, because the
-/// renderer counts in 16 bits. Where the target asks for more the frame is enlarged.
-constexpr double kMaxFrameSide = 4096, kMaxFrameReach = 15000;
+/// The largest side that a frame is rendered with. Where the target asks for more the frame is enlarged.
+constexpr double kMaxFrameSide = 8192;
+constexpr float kMaxFrames = 1e6;
+
+/// Why the last load or draw that failed on this thread did.
+thread_local const char *lastError = "";
+
+/// Remembers a reason. Result: null, and 0.
+std::nullptr_t Refuse(const char *reason) {
+    lastError = reason;
+    return nullptr;
+}
+constexpr const char *kShort = "Memory is short.";
+constexpr const char *kTooLong = "The animation is longer than 32 MiB.";
 
 struct CloseFile {
     void operator()(std::FILE *file) const { std::fclose(file); }
 };
 
-/// All of a file, if it is no longer than an animation may be.
-bool ReadFile(const char *utf8Path, Buffer<char> &content) {
+/// All of a file. Result: why not, or null.
+const char *ReadFile(const char *utf8Path, Buffer<char> &content) {
     const std::unique_ptr<std::FILE, CloseFile> file(lacquer::vel::OpenFile(utf8Path));
-    if (!file) return false;
+    if (!file) return "The file cannot be opened.";
     char block[1 << 14];
     while (const size_t count = std::fread(block, 1, sizeof block, file.get())) {
-        if (content.Size() + count > kMaxJson || !content.Reserve(count)) return false;
+        if (content.Size() + count > kMaxJson) return kTooLong;
+        if (!content.Reserve(count)) return kShort;
         for (size_t i = 0; i < count; ++i) content.Append(block[i]);
     }
-    return std::ferror(file.get()) == 0;
+    return std::ferror(file.get()) == 0 ? nullptr : "The file cannot be read.";
 }
 
 }  // namespace
 
+const char *velLottieLastError() { return lastError; }
+
 velLottie *velLottieCreateFromData(const char *json, size_t length) {
-    if (!json || length > kMaxJson) return nullptr;
-    const double reach = lacquer::vel::ReachOfAnimation({json, length});
-    if (reach < 0) return nullptr;
-    std::unique_ptr<velLottie> lottie(new (std::nothrow) velLottie);
-    if (!lottie) return nullptr;
-    lottie->reach = reach;
-    lottie->animation = Animation::Create(json, length);
-    if (!lottie->animation) return nullptr;
+    if (!json) return Refuse("There is no animation.");
+    if (length > kMaxJson) return Refuse(kTooLong);
+    const char *refusal = nullptr;
+    std::unique_ptr<velLottie> lottie(new (std::nothrow) velLottie{Animation::Create(json, length, refusal)});
+    if (!lottie) return Refuse(kShort);
+    if (refusal) return Refuse(refusal);
     const velLottieInfo info = lottie->animation->Info();
-    if (info.width <= 0 || info.height <= 0 || !(info.frameCount >= 1)) return nullptr;
-    // A frame of one pixel has to be possible.
-    if (reach > kMaxFrameReach * std::min(info.width, info.height)) return nullptr;
+    const bool hasSize = info.width > 0 && info.height > 0 && std::max(info.width, info.height) <= kMaxSize;
+    if (!hasSize) return Refuse("The animation has no size, or too large a one.");
+    if (!(info.frameCount >= 1 && info.frameCount <= kMaxFrames))
+        return Refuse("The animation has no frames, or too many.");
     return lottie.release();
 }
 
 velLottie *velLottieCreateFromFile(const char *utf8Path) {
     Buffer<char> content;
-    if (!utf8Path || !ReadFile(utf8Path, content)) return nullptr;
+    if (const char *refusal = utf8Path ? ReadFile(utf8Path, content) : "There is no path.") return Refuse(refusal);
     return velLottieCreateFromData(content.Data(), content.Size());
 }
 
@@ -83,30 +94,30 @@ int velLottieDestroy(velLottie *lottie) {
 }
 
 int velLottieDraw(velCanvas *canvas, velLottie *lottie, float frame, float x, float y, float width, float height) {
-    if (!canvas || !lottie || !AreFinite(frame, x, y, width, height) || !canvas->target.Bitmap()) return 0;
-    if (!(width >= 0 && height >= 0 && std::max(width, height) <= static_cast<float>(kMaxSize))) return 0;
+    const auto refuse = [](const char *reason) { return Refuse(reason) != nullptr; };
+    if (!canvas || !lottie || !canvas->target.Bitmap()) return refuse("There is no canvas, bitmap or animation.");
+    if (!AreFinite(frame, x, y, width, height)) return refuse("A number is not finite.");
     const Point low = Point{x, y} + canvas->state.translation, high = low + Point{width, height};
-    if (!InRange(low) || !InRange(high)) return 0;
+    if (!(width >= 0 && height >= 0 && std::max(width, height) <= static_cast<float>(kMaxSize) && InRange(low) &&
+          InRange(high))) {
+        return refuse("The rectangle is too large or too far away.");
+    }
     const Clip place = PixelRect(low, high);
     if (place.Intersected(canvas->target.Visible(canvas->state.clip)).IsEmpty()) return 1;
 
-    const velLottieInfo info = lottie->animation->Info();
-    const double placeWidth = place.right - place.left, placeHeight = place.bottom - place.top;
-    const double reach = lottie->reach * std::max(placeWidth / info.width, placeHeight / info.height);
-    const double reduction = std::min(1.0, kMaxFrameReach / reach);
-    const auto side = [&](double size) {
-        return std::max(1, static_cast<int>(std::min(size * reduction, kMaxFrameSide)));
-    };
-    const int columns = side(placeWidth), rows = side(placeHeight);
+    Animation &animation = *lottie->animation;
+    const size_t index = static_cast<size_t>(std::clamp(frame, 0.0f, animation.Info().frameCount - 1));
+    const auto side = [](double size) { return static_cast<int>(std::min(size, kMaxFrameSide)); };
+    int columns = side(double{1} * place.right - place.left), rows = side(double{1} * place.bottom - place.top);
+    if (const char *refusal = animation.Prepare(index, columns, rows)) return refuse(refusal);
     cairo_surface_t *image = cairo_image_surface_create(CAIRO_FORMAT_ARGB32, columns, rows);
-    bool isDone = cairo_surface_status(image) == CAIRO_STATUS_SUCCESS;
-    if (isDone) {
-        lottie->animation->Render(static_cast<size_t>(std::clamp(frame, 0.0f, info.frameCount - 1)),
-                                  reinterpret_cast<uint32_t *>(cairo_image_surface_get_data(image)), columns, rows,
-                                  cairo_image_surface_get_stride(image));
+    const char *refusal = kShort;
+    if (cairo_surface_status(image) == CAIRO_STATUS_SUCCESS) {
+        refusal = animation.Render(index, reinterpret_cast<uint32_t *>(cairo_image_surface_get_data(image)), columns,
+                                   rows, cairo_image_surface_get_stride(image));
         cairo_surface_mark_dirty(image);
-        isDone = canvas->DrawImage(image, place);
+        if (!refusal && !canvas->DrawImage(image, place)) refusal = kShort;
     }
     cairo_surface_destroy(image);
-    return isDone;
+    return refusal ? refuse(refusal) : 1;
 }

@@ -373,18 +373,26 @@ VELGRAPHIC_API int velGradientDestroy(velGradient *gradient);
 /* ---- Animations ---------------------------------------------------------------------------------------------------
  * A library built without an animation renderer refuses all of it. */
 
-/* An animation from `length` bytes of Lottie JSON, of at most 64 MB. Null when they are malformed, contain bitmap
- * images, or would take beyond reason to draw: very many layers, repeated shapes, points or dashes. */
+/* An animation from `length` bytes of Lottie JSON, of at most 32 MiB. Pictures in it are left out. Null when they are
+ * malformed, or would take beyond reason to load: more memory than 32 MiB and 8 bytes per byte, or more than 100,000
+ * layers and shapes with all copies and uses of compositions. */
 VELGRAPHIC_API velLottie *velLottieCreateFromData(const char *json, size_t length);
 
 /* The same from a file. */
 VELGRAPHIC_API velLottie *velLottieCreateFromFile(const char *utf8Path);
 
+/* Why the last load or draw of an animation that was refused on this thread was: a sentence in English, which stays
+ * valid. Empty when none was. */
+VELGRAPHIC_API const char *velLottieLastError(void);
+
 VELGRAPHIC_API int velLottieGetInfo(velLottie *lottie, velLottieInfo *out);
 VELGRAPHIC_API int velLottieDestroy(velLottie *lottie);
 
 /* Draws the frame with this number, fractions dropped, or the first or last one, whichever is nearest. The animation's
- * area is stretched to the rectangle, whose edges are rounded to whole pixels. */
+ * area is stretched to the rectangle, whose edges are rounded to whole pixels. A frame of more than 8192 pixels a side,
+ * or one that reaches so far beyond its sides that the renderer's numbers cannot hold it, is rendered smaller and
+ * enlarged. A frame is refused that would take more than 256 MiB beside its own pixels, more than 100,000 shapes or 2
+ * million points, or seconds. */
 VELGRAPHIC_API int velLottieDraw(velCanvas *canvas, velLottie *lottie, float frame, float x, float y, float width,
                                  float height);
 
