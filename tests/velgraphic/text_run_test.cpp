@@ -335,13 +335,18 @@ std::map<std::string, std::filesystem::file_time_type> FilesIn(const std::filesy
     fs::create_symlink("/usr/share/fonts/truetype/dejavu/DejaVuSerif.ttf", folder / "fonts/more/Serif.ttf");
     const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(20);
     bool isFound = false;
-    while (!isFound && std::chrono::steady_clock::now() < end) isFound = isInstalled(kSerif);
+    while (!isFound && std::chrono::steady_clock::now() < end) {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        isFound = isInstalled(kSerif);
+    }
+    fs::remove_all(folder);
     _exit(isRight && isFound ? 0 : 1);
 }
 
 TEST(VelTextRunDeathTest, NothingIsWrittenOrPrinted) {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
-    EXPECT_EXIT(DrawWithFontsIn(std::filesystem::current_path() / "private_fonts"), testing::ExitedWithCode(0), "^$");
+    const std::string folder = "lacquer_fonts_" + std::to_string(getpid());
+    EXPECT_EXIT(DrawWithFontsIn(std::filesystem::temp_directory_path() / folder), testing::ExitedWithCode(0), "^$");
 }
 #endif
 

@@ -1,5 +1,5 @@
-// What stays in the process when this library goes: the renderer, with what it stands on. pixman and fontconfig never give
-// back what they allocate once, and would allocate it again each time the library is loaded.
+// What stays in the process when this library goes: the renderer, with what it stands on. pixman and fontconfig never
+// give back what they allocate once, and would allocate it again each time the library is loaded.
 
 #include <cairo.h>
 #include <dlfcn.h>

@@ -1,5 +1,5 @@
-// The lock of what all canvases share. It takes no memory of its own, so that nothing is left when the library goes: the
-// C++ one does on Windows.
+// The lock of what all canvases share. It takes no memory of its own, so that nothing is left when the library goes:
+// the C++ one does on Windows.
 #pragma once
 
 #ifdef _WIN32

@@ -20,8 +20,8 @@
  * - Work: on 2000 x 2000 pixels no call takes longer than about two seconds. A figure that the renderer would take much
  *   longer than a second for has its coverage counted out of 8 x 8 samples a pixel. Refused is a figure of more than
  *   1,000,000 lines and curves after clipping, and one that even so has more than 3,000,000 edges, or edges that cross
- *   more than 75,000,000 rows of visible pixels (600,000,000 without anti-aliasing) taken together. The edges of a stroke
- *   are those of its lines, corners and ends. A gradient has at most 100,000 stops.
+ *   more than 75,000,000 rows of visible pixels (600,000,000 without anti-aliasing) taken together. The edges of a
+ * stroke are those of its lines, corners and ends. A gradient has at most 100,000 stops.
  *
  * - Colours are straight 0xAARRGGBB. Pixels are premultiplied words 0xAARRGGBB, in memory blue, green, red, alpha.
  *

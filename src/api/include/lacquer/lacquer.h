@@ -596,7 +596,8 @@ LACQUER_API HRGN CreateTextureRgn(HGTEXTURE texture, const RECT *rect);
 /* ---- Vector drawing ------------------------------------------------------------------------------------------------
  * Anti-aliased shapes, paths, gradients, text and animations, drawn by the companion library velGraphic into a canvas's
  * own pixels. <velgraphic/velgraphic.h> has the values of styles, modes, caps, joins and dashes, the limits of
- * numbers and of work, and how each function draws: DrawLine is velCanvasDrawLine, PathArcTo is velPathArcTo, and so on.
+ * numbers and of work, and how each function draws: DrawLine is velCanvasDrawLine, PathArcTo is velPathArcTo, and so
+ * on.
  *
  * Colours are straight 0xAARRGGBB; angles are degrees, clockwise on screen from the positive x axis. Coordinates are
  * logical and may have fractions; drawing stays inside the canvas's clip. The vector state (style, colour, blend,
