@@ -137,7 +137,7 @@ TEST(VelTextTest, SmallGlyphsAreLargeOnesSeenFromAfar) {
         for (const float quarter : {0.0f, 0.25f, 0.5f, 0.75f}) {
             for (const Painting *each : {&small, &large}) {
                 const float scale = each == &large ? kFactor : 1;
-                SetFont(*each, 12 * scale, letter % 4u, letter % 3 ? "DejaVu Sans" : "DejaVu Serif");
+                SetFont(*each, 12 * scale, static_cast<DWORD>(letter) % 4, letter % 3 ? "DejaVu Sans" : "DejaVu Serif");
                 // The small one is moved to the place of the large one: to a quarter of a column, and to a row.
                 const float aside = each == &large ? 0 : 0.1f;
                 const std::string text(1, letter);
@@ -150,7 +150,8 @@ TEST(VelTextTest, SmallGlyphsAreLargeOnesSeenFromAfar) {
                         large.AlphaAt(i % kSmall * kFactor + k % kFactor, i / kSmall * kFactor + k / kFactor));
                 }
                 const int average = (sum + kFactor * kFactor / 2) / (kFactor * kFactor);
-                largest = std::max(largest, std::abs(average - static_cast<int>(small.Pixels()[i] >> 24)));
+                largest =
+                    std::max(largest, std::abs(average - static_cast<int>(small.AlphaAt(i % kSmall, i / kSmall))));
             }
             small.Fill(0);
             large.Fill(0);
@@ -203,7 +204,8 @@ TEST(VelTextTest, TextOfOneCallIsOneShape) {
         ASSERT_EQ(1, velCanvasClipRect(*each, 7, 3, 690, 481));
     }
     EXPECT_EQ(1, velCanvasDrawPosTextByGlyphs(together, letters.data(), count, positions.data()));
-    for (int i = 0; i < count; ++i) EXPECT_EQ(1, velCanvasDrawPosTextByGlyphs(apart, &letters[i], 1, &positions[i]));
+    for (size_t i = 0; i < letters.size(); ++i)
+        EXPECT_EQ(1, velCanvasDrawPosTextByGlyphs(apart, &letters[i], 1, &positions[i]));
     EXPECT_FALSE(apart.IsEmpty());
     EXPECT_EQ(0, Difference(together, apart));
     // Here what is drawn changes all the rest, too.
