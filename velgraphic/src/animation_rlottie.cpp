@@ -79,6 +79,7 @@ struct Animation::Handle {
     std::string json;
     Model model;  ///< what is drawn
     Model tree;   ///< what is asked for its shapes; never drawn, which would leave the tree without its points
+    velLottieInfo info{};
     double kept = 0;
     double needed = 0;  ///< for the frame that was prepared
 
@@ -95,7 +96,12 @@ const char *Animation::Handle::Load() {
     if (checked.refusal) return checked.refusal;
     if (!MemoryCanBeHad(2 * json.size() + static_cast<size_t>(checked.bytes))) return kShort;
     model = LoadModel(json);
-    if (model) tree = LoadModel(WithoutDashes(json, checked));
+    if (!model) return kUnknown;
+    size_t width = 0, height = 0;
+    model->size(width, height);
+    info = {static_cast<LONG>(width), static_cast<LONG>(height), static_cast<float>(model->totalFrame()),
+            static_cast<float>(model->frameRate())};
+    tree = LoadModel(WithoutDashes(json, checked));
     return tree ? nullptr : kUnknown;
 }
 
@@ -123,19 +129,14 @@ const char *Animation::Attempt(Attempted attempt) {
 Animation::Animation(std::unique_ptr<Handle> handle) : handle_(std::move(handle)) {}
 Animation::~Animation() = default;
 
-velLottieInfo Animation::Info() const {
-    size_t width = 0, height = 0;
-    handle_->model->size(width, height);
-    return {static_cast<LONG>(width), static_cast<LONG>(height), static_cast<float>(handle_->model->totalFrame()),
-            static_cast<float>(handle_->model->frameRate())};
-}
+velLottieInfo Animation::Info() const { return handle_->info; }
 
 const char *Animation::Prepare(size_t frame, int &width, int &height) {
     return Attempt([&]() -> const char * {
         if (!handle_->tree || handle_->kept > kMostKept) {
             if (const char *refusal = handle_->Load()) return refusal;
         }
-        const velLottieInfo info = Info();
+        const velLottieInfo &info = handle_->info;
         const auto measure = [&] {
             const LOTLayerNode *tree =
                 handle_->tree->renderTree(frame, static_cast<size_t>(width), static_cast<size_t>(height));
