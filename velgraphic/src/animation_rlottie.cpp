@@ -1,4 +1,5 @@
-// Animations through rlottie. This file is compiled with exceptions, for those of the renderer; none leaves it.
+// Animations through rlottie. This file is compiled with exceptions, for those of the renderer; none leaves it. Where
+// the renderer is built without them its lack of memory ends the program, so what it may need is proven beforehand.
 
 #include <rlottie.h>
 
@@ -80,6 +81,7 @@ struct Animation::Handle {
     Model model;  ///< what is drawn
     Model tree;   ///< what is asked for its shapes; never drawn, which would leave the tree without its points
     velLottieInfo info{};
+    double preparing = 0;  ///< for any frame's shapes
     double kept = 0;
     double needed = 0;  ///< for the frame that was prepared
 
@@ -94,6 +96,7 @@ const char *Animation::Handle::Load() {
     CheckedAnimation checked;
     CheckAnimation(json.data(), json.size(), checked);
     if (checked.refusal) return checked.refusal;
+    preparing = checked.frameBytes;
     if (!MemoryCanBeHad(2 * json.size() + static_cast<size_t>(checked.bytes))) return kShort;
     model = LoadModel(json);
     if (!model) return kUnknown;
@@ -136,6 +139,7 @@ const char *Animation::Prepare(size_t frame, int &width, int &height) {
         if (!handle_->tree || handle_->kept > kMostKept) {
             if (const char *refusal = handle_->Load()) return refusal;
         }
+        if (!MemoryCanBeHad(static_cast<size_t>(handle_->preparing))) return kShort;
         const velLottieInfo &info = handle_->info;
         const auto measure = [&] {
             const LOTLayerNode *tree =
@@ -153,7 +157,8 @@ const char *Animation::Prepare(size_t frame, int &width, int &height) {
         if (needs.reduction < 1) return kFar;
         if (needs.refusal) return needs.refusal;
         const double own = 8.0 * width * height;
-        if (!HasThreads() || !MemoryCanBeHad(static_cast<size_t>(needs.bytes + own))) return kShort;
+        const size_t bytes = static_cast<size_t>(handle_->preparing + needs.bytes + own);
+        if (!HasThreads() || !MemoryCanBeHad(bytes)) return kShort;
         handle_->needed = needs.bytes;
         return nullptr;
     });
