@@ -17,8 +17,14 @@
 namespace lacquer {
 namespace {
 
-constexpr double kMostSeconds = 2;  ///< of all processors together
+// Of all processors together. Sanitizers are slow, and keep what is freed.
+#ifdef LACQUER_HEAP_OF_SANITIZER
+constexpr double kMostSeconds = 20;
+constexpr long kMostKilobytes = 2'000'000;
+#else
+constexpr double kMostSeconds = 2;
 constexpr long kMostKilobytes = 400'000;
+#endif
 
 /// Writes one of a family of animations by its seed.
 class Hostile {

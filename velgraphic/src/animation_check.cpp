@@ -20,6 +20,8 @@ constexpr size_t kMaxDashes = 64;
 
 // What the renderer keeps of an animation, in bytes, in each of two models.
 constexpr double kLayerBytes = 2800, kShapeBytes = 1400, kObjectBytes = 128, kNumberBytes = 8;
+/// What it keeps of each layer and shape that a use of a composition or a repeater makes, and of points in a frame.
+constexpr double kItemBytes = 2000, kItemFrameBytes = 1000, kGatheredBytes = 64;
 
 // What it takes to look at an object, to move a point, to search for a layer by its number, to follow the layers that
 // one is attached to, and to look for a place on a curve that is not there.
@@ -304,7 +306,12 @@ void Walk::CountUses() {
         composition.firstUse = static_cast<size_t>(first - uses_.begin());
         composition.useEnd = static_cast<size_t>(end - uses_.begin());
     }
-    for (size_t i = 0; i < compositions_.Size() && Count(compositions_.Data()[i]);) ++i;
+    for (size_t i = 0; i < compositions_.Size() && Count(compositions_.Data()[i]); ++i) {
+        const Composition &composition = compositions_[i];
+        if (composition.order > 0) continue;
+        result_.bytes += kItemBytes * composition.items;
+        result_.frameBytes = kItemFrameBytes * composition.items + kGatheredBytes * composition.gathered;
+    }
 }
 
 /// Adds the compositions that one shows to its own counts.

@@ -22,7 +22,8 @@ struct DashedStroke {
 /// What is known of an animation after the check.
 struct CheckedAnimation {
     const char *refusal = nullptr;  ///< why the renderer must not get it
-    double bytes = 0;               ///< what the renderer needs to load it once, at most
+    double bytes = 0;               ///< what the renderer needs to load it, at most
+    double frameBytes = 0;          ///< what it needs to prepare a frame
     Buffer<DashedStroke> strokes;   ///< in the order of the text
     Buffer<TextRange> lengths;
 };

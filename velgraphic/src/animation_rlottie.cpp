@@ -1,4 +1,5 @@
-// Animations through rlottie. This file is compiled with exceptions, for those of the renderer; none leaves it.
+// Animations through rlottie. This file is compiled with exceptions, for those of the renderer; none leaves it. Where
+// the renderer is built without them its lack of memory ends the program, so what it may need is proven beforehand.
 
 #include <rlottie.h>
 
@@ -79,6 +80,8 @@ struct Animation::Handle {
     std::string json;
     Model model;  ///< what is drawn
     Model tree;   ///< what is asked for its shapes; never drawn, which would leave the tree without its points
+    velLottieInfo info{};
+    double preparing = 0;  ///< for any frame's shapes
     double kept = 0;
     double needed = 0;  ///< for the frame that was prepared
 
@@ -93,9 +96,15 @@ const char *Animation::Handle::Load() {
     CheckedAnimation checked;
     CheckAnimation(json.data(), json.size(), checked);
     if (checked.refusal) return checked.refusal;
+    preparing = checked.frameBytes;
     if (!MemoryCanBeHad(2 * json.size() + static_cast<size_t>(checked.bytes))) return kShort;
     model = LoadModel(json);
-    if (model) tree = LoadModel(WithoutDashes(json, checked));
+    if (!model) return kUnknown;
+    size_t width = 0, height = 0;
+    model->size(width, height);
+    info = {static_cast<LONG>(width), static_cast<LONG>(height), static_cast<float>(model->totalFrame()),
+            static_cast<float>(model->frameRate())};
+    tree = LoadModel(WithoutDashes(json, checked));
     return tree ? nullptr : kUnknown;
 }
 
@@ -123,19 +132,15 @@ const char *Animation::Attempt(Attempted attempt) {
 Animation::Animation(std::unique_ptr<Handle> handle) : handle_(std::move(handle)) {}
 Animation::~Animation() = default;
 
-velLottieInfo Animation::Info() const {
-    size_t width = 0, height = 0;
-    handle_->model->size(width, height);
-    return {static_cast<LONG>(width), static_cast<LONG>(height), static_cast<float>(handle_->model->totalFrame()),
-            static_cast<float>(handle_->model->frameRate())};
-}
+velLottieInfo Animation::Info() const { return handle_->info; }
 
 const char *Animation::Prepare(size_t frame, int &width, int &height) {
     return Attempt([&]() -> const char * {
         if (!handle_->tree || handle_->kept > kMostKept) {
             if (const char *refusal = handle_->Load()) return refusal;
         }
-        const velLottieInfo info = Info();
+        if (!MemoryCanBeHad(static_cast<size_t>(handle_->preparing))) return kShort;
+        const velLottieInfo &info = handle_->info;
         const auto measure = [&] {
             const LOTLayerNode *tree =
                 handle_->tree->renderTree(frame, static_cast<size_t>(width), static_cast<size_t>(height));
@@ -152,7 +157,8 @@ const char *Animation::Prepare(size_t frame, int &width, int &height) {
         if (needs.reduction < 1) return kFar;
         if (needs.refusal) return needs.refusal;
         const double own = 8.0 * width * height;
-        if (!HasThreads() || !MemoryCanBeHad(static_cast<size_t>(needs.bytes + own))) return kShort;
+        const size_t bytes = static_cast<size_t>(handle_->preparing + needs.bytes + own);
+        if (!HasThreads() || !MemoryCanBeHad(bytes)) return kShort;
         handle_->needed = needs.bytes;
         return nullptr;
     });
