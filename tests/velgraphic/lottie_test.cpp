@@ -126,7 +126,7 @@ TEST_F(VelLottieTest, DrawsAtFullResolutionWhateverReachesFar) {
     };
     // Curves may be longer than straight lines.
     const std::string distant[] = {Group(RedSquare(), "[9000,0]", "20000"), Outlined("9", "100", "[-99999,0]"),
-                                   Outlined("3000", "100", "[2500,0]"), Outlined("3", "99999", "[999999,9]")};
+                                   Outlined("3000", "100", "[2500,0]"), Outlined("0.1", "99999", "[20,20]")};
     for (const std::string &shape : distant) {
         for (const int size : {32, 200}) EXPECT_EQ(drawn(star, size), drawn(star + "," + shape, size)) << shape;
     }
@@ -145,7 +145,9 @@ TEST_F(VelLottieTest, LeavesPicturesOut) {
         "'p':'data:image/png;base64,iVBORw0KGgoAAAANSUhEUgAAAAEAAAABCAYAAAAfFcSJAAAADUlEQVR42mNkYPhf"
         "DwAChwGA60e6kgAAAABJRU5ErkJggg==','e':1,'u':''";
     const std::string layers =
-        "{'ty':2,'refId':'a','ks':{},'ip':0,'op':10},{'ty':4,'ks':{},'ip':0,'op':10,'shapes':[" + RedSquare() + "]}";
+        "{'ty':2,'refId':'missing','ks':{},'ip':0,'op':10},"
+        "{'ty':2,'refId':'a','ks':{},'ip':0,'op':10},{'ty':4,'ks':{},'ip':0,'op':10,'shapes':[" +
+        RedSquare() + "]}";
     Painting painting(40, 40);
     EXPECT_EQ(1, velLottieDraw(painting, Lottie(Composition(layers, "{'id':'a','w':40,'h':40," + picture + "}")), 0, 0,
                                0, 40, 40));
