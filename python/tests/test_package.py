@@ -1,0 +1,229 @@
+"""The package: pictures, conversions, lifetimes, and arguments from anywhere."""
+
+import copy
+import inspect
+import os
+import re
+import subprocess
+import tempfile
+import unittest
+from contextlib import AbstractContextManager
+from pathlib import Path as File
+
+import lacquer
+import numpy
+from lacquer import _c
+from lacquer import Bitmap, Canvas, DrawMode, Gradient, LacquerError, Lottie, Path, Rect, Texture
+from PIL import Image
+
+ROOT = File(__file__).resolve().parents[2]
+ANIMATION = (ROOT / "examples/assets/drop.json").read_text()
+REFUSALS = (LacquerError, TypeError, ValueError, OverflowError, LookupError, AttributeError, MemoryError, OSError)
+
+
+def free_handles():
+    """How many handles the library has left."""
+    taken = []
+    while handle := _c.e_NewHandleEntry(None, 0x10, 1):
+        taken.append(handle)
+    for handle in taken:
+        _c.e_DelHandleEntry(None, handle)
+    return len(taken)
+
+
+class PictureTest(unittest.TestCase):
+    def test_readme_paints_what_the_c_program_paints(self):
+        library, companion = os.environ["LACQUER_LIBRARY"], os.environ["VELGRAPHIC_LIBRARY"]
+        with tempfile.TemporaryDirectory() as folder:
+            program = File(folder, "first_picture")
+            source = ROOT / "examples/first_picture/first_picture.c"
+            headers = ["-I", ROOT / "src/api/include", "-I", ROOT / "velgraphic/include"]
+            places = [f"-Wl,-rpath,{File(path).parent}" for path in (library, companion)]
+            subprocess.run(["cc", "-std=c11", *headers, source, library, companion, *places, "-o", program], check=True)
+            subprocess.run([program], cwd=folder, check=True)
+            text = re.search(r"```python\n(.*?)```", (ROOT / "python/README.md").read_text(), re.DOTALL).group(1)
+            before = os.getcwd()
+            os.chdir(folder)
+            try:
+                exec(compile(text, "README.md", "exec"), {})
+                painted, expected = Image.open("first_picture.png"), Image.open("first_picture.ppm")
+                self.assertEqual(painted.convert("RGB").tobytes(), expected.tobytes())
+            finally:
+                os.chdir(before)
+
+    def test_images_keep_their_colours_and_premultiply(self):
+        image = Image.new("RGBA", (256, 2), (200, 100, 50))
+        image.putalpha(Image.linear_gradient("L").rotate(90).resize((256, 2)))
+        texture = Texture.from_image(image)
+        self.assertEqual(texture.draw_mode, DrawMode.OVER)
+        straight, alpha = numpy.array(image).astype(int), numpy.array(image)[..., 3:].astype(int)
+        with texture.pixels() as pixels:
+            expected = (straight[..., [2, 1, 0]] * alpha + 127) // 255
+            self.assertLessEqual(abs(pixels[..., :3] - expected).max(), 1)
+            self.assertTrue((pixels[..., 3:] == alpha).all())
+        errors = abs(numpy.array(texture.to_image()).astype(int) - straight)[..., :3] * alpha
+        self.assertLessEqual(errors.max(), 255)  # As close as premultiplied bytes can be.
+        for mode in "RGB", "L", "P", "1":
+            opaque = image.convert("RGB").convert(mode)
+            texture = Texture.from_image(opaque)
+            self.assertEqual(texture.draw_mode, DrawMode.COPY)
+            self.assertEqual(texture.to_image().convert("RGB").tobytes(), opaque.convert("RGB").tobytes(), mode)
+
+    def test_pixels_of_every_depth(self):
+        for bits, shape, value in (8, (3, 5), 2), (24, (3, 5, 3), (3, 2, 1)), (32, (3, 5, 4), (3, 2, 1, 255)):
+            palette = [0, 0, 0xFF010203] if bits == 8 else None
+            with Bitmap(5, 3, bits=bits, palette=palette) as bitmap, bitmap.pixels() as pixels:
+                self.assertEqual(pixels.shape, shape)
+                pixels[:] = value
+                self.assertEqual(bitmap.to_image().convert("RGB").getpixel((4, 2)), (1, 2, 3))
+        with Canvas(20, 20) as canvas, canvas.pixels((3, 4, 7, 6)) as part:
+            part[:] = 255
+            self.assertEqual(canvas.texture().region(), [Rect(0, 0, 20, 20)])
+            texture = canvas.texture()
+            texture.draw_mode = DrawMode.OVER
+            self.assertEqual(texture.region(), [Rect(3, 4, 7, 6)])
+
+
+class LifetimeTest(unittest.TestCase):
+    def test_arrays_outlive_their_objects(self):
+        for close in (
+            Canvas.close,
+            lambda canvas: canvas.to_texture().close(),
+            lambda canvas: canvas.to_bitmap().to_texture().close(),
+        ):
+            canvas = Canvas(300, 300)
+            bitmap = canvas.bitmap()
+            with canvas.pixels() as pixels, bitmap.pixels() as alias:
+                part = pixels[1:]
+                self.assertRaises(LacquerError, canvas.to_texture)
+            close(canvas)
+            bitmap.close()
+            self.assertRaises(ValueError, pixels.fill, 1)
+            part[:] = 7
+            self.assertEqual(alias[299, 299, 3], 7)
+        with Canvas(4, 4).lock() as locked:
+            data = locked.data
+        self.assertRaises(ValueError, bytes, data)
+
+    def test_handles_come_back(self):
+        before = free_handles()
+        kept = Canvas(4, 4)
+        self.assertEqual(free_handles(), before - 1)
+        for _ in range(3):
+            bitmap, texture = kept.bitmap(), kept.texture()
+            texture.gaussian_blur()
+            kept.gaussian_blur()
+            Texture.from_image(kept.to_image()).region()
+            bitmap.resized(9, 9).transformed(1).to_texture()
+            with Canvas(4, 4) as canvas, canvas.pixels():
+                pass
+        del bitmap, texture, canvas, kept
+        self.assertEqual(free_handles(), before)
+
+    def test_objects_cannot_be_copied(self):
+        self.assertRaises(TypeError, copy.deepcopy, Path())
+
+
+def samples():
+    """An argument for each annotation."""
+    values = {"float": 1.0, "int": 1, "bool": True, "str": "fi", "Colour": (1, 2, 3), "RectLike": (1, 1, 3, 3)}
+    values.update(
+        Texture=Texture(4, 4),
+        Bitmap=Bitmap(4, 4),
+        Canvas=Canvas(4, 4),
+        Path=Path().add_circle(2, 2, 2),
+        Gradient=Gradient.linear(0, 0, 4, 4, [(0, 0), (1, (1, 2, 3))]),
+        Lottie=Lottie.from_data(ANIMATION),
+        Shadow=lacquer.Shadow((1, 2, 3), blur=2),
+        Stops=[(0.5, 1)],
+        TextureMode=lacquer.TextureMode(lacquer.Layout.NINE_GRID, (1, 1, 1, 1)),
+    )
+    values["PIL.Image.Image"] = Image.new("RGB", (4, 4))
+    values["numpy.ndarray"] = numpy.zeros((4, 4, 4), numpy.uint8)
+    values["Iterable[RectLike]"] = [(0, 0, 2, 2)]
+    values["Sequence[int]"] = [3, 4]
+    values["Sequence[Tuple[float, float]]"] = values["Sequence[Tuple[int, int]]"] = [(1, 1), (3, 2)]
+    values["Tuple[int, int]"] = (1, 2)
+    values["Union[str, bytes]"] = ANIMATION
+    values["Union[int, Sequence[float]]"] = values["Union[float, Sequence[float]]"] = 1
+    values["Union[str, os.PathLike[str]]"] = ROOT / "examples/assets/drop.json"
+    return values
+
+
+SPECIAL = {"select_slice": {"index": 0}, "oval_to": {"x": 3.0}, "transformed": {"turn": 2}}
+HOSTILE = [None, -1, 0, 2**31, 2**32, 10**400, 1e300, float("nan"), "\0x", "", b"", [], (1, 2), [10**30] * 4,
+           (0, 0, -5, -5), (-(2**31), -(2**31), 2**31 - 1, 2**31 - 1), object(), "x" * 70000]  # fmt: skip
+
+
+class ArgumentTest(unittest.TestCase):
+    def makers(self):
+        """For each class how objects come about."""
+        return {
+            Canvas: lambda: Canvas(4, 4),
+            Texture: lambda: self.texture(),
+            Bitmap: lambda: Bitmap(4, 4),
+            Path: lambda: Path().move_to(1, 1),
+            Gradient: lambda: Gradient.linear(0, 0, 4, 4),
+            Lottie: lambda: Lottie.from_data(ANIMATION),
+        }
+
+    def texture(self):
+        texture = Texture(4, 4)
+        texture.set_slices([(0, 0, 4, 4)])
+        return texture
+
+    def perform(self, function, *arguments, **named):
+        result = function(*arguments, **named)
+        if isinstance(result, AbstractContextManager) and not isinstance(result, lacquer._object.Owner):
+            with result:
+                pass
+
+    def calls(self, kind, make):
+        """(name, function of an object and arguments, names of the arguments with good values)."""
+        values = samples()
+        for name, member in inspect.getmembers(kind):
+            if name == "__init__" or name.startswith("_") or name in ("handle", "closed", "close", "save"):
+                continue
+            if isinstance(member, property):
+                yield name, (lambda made, name=name: getattr(made, name)), {}
+                if member.fset:
+                    annotation = list(inspect.signature(member.fset).parameters.values())[1].annotation
+                    assign = lambda made, value, name=name: setattr(made, name, value)  # noqa: E731
+                    yield f"{name} =", assign, {"value": values[annotation]}
+                continue
+            good = {}
+            for parameter in list(inspect.signature(getattr(kind, name)).parameters.values()):
+                annotation = re.sub(r"Optional\[(.*)\]", r"\1", str(parameter.annotation))
+                if parameter.name == "self" or parameter.kind == parameter.VAR_POSITIONAL:
+                    continue
+                annotation = {"Self": kind.__name__}.get(annotation, annotation)
+                good[parameter.name] = values[annotation]
+            good.update(SPECIAL.get(name, {}))
+            yield name, (lambda made, name=name, **given: getattr(made, name)(**given)), good
+
+    def test_calls_work_and_refuse_what_is_wrong(self):
+        count = 0
+        for kind, make in self.makers().items():
+            for name, function, good in self.calls(kind, make):
+                with self.subTest(f"{kind.__name__}.{name}"):
+                    self.perform(function, make(), **good)
+                    for argument in good:
+                        for value in HOSTILE:
+                            count += 1
+                            try:
+                                self.perform(function, make(), **{**good, argument: value})
+                            except REFUSALS:
+                                pass
+                    if not inspect.ismethod(getattr(kind, name.rstrip(" ="))):
+                        made = make()
+                        made.close()
+                        self.assertRaises(LacquerError, self.perform, function, made, **good)
+        self.assertGreater(count, 3000)
+        for size in HOSTILE:
+            for kind in Canvas, Texture, Bitmap:
+                self.assertRaises(REFUSALS, kind, size, 4)
+        self.assertRaises(TypeError, Canvas(4, 4).draw_path, Gradient.radial(1, 1, 1))
+
+
+if __name__ == "__main__":
+    unittest.main()
