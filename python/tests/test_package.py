@@ -4,9 +4,12 @@ import copy
 import inspect
 import os
 import re
+import runpy
 import subprocess
+import sys
 import tempfile
 import unittest
+import zipfile
 from contextlib import AbstractContextManager
 from pathlib import Path as File
 
@@ -51,6 +54,14 @@ class PictureTest(unittest.TestCase):
             finally:
                 os.chdir(before)
 
+    def test_skin_shows_a_button_in_each_state(self):
+        with Canvas(520, 328) as canvas:
+            runpy.run_path(str(ROOT / "python/examples/skin.py"))["paint"](canvas)
+            image = canvas.to_image()
+        buttons = [image.crop((56 + 106 * state, 218, 140 + 106 * state, 224)) for state in range(4)]
+        self.assertEqual(len({button.tobytes() for button in buttons}), 4)
+        self.assertEqual(image.getextrema()[3], (255, 255))
+
     def test_images_keep_their_colours_and_premultiply(self):
         image = Image.new("RGBA", (256, 2), (200, 100, 50))
         image.putalpha(Image.linear_gradient("L").rotate(90).resize((256, 2)))
@@ -82,6 +93,26 @@ class PictureTest(unittest.TestCase):
             texture = canvas.texture()
             texture.draw_mode = DrawMode.OVER
             self.assertEqual(texture.region(), [Rect(3, 4, 7, 6)])
+
+
+class WheelTest(unittest.TestCase):
+    def test_library_that_is_missing_is_named(self):
+        environment = {**os.environ, "LACQUER_LIBRARY": "/nowhere/lacquer"}
+        command = [sys.executable, "-c", "import lacquer"]
+        imported = subprocess.run(command, env=environment, text=True, capture_output=True)
+        self.assertRegex(imported.stderr, "ImportError: .*'/nowhere/lacquer'.*LACQUER_LIBRARY")
+
+    def test_wheel_for_windows_carries_the_libraries(self):
+        with tempfile.TemporaryDirectory() as folder:
+            File(folder, "licenses").mkdir()
+            carried = {"lacquer.dll", "velGraphic.dll", "other.dll", "licenses/other"}
+            for name in carried:
+                File(folder, name).touch()
+            subprocess.run([ROOT / "python/build-wheel", folder, folder], check=True)
+            (wheel,) = File(folder).glob("*.whl")
+            self.assertEqual(wheel.name, f"lacquer-{lacquer.__version__}-py3-none-win_amd64.whl")
+            names = {name.partition("lacquer/libraries/")[2] for name in zipfile.ZipFile(wheel).namelist()}
+            self.assertLessEqual(carried, names)
 
 
 class LifetimeTest(unittest.TestCase):
