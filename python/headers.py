@@ -64,7 +64,7 @@ def table_of(root):
                 name, kind = declared(result)
                 functions[library][name] = (kind, parameters(arguments))
     lines = ['"""Made from the public headers when the wheel was built."""', "", f'VERSION = "{project_version(root)}"']
-    for title, table in ("CONSTANTS", constants), ("RECORDS", records):
+    for title, table in ("CONSTANTS", constants), ("RECORDS: dict[str, list[tuple[str, str, int]]]", records):
         lines += ["", f"{title} = {{", *(f"    {name!r}: {value!r}," for name, value in table.items()), "}"]
     lines += ["", "FUNCTIONS = {"]
     for library, table in functions.items():

@@ -68,8 +68,8 @@ class Canvas(Surface):
         return Texture._adopt(Handle(done(_c.GetTexture, self), _c.ReleaseTexture))
 
     def to_bitmap(self) -> Bitmap:
-        """Turns the canvas into a bitmap; the canvas is closed. Every alpha becomes 255 unless the canvas's draw mode is
-        DrawMode.OVER."""
+        """Turns the canvas into a bitmap; the canvas is closed. Every alpha becomes 255 unless the canvas's draw mode
+        is DrawMode.OVER."""
         return self._become(Bitmap, _c.CanvasToBitmap)
 
     def to_texture(self) -> Texture:
@@ -115,11 +115,11 @@ class Canvas(Surface):
     def moved(self: Self, dx: int, dy: int) -> Iterator[Self]:
         """Lets what is drawn inside the `with` block appear further right and down."""
         before = self.viewport_origin
-        self.viewport_origin = (int(before.x) + dx, int(before.y) + dy)
+        self.viewport_origin = Point(before.x + dx, before.y + dy)
         try:
             yield self
         finally:
-            self.viewport_origin = (int(before.x), int(before.y))
+            self.viewport_origin = before
 
     @property
     def clip(self) -> Rect:

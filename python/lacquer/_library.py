@@ -32,8 +32,8 @@ def _open(name: str) -> ctypes.CDLL:
         return ctypes.CDLL(place)
     except OSError as error:
         raise ImportError(
-            f"The package lacquer needs the shared library {_file_name(name)}, which could not be loaded from {place!r} "
-            f"({error}). Install it, or set the variable {_VARIABLES[name]} to the path of its file."
+            f"The package lacquer needs the shared library {_file_name(name)}, which could not be loaded from "
+            f"{place!r} ({error}). Install it, or set the variable {_VARIABLES[name]} to the path of its file."
         ) from error
 
 

@@ -28,9 +28,9 @@ def premultiplied(image: PIL.Image.Image) -> PIL.Image.Image:
 
 def is_opaque(image: PIL.Image.Image) -> bool:
     """Whether no pixel of a premultiplied image lets anything through."""
-    return image.getchannel("a").getextrema()[0] == 255
+    return bool(image.getchannel("a").getextrema()[0] == 255)
 
 
 def rows_of(image: PIL.Image.Image) -> bytes:
     """The pixels of a premultiplied image, blue, green, red and alpha, without gaps."""
-    return image.tobytes("raw", "BGRa")
+    return bytes(image.tobytes("raw", "BGRa"))

@@ -15,6 +15,7 @@ if TYPE_CHECKING:
     import os
 
     import numpy
+    import numpy.typing
     import PIL.Image
 
 Other = TypeVar("Other", bound="Surface")
@@ -33,7 +34,7 @@ class LockedPixels:
         self.stride: int = view.stride
         self.bits_per_pixel: int = view.bitsPerPixel
         size = (self.height - 1) * self.stride + self.width * self.bytes_per_pixel
-        block = (ctypes.c_uint8 * size).from_address(view.bits)
+        block: Any = (ctypes.c_uint8 * size).from_address(view.bits)
         block.handle = handle  # Whatever shows the bytes keeps the pixels.
         self.data = memoryview(block).cast("B")
         """All bytes from the first pixel to the last."""
@@ -42,7 +43,7 @@ class LockedPixels:
     def bytes_per_pixel(self) -> int:
         return self.bits_per_pixel // 8
 
-    def array(self) -> numpy.ndarray:
+    def array(self) -> numpy.typing.NDArray[numpy.uint8]:
         """The pixels as a numpy array, (height, width, bytes per pixel) or, with 8 bits, (height, width); no copy."""
         import numpy
 
@@ -128,7 +129,7 @@ class Surface(Owner):
     def palette(self) -> List[int]:
         """The colours 0xAARRGGBB, premultiplied, that 8-bit pixels index; empty with more bits per pixel."""
         words, count = self._palette()
-        return words[:count] if count else []
+        return list(words[:count]) if count else []
 
     @contextmanager
     def lock(self, rect: Optional[RectLike] = None) -> Iterator[LockedPixels]:
@@ -152,7 +153,7 @@ class Surface(Owner):
                 pass
 
     @contextmanager
-    def pixels(self, rect: Optional[RectLike] = None) -> Iterator[numpy.ndarray]:
+    def pixels(self, rect: Optional[RectLike] = None) -> Iterator[numpy.typing.NDArray[numpy.uint8]]:
         """`lock` as a numpy array of bytes that shows the pixels themselves: shape (height, width, 4), premultiplied
         blue, green, red and alpha; (height, width, 3) with 24 and (height, width) with 8 bits per pixel.
 

@@ -134,28 +134,28 @@ class FontMetrics(NamedTuple):
 
 def argb_to_ahsl(colour: Colour) -> int:
     """A straight colour as 0xAAHHSSLL: hue (0 to 255 for the whole circle), saturation and lightness."""
-    return call(_c.ARGBtoAHSL, word(colour))
+    return int(call(_c.ARGBtoAHSL, word(colour)))
 
 
 def ahsl_to_argb(colour: int) -> int:
     """The colour 0xAARRGGBB of 0xAAHHSSLL."""
-    return call(_c.AHSLtoARGB, colour)
+    return int(call(_c.AHSLtoARGB, colour))
 
 
 def colorize(colour: Colour, hue: float = 0.0, saturation: float = 0.0, lightness: float = 0.0) -> int:
     """A straight colour with its hue shifted (1 is half the circle) and its saturation and lightness moved by a part,
     -1 to 1, of the way to the least or the greatest value."""
-    return call(_c.ARGBColorize, word(colour), hue, saturation, lightness)
+    return int(call(_c.ARGBColorize, word(colour), hue, saturation, lightness))
 
 
 def colorize_ahsl(colour: int, hue: float = 0.0, saturation: float = 0.0, lightness: float = 0.0) -> int:
     """`colorize` from and to 0xAAHHSSLL."""
-    return call(_c.AHSLColorize, colour, hue, saturation, lightness)
+    return int(call(_c.AHSLColorize, colour, hue, saturation, lightness))
 
 
 def sharp_bicubic() -> bool:
     """Whether the bicubic sampler uses its sharp weights (cubic convolution) instead of the soft ones (B-spline)."""
-    return call(_c.GetStretchKernelMode) != 1
+    return bool(call(_c.GetStretchKernelMode) != 1)
 
 
 def set_sharp_bicubic(sharp: bool) -> None:

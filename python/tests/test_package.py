@@ -170,7 +170,7 @@ def samples():
         TextureMode=lacquer.TextureMode(lacquer.Layout.NINE_GRID, (1, 1, 1, 1)),
     )
     values["PIL.Image.Image"] = Image.new("RGB", (4, 4))
-    values["numpy.ndarray"] = numpy.zeros((4, 4, 4), numpy.uint8)
+    values["numpy.typing.NDArray[numpy.uint8]"] = numpy.zeros((4, 4, 4), numpy.uint8)
     values["Iterable[RectLike]"] = [(0, 0, 2, 2)]
     values["Sequence[int]"] = [3, 4]
     values["Sequence[Tuple[float, float]]"] = values["Sequence[Tuple[int, int]]"] = [(1, 1), (3, 2)]
