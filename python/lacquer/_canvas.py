@@ -49,6 +49,7 @@ class Canvas(Surface):
     """
 
     _kind = "Canvas"
+    _system = False
 
     def __init__(self, width: int, height: int, *, template: Optional[Canvas] = None, system: bool = False) -> None:
         """`width`, `height`: 1 to 32767 pixels. `template`: a canvas whose draw mode is taken over. `system`: a canvas
@@ -56,6 +57,7 @@ class Canvas(Surface):
         create = _c.CreateSystemCanvas if system else _c.CreateCanvas
         handle = done(create, width, height, 0 if template is None else template)
         self._handle = Handle(handle, _c.DeleteCanvas)
+        self._system = system
 
     # ---- Other objects with the same pixels ----
 
@@ -79,8 +81,8 @@ class Canvas(Surface):
     @property
     def device_context(self) -> int:
         """The HDC of a canvas that was made with `system=True`, owned by the canvas."""
-        if self._own().locks:
-            raise LacquerError("pixels are locked")
+        if not self._system:  # The pixels of another would move, away from the arrays that show them.
+            raise LacquerError("only a canvas made with system=True has a device context")
         return int(done(_c.GetCanvasHandle, self))
 
     # ---- Coordinates and clip ----

@@ -52,7 +52,9 @@ class Image(Surface):
         return made
 
     @classmethod
-    def from_array(cls: Type[Self], array: numpy.typing.NDArray[numpy.uint8], *, draw_mode: int = DrawMode.OVER) -> Self:
+    def from_array(
+        cls: Type[Self], array: numpy.typing.NDArray[numpy.uint8], *, draw_mode: int = DrawMode.OVER
+    ) -> Self:
         """32-bit pixels from an array of bytes of the shape (height, width, 4): premultiplied blue, green, red and
         alpha."""
         if array.ndim != 3 or array.shape[2] != 4 or array.dtype != "uint8":

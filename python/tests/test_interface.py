@@ -15,7 +15,9 @@ PROOF = """
 template <class T> struct Plain { using Type = T; };
 template <class T> struct Plain<const T> : Plain<T> {};
 template <class T> struct Plain<T *> { using Type = typename Plain<T>::Type *; };
-template <class R, class... A> struct Plain<R(A...)> { using Type = typename Plain<R>::Type(typename Plain<A>::Type...); };
+template <class R, class... A> struct Plain<R(A...)> {
+    using Type = typename Plain<R>::Type(typename Plain<A>::Type...);
+};
 template <> struct Plain<char16_t> { using Type = uint16_t; };
 template <> struct Plain<HGBITMAP> { using Type = uintptr_t; };
 template <> struct Plain<HGTEXTURE> { using Type = uintptr_t; };

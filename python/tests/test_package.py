@@ -1,6 +1,7 @@
 """The package: pictures, conversions, lifetimes, and arguments from anywhere."""
 
 import copy
+import ctypes
 import inspect
 import os
 import re
@@ -21,7 +22,19 @@ from PIL import Image
 
 ROOT = File(__file__).resolve().parents[2]
 ANIMATION = (ROOT / "examples/assets/drop.json").read_text()
+BUTTON = ROOT / "examples/assets/button.png"
 REFUSALS = (LacquerError, TypeError, ValueError, OverflowError, LookupError, AttributeError, MemoryError, OSError)
+
+
+UNRAISED = []
+
+
+def setUpModule():
+    sys.unraisablehook = lambda fault: UNRAISED.append(repr(fault.exc_value))
+
+
+def tearDownModule():
+    assert not UNRAISED, UNRAISED[0]  # What went wrong while objects were given back.
 
 
 def free_handles():
@@ -61,6 +74,71 @@ class PictureTest(unittest.TestCase):
         buttons = [image.crop((56 + 106 * state, 218, 140 + 106 * state, 224)) for state in range(4)]
         self.assertEqual(len({button.tobytes() for button in buttons}), 4)
         self.assertEqual(image.getextrema()[3], (255, 255))
+
+    def test_methods_paint_what_their_functions_paint(self):
+        with Canvas(64, 64) as canvas, Canvas(64, 64) as other, Texture.from_image(Image.open(BUTTON)) as button:
+            with Canvas(9, 9) as small, Bitmap.from_image(Image.open(BUTTON)) as mask, Path() as path:
+                small.fill(0x80123456)
+                c, t, m, s = other.handle, button.handle, mask.handle, small.handle
+                box, part, edges = (3, 5, 50, 44), (2, 4, 90, 40), (18, 16, 14, 12)
+                b, p, e = _c.RECT(*box), _c.RECT(*part), _c.RECT(*edges)
+                floats, radii = _c.GeoRect(*box), (ctypes.c_float * 4)(1, 4, 9, 16)
+                style, lights = _c.GeoStyle(0x90336699, 0x40010203, 2.5, radii), ctypes.c_float * 4
+                dashes, shadow = (ctypes.c_float * 2)(5, 3), lacquer.Shadow((9, 8, 7, 99), (4, -3), 8, 2, 5, 1.5, 2)
+                record = _c.ShadowStyle(0x63090807, 4, -3, 8, 2, lights(5, 5, 5, 5), 1.5, 2)
+                glyphs, places = canvas.text_glyphs("Ag")
+                numbers = (ctypes.c_uint16 * 2)(*glyphs)
+                points = (_c.velPointF * 2)(*((x + 5, 30) for x, _ in places))
+                path.move_to(9, 30).oval_to(20, 10, 50, 40, rotation=30, large=True, clockwise=False)
+                curve = _c.PathCreate()
+                _c.PathMoveTo(curve, 9, 30)
+                _c.PathOvalCurveTo(curve, 20, 10, 30, 1, 0, 50, 40)
+                steps = [
+                    (lambda: canvas.fill((10, 20, 30, 40), mode=DrawMode.COPY),
+                     lambda: _c.FillSolidRectEx(c, 0x280A141E, _c.RECT(0, 0, 64, 64), 0)),
+                    (lambda: canvas.fill_gradient((1, 2, 3), 0x80FFEEDD, box, horizontal=True),
+                     lambda: _c.FillGradualRect(c, 0xFF010203, 0x80FFEEDD, b, 2)),
+                    (lambda: canvas.draw_nine_grid(button, box, edges, source=part, alpha=200, scale_flags=3, scale=0.5),
+                     lambda: _c.DrawTexture9Grid(c, b, t, p, e, 1, 0, 200, 3, 0.5, 0)),
+                    (lambda: canvas.draw_tiled(button, box, source=(20, 4, 29, 15), alpha=90, scale=1.5),
+                     lambda: _c.DrawTextureTile(c, b, t, _c.RECT(20, 4, 29, 15), 1, 90, 16, 1.5)),
+                    (lambda: canvas.draw_top_tiled(button, box, edges, source=part, sampler=0),
+                     lambda: _c.DrawTextureTopTile(c, b, t, p, e, 0, 255)),
+                    (lambda: canvas.draw_centred(button, box, source=part, alpha=77),
+                     lambda: _c.DrawTextureCenter(c, b, t, p, 1, 77)),
+                    (lambda: canvas.geo_rectangle(box, border=0x90336699, fill=(1, 2, 3, 64), border_width=2.5,
+                                                  radii=(1, 4, 9, 16)),
+                     lambda: _c.GeoRoundRectEx(c, floats, style, 1 << 24)),
+                    (lambda: canvas.focus_ring(box, 0xFFFF8000, width=3, radius=7, dash=5, gap=2),
+                     lambda: _c.GeoRectFocusEx(c, floats, 0xFFFF8000, 3, 7, 5, 2)),
+                    (lambda: canvas.draw_shadows(box, shadow), lambda: _c.DrawShadows(c, b, record, 1)),
+                    (lambda: canvas.draw_mask(mask, 4, 9, (250, 1, 2), source=part),
+                     lambda: _c.DrawModulation(c, 4, 9, m, p, 0xFFFA0102)),
+                    (lambda: canvas.blend(small, rect=box, alpha=99),
+                     lambda: _c.BlendCanvas(c, b, s, _c.RECT(0, 0, 9, 9), 99)),
+                    (lambda: canvas.mix(small, 50, rect=box, source_rect=(1, 2, 8, 9)),
+                     lambda: _c.MixCanvas(c, b, s, _c.RECT(1, 2, 8, 9), 50)),
+                    (lambda: canvas.set_style(lacquer.Style.STROKE), lambda: _c.SetDrawStyle(c, 0)),
+                    (lambda: canvas.set_dash((5, 3), offset=2),
+                     lambda: _c.SetDashPattern(c, dashes, 2, 2) and _c.SetDashStyle(c, 5)),
+                    (lambda: canvas.draw_path(path), lambda: _c.DrawPath(c, curve)),
+                    (lambda: canvas.draw_arc(8, 9, 40, 20, 30, 200, pie=True),
+                     lambda: _c.DrawArc(c, 8, 9, 40, 20, 30, 200, 1)),
+                    (lambda: canvas.draw_glyphs(glyphs, [(x + 5, 30) for x, _ in places]),
+                     lambda: _c.DrawPosTextByGlyphs(c, numbers, 2, points)),
+                ]  # fmt: skip
+                for number, (method, function) in enumerate(steps):
+                    before = canvas.to_image()
+                    method(), function()
+                    self.assertEqual(canvas.to_image(), other.to_image(), number)
+                    self.assertEqual(canvas.to_image() == before, number in (12, 13), number)
+                _c.PathDestroy(curve)
+                with canvas.moved(5, 7), canvas.clipped((0, 0, 9, 9)):
+                    canvas.viewport_origin = (1, 2)
+                    canvas.fill(0xFFFFFFFF, mode=DrawMode.COPY)
+                self.assertEqual(canvas.clip, (0, 0, 64, 64))
+                inside = canvas.to_image().crop((5, 7, 14, 16))
+                self.assertEqual(inside.getextrema(), ((255, 255),) * 4)
 
     def test_images_keep_their_colours_and_premultiply(self):
         image = Image.new("RGBA", (256, 2), (200, 100, 50))
@@ -117,6 +195,7 @@ class WheelTest(unittest.TestCase):
 
 class LifetimeTest(unittest.TestCase):
     def test_arrays_outlive_their_objects(self):
+        before = free_handles()
         for close in (
             Canvas.close,
             lambda canvas: canvas.to_texture().close(),
@@ -132,6 +211,12 @@ class LifetimeTest(unittest.TestCase):
             self.assertRaises(ValueError, pixels.fill, 1)
             part[:] = 7
             self.assertEqual(alias[299, 299, 3], 7)
+            self.assertLess(free_handles(), before)
+            del pixels, part
+            self.assertLess(free_handles(), before)  # What shows the alias keeps it, too.
+            del alias
+            self.assertEqual(free_handles(), before)
+        self.assertRaises(LacquerError, lambda: Canvas(4, 4).device_context)
         with Canvas(4, 4).lock() as locked:
             data = locked.data
         self.assertRaises(ValueError, bytes, data)
@@ -182,15 +267,15 @@ def samples():
 
 
 SPECIAL = {"select_slice": {"index": 0}, "oval_to": {"x": 3.0}, "transformed": {"turn": 2}}
-HOSTILE = [None, -1, 0, 2**31, 2**32, 10**400, 1e300, float("nan"), "\0x", "", b"", [], (1, 2), [10**30] * 4,
-           (0, 0, -5, -5), (-(2**31), -(2**31), 2**31 - 1, 2**31 - 1), object(), "x" * 70000]  # fmt: skip
+HOSTILE = [None, -1, 0, 2**31, 2**32 + 4, 10**400, 1e300, float("nan"), "\0x", "", b"", [], (1, 2), [10**30] * 4,
+           (2**32, 0, 4, 4), (0, 0, -5, -5), (-(2**31), -(2**31), 2**31 - 1, 2**31 - 1), object(), "x" * 70000]  # fmt: skip
 
 
 class ArgumentTest(unittest.TestCase):
     def makers(self):
         """For each class how objects come about."""
         return {
-            Canvas: lambda: Canvas(4, 4),
+            Canvas: lambda: Canvas(4, 4, system=True),
             Texture: lambda: self.texture(),
             Bitmap: lambda: Bitmap(4, 4),
             Path: lambda: Path().move_to(1, 1),
