@@ -11,11 +11,13 @@ constexpr Group kGroup = kText;
 /// A family name, zero-terminated.
 struct FontName {
     explicit FontName(Call &call) {
-        constexpr const char *kNames[] = {"DejaVu Sans",    "Sans", "DejaVu Serif",
-                                          "No Such Family", "",     "A name of more than thirty-one units is refused"};
+        constexpr const char *kNames[] = {
+            "DejaVu Sans",    "Sans",     "DejaVu Serif",
+            "No Such Family", "",         "A name of more than thirty-one units is refused",
+            "serif",          "monospace"};
         isNull = call.choices.Seldom(8);
         const int how = call.choices.Byte();
-        text = kNames[how < 128 ? 0 : how % 6];
+        text = kNames[how < 128 ? 0 : how % 8];
         units.assign(text.begin(), text.end());
         if (how == 255) units.assign(3, static_cast<WCHAR>(0xD800));
         units.push_back(0);
@@ -74,6 +76,59 @@ struct Text {
     bool hasAdvances;
 };
 
+/// A string of words in several scripts and of any units, its length, and where it is cut in two halves.
+struct String {
+    explicit String(Call &call) {
+        constexpr const char16_t *kWords[] = {u"To",
+                                              u" AV fi",
+                                              u" \u05E9\u05DC\u05D5\u05DD",
+                                              u"\u0633\u0644\u0627\u0645",
+                                              u"\t",
+                                              u"(12)",
+                                              u"e\u0301",
+                                              u"\xD83D\xDE00",
+                                              u"\u0915\u094D\u0937",
+                                              u"\u6F22",
+                                              u"\u202E",
+                                              u"\u2067"};
+        const int words = static_cast<int>(call.choices.Below(8));
+        for (int i = 0; i < words; ++i) {
+            units += kWords[call.choices.Below(12)];
+            if (call.choices.Seldom(8)) units += static_cast<char16_t>(call.choices.Word());
+        }
+        how = call.choices.Byte();
+    }
+    std::tuple<const WCHAR *, int> Value() const {
+        const int length = static_cast<int>(units.size());
+        return {how == 0 ? nullptr : reinterpret_cast<const WCHAR *>(units.c_str()), how < 32    ? -1
+                                                                                     : how == 32 ? -2
+                                                                                     : how < 48  ? length / 2
+                                                                                                 : length};
+    }
+    void Write(std::ostream &out) const {
+        WriteItems(out, std::vector<WCHAR>(units.begin(), units.end()));
+        out << ", " << std::get<1>(Value());
+    }
+    std::u16string units;
+    int how;
+};
+
+/// Room for glyphs and their positions.
+struct Room {
+    explicit Room(Call &call)
+        : capacity(static_cast<int>(call.choices.Below(caps::kGlyphs))), how(call.choices.Byte()) {}
+    std::tuple<WORD *, velPointF *, int> Value() {
+        return {how == 0 ? nullptr : glyphs, how == 1 ? nullptr : positions, how == 2 ? -1 : capacity};
+    }
+    void Write(std::ostream &out) const { out << "glyphs, positions, " << capacity; }
+    void After(Call &call) {
+        if (call.done) call.digest.AddBytes(glyphs, sizeof glyphs);
+    }
+    int capacity, how;
+    WORD glyphs[caps::kGlyphs] = {};
+    velPointF positions[caps::kGlyphs];
+};
+
 /// The text of an animation, with some of its digits changed, or cut short.
 struct Animation {
     explicit Animation(Call &call) {
@@ -106,6 +161,10 @@ struct File {
 std::vector<Row> TextCalls() {
     return {
         CALL(DrawPosTextByGlyphs, Canvas, Glyphs),
+        CALL(DrawTextRun, Canvas, String, Length, Length),
+        CALL(MeasureTextRun, Canvas, String, Out<velTextExtent>),
+        CALL(GetTextGlyphs, Canvas, String, Room),
+        CALL(GetFontMetrics, Canvas, Out<float>, Out<float>, Out<float>),
         CALL(SetFontFaceName, Canvas, FontName),
         CALL(SetFontStyle, Canvas, Code<16>),
         CALL(SetTextSize, Canvas, SmallLength),
@@ -113,6 +172,9 @@ std::vector<Row> TextCalls() {
         CALL(velCanvasSetFontStyle, VelCanvas, Code<16>),
         CALL(velCanvasSetTextSize, VelCanvas, SmallLength),
         CALL(velCanvasDrawPosTextByGlyphs, VelCanvas, Glyphs),
+        CALL(velCanvasDrawTextRun, VelCanvas, String, Length, Length),
+        CALL(velCanvasMeasureTextRun, VelCanvas, String, Out<velTextExtent>),
+        CALL(velCanvasGetTextGlyphs, VelCanvas, String, Room),
         CALL(velCanvasGetGlyphs, VelCanvas, Text),
         CALL(velCanvasGetFontMetrics, VelCanvas, Out<float>, Out<float>, Out<float>),
         CALL(velLottieCreateFromData, Animation),

@@ -99,11 +99,34 @@ GlyphRun Typeface::Lay(float x, float y, std::string_view text) const {
     return run;
 }
 
-void Typeface::Draw(const Canvas &canvas, const GlyphRun &run) const {
-    if (run.glyphs.empty()) return;
+float Typeface::RunWidth(std::string_view text) const {
+    velTextExtent extent{};
+    Check(velCanvasMeasureTextRun(measure_.get(), Widened(text).c_str(), -1, &extent), "velCanvasMeasureTextRun");
+    return extent.advance;
+}
+
+bool Typeface::CanShow(std::string_view text) const {
+    // No font has a character at this place: it is as wide as what stands for a missing one.
+    constexpr std::string_view kMissing = "\U0010FFFD";
+    return RunWidth(text) != RunWidth(kMissing);
+}
+
+void Typeface::Select(const Canvas &canvas) const {
     Check(SetFontFaceName(canvas.get(), Widened(name_).c_str()), "SetFontFaceName");
     Check(SetFontStyle(canvas.get(), style_), "SetFontStyle");
     Check(SetTextSize(canvas.get(), size_), "SetTextSize");
+}
+
+void Typeface::DrawRun(const Canvas &canvas, float x, float y, std::string_view text, std::uint32_t colour) const {
+    const KeepState keep(canvas);
+    FillWith(canvas, colour);
+    Select(canvas);
+    Check(DrawTextRun(canvas.get(), Widened(text).c_str(), -1, x, y), "DrawTextRun");
+}
+
+void Typeface::Draw(const Canvas &canvas, const GlyphRun &run) const {
+    if (run.glyphs.empty()) return;
+    Select(canvas);
     Check(DrawPosTextByGlyphs(canvas.get(), run.glyphs.data(), static_cast<int>(run.glyphs.size()), run.origins.data()),
           "DrawPosTextByGlyphs");
 }

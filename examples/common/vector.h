@@ -77,14 +77,23 @@ public:
 
     float Width(std::string_view text) const { return Lay(0, 0, text).width; }
 
+    /// The width of a text as a run: shaped, in the order of its directions, with other fonts for what this one lacks.
+    float RunWidth(std::string_view text) const;
+    /// Whether any font of the system has the characters of a text.
+    bool CanShow(std::string_view text) const;
+
     /// Draws glyphs of this font in the canvas's present colour or gradient.
     void Draw(const Canvas &canvas, const GlyphRun &run) const;
 
-    /// Draws a text in a straight colour, from (x, y) on the baseline. The vector state stays as it was.
+    /// Draws a text in a straight colour, from (x, y) on the baseline: glyph by glyph, or as a run. The vector state
+    /// stays as it was.
+    void DrawRun(const Canvas &canvas, float x, float y, std::string_view text, std::uint32_t colour) const;
     void Draw(const Canvas &canvas, float x, float y, std::string_view text, std::uint32_t colour) const;
     void DrawCentred(const Canvas &canvas, float x, float y, std::string_view text, std::uint32_t colour) const;
 
 private:
+    void Select(const Canvas &canvas) const;
+
     Owner<velCanvas *, GiveUp<velCanvasDestroy>> measure_;  // has the font, and no pixels
     std::string_view name_;
     float size_;

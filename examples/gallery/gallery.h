@@ -41,6 +41,8 @@ Texture Straightened(const Texture &texture, const RECT *part = nullptr);
 
 /// Where the picture of text shows italics, which lean by themselves or are leant: that depends on the system's fonts.
 inline constexpr RECT kItalics{612, 178, 720, 210};
+/// Where it shows scripts that the DejaVu fonts lack, as far as other fonts have them.
+inline constexpr RECT kOtherFonts{560, 656, 800, 836};
 
 struct Picture {
     std::string_view name;  // of the file, without its ending

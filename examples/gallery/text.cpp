@@ -1,4 +1,5 @@
-// text.png: the system's fonts: families, styles and sizes, what is measured of a font, and glyphs put where one likes.
+// text.png: the system's fonts: families, styles and sizes, what is measured of a font, glyphs put where one likes, and
+// texts in many scripts.
 #include <array>
 #include <cmath>
 
@@ -127,16 +128,63 @@ void DrawPlaced(const Canvas &canvas, int left, int top) {
     large.Draw(canvas, large.Lay(x, baseline, "Lacquer"));
 }
 
+/// Texts drawn from strings: what shaping does to them, and what comes from other fonts.
+void DrawRuns(const Canvas &canvas, const Skin &skin, int left, int top) {
+    DrawPanel(canvas, Box(left, top, 782, 184));
+    const Typeface face(Family::kSans, 23);
+    struct Run {
+        std::string_view name, text;
+    };
+    const auto place = [&](int column, int row) {
+        constexpr std::array<int, 3> columns{18, 290, 558};
+        return POINT{left + columns[static_cast<std::size_t>(column)], top + 46 + row * 58};
+    };
+    const auto label = [&](POINT at, std::string_view name) {
+        skin.font.Draw(canvas, at.x, at.y - 32, name, kFaintInk);
+    };
+
+    constexpr std::string_view kerned = "Two AVs. To: W.A. Yo";
+    const POINT apart = place(0, 0);
+    label(apart, "glyph by glyph");
+    face.Draw(canvas, Real(apart.x), Real(apart.y), kerned, kFaintInk);
+    constexpr std::array<std::array<Run, 3>, 2> columns{
+        {{{{}, {"as a run: kerned", kerned}, {"ligatures, marks", "office, e\u0301le\u0300ve, n\u0303"}}},
+         {{{"Arabic", "السلام عليكم ورحمة"},
+           {"Hebrew with Latin", "לכה (Lacquer) יפה"},
+           {"beyond 16 bits", "😀 😎 😻 😹 😇 😷"}}}}};
+    for (int column = 0; column < 2; ++column) {
+        for (int row = 0; row < 3; ++row) {
+            const auto &[name, text] = columns[static_cast<std::size_t>(column)][static_cast<std::size_t>(row)];
+            if (text.empty()) continue;
+            const POINT at = place(column, row);
+            label(at, name);
+            face.DrawRun(canvas, Real(at.x), Real(at.y), text, kInk);
+        }
+    }
+
+    // In other fonts, where the system has them: inside of kOtherFonts.
+    constexpr std::array<Run, 3> others{
+        {{"Devanagari", "हिन्दी में नमस्ते"}, {"Chinese, Japanese", "漆器 うるし"}, {"Korean", "옻칠"}}};
+    for (int row = 0; row < 3; ++row) {
+        const auto &[name, text] = others[static_cast<std::size_t>(row)];
+        if (!face.CanShow(text.substr(0, 3))) continue;
+        const POINT at = place(2, row);
+        label(at, name);
+        face.DrawRun(canvas, Real(at.x), Real(at.y), text, kInk);
+    }
+}
+
 }  // namespace
 
 Canvas PaintText(const Skin &skin) {
-    Canvas canvas = MakePage(skin, 822, 662, "Text", "Fonts of the system, drawn as outlines");
+    Canvas canvas = MakePage(skin, 822, 858, "Text", "Fonts of the system, glyph by glyph and from strings");
     DrawFamilies(canvas, skin, 20, 68);
     DrawStyles(canvas, 468, 68);
     DrawSizes(canvas, skin, 20, 234);
     DrawMeasures(canvas, skin, 468, 234);
     DrawScripts(canvas, 468, 394);
     DrawPlaced(canvas, 20, 512);
+    DrawRuns(canvas, skin, 20, 654);
     return canvas;
 }
 

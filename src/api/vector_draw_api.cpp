@@ -66,3 +66,7 @@ int DrawLottie(HGCANVAS canvas, velLottie *lottie, float frame, float x, float y
 int DrawPosTextByGlyphs(HGCANVAS canvas, const WORD *glyphs, int count, const velPointF *positions) {
     return Drawn(canvas, velCanvasDrawPosTextByGlyphs, glyphs, count, positions);
 }
+
+int DrawTextRun(HGCANVAS canvas, const WCHAR *text, int length, float x, float y) {
+    return Drawn(canvas, velCanvasDrawTextRun, text, length, x, y);
+}

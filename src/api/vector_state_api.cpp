@@ -1,4 +1,4 @@
-// The exported functions of the vector state, which the canvas's companion keeps.
+// The exported functions of the vector state, which the canvas's companion keeps, and of what text measures by it.
 
 #include <lacquer/lacquer.h>
 
@@ -57,3 +57,15 @@ int SetFontFaceName(HGCANVAS canvas, const WCHAR *name) { return Forwarded(canva
 int SetFontStyle(HGCANVAS canvas, DWORD bits) { return Forwarded(canvas, velCanvasSetFontStyle, bits); }
 
 int SetTextSize(HGCANVAS canvas, float pixels) { return Forwarded(canvas, velCanvasSetTextSize, pixels); }
+
+int MeasureTextRun(HGCANVAS canvas, const WCHAR *text, int length, velTextExtent *out) {
+    return Forwarded(canvas, velCanvasMeasureTextRun, text, length, out);
+}
+
+int GetTextGlyphs(HGCANVAS canvas, const WCHAR *text, int length, WORD *glyphs, velPointF *positions, int capacity) {
+    return Forwarded(canvas, velCanvasGetTextGlyphs, text, length, glyphs, positions, capacity);
+}
+
+int GetFontMetrics(HGCANVAS canvas, float *ascent, float *descent, float *lineHeight) {
+    return Forwarded(canvas, velCanvasGetFontMetrics, ascent, descent, lineHeight);
+}

@@ -86,8 +86,9 @@ const Exception kExceptions[] = {
     {"DrawArc", {0, 0, 3, 3, 0, 90, 1}},
     {"DrawPolygon", {3}},
     {"DrawBezier", {0, 0, 1, 2, 2, 1, 3, 3}},
-    // Without an animation and without a font they give 0 always.
-    {"DrawLottie DrawPosTextByGlyphs", {}, {}, 0, true},
+    {"DrawLottie", {}, {}, 0, true},  // without an animation
+    {"SetFontFaceName", {}, "1"},
+    {"GetFontMetrics", {}, "123"},
     {"GetBlendValue", {}, {}, 255},
     {"GetStrokeWidth", {}, {}, std::bit_cast<uint32_t>(1.0f)},
     {"PathSetFillType", {1}},

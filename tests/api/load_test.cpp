@@ -42,12 +42,12 @@ void DrawAndDelete(const Library &library) {
 
 /// Loads the library, calls `use` and unloads it, over and over. Result: by how much each round makes memory grow.
 template <class Use>
-long GrowthPerRound(Use use) {
+long GrowthPerRound(const char *file, Use use) {
     constexpr int kRounds = 200, kSettled = 20;
     long settled = 0;
     for (int round = 0; round < kRounds; ++round) {
         if (round == kSettled) settled = MemoryInUse();
-        const Library library(LACQUER_LIBRARY_FILE);
+        const Library library(file);
         EXPECT_TRUE(library.IsLoaded());
         use(library);
     }
@@ -69,8 +69,8 @@ TEST(LoadTest, TwoHundredTimesWithObjectsAliveAndNothingElseLeftBehind) {
         for (long i = 0; i < kTimes; ++i) LeaveObjectsBehind(library);
         objects = (MemoryInUse() - before) / kTimes;
     }
-    const long unused = GrowthPerRound([](const Library &) {});
-    const long used = GrowthPerRound([](const Library &library) {
+    const long unused = GrowthPerRound(LACQUER_LIBRARY_FILE, [](const Library &) {});
+    const long used = GrowthPerRound(LACQUER_LIBRARY_FILE, [](const Library &library) {
         // The first handle of a table that is new: the library was really unloaded in between.
         EXPECT_EQ(0x01010001u, LeaveObjectsBehind(library));
         DrawAndDelete(library);
@@ -79,6 +79,20 @@ TEST(LoadTest, TwoHundredTimesWithObjectsAliveAndNothingElseLeftBehind) {
     EXPECT_LE(used - unused, objects + 100);
     // A sanitizer notes some bytes at each load, and Wine does.
     EXPECT_LE(unused, 1000);
+}
+
+TEST(LoadTest, TheCompanionLeavesNoFontsBehind) {
+    const long growth = GrowthPerRound(VELGRAPHIC_LIBRARY_FILE, [](const Library &library) {
+        static uint32_t pixels[64 * 32];
+        constexpr WCHAR kText[] = {'T', 'o', 0x5D0, 0x628, 0x915, 0x1F, 0};
+        velCanvas *canvas = LACQUER_CALL(velCanvasCreate)();
+        velBitmap *bitmap = LACQUER_CALL(velBitmapCreateFromData)(pixels, 64, 32, 256);
+        EXPECT_EQ(1, LACQUER_CALL(velCanvasSetBitmap)(canvas, bitmap));
+        EXPECT_EQ(1, LACQUER_CALL(velCanvasDrawTextRun)(canvas, kText, -1, 2, 20));
+        LACQUER_CALL(velBitmapDestroy)(bitmap);
+        LACQUER_CALL(velCanvasDestroy)(canvas);
+    });
+    EXPECT_LE(growth, 8000);
 }
 
 }  // namespace

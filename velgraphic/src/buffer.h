@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <type_traits>
 
 namespace lacquer::vel {
@@ -44,6 +45,14 @@ public:
         const T copy = item;
         if (!Reserve(1)) return false;
         items_[size_++] = copy;
+        return true;
+    }
+
+    /// False, and nothing changed, when memory is short.
+    bool AppendZeros(size_t count) {
+        if (!Reserve(count)) return false;
+        std::memset(static_cast<void *>(items_ + size_), 0, count * sizeof(T));
+        size_ += count;
         return true;
     }
 

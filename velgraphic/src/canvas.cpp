@@ -7,15 +7,19 @@
 
 #include "clip_geometry.h"
 #include "colour.h"
+#include "memory_proof.h"
+#include "outline_cost.h"
+#include "stroke_pieces.h"
 
 using lacquer::vel::Clip;
 using lacquer::vel::Dashes;
+using lacquer::vel::DrawingCost;
 using lacquer::vel::Outline;
 using lacquer::vel::PixelRect;
 using lacquer::vel::Point;
-using lacquer::vel::PointsOf;
+using lacquer::vel::SampleMask;
 using lacquer::vel::State;
-using lacquer::vel::Verb;
+using lacquer::vel::StrokeForm;
 using lacquer::vel::View;
 
 namespace {
@@ -34,6 +38,9 @@ static_assert(VEL_CAP_BUTT == int{CAIRO_LINE_CAP_BUTT} && VEL_CAP_ROUND == int{C
 static_assert(VEL_JOIN_MITER == int{CAIRO_LINE_JOIN_MITER} && VEL_JOIN_ROUND == int{CAIRO_LINE_JOIN_ROUND} &&
               VEL_JOIN_BEVEL == int{CAIRO_LINE_JOIN_BEVEL});
 
+/// The memory that every drawing takes.
+constexpr size_t kOfAnyDrawing = size_t{64} << 10;
+
 /// How far a stroke reaches from its lines.
 double StrokeReach(const State &state) {
     constexpr double kMiterLimit = 10;  // the renderer's own, which stays as it is
@@ -42,25 +49,18 @@ double StrokeReach(const State &state) {
     return static_cast<double>(state.strokeWidth) / 2 * std::max(corner, end);
 }
 
-void Trace(cairo_t *context, const Outline &outline, Point offset) {
-    const Point *next = outline.Points().begin();
-    for (const Verb verb : outline.Verbs()) {
-        Point p[3];
-        for (int i = 0; i < PointsOf(verb); ++i) p[i] = *next++ + offset;
-        switch (verb) {
-            case Verb::Move: cairo_move_to(context, p[0].x, p[0].y); break;
-            case Verb::Line: cairo_line_to(context, p[0].x, p[0].y); break;
-            case Verb::Curve: cairo_curve_to(context, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y); break;
-            case Verb::Close: cairo_close_path(context); break;
-        }
-    }
-}
-
 }  // namespace
 
 struct velCanvas::Placed {
     const Outline *outline;
     Point offset;
+
+    /// The pixels at most `reach` away.
+    Clip Touched(double reach) const {
+        const auto [low, high] = outline->Extents();
+        const Point margin{reach + 1, reach + 1};
+        return PixelRect(low + offset - margin, high + offset + margin);
+    }
 };
 
 struct velCanvas::SavedState {
@@ -92,10 +92,11 @@ bool velCanvas::Restore() {
 /// Calls `drawing` with a context that has clip, operator and smoothing set. True without a call when nothing can be
 /// seen.
 template <class Drawing>
-bool velCanvas::Render(Drawing drawing) {
+bool velCanvas::Render(size_t bytes, Drawing drawing) {
     if (!target.Bitmap()) return false;
     const Clip visible = target.Visible(state.clip);
     if (visible.IsEmpty()) return true;
+    if (!lacquer::vel::MemoryCanBeHad(bytes)) return false;
     cairo_t *context = target.Begin(visible);
     if (!context) return false;
     cairo_set_operator(context, kOperators[state.blendMode]);
@@ -106,7 +107,15 @@ bool velCanvas::Render(Drawing drawing) {
 
 bool velCanvas::CanDraw() const { return target.Bitmap() && (!state.UsesGradient() || state.gradient); }
 
-void velCanvas::SetSource(cairo_t *context, const Placed &figure, double reach) const {
+size_t velCanvas::SourceBytes(const Clip &visible) const {
+    // Operators that change pixels where nothing is drawn have the renderer make a mask of all.
+    const bool needsMask = state.blendMode >= VEL_BLEND_SOURCE_IN && state.blendMode <= VEL_BLEND_DESTINATION_ATOP;
+    const size_t mask = needsMask ? 2 * static_cast<size_t>(visible.Area()) : 0;
+    return mask + (state.UsesGradient() ? state.gradient->Bytes(state.translation, visible) : 0);
+}
+
+template <class Reach>
+void velCanvas::SetSource(cairo_t *context, Reach reach) const {
     if (!state.UsesGradient()) {
         const auto [red, green, blue, alpha] = lacquer::vel::ColourOf(state.colour, state.Opacity());
         cairo_set_source_rgba(context, red, green, blue, alpha);
@@ -118,10 +127,7 @@ void velCanvas::SetSource(cairo_t *context, const Placed &figure, double reach) 
     if (gradient.SuitsRenderer(state.translation, visible)) {
         pattern = gradient.Pattern(state.translation, state.Opacity());
     } else {
-        const auto [low, high] = figure.outline->Extents();
-        const Point margin{reach + 1, reach + 1};
-        const Clip touched = PixelRect(low + figure.offset - margin, high + figure.offset + margin);
-        pattern = gradient.Painted(touched.Intersected(visible), state.translation, state.Opacity());
+        pattern = gradient.Painted(reach().Intersected(visible), state.translation, state.Opacity());
     }
     cairo_set_source(context, pattern);
     cairo_pattern_destroy(pattern);
@@ -133,19 +139,25 @@ bool velCanvas::Draw(const Outline &outline, DWORD fillType) {
 
 bool velCanvas::Fill(const Outline &outline, DWORD fillType) {
     if (!CanDraw()) return false;
+    const Clip visible = target.Visible(state.clip);
+    if (visible.IsEmpty()) return true;
     Placed figure{&outline, state.translation};
     if (!outline.SuitsRenderer(state.translation)) {
-        const Clip visible = target.Visible(state.clip);
-        if (visible.IsEmpty()) return true;
         clipped_.Clear();
         if (!ClipFill(outline, View(visible, state.translation, 0), clipped_)) return false;
         figure = {&clipped_, {}};
     }
-    return Render([&](cairo_t *context) {
-        SetSource(context, figure, 0);
+    const bool evenOdd = fillType == VEL_FILL_EVEN_ODD;
+    const auto cost = DrawingCost::OfFill(*figure.outline, figure.offset, visible);
+    if (cost.IsHigh(state.smooth)) {
+        SampleMask mask(visible, state.smooth);
+        AddFill(*figure.outline, figure.offset, mask);
+        return DrawMask(mask, evenOdd, visible, figure, 0);
+    }
+    return Render(cost.Bytes() + SourceBytes(visible), [&](cairo_t *context) {
+        SetSource(context, [&] { return figure.Touched(0); });
         Trace(context, *figure.outline, figure.offset);
-        cairo_set_fill_rule(context,
-                            fillType == VEL_FILL_EVEN_ODD ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
+        cairo_set_fill_rule(context, evenOdd ? CAIRO_FILL_RULE_EVEN_ODD : CAIRO_FILL_RULE_WINDING);
         cairo_fill(context);
     });
 }
@@ -153,21 +165,33 @@ bool velCanvas::Fill(const Outline &outline, DWORD fillType) {
 bool velCanvas::Stroke(const Outline &outline) {
     if (!CanDraw()) return false;
     if (state.strokeWidth == 0) return true;
-    const double width = static_cast<double>(state.strokeWidth), reach = StrokeReach(state);
-    Dashes dashes = Dashes::Of(state.dashStyle, width, state.dashes.Get());
+    const Clip visible = target.Visible(state.clip);
+    if (visible.IsEmpty()) return true;
+    const StrokeForm form{static_cast<double>(state.strokeWidth), state.cap, state.join};
+    const double reach = StrokeReach(state);
+    Dashes dashes = Dashes::Of(state.dashStyle, form.width, state.dashes.Get());
     Placed figure{&outline, state.translation};
-    if (!outline.SuitsRenderer(state.translation) || (dashes && dashes.AreTooMany(outline.LengthAtMost()))) {
-        const Clip visible = target.Visible(state.clip);
-        if (visible.IsEmpty()) return true;
+    const auto clip = [&] {
         clipped_.Clear();
         if (!ClipStroke(outline, View(visible, state.translation, reach), dashes, clipped_)) return false;
         figure = {&clipped_, {}};
         if (dashes) dashes = Dashes::Whole();
+        return true;
+    };
+    if (!outline.SuitsRenderer(state.translation) || (dashes && dashes.AreTooMany(outline.LengthAtMost()))) {
+        if (!clip()) return false;
     }
-    return Render([&](cairo_t *context) {
-        SetSource(context, figure, reach);
+    const auto cost = DrawingCost::OfStroke(*figure.outline, figure.offset, visible, form, dashes);
+    if (cost.IsHigh(state.smooth)) {
+        if (dashes && figure.outline == &outline && !clip()) return false;
+        SampleMask mask(visible, state.smooth);
+        AddStroke(*figure.outline, figure.offset, form, mask);
+        return DrawMask(mask, false, visible, figure, reach);
+    }
+    return Render(cost.Bytes() + SourceBytes(visible), [&](cairo_t *context) {
+        SetSource(context, [&] { return figure.Touched(reach); });
         Trace(context, *figure.outline, figure.offset);
-        cairo_set_line_width(context, width);
+        cairo_set_line_width(context, form.width);
         cairo_set_line_cap(context, static_cast<cairo_line_cap_t>(state.cap));
         cairo_set_line_join(context, static_cast<cairo_line_join_t>(state.join));
         dashes.ApplyTo(context);
@@ -175,8 +199,32 @@ bool velCanvas::Stroke(const Outline &outline) {
     });
 }
 
+bool velCanvas::DrawMask(SampleMask &mask, bool evenOdd, const Clip &visible, const Placed &figure, double reach) {
+    const unsigned char *coverage = mask.IsWhole() ? mask.Render(evenOdd) : nullptr;
+    if (!coverage) return false;
+    return Render(
+        kOfAnyDrawing + 8 * static_cast<size_t>(visible.Area()) + SourceBytes(visible), [&](cairo_t *context) {
+            SetSource(context, [&] { return figure.Touched(reach); });
+            cairo_surface_t *image = cairo_image_surface_create_for_data(
+                const_cast<unsigned char *>(coverage), CAIRO_FORMAT_A8, mask.Columns(), mask.Rows(), mask.Stride());
+            cairo_mask_surface(context, image, visible.left, visible.top);
+            cairo_surface_destroy(image);
+        });
+}
+
+cairo_t *velCanvas::BeginMasks(const Clip &touched) {
+    if (!CanDraw()) return nullptr;
+    const Clip visible = target.Visible(state.clip);
+    if (!lacquer::vel::MemoryCanBeHad(kOfAnyDrawing + SourceBytes(visible))) return nullptr;
+    cairo_t *context = target.Begin(visible);
+    if (!context) return nullptr;
+    cairo_set_operator(context, kOperators[state.blendMode]);
+    SetSource(context, [&] { return touched; });
+    return context;
+}
+
 bool velCanvas::Cover(DWORD colour) {
-    return Render([&](cairo_t *context) {
+    return Render(kOfAnyDrawing, [&](cairo_t *context) {
         const auto [red, green, blue, alpha] = lacquer::vel::ColourOf(colour, state.Opacity());
         cairo_set_source_rgba(context, red, green, blue, alpha);
         cairo_paint(context);
@@ -184,7 +232,7 @@ bool velCanvas::Cover(DWORD colour) {
 }
 
 bool velCanvas::DrawImage(cairo_surface_t *image, const Clip &place) {
-    return Render([&](cairo_t *context) {
+    return Render(kOfAnyDrawing, [&](cairo_t *context) {
         const double width = place.right - place.left, height = place.bottom - place.top;
         cairo_save(context);
         cairo_rectangle(context, place.left, place.top, width, height);

@@ -3,8 +3,8 @@
 
 #include <velgraphic/velgraphic.h>
 
-#include "font_cache.h"
 #include "outline.h"
+#include "sample_mask.h"
 #include "state.h"
 #include "target.h"
 
@@ -14,7 +14,6 @@ public:
 
     lacquer::vel::State state;
     lacquer::vel::Target target;
-    lacquer::vel::FontCache fonts;
 
     velCanvas() = default;
     ~velCanvas();
@@ -32,6 +31,9 @@ public:
         return scratch_;
     }
 
+    /// Whether there are the bitmap, and the gradient if the style asks for one, that a draw needs.
+    bool CanDraw() const;
+
     // Outlines are in logical coordinates, which may be as large as any float. All of these give false, and draw
     // nothing, without a bitmap or a gradient that the style asks for, with too many dashes, and when memory is short.
 
@@ -39,6 +41,9 @@ public:
     bool Draw(const Outline &outline, DWORD fillType);
     bool Fill(const Outline &outline, DWORD fillType);
     bool Stroke(const Outline &outline);
+    /// A context with which to paint through masks, by the state, some of the pixels `touched`; target.End() has to
+    /// follow. Null when the canvas can't draw and when memory is short. Some of the visible pixels have to be touched.
+    cairo_t *BeginMasks(const lacquer::vel::Clip &touched);
     /// Colours everything within the clip.
     bool Cover(DWORD colour);
     /// Puts an image, stretched, on the pixels `place`.
@@ -49,12 +54,17 @@ private:
     /// An outline, and how far away from it the renderer draws.
     struct Placed;
 
+    /// `bytes`: what the drawing takes.
     template <class Drawing>
-    bool Render(Drawing drawing);
-    /// Whether there is what a draw needs.
-    bool CanDraw() const;
-    /// Takes the colour, or as much of the gradient as shows within `reach` pixels around the outline.
-    void SetSource(cairo_t *context, const Placed &figure, double reach) const;
+    bool Render(size_t bytes, Drawing drawing);
+    /// Puts the source on the pixels that the mask covers.
+    bool DrawMask(lacquer::vel::SampleMask &mask, bool evenOdd, const lacquer::vel::Clip &visible, const Placed &figure,
+                  double reach);
+    /// The memory that the colour or the gradient takes.
+    size_t SourceBytes(const lacquer::vel::Clip &visible) const;
+    /// Takes the colour, or as much of the gradient as shows in the pixels that `reach` gives.
+    template <class Reach>
+    void SetSource(cairo_t *context, Reach reach) const;
 
     SavedState *saved_ = nullptr;
     Outline scratch_, clipped_;

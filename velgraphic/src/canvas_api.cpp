@@ -132,9 +132,9 @@ int velCanvasSetDashPattern(velCanvas *canvas, const float *lengths, int count, 
 }
 
 int velCanvasSetFontFaceName(velCanvas *canvas, const WCHAR *name) {
-    if (!canvas || !name || name[0] == 0) return 0;
+    if (!canvas) return 0;
     FontName font{.style = canvas->state.font.style};
-    for (int i = 0; name[i] != 0; ++i) {
+    for (int i = 0; name && name[i] != 0; ++i) {
         if (i == FontName::kCapacity - 1) return 0;
         font.family[i] = name[i];
     }

@@ -61,11 +61,12 @@ void Dashes::ApplyTo(cairo_t *context) const {
     cairo_set_dash(context, scaled, count, scale * offset);
 }
 
-bool Dashes::AreTooMany(double length) const {
-    const double total = scale * std::accumulate(lengths, lengths + count, 0.0);
+double Dashes::MeanLength() const {
     // Half of the lengths are gaps.
-    return length * count > 2.0 * kMost * total;
+    return 2 * scale * std::accumulate(lengths, lengths + count, 0.0) / count;
 }
+
+bool Dashes::AreTooMany(double length) const { return length > kMost * MeanLength(); }
 
 bool DashCursor::Use(const Dashes &dashes) {
     dashes_ = dashes;

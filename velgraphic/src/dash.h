@@ -35,6 +35,8 @@ struct Dashes {
 
     explicit operator bool() const { return count > 0; }
     void ApplyTo(cairo_t *context) const;
+    /// Of dash and gap together.
+    double MeanLength() const;
     /// Whether a stroke of this length has more of them than are drawn.
     bool AreTooMany(double length) const;
 };

@@ -3,7 +3,11 @@
 #include "font_face.h"
 
 #include <algorithm>
+#include <atomic>
+#include <cstdlib>
 #include <new>
+
+#include "memory_proof.h"
 
 namespace lacquer::vel {
 namespace {
@@ -35,27 +39,24 @@ DWORD DesignOf(const SystemFont &font) {
     return head.Read(font, "head") ? static_cast<DWORD>(head.Unsigned(44)) & (VEL_FONT_BOLD | VEL_FONT_ITALIC) : 0;
 }
 
-std::unique_ptr<SystemFont> OpenSystemFont(const WCHAR *family, DWORD style) {
-    return std::unique_ptr<SystemFont>(
-        SystemFont::Open(family, (style & VEL_FONT_BOLD) != 0, (style & VEL_FONT_ITALIC) != 0));
-}
+std::atomic<uint64_t> lastId{0};
 
 }  // namespace
 
-std::unique_ptr<FontFace> FontFace::Open(const WCHAR *family, DWORD style) {
-    std::unique_ptr<FontFace> face(new (std::nothrow) FontFace);
-    if (!face) return nullptr;
-    face->font_ = OpenSystemFont(family, style);
-    if (!face->font_) return nullptr;
-    const DWORD design = DesignOf(*face->font_) & style;
-    if (design != style) {
-        // Systems imitate what is missing, each in its own way. Ask for what is there, and imitate in ours.
-        face->font_ = OpenSystemFont(family, design);
-        if (!face->font_) return nullptr;
-        face->imitatesBold_ = (style & ~design & VEL_FONT_BOLD) != 0;
-        face->imitatesItalic_ = (style & ~design & VEL_FONT_ITALIC) != 0;
-    }
-    if (!face->ReadMeasures()) return nullptr;
+FontFace::FontFace() : id_(++lastId) {}
+
+FontFace::~FontFace() { hb_font_destroy(shaper_); }
+
+Reference<FontFace> FontFace::Open(const FontPlace &place, DWORD style) {
+    auto face = Reference<FontFace>::Adopt(new (std::nothrow) FontFace);
+    if (!face) return {};
+    face->font_.reset(SystemFont::Open(place));
+    if (!face->font_) return {};
+    // Systems imitate what is missing, each in its own way; here it is always done in ours.
+    const DWORD missing = style & ~DesignOf(*face->font_);
+    face->imitatesBold_ = (missing & VEL_FONT_BOLD) != 0;
+    face->imitatesItalic_ = (missing & VEL_FONT_ITALIC) != 0;
+    if (!face->ReadMeasures() || !face->MakeShaper()) return {};
     return face;
 }
 
@@ -70,7 +71,6 @@ bool FontFace::ReadMeasures() {
     ascent_ = horizontal.Signed(4);
     descent_ = -horizontal.Signed(6);
     lineGap_ = std::max(0, horizontal.Signed(8));
-    advanceCount_ = horizontal.Unsigned(34);
     glyphCount_ = most.Unsigned(4);
     const double widening = imitatesBold_ ? kBoldOffset * unitsPerEm_ : 0;
     glyphBounds_ = {{head.Signed(36) - widening, -static_cast<double>(head.Signed(42))},
@@ -89,32 +89,93 @@ bool FontFace::ReadMeasures() {
     return true;
 }
 
-double FontFace::AdvanceOf(WORD glyph) const {
-    if (advanceCount_ == 0 || glyph >= glyphCount_) return 0;
-    // The glyphs at the end of a font share the last advance of the table.
-    const auto index = static_cast<uint32_t>(std::min<int>(glyph, advanceCount_ - 1));
-    uint8_t bytes[2];
-    return font_->ReadTable(Tag("hmtx"), index * 4, bytes, 2) ? bytes[0] << 8 | bytes[1] : 0;
+bool FontFace::MakeShaper() {
+    // What the shaper cannot get when it looks for it first counts as missing for ever.
+    size_t bytes = size_t{1} << 20;
+    for (const uint32_t tag : {Tag("GSUB"), Tag("GPOS"), Tag("GDEF"), Tag("cmap"), Tag("hmtx"), Tag("kern"),
+                               Tag("morx"), Tag("kerx"), Tag("HVAR")}) {
+        bytes += font_->TableSize(tag);
+    }
+    if (!MemoryCanBeHad(bytes)) return false;
+    hb_face_t *face = hb_face_create_for_tables(
+        [](hb_face_t *, hb_tag_t tag, void *self) { return static_cast<FontFace *>(self)->Table(tag); }, this, nullptr);
+    shaper_ = hb_font_create(face);
+    hb_face_destroy(face);
+    constexpr int kAxes = 64;
+    int places[kAxes];
+    const int count = font_->Variations(places, kAxes);
+    if (count > 0) hb_font_set_var_coords_normalized(shaper_, places, static_cast<unsigned>(count));
+    hb_font_make_immutable(shaper_);
+
+    hb_buffer_t *buffer = hb_buffer_create();
+    hb_buffer_add_latin1(buffer, reinterpret_cast<const uint8_t *>("x"), 1, 0, 1);
+    hb_buffer_set_direction(buffer, HB_DIRECTION_LTR);
+    hb_buffer_set_script(buffer, HB_SCRIPT_LATIN);
+    const bool isReady = shaper_ != hb_font_get_empty() && hb_shape_full(shaper_, buffer, nullptr, 0, nullptr);
+    hb_buffer_destroy(buffer);
+    return isReady;
 }
 
-const Outline *FontFace::OutlineOf(WORD glyph) {
+hb_blob_t *FontFace::Table(hb_tag_t tag) {
+    const Guard guard(lock_);
+    const uint32_t size = tag == HB_TAG_NONE ? 0 : font_->TableSize(tag);
+    if (size == 0) return nullptr;
+    auto *bytes = static_cast<uint8_t *>(std::malloc(size));
+    if (!bytes || !font_->ReadTable(tag, 0, bytes, size)) {
+        std::free(bytes);
+        return nullptr;
+    }
+    return hb_blob_create(reinterpret_cast<const char *>(bytes), size, HB_MEMORY_MODE_WRITABLE, bytes, std::free);
+}
+
+WORD FontFace::GlyphOf(char32_t character) const {
+    hb_codepoint_t glyph = 0;
+    return hb_font_get_nominal_glyph(shaper_, character, &glyph) && glyph <= 0xFFFF ? static_cast<WORD>(glyph)
+                                                                                    : WORD{0};
+}
+
+double FontFace::AdvanceOf(WORD glyph) const {
+    return glyph < glyphCount_ ? hb_font_get_glyph_h_advance(shaper_, glyph) : 0;
+}
+
+FontFace::CachedGlyph *FontFace::Cached(WORD glyph) {
     if (glyph >= glyphCount_) return nullptr;
     CachedGlyph &cached = glyphs_[glyph % kCachedGlyphs];
     if (cached.glyph != glyph) {
         cached.glyph = -1;
+        cached.hasInk = false;
         cached.outline.Clear();
         if (!font_->AppendGlyph(glyph, cached.outline)) return nullptr;
         cached.glyph = glyph;
     }
-    return &cached.outline;
+    return &cached;
 }
 
 bool FontFace::AppendGlyph(WORD glyph, Point origin, double scale, Outline &outline) {
-    const Outline *shape = OutlineOf(glyph);
-    if (!shape) return true;
-    if (!imitatesBold_) return Append(*shape, origin, scale, outline);
+    const Guard guard(lock_);
+    const CachedGlyph *cached = Cached(glyph);
+    return !cached || AppendImitated(cached->outline, origin, scale, outline);
+}
+
+bool FontFace::FindInk(WORD glyph, Bounds *out) {
+    const Guard guard(lock_);
+    CachedGlyph *cached = Cached(glyph);
+    *out = {};
+    if (!cached) return true;
+    if (!cached->hasInk) {
+        Outline drawn;
+        if (!AppendImitated(cached->outline, {}, 1, drawn)) return false;
+        cached->ink = drawn.Extents();
+        cached->hasInk = true;
+    }
+    *out = cached->ink;
+    return true;
+}
+
+bool FontFace::AppendImitated(const Outline &glyph, Point origin, double scale, Outline &outline) const {
+    if (!imitatesBold_) return Append(glyph, origin, scale, outline);
     const Point aside{kBoldOffset / 2 * unitsPerEm_ * scale, 0};
-    return Append(*shape, origin - aside, scale, outline) && Append(*shape, origin + aside, scale, outline);
+    return Append(glyph, origin - aside, scale, outline) && Append(glyph, origin + aside, scale, outline);
 }
 
 bool FontFace::Append(const Outline &glyph, Point origin, double scale, Outline &outline) const {

@@ -1,66 +1,17 @@
-// Fonts through fontconfig and FreeType.
+// Faces through FreeType.
 
-#include <fontconfig/fontconfig.h>
 #include <ft2build.h>
 #include FT_FREETYPE_H
+#include FT_MULTIPLE_MASTERS_H
 #include FT_OUTLINE_H
 #include FT_TRUETYPE_TABLES_H
 
-#include <memory>
 #include <new>
 
 #include "system_font.h"
 
 namespace lacquer::vel {
 namespace {
-
-struct DestroyPattern {
-    void operator()(FcPattern *pattern) const { FcPatternDestroy(pattern); }
-};
-using Pattern = std::unique_ptr<FcPattern, DestroyPattern>;
-
-/// A family's name as UTF-8; what is no character becomes U+FFFD.
-struct Utf8Name {
-    FcChar8 bytes[128] = {};
-
-    explicit Utf8Name(const WCHAR *name) {
-        FcChar8 *out = bytes;
-        // 31 units, at most three bytes each.
-        for (int i = 0; name[i] != 0 && i < 31; ++i) {
-            uint32_t code = name[i];
-            const bool isHigh = code >= 0xD800 && code < 0xDC00;
-            if (isHigh && name[i + 1] >= 0xDC00 && name[i + 1] < 0xE000) {
-                code = 0x10000 + ((code - 0xD800) << 10) + (uint32_t{name[++i]} - 0xDC00);
-            } else if (code >= 0xD800 && code < 0xE000) {
-                code = 0xFFFD;
-            }
-            const int following = code < 0x80 ? 0 : code < 0x800 ? 1 : code < 0x10000 ? 2 : 3;
-            constexpr uint8_t kLead[] = {0, 0xC0, 0xE0, 0xF0};
-            *out++ = static_cast<FcChar8>(kLead[following] | code >> 6 * following);
-            for (int k = following - 1; k >= 0; --k) *out++ = static_cast<FcChar8>(0x80 | (code >> 6 * k & 0x3F));
-        }
-    }
-};
-
-/// The installed face that comes nearest, if it is of this family.
-Pattern Match(const FcChar8 *family, bool bold, bool italic) {
-    const Pattern wanted(FcPatternCreate());
-    if (!wanted || !FcPatternAddString(wanted.get(), FC_FAMILY, family) ||
-        !FcPatternAddInteger(wanted.get(), FC_WEIGHT, bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR) ||
-        !FcPatternAddInteger(wanted.get(), FC_SLANT, italic ? FC_SLANT_ITALIC : FC_SLANT_ROMAN) ||
-        !FcPatternAddBool(wanted.get(), FC_OUTLINE, FcTrue) ||
-        !FcConfigSubstitute(nullptr, wanted.get(), FcMatchPattern)) {
-        return {};
-    }
-    FcDefaultSubstitute(wanted.get());
-    FcResult result;
-    Pattern found(FcFontMatch(nullptr, wanted.get(), &result));
-    FcChar8 *name = nullptr;
-    for (int i = 0; found && FcPatternGetString(found.get(), FC_FAMILY, i, &name) == FcResultMatch; ++i) {
-        if (FcStrCmpIgnoreCase(name, family) == 0) return found;
-    }
-    return {};
-}
 
 struct Decomposition {
     Outline &outline;
@@ -78,15 +29,7 @@ struct SystemFont::Handle {
     FT_Face face = nullptr;
 };
 
-SystemFont *SystemFont::Open(const WCHAR *family, bool bold, bool italic) {
-    const Utf8Name name(family);
-    const Pattern found = Match(name.bytes, bold, italic);
-    FcChar8 *file = nullptr;
-    int index = 0;
-    if (!found || FcPatternGetString(found.get(), FC_FILE, 0, &file) != FcResultMatch ||
-        FcPatternGetInteger(found.get(), FC_INDEX, 0, &index) != FcResultMatch) {
-        return nullptr;
-    }
+SystemFont *SystemFont::Open(const FontPlace &place) {
     auto *handle = new (std::nothrow) Handle;
     if (!handle) return nullptr;
     auto *font = new (std::nothrow) SystemFont(handle);
@@ -95,8 +38,7 @@ SystemFont *SystemFont::Open(const WCHAR *family, bool bold, bool italic) {
         return nullptr;
     }
     if (FT_Init_FreeType(&handle->library) != 0 ||
-        FT_New_Face(handle->library, reinterpret_cast<const char *>(file), index, &handle->face) != 0 ||
-        !FT_IS_SCALABLE(handle->face)) {
+        FT_New_Face(handle->library, place.name, place.index, &handle->face) != 0 || !FT_IS_SCALABLE(handle->face)) {
         delete font;
         return nullptr;
     }
@@ -109,11 +51,14 @@ SystemFont::~SystemFont() {
     delete handle_;
 }
 
-bool SystemFont::ReadTable(uint32_t tag, uint32_t offset, uint8_t *out, uint32_t size) const {
+uint32_t SystemFont::TableSize(uint32_t tag) const {
     FT_ULong length = 0;
-    if (FT_Load_Sfnt_Table(handle_->face, tag, 0, nullptr, &length) != 0 || length < FT_ULong{offset} + size)
-        return false;
-    length = size;
+    return FT_Load_Sfnt_Table(handle_->face, tag, 0, nullptr, &length) == 0 ? static_cast<uint32_t>(length) : 0;
+}
+
+bool SystemFont::ReadTable(uint32_t tag, uint32_t offset, uint8_t *out, uint32_t size) const {
+    if (TableSize(tag) < uint64_t{offset} + size) return false;
+    FT_ULong length = size;
     return FT_Load_Sfnt_Table(handle_->face, tag, static_cast<FT_Long>(offset), out, &length) == 0;
 }
 
@@ -121,9 +66,19 @@ bool SystemFont::SetUnitsPerEm(int units) {
     return FT_Set_Pixel_Sizes(handle_->face, 0, static_cast<FT_UInt>(units)) == 0;
 }
 
-WORD SystemFont::GlyphOf(WCHAR unit) const {
-    const FT_UInt glyph = FT_Get_Char_Index(handle_->face, unit);
-    return glyph <= 0xFFFF ? static_cast<WORD>(glyph) : WORD{0};
+int SystemFont::Variations(int *out, int capacity) const {
+    FT_MM_Var *axes = nullptr;
+    if (!FT_IS_VARIATION(handle_->face) || FT_Get_MM_Var(handle_->face, &axes) != 0) return 0;
+    const FT_UInt count = axes->num_axis;
+    FT_Done_MM_Var(handle_->library, axes);
+    constexpr FT_UInt kMost = 64;
+    FT_Fixed places[kMost];
+    if (count > kMost || count > static_cast<FT_UInt>(capacity) ||
+        FT_Get_Var_Blend_Coordinates(handle_->face, count, places) != 0) {
+        return 0;
+    }
+    for (FT_UInt i = 0; i < count; ++i) out[i] = static_cast<int>(places[i] >> 2);
+    return static_cast<int>(count);
 }
 
 bool SystemFont::AppendGlyph(WORD glyph, Outline &outline) const {

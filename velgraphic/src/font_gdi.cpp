@@ -1,41 +1,41 @@
-// Fonts through GDI.
+// Faces through GDI.
 
 #include <windows.h>
 
 #include <memory>
 #include <new>
 
+#include "gdi_fonts.h"
 #include "system_font.h"
 
 namespace lacquer::vel {
 namespace {
 
-/// `em`: the height of the em square in device units.
-LOGFONTW Describe(const WCHAR *family, LONG em, bool bold, bool italic) {
-    LOGFONTW font{};
-    font.lfHeight = -em;
-    font.lfWeight = bold ? FW_BOLD : FW_NORMAL;
-    font.lfItalic = italic;
-    font.lfCharSet = DEFAULT_CHARSET;
-    font.lfOutPrecision = OUT_OUTLINE_PRECIS;
-    font.lfQuality = ANTIALIASED_QUALITY;
-    for (int i = 0; family[i] != 0 && i < LF_FACESIZE - 1; ++i) font.lfFaceName[i] = family[i];
-    return font;
-}
+constexpr uint32_t kHead = 0x68656164;
 
-/// GDI takes another family for one that is missing; the enumeration does not.
-bool IsInstalled(HDC dc, const WCHAR *family) {
-    LOGFONTW wanted = Describe(family, 0, false, false);
-    int found = 0;
-    EnumFontFamiliesExW(
-        dc, &wanted,
-        [](const LOGFONTW *, const TEXTMETRICW *, DWORD, LPARAM result) -> int {
-            *reinterpret_cast<int *>(result) = 1;
-            return 0;
-        },
-        reinterpret_cast<LPARAM>(&found), 0);
-    return found != 0;
-}
+/// A device context for one call, with a font selected. GDI's end with the thread that makes them, faces do not.
+class Context {
+public:
+    explicit Context(HFONT font) : dc_(CreateCompatibleDC(nullptr)) {
+        if (dc_) before_ = SelectObject(dc_, font);
+    }
+    ~Context() {
+        if (before_) SelectObject(dc_, before_);
+        if (dc_) DeleteDC(dc_);
+    }
+    Context(const Context &) = delete;
+    Context &operator=(const Context &) = delete;
+
+    /// Null when GDI has no more.
+    HDC Get() const { return before_ ? dc_ : nullptr; }
+
+private:
+    HDC dc_;
+    HGDIOBJ before_ = nullptr;
+};
+
+/// GDI has the first character of a tag lowest.
+constexpr DWORD Reversed(uint32_t tag) { return tag >> 24 | (tag >> 8 & 0xFF00) | (tag & 0xFF00) << 8 | tag << 24; }
 
 /// A number of 16.16 bits.
 double FromFixed(const FIXED &number) { return number.value + number.fract / 65536.0; }
@@ -72,30 +72,20 @@ bool AppendCurve(const TTPOLYCURVE &curve, Outline &outline) {
 }  // namespace
 
 struct SystemFont::Handle {
-    HDC dc = nullptr;
     HFONT font = nullptr;
-    HGDIOBJ fontBefore = nullptr;
     LOGFONTW description{};
 
-    bool Select() {
-        HFONT created = CreateFontIndirectW(&description);
-        if (!created) return false;
-        HGDIOBJ previous = SelectObject(dc, created);
-        if (!previous) {
-            DeleteObject(created);
-            return false;
-        }
-        if (font) {
-            DeleteObject(font);
-        } else {
-            fontBefore = previous;
-        }
-        font = created;
+    bool Make() {
+        HFONT made = CreateFontIndirectW(&description);
+        if (!made) return false;
+        if (font) DeleteObject(font);
+        font = made;
         return true;
     }
 };
 
-SystemFont *SystemFont::Open(const WCHAR *family, bool bold, bool italic) {
+SystemFont *SystemFont::Open(const FontPlace &place) {
+    FontName name = NameAt(place);
     auto *handle = new (std::nothrow) Handle;
     if (!handle) return nullptr;
     auto *font = new (std::nothrow) SystemFont(handle);
@@ -104,54 +94,56 @@ SystemFont *SystemFont::Open(const WCHAR *family, bool bold, bool italic) {
         return nullptr;
     }
     constexpr LONG kAnySize = 1000;
-    handle->dc = CreateCompatibleDC(nullptr);
-    handle->description = Describe(family, kAnySize, bold, italic);
-    if (!handle->dc || !IsInstalled(handle->dc, family) || !handle->Select()) {
-        delete font;
-        return nullptr;
+    handle->description = Describe(name, kAnySize);
+    uint8_t styles[2];
+    bool isRight = handle->Make() && font->ReadTable(kHead, 44, styles, 2);
+    if (isRight && (name.style & ~DWORD{styles[1]}) != 0) {
+        // GDI would imitate what the family does not have. Ask for what is there.
+        name.style &= styles[1];
+        handle->description = Describe(name, kAnySize);
+        isRight = handle->Make();
     }
-    return font;
+    if (isRight) return font;
+    delete font;
+    return nullptr;
 }
 
 SystemFont::~SystemFont() {
-    if (handle_->font) {
-        SelectObject(handle_->dc, handle_->fontBefore);
-        DeleteObject(handle_->font);
-    }
-    if (handle_->dc) DeleteDC(handle_->dc);
+    if (handle_->font) DeleteObject(handle_->font);
     delete handle_;
 }
 
+uint32_t SystemFont::TableSize(uint32_t tag) const {
+    const Context context(handle_->font);
+    const DWORD size = context.Get() ? GetFontData(context.Get(), Reversed(tag), 0, nullptr, 0) : GDI_ERROR;
+    return size == GDI_ERROR ? 0 : size;
+}
+
 bool SystemFont::ReadTable(uint32_t tag, uint32_t offset, uint8_t *out, uint32_t size) const {
-    // GDI has the first character lowest.
-    const DWORD reversed = tag >> 24 | (tag >> 8 & 0xFF00) | (tag & 0xFF00) << 8 | tag << 24;
-    return GetFontData(handle_->dc, reversed, offset, out, size) == size;
+    const Context context(handle_->font);
+    return context.Get() && GetFontData(context.Get(), Reversed(tag), offset, out, size) == size;
 }
 
 bool SystemFont::SetUnitsPerEm(int units) {
     handle_->description.lfHeight = -units;
-    return handle_->Select();
+    return handle_->Make();
 }
 
-WORD SystemFont::GlyphOf(WCHAR unit) const {
-    constexpr WORD kMissing = 0xFFFF;
-    WORD glyph = kMissing;
-    if (GetGlyphIndicesW(handle_->dc, &unit, 1, &glyph, GGI_MARK_NONEXISTING_GLYPHS) != 1 || glyph == kMissing)
-        return 0;
-    return glyph;
-}
+int SystemFont::Variations(int *, int) const { return 0; }
 
 bool SystemFont::AppendGlyph(WORD glyph, Outline &outline) const {
     constexpr UINT kFormat = GGO_NATIVE | GGO_GLYPH_INDEX | GGO_UNHINTED;
     const MAT2 identity{{0, 1}, {0, 0}, {0, 0}, {0, 1}};
     GLYPHMETRICS metrics;
-    const DWORD size = GetGlyphOutlineW(handle_->dc, glyph, kFormat, &metrics, 0, nullptr, &identity);
+    const Context context(handle_->font);
+    if (!context.Get()) return false;
+    const DWORD size = GetGlyphOutlineW(context.Get(), glyph, kFormat, &metrics, 0, nullptr, &identity);
     if (size == GDI_ERROR) return false;
     if (size == 0) return true;
     // Words, because the records that GDI writes are made of them.
     const std::unique_ptr<DWORD[]> buffer(new (std::nothrow) DWORD[size / sizeof(DWORD) + 1]);
     if (!buffer ||
-        GetGlyphOutlineW(handle_->dc, glyph, kFormat, &metrics, size, buffer.get(), &identity) == GDI_ERROR) {
+        GetGlyphOutlineW(context.Get(), glyph, kFormat, &metrics, size, buffer.get(), &identity) == GDI_ERROR) {
         return false;
     }
     const auto *const bytes = reinterpret_cast<const BYTE *>(buffer.get());

@@ -56,13 +56,18 @@ private:
 }  // namespace
 
 bool velGradient::AddStop(float offset, DWORD colour) {
-    if (!stops_.Append({offset, colour})) return false;
+    if (stops_.Size() == kMostStops || !stops_.Append({offset, colour})) return false;
     Stop *stop = stops_.Data() + stops_.Size() - 1;
     for (; stop != stops_.begin() && stop[-1].offset > offset; --stop) std::swap(stop[-1], stop[0]);
     return true;
 }
 
 bool velGradient::SuitsRenderer(Point offset, const Clip &visible) const {
+    // About a second, if every pixel lies between other stops than the one before; less to insert the stops.
+    constexpr double kMostSearched = 1.2e10, kInsertion = 60;
+    const double stops = static_cast<double>(stops_.Size());
+    if (stops * (visible.Area() + kInsertion * stops) > kMostSearched) return false;
+
     // Beyond this the renderer reduces the gradient and its coordinates, which it keeps in steps of 2^-16.
     constexpr double kLargest = 16383, kError = 0x1p-17;
     double largest = radius_;
@@ -79,6 +84,11 @@ bool velGradient::SuitsRenderer(Point offset, const Clip &visible) const {
         if (shift > kHalfLevel * static_cast<double>(stops_[i].offset - stops_[i - 1].offset)) return false;
     }
     return true;
+}
+
+size_t velGradient::Bytes(Point offset, const Clip &visible) const {
+    constexpr size_t kStop = 256;  // as a growing list, and as the renderer's own
+    return SuitsRenderer(offset, visible) ? kStop * stops_.Size() : 4 * static_cast<size_t>(visible.Area());
 }
 
 cairo_pattern_t *velGradient::Pattern(Point offset, double opacity) const {

@@ -16,17 +16,24 @@ public:
     /// From `first` to `second`, or with a positive radius around `first`.
     velGradient(Point first, Point second, double radius) : first_(first), second_(second), radius_(radius) {}
 
-    /// 0 <= offset <= 1. False when memory is short.
+    /// How many stops a gradient has at most.
+    static constexpr size_t kMostStops = 100'000;
+
+    /// 0 <= offset <= 1. False when there are too many stops or memory is short.
     bool AddStop(float offset, DWORD colour);
 
     // What to draw with: moved by `offset`, alpha scaled by `opacity`. The caller destroys it; it may be in error.
 
     /// Whether the renderer's own gradient, moved by `offset`, has the right colours on the pixels `visible`. It has
-    /// not when the gradient is far larger, or far away, and yet changes its colour quickly.
+    /// not when the gradient is far larger, or far away, and yet changes its colour quickly; and with many stops, among
+    /// which it searches for each pixel one by one, it would take too long.
     bool SuitsRenderer(Point offset, const Clip &visible) const;
     cairo_pattern_t *Pattern(Point offset, double opacity) const;
     /// The colours of the pixels `part` alone, computed one by one.
     cairo_pattern_t *Painted(const Clip &part, Point offset, double opacity) const;
+
+    /// The memory that either of them takes for the pixels `visible`.
+    size_t Bytes(Point offset, const Clip &visible) const;
 
     struct Stop {
         float offset;

@@ -5,17 +5,11 @@
 
 #include "clip.h"
 #include "dash.h"
+#include "font_name.h"
 #include "gradient.h"
 #include "shared.h"
 
 namespace lacquer::vel {
-
-/// A font's family and its style bits.
-struct FontName {
-    static constexpr int kCapacity = 32;
-    WCHAR family[kCapacity] = {};
-    DWORD style = 0;
-};
 
 struct State {
     DWORD style = VEL_STYLE_FILL;
@@ -36,6 +30,11 @@ struct State {
 
     double Opacity() const { return blendValue / 255.0; }
     bool UsesGradient() const { return style == VEL_STYLE_GRADIENT_FILL || style == VEL_STYLE_GRADIENT_STROKE; }
+    /// Whether a draw changes pixels where nothing is drawn, too.
+    bool ChangesWhatIsNotCovered() const {
+        return blendMode == VEL_BLEND_SOURCE_IN || blendMode == VEL_BLEND_DESTINATION_IN ||
+               blendMode == VEL_BLEND_SOURCE_OUT || blendMode == VEL_BLEND_DESTINATION_ATOP;
+    }
     bool Strokes() const { return style == VEL_STYLE_STROKE || style == VEL_STYLE_GRADIENT_STROKE; }
 };
 

@@ -7,12 +7,23 @@
 namespace lacquer::vel {
 namespace {
 
-/// How far, in pixels, the lines that stand for a curve may be off.
-constexpr double kTolerance = 0.03;
-
 int Side(LONG size) { return std::min(static_cast<int>(size), static_cast<int>(kMaxSize)); }
 
 }  // namespace
+
+void Trace(cairo_t *context, const Outline &outline, Point offset) {
+    const Point *next = outline.Points().begin();
+    for (const Verb verb : outline.Verbs()) {
+        Point p[3];
+        for (int i = 0; i < PointsOf(verb); ++i) p[i] = *next++ + offset;
+        switch (verb) {
+            case Verb::Move: cairo_move_to(context, p[0].x, p[0].y); break;
+            case Verb::Line: cairo_line_to(context, p[0].x, p[0].y); break;
+            case Verb::Curve: cairo_curve_to(context, p[0].x, p[0].y, p[1].x, p[1].y, p[2].x, p[2].y); break;
+            case Verb::Close: cairo_close_path(context); break;
+        }
+    }
+}
 
 void Target::SetBitmap(Reference<velBitmap> bitmap) {
     DropContext();

@@ -5,12 +5,19 @@
 
 #include "bitmap.h"
 #include "clip.h"
+#include "outline.h"
 #include "shared.h"
 
 namespace lacquer::vel {
 
+/// Adds an outline, moved by `offset`, to a context's path.
+void Trace(cairo_t *context, const Outline &outline, Point offset);
+
 class Target {
 public:
+    /// How far, in pixels, the lines that stand for a curve may be off.
+    static constexpr double kTolerance = 0.03;
+
     Target() = default;
     ~Target() { DropContext(); }
     Target(const Target &) = delete;

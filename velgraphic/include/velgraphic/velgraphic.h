@@ -59,6 +59,15 @@ typedef struct velBitmapData {
     void *bits;
 } velBitmapData;
 
+/* How large a run of text is, in pixels: how far from its origin the next one would begin, how far the fonts used reach
+ * above and below the baseline (positive), the distance of two baselines, and the rectangle around the pixels that it
+ * would touch, from a baseline origin at a whole pixel; all 0 when it would touch none. */
+typedef struct velTextExtent {
+    float advance;
+    float ascent, descent, lineHeight;
+    velRectF ink;
+} velTextExtent;
+
 /* An animation's own size in pixels, its number of frames, and its frames per second. */
 typedef struct velLottieInfo {
     LONG width, height;
@@ -142,7 +151,8 @@ extern "C" {
 /* ---- Canvases and bitmaps -------------------------------------------------------------------------------------- */
 
 /* A canvas without a bitmap, in the initial state: fill with opaque black, source over, blend value 255, smooth, stroke
- * width 1, butt caps, miter joins, solid, no gradient, no font, text size 16, no translation, nothing clipped. */
+ * width 1, butt caps, miter joins, solid, no gradient, the font of the system's user interface, text size 16, no
+ * translation, nothing clipped. */
 VELGRAPHIC_API velCanvas *velCanvasCreate(void);
 
 /* Gives up the canvas with what it refers to. */
@@ -217,8 +227,10 @@ VELGRAPHIC_API int velCanvasSetDashStyle(velCanvas *canvas, DWORD style);
  * other time. The style is not changed. */
 VELGRAPHIC_API int velCanvasSetDashPattern(velCanvas *canvas, const float *lengths, int count, float offset);
 
-/* The family that the glyphs of text come from: 1 to 31 UTF-16 units and a zero. Whether there is such a family shows
- * when the font is used. */
+/* The family that the glyphs of text come from: at most 31 UTF-16 units and a zero; null or empty for the font of the
+ * system's user interface, as at first. "sans-serif", "serif", "monospace" and "system-ui" stand for what the system
+ * has for them. Whether there is such a family shows when the font is used; one that is missing is looked for again
+ * after some seconds. */
 VELGRAPHIC_API int velCanvasSetFontFaceName(velCanvas *canvas, const WCHAR *name);
 
 VELGRAPHIC_API int velCanvasSetFontStyle(velCanvas *canvas, DWORD bits);
@@ -256,11 +268,15 @@ VELGRAPHIC_API int velCanvasDrawColor(velCanvas *canvas, DWORD colour);
 
 VELGRAPHIC_API int velCanvasDrawPath(velCanvas *canvas, velPath *path);
 
-/* ---- Text ------------------------------------------------------------------------------------------------------ */
+/* ---- Text ---------------------------------------------------------------------------------------------------------
+ * The glyphs of a call are filled together with the bars of the font's style, in the colour or the gradient of the
+ * style: nothing is darker where they overlap. Smooth text of at most 256 pixels stands in whole rows and at quarters
+ * of columns, those nearest to its positions after the translation; other text stands where it is put. 0 when there is
+ * no such font, when memory is short, and when the outlines of text of more than 256 pixels, or of some thousand
+ * different glyphs that are nearly as large, have more than 1,000,000 lines and curves inside the clip. */
 
-/* Fills the outlines of `count` glyphs, in the colour or the gradient of the style. Glyphs are the font's own indices;
- * their positions are the origins on the baseline. A glyph that the font lacks draws nothing. 0 when there is no such
- * font. */
+/* Draws `count` glyphs. They are the font's own indices; their positions are the origins on the baseline. A glyph that
+ * the font lacks draws nothing. */
 VELGRAPHIC_API int velCanvasDrawPosTextByGlyphs(velCanvas *canvas, const WORD *glyphs, int count,
                                                 const velPointF *positions);
 
@@ -268,6 +284,26 @@ VELGRAPHIC_API int velCanvasDrawPosTextByGlyphs(velCanvas *canvas, const WORD *g
  * and halves of surrogate pairs, give glyph 0. `advances` may be null. 0 when there is no such font. */
 VELGRAPHIC_API int velCanvasGetGlyphs(velCanvas *canvas, const WCHAR *text, int length, WORD *glyphs,
                                       velPointF *advances);
+
+/* ---- Text from a string -------------------------------------------------------------------------------------------
+ * A run is one line of `length` UTF-16 units, at most 65,535 (-1: up to the terminating zero; null when there are
+ * none). It is shaped: kerning, ligatures, marks, joining scripts. Its direction is that of the first strong character,
+ * and mixed directions are ordered by the Unicode algorithm. Control characters and line ends draw nothing; a tab is
+ * four spaces wide. What the font lacks comes from other fonts; only what none has is the missing-glyph box. 0 when
+ * there is no such font, and when memory is short. */
+
+/* Draws a run with the origin of its baseline at (x, y), at the left end of all directions, in the colour or the
+ * gradient of the style. */
+VELGRAPHIC_API int velCanvasDrawTextRun(velCanvas *canvas, const WCHAR *text, int length, float x, float y);
+
+/* Measures what velCanvasDrawTextRun would draw; needs no bitmap. When refused, the record stays as it was. */
+VELGRAPHIC_API int velCanvasMeasureTextRun(velCanvas *canvas, const WCHAR *text, int length, velTextExtent *out);
+
+/* The glyphs of a run, shaped with the canvas's own font alone, for velCanvasDrawPosTextByGlyphs: from left to right,
+ * their positions from the origin of the run. Result: how many there are, of which the first `capacity` are written;
+ * 0 also when there are none. The arrays may be null when the capacity is 0. */
+VELGRAPHIC_API int velCanvasGetTextGlyphs(velCanvas *canvas, const WCHAR *text, int length, WORD *glyphs,
+                                          velPointF *positions, int capacity);
 
 /* How far the font reaches above and below the baseline, and the distance of two baselines, in pixels. Each pointer may
  * be null. 0 when there is no such font. */

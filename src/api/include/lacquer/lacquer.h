@@ -636,8 +636,27 @@ LACQUER_API int DrawPath(HGCANVAS canvas, velPath *path);
 LACQUER_API int DrawLottie(HGCANVAS canvas, velLottie *lottie, float frame, float x, float y, float width,
                            float height);
 
-/* Glyphs by the font's own indices, each with the origin of its baseline. */
+/* Glyphs by the font's own indices, each with the origin of its baseline. Smooth text of at most 256 pixels stands in
+ * the nearest whole row, at the nearest quarter of a column; all glyphs of a call are one shape. Refused, as a text
+ * from a string is, when larger outlines have more than 1,000,000 lines and curves inside the clip. */
 LACQUER_API int DrawPosTextByGlyphs(HGCANVAS canvas, const WORD *glyphs, int count, const velPointF *positions);
+
+/* A line of text from a string of `length` UTF-16 units, at most 65,535 (-1: up to the terminating zero), with the
+ * origin of its baseline at (x, y): shaped, in the order of its directions, with other fonts for what the font lacks.
+ */
+LACQUER_API int DrawTextRun(HGCANVAS canvas, const WCHAR *text, int length, float x, float y);
+
+/* How large DrawTextRun would draw a text, pixels. Refused, the record stays as it was. */
+LACQUER_API int MeasureTextRun(HGCANVAS canvas, const WCHAR *text, int length, velTextExtent *out);
+
+/* The glyphs of a text in the canvas's own font, and their origins from that of the text, for DrawPosTextByGlyphs.
+ * Writes at most `capacity` of each. Result: how many there are, also beyond the capacity. */
+LACQUER_API int GetTextGlyphs(HGCANVAS canvas, const WCHAR *text, int length, WORD *glyphs, velPointF *positions,
+                              int capacity);
+
+/* How far the font reaches above and below the baseline, and the distance of two baselines, pixels; null where it is
+ * not wanted. */
+LACQUER_API int GetFontMetrics(HGCANVAS canvas, float *ascent, float *descent, float *lineHeight);
 
 /* Put the vector state on the canvas's stack, and go back to the state last saved (0 when there is none). */
 LACQUER_API int Save(HGCANVAS canvas);
@@ -663,6 +682,9 @@ LACQUER_API int SetStrokeWidth(HGCANVAS canvas, float width);
 LACQUER_API float GetStrokeWidth(HGCANVAS canvas);
 LACQUER_API int SetDashStyle(HGCANVAS canvas, DWORD style);
 LACQUER_API int SetDashPattern(HGCANVAS canvas, const float *lengths, int count, float offset);
+
+/* A family's name, or "sans-serif", "serif", "monospace" or "system-ui"; null or empty, as at first, for the font of
+ * the system's user interface. */
 LACQUER_API int SetFontFaceName(HGCANVAS canvas, const WCHAR *name);
 LACQUER_API int SetFontStyle(HGCANVAS canvas, DWORD bits);
 LACQUER_API int SetTextSize(HGCANVAS canvas, float pixels);
