@@ -9,11 +9,13 @@
 
 namespace lq {
 
-// UTF-16: L"..." on Windows and u"..." elsewhere. Halves of surrogate pairs count as characters.
+// A text in UTF-16: L"..." on Windows and u"..." elsewhere. Halves of surrogate pairs count as characters.
 using TextView = std::basic_string_view<WCHAR>;
 
 // The most units that a line can have.
 inline constexpr size_t kLongestRun = 65535;
+
+namespace detail {
 
 // The character that begins at unit `at`, and the one that ends before it. `at` must be inside the text, and above 0.
 inline char32_t CharacterAt(TextView text, size_t at) noexcept {
@@ -92,6 +94,9 @@ inline bool IsClusterStart(TextView text, size_t at) noexcept {
     return text[at - 1] != 0x200D && !IsIn(kMarks, CharacterAt(text, at));
 }
 
+// Where paragraphs end.
+inline constexpr WCHAR kLineEnds[] = {'\n', '\r', 0x2028, 0x2029};
+
 // Whether a line may end before unit `at`, which is inside the text.
 inline bool MayBreak(TextView text, size_t at) noexcept {
     if (at == 0 || at >= text.size() || !IsClusterStart(text, at)) return false;
@@ -103,7 +108,9 @@ inline bool MayBreak(TextView text, size_t at) noexcept {
         if (IsHyphen(after) || (after >= '0' && after <= '9')) return false;
         size_t word = at;
         while (word > 0 && IsHyphen(static_cast<char32_t>(text[word - 1]))) --word;
-        return word > 0 && !IsSpace(static_cast<char32_t>(text[word - 1])) && text[word - 1] != '\n';
+        if (word == 0) return false;
+        const WCHAR last = text[word - 1];
+        return !IsSpace(last) && TextView(kLineEnds, 4).find(last) == TextView::npos;
     }
     return (IsIdeographic(before) || IsIdeographic(after)) && !MayNotBeginLine(after) && !MayNotEndLine(before);
 }
@@ -111,7 +118,6 @@ inline bool MayBreak(TextView text, size_t at) noexcept {
 // Where the paragraph that begins at `begin` ends, without its line end; and where the next one begins, npos for the
 // last one.
 inline size_t LineEnd(TextView text, size_t begin) noexcept {
-    constexpr WCHAR kLineEnds[] = {'\n', '\r', 0x2028, 0x2029};
     const size_t end = text.find_first_of(TextView(kLineEnds, 4), begin);
     return end == TextView::npos ? text.size() : end;
 }
@@ -152,6 +158,8 @@ size_t LongestFit(TextView text, size_t begin, size_t end, MayBreakAt mayBreak, 
     }
     return best;
 }
+
+}  // namespace detail
 
 }  // namespace lq
 

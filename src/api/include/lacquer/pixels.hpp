@@ -26,6 +26,7 @@ public:
     template <size_t length>
     constexpr Span(Element (&array)[length]) noexcept : first(array), count(length) {}
 
+    // The first element, null without any; how many there are; whether there is none; for range-based loops.
     constexpr Element *data() const noexcept { return first; }
     constexpr size_t size() const noexcept { return count; }
     constexpr bool empty() const noexcept { return count == 0; }
@@ -40,6 +41,8 @@ private:
     size_t count = 0;
 };
 
+namespace detail {
+
 // The C functions that lock and unlock, by the type of the handle. Canvases use the lock that takes those made from a
 // device context, too.
 inline int LockBits(HGBITMAP bitmap, SurfaceView *out, const RECT *rect) { return LockBitmapBitsEx(bitmap, out, rect); }
@@ -51,6 +54,8 @@ inline int UnlockBits(HGBITMAP bitmap) { return UnlockBitmapBits(bitmap); }
 inline int UnlockBits(HGTEXTURE texture) { return UnlockTextureBits(texture); }
 inline int UnlockBits(HGCANVAS canvas) { return UnlockCanvasBits(canvas); }
 
+}  // namespace detail
+
 // The pixels of an object, or of a rectangle of it, locked until the end of the scope. Made by lq::Lock. It must end
 // before the object does.
 template <typename Handle>
@@ -59,7 +64,7 @@ public:
     // Locks everything, or the rectangle `rect`, which must not be empty and must lie inside. A canvas made from a
     // device context needs a rectangle. When the lock is refused it holds no pixels: false, size 0.
     explicit PixelLock(Handle handle, const RECT *rect = nullptr) noexcept {
-        if (LockBits(handle, &view, rect)) locked = handle;
+        if (detail::LockBits(handle, &view, rect)) locked = handle;
     }
 
     PixelLock(PixelLock &&other) noexcept : locked(other.locked), view(other.view) { other.Forget(); }
@@ -100,7 +105,7 @@ public:
 
     // Ends the lock before the scope does; nothing without pixels.
     void Unlock() noexcept {
-        if (locked) UnlockBits(locked);
+        if (locked) detail::UnlockBits(locked);
         Forget();
     }
 

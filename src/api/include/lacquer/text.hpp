@@ -60,12 +60,12 @@ public:
         Runs runs{canvas, units, width};
         TextSize size{0, ascent + descent, 0, true};
         for (size_t begin = 0; begin != TextView::npos;) {
-            const size_t end = LineEnd(units, begin);
+            const size_t end = detail::LineEnd(units, begin);
             const size_t fit = setting.wrap ? FirstLine(runs, begin, end) : end;
-            size_t next = fit < end ? fit : AfterLineEnd(units, end);
+            size_t next = fit < end ? fit : detail::AfterLineEnd(units, end);
             const bool last = size.lines + 1 == allowed && next != TextView::npos;
             const bool isCut =
-                setting.ellipsis && (last || (!setting.wrap && runs.Longest(begin, end, IsClusterStart) < end));
+                setting.ellipsis && (last || (!setting.wrap && runs.Longest(begin, end, detail::IsClusterStart) < end));
             const TextView line = isCut ? runs.Cut(begin, end) : runs.Part(begin, fit);
             const float advance = runs.Advance(line);
             if (runs.failed) return std::nullopt;
@@ -128,7 +128,7 @@ private:
 
         // The units from `begin` to `end` without the spaces at their end.
         TextView Part(size_t begin, size_t end) const {
-            while (end > begin && IsSpace(text[end - 1])) --end;
+            while (end > begin && detail::IsSpace(text[end - 1])) --end;
             return text.substr(begin, end - begin);
         }
 
@@ -159,23 +159,23 @@ private:
         // How far the text from `begin` on fits, broken by a rule.
         template <typename MayBreakAt>
         size_t Longest(size_t begin, size_t end, MayBreakAt mayBreak) {
-            return LongestFit(text, begin, end, mayBreak, [&](size_t to) { return Fits(Part(begin, to)); });
+            return detail::LongestFit(text, begin, end, mayBreak, [&](size_t to) { return Fits(Part(begin, to)); });
         }
 
         // The longest line with an ellipsis that fits; the ellipsis alone when none does.
         TextView Cut(size_t begin, size_t end) {
             const auto fits = [&](size_t to) { return Fits(WithEllipsis(Part(begin, to))); };
-            return WithEllipsis(Part(begin, LongestFit(text, begin, end, IsClusterStart, fits)));
+            return WithEllipsis(Part(begin, detail::LongestFit(text, begin, end, detail::IsClusterStart, fits)));
         }
     };
 
     // Where the line that begins at `begin` is broken, `end` being that of its paragraph.
     static size_t FirstLine(Runs &runs, size_t begin, size_t end) {
-        size_t fit = runs.Longest(begin, end, MayBreak);
+        size_t fit = runs.Longest(begin, end, detail::MayBreak);
         // Not even a word, or nothing but the spaces before it.
-        if (runs.Part(begin, fit).empty()) fit = runs.Longest(begin, end, IsClusterStart);
-        if (fit == begin && fit < end) fit = NextBreak(runs.text, begin + 1, end, IsClusterStart);
-        while (fit < end && IsSpace(runs.text[fit])) ++fit;
+        if (runs.Part(begin, fit).empty()) fit = runs.Longest(begin, end, detail::IsClusterStart);
+        if (fit == begin && fit < end) fit = detail::NextBreak(runs.text, begin + 1, end, detail::IsClusterStart);
+        while (fit < end && detail::IsSpace(runs.text[fit])) ++fit;
         return fit;
     }
 
