@@ -178,6 +178,8 @@ TEST(CppTest, SkinsDrawAsTheCCallsDo) {
         EXPECT_FALSE(piece.Draw(drawn, dest, 3) || piece.Draw(drawn, dest, -1) || piece.Draw(drawn, dest, 0, 0));
         piece.states = 4;
         EXPECT_FALSE(piece.Draw(drawn, dest, 3)) << "beyond the sheet";
+        piece.states = 2;
+        EXPECT_FALSE(piece.Draw(drawn, dest, 2)) << "beyond the states";
     }
     lq::SkinPiece piece;
     piece.frame = {0, 0, 11, 7};
@@ -227,6 +229,8 @@ TEST_F(CppTextTest, LinesAreBroken) {
         u"\u6F22|\u300C\u5B57\u300D",
         u"\U00020000\U00020001|\U00020002",
         u"abcdefgh|ijk",
+        u"-a|b",
+        u"  abc|d",
         u"~a|e\u0301|\U0001F600|b",
         u"~a   |b ",
         u"a\n|\r\n|b\u2028|\r|",
