@@ -3,6 +3,7 @@
 
 // The layer has to live with the macros of this header, and with those that it makes for other compilers.
 #ifdef _WIN32
+#undef NOMINMAX
 #undef WIN32_LEAN_AND_MEAN
 #include <windows.h>
 #endif
@@ -17,6 +18,8 @@
 #include <string>
 #include <string_view>
 #include <vector>
+#undef min
+#undef max
 #define min(a, b) ((a) < (b) ? (a) : (b))
 #define max(a, b) ((a) > (b) ? (a) : (b))
 #define near

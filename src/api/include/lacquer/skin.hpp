@@ -48,9 +48,9 @@ struct SkinPiece {
 
     // Draws a state into the logical rectangle `dest`, at a strength of `alpha` / 255. `scale` is the size of a sheet
     // pixel on the canvas: the DPI of the window by that of the sheet. It sizes the margins of a nine-grid and the
-    // cells of a tile; a top-tile has none, and a stretch and a centred picture need none. False for a state that there
-    // is not, a scale that is not positive, a sheet that is none, a frame that is not inside it and, but for the two
-    // tiles, a wrong canvas.
+    // cells of a tile; a top-tile is not scaled, and a stretch and a centred picture need no scale. False for a state
+    // that there is not, a scale that is not positive, a sheet that is none, a frame that is not inside it and, but for
+    // the two tiles, a wrong canvas.
     bool Draw(HGCANVAS canvas, const RECT &dest, int state = 0, float scale = 1, BYTE alpha = 255) const noexcept {
         const std::optional<RECT> slice = Frame(state);
         if (!slice || !(scale > 0)) return false;
