@@ -43,15 +43,15 @@ struct TextSize {
 // line.
 class Text {
 public:
+    // A text in UTF-16, and its style. Nothing is measured yet.
     explicit Text(TextView text, const TextStyle &style = {}) noexcept : units(text), setting(style) {}
 
     // Calls `visit(TextView line, float width)` for each line from the top that a rectangle of `width` x `height`
     // pixels shows (infinity: no limit). A line that was cut ends with the ellipsis and lasts for the call; the others
     // are parts of the text, without the spaces at their ends. The height counts when there is an ellipsis, and leaves
     // at least one line. `visit` returns whether to go on. Result: what was visited; none when the canvas refuses to
-    // measure (wrong handle, made from a device context, no such font, more than 65,535 units in a
-    // line that is not to be broken) and when
-    // memory is short.
+    // measure (wrong handle, made from a device context, no such font, more than 65,535 units in a line that is not to
+    // be broken) and when memory is short.
     template <typename Visit>
     std::optional<TextSize> ForEachLine(HGCANVAS canvas, float width, float height, Visit &&visit) const {
         float ascent = 0, descent = 0, lineHeight = 0;
