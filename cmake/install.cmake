@@ -3,7 +3,10 @@
 include(CMakePackageConfigHelpers)
 
 install(TARGETS lacquer EXPORT lacquer-targets)
-install(FILES src/api/include/lacquer/lacquer.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/lacquer)
+foreach(header lacquer.h lacquer.hpp line_breaks.hpp objects.hpp pixels.hpp scopes.hpp skin.hpp text.hpp)
+  install(FILES src/api/include/lacquer/${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/lacquer)
+endforeach()
+install(FILES ${LACQUER_GENERATED_INCLUDE}/lacquer/version.h DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/lacquer)
 if(NOT WIN32)
   install(FILES src/api/include/lacquer/win32_types.h src/api/include/lacquer/headless_gdi.h
           DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/lacquer)
@@ -15,5 +18,7 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/lacquer-config-version.cm
 install(FILES ${PROJECT_BINARY_DIR}/lacquer-config-version.cmake DESTINATION ${package_dir})
 
 file(RELATIVE_PATH up /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
-configure_file(cmake/lacquer.pc.in ${PROJECT_BINARY_DIR}/lacquer.pc @ONLY)
-install(FILES ${PROJECT_BINARY_DIR}/lacquer.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+foreach(package lacquer velgraphic)
+  configure_file(cmake/${package}.pc.in ${PROJECT_BINARY_DIR}/${package}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${package}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
+endforeach()

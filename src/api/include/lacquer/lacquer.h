@@ -30,6 +30,7 @@
 #else
 #include <lacquer/win32_types.h>
 #endif
+#include <lacquer/version.h>
 #include <stdint.h>
 #include <velgraphic/velgraphic.h>
 
