@@ -19,9 +19,10 @@ PACKAGES = """
     @coinbase/cds-lottie-files @lordicon/element @lordicon/react @lottiefiles/dotlottie-react @lottiefiles/dotlottie-web
     @lottiefiles/lottie-interactivity @lottiefiles/lottie-js @lottiefiles/lottie-player @lottiefiles/react-lottie-player
     lottie-api lottie-ios lottie-ios@1.5.2 lottie-ios@2.5.3 lottie-ios@3.5.0 lottie-react-native@1.1.1 lottie-web
-    lottie-web@5.7.0 react-useanimations react-useanimations@2.10.0 vue-lottie vue3-useanimations
+    lottie-web@5.7.0 lottie-web@5.12.2 @meteocons/lottie react-useanimations react-useanimations@2.10.0 vue-lottie vue3-useanimations
 """.split()
 LARGEST = 32 << 20
+FEWEST = 500  # animations that say something together
 
 
 def fetch(package, folder):
@@ -83,7 +84,10 @@ def main():
                     continue
                 for text in found:
                     (files / (hashlib.sha256(text).hexdigest()[:16] + ".json")).write_bytes(text)
-    print(f"{len(list(files.iterdir()))} different animations")
+    count = len(list(files.iterdir()))
+    print(f"{count} different animations")
+    if count < FEWEST:
+        sys.exit(f"fewer than {FEWEST}: nothing is proven by so few")
 
 
 if __name__ == "__main__":
