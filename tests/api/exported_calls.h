@@ -39,13 +39,13 @@ SAMPLES(WCHAR, 'A', 'n', 'y', 0);
 /// How a type travels: 'n' a number, '<' a record to read, '>' one to write, 's' a record by value, '0' what is always
 /// null; the other letters are handles, and objects of the companion.
 template <class Type>
-constexpr char kLetter = std::is_arithmetic_v<Type>                     ? 'n'
-                         : !std::is_pointer_v<Type>                     ? 's'
-                         : std::is_const_v<std::remove_pointer_t<Type>> ? '<'
-                                                                        : '>';
+inline constexpr char kLetter = std::is_arithmetic_v<Type>                     ? 'n'
+                                : !std::is_pointer_v<Type>                     ? 's'
+                                : std::is_const_v<std::remove_pointer_t<Type>> ? '<'
+                                                                               : '>';
 #define LETTER(Type, letter) \
     template <>              \
-    constexpr char kLetter<Type> = letter
+    inline constexpr char kLetter<Type> = letter
 LETTER(void, 'v');
 LETTER(HGCANVAS, 'c');
 LETTER(HGBITMAP, 'b');
