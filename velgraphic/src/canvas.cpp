@@ -13,7 +13,6 @@
 using lacquer::vel::Clip;
 using lacquer::vel::Dashes;
 using lacquer::vel::DrawingCost;
-using lacquer::vel::Outline;
 using lacquer::vel::PixelRect;
 using lacquer::vel::Point;
 using lacquer::vel::SampleMask;
