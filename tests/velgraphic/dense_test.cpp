@@ -150,12 +150,13 @@ TEST(VelDenseTest, GradientsOfManyStopsArePaintedAtOnce) {
     // A pattern that is kept from one draw to the next has the stops that came between.
     velGradient *growing = velGradientCreateLinear(0, 0, 512, 0);
     velCanvasSetGradient(two, growing);
-    for (const DWORD colour : {0xFF112233, 0xFF445566}) {
-        velGradientAddColorStop(growing, 1, colour);
-        velCanvasDrawRectangle(two, 0, 0, 512, 512);
-    }
-    velGradientDestroy(growing);
+    velGradientAddColorStop(growing, 1, 0xFF112233);
+    velCanvasDrawRectangle(two, 0, 0, 512, 512);
     EXPECT_EQ(0xFF112233, two.At(9, 9));
+    velGradientAddColorStop(growing, 0.5f, 0xFF445566);
+    velCanvasDrawRectangle(two, 0, 0, 512, 512);
+    EXPECT_EQ(0xFF445566, two.At(9, 9));
+    velGradientDestroy(growing);
 }
 
 }  // namespace
