@@ -47,7 +47,7 @@ TEST(VelDenseTest, LooksLikeWhatTheRendererDraws) {
         {.style = VEL_STYLE_GRADIENT_FILL},
         {kStroke, 9},
         {kStroke, 9, VEL_JOIN_ROUND, VEL_CAP_ROUND},
-        {kStroke, 9, VEL_JOIN_BEVEL, VEL_CAP_SQUARE},
+        {kStroke, 30, VEL_JOIN_BEVEL, VEL_CAP_SQUARE},
         {kStroke, 60, VEL_JOIN_ROUND},
         {VEL_STYLE_GRADIENT_STROKE, 9},
     };
@@ -64,7 +64,13 @@ TEST(VelDenseTest, LooksLikeWhatTheRendererDraws) {
                 velPathClose(path);
                 velPathMoveTo(path, 160, 10);
                 velPathLineTo(path, 175, 120);
-                velPathLineTo(path, 140, 175);
+                velPathLineTo(path, 150, 140);
+                // A corner that turns the other way, and a line over it.
+                velPathMoveTo(path, 40, 145);
+                velPathLineTo(path, 100, 145);
+                velPathLineTo(path, 100, 100);
+                velPathMoveTo(path, 80, 152);
+                velPathLineTo(path, 130, 152);
             }
             velCanvasTranslate(*painting, 3.25f, 7.5f);
             velCanvasClipRect(*painting, 7, 5, 180, 170);

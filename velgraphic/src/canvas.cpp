@@ -98,9 +98,8 @@ bool velCanvas::Render(size_t bytes, Drawing drawing) {
 bool velCanvas::CanDraw() const { return target.Bitmap() && (!state.UsesGradient() || state.gradient); }
 
 size_t velCanvas::SourceBytes(const Clip &visible) const {
-    // Operators that change pixels where nothing is drawn have the renderer make a mask of all.
-    const bool needsMask = state.blendMode >= VEL_BLEND_SOURCE_IN && state.blendMode <= VEL_BLEND_DESTINATION_ATOP;
-    const size_t mask = needsMask ? 2 * static_cast<size_t>(visible.Area()) : 0;
+    // The renderer makes a mask of all for modes that change pixels where nothing is drawn.
+    const size_t mask = state.ChangesWhatIsNotCovered() ? 2 * static_cast<size_t>(visible.Area()) : 0;
     return mask + (state.UsesGradient() ? state.gradient->Bytes(state.translation, visible) : 0);
 }
 
