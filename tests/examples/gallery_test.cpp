@@ -19,8 +19,8 @@ namespace lacquer::examples {
 namespace {
 
 /// Pictures whose pixels depend on more than the library: text on how the system reads the outlines of the DejaVu
-/// fonts, the film on the compiler of the animation library and its processor (2 levels on Windows, 15 on ARM). They may
-/// differ by so many levels from their references.
+/// fonts, the film on the compiler of the animation library and its processor (2 levels on Windows, 15 on ARM). They
+/// may differ by so many levels from their references.
 const std::map<std::string_view, int> kTolerances{{"text", 24}, {"window", 24}, {"desktop", 24}, {"film", 16}};
 
 /// Of which build of anything but the library a picture's digest is: of the fonts and their renderer, of the system's
