@@ -1,5 +1,5 @@
-# Installing: the shared libraries with their headers, for find_package(lacquer) and pkg-config. velgraphic/ adds its own
-# to the same package.
+# Installing: the shared libraries with their headers, for find_package(lacquer) and pkg-config. velgraphic/ and image/
+# add their own to the same package.
 include(CMakePackageConfigHelpers)
 
 install(TARGETS lacquer EXPORT lacquer-targets)
@@ -18,7 +18,11 @@ write_basic_package_version_file(${PROJECT_BINARY_DIR}/lacquer-config-version.cm
 install(FILES ${PROJECT_BINARY_DIR}/lacquer-config-version.cmake DESTINATION ${package_dir})
 
 file(RELATIVE_PATH up /${CMAKE_INSTALL_LIBDIR}/pkgconfig /)
-foreach(package lacquer velgraphic)
+set(packages lacquer velgraphic)
+if(LACQUER_HAS_IMAGE)
+  list(APPEND packages lacquer_image)
+endif()
+foreach(package IN LISTS packages)
   configure_file(cmake/${package}.pc.in ${PROJECT_BINARY_DIR}/${package}.pc @ONLY)
   install(FILES ${PROJECT_BINARY_DIR}/${package}.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 endforeach()

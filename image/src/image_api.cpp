@@ -38,8 +38,7 @@ lq::Bitmap LoadData(Fault &fault, const void *data, size_t length, const ImageLo
 
 lq::Bitmap LoadFile(Fault &fault, const char *utf8Path, const ImageLoadOptions *options) {
     Content content;
-    if (IsNull(utf8Path, fault) || !ReadFile(utf8Path, Complete(options).maxBytes, Extent::kWhole, content, fault) ||
-        !content.Reserve(1))  // so that an empty file is no null pointer
+    if (IsNull(utf8Path, fault) || !ReadFile(utf8Path, Complete(options).maxBytes, Extent::kWhole, content, fault))
         return {};
     return LoadData(fault, content.data, content.size, options);
 }
