@@ -19,7 +19,7 @@ constexpr DWORD kWidth = 13, kHeight = 9;  // no multiple of what passes, blocks
 /// A 16-bit channel of a pixel.
 unsigned Deep(DWORD index, DWORD channel) { return Noise(channel + 1, index) >> 16; }
 
-DWORD Word(unsigned a, unsigned r, unsigned g, unsigned b) { return a << 24 | r << 16 | g << 8 | b; }
+uint32_t Word(unsigned a, unsigned r, unsigned g, unsigned b) { return a << 24 | r << 16 | g << 8 | b; }
 
 void AppendTo(png_structp png, png_bytep bytes, size_t count) {
     auto &file = *static_cast<Bytes *>(png_get_io_ptr(png));
@@ -88,8 +88,8 @@ Picture Png(int type, int depth, bool isInterlaced, bool isKeyed) {
 constexpr DWORD kBlock = 16, kColumns = 3, kLines = 2;
 
 /// Blocks of one colour each survive every kind of compression nearly as they are.
-std::vector<DWORD> FlatBlocks(bool isGrey, bool hasAlpha) {
-    std::vector<DWORD> pixels;
+std::vector<uint32_t> FlatBlocks(bool isGrey, bool hasAlpha) {
+    std::vector<uint32_t> pixels;
     for (DWORD i = 0; i < kBlock * kColumns * kBlock * kLines; ++i) {
         const DWORD x = i % (kBlock * kColumns) / kBlock, y = i / (kBlock * kColumns) / kBlock;
         const DWORD r = 40 + 80 * x, g = isGrey ? r : 30 + 130 * y, b = isGrey ? r : 220 - 60 * x - 40 * y;

@@ -15,8 +15,8 @@ struct Picture {
     std::string name;
     Bytes file;
     ImageFileInfo info;
-    std::vector<DWORD> pixels;  ///< straight, 0xAARRGGBB
-    int tolerance;              ///< of a colour channel
+    std::vector<uint32_t> pixels;  ///< straight, 0xAARRGGBB
+    int tolerance;                 ///< of a colour channel
 };
 
 /// Every colour type and depth of PNG, with and without a transparent colour, interlaced or not; JPEG in its colour
