@@ -197,6 +197,8 @@ TEST(Image, FilesThatEndEarlyOrAreDamagedAreRefused) {
             ASSERT_FALSE(isRead && isGuarded) << at;
         }
     }
+    for (const DWORD flags : {DWORD{0}, DWORD{LACQUER_IMAGE_KEEP_DEPTH}})
+        EXPECT_FALSE(lq::LoadTexture(SpanOf(PngBeyondItsPalette()), {flags, 0, 0}));
     EXPECT_EQ(slot, NextSlot());
 }
 

@@ -285,4 +285,21 @@ Picture TurnedJpeg(DWORD orientation, bool isLittleEndian) {
     return picture;
 }
 
+Bytes PngBeyondItsPalette() {
+    Bytes file, row(4, 2);
+    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
+    png_infop info = png_create_info_struct(png);
+    png_set_check_for_invalid_index(png, 0);
+    png_set_write_fn(png, &file, AppendTo, nullptr);
+    png_set_IHDR(png, info, 4, 1, 8, PNG_COLOR_TYPE_PALETTE, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
+                 PNG_FILTER_TYPE_DEFAULT);
+    const png_color palette[2]{};
+    png_set_PLTE(png, info, palette, 2);
+    png_write_info(png, info);
+    png_write_row(png, row.data());
+    png_write_end(png, info);
+    png_destroy_write_struct(&png, &info);
+    return file;
+}
+
 }  // namespace lacquer
