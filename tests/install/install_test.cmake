@@ -14,7 +14,7 @@ set(options -G Ninja -S ${CONSUMER} -DCMAKE_BUILD_TYPE=Release "-DCMAKE_C_FLAGS=
 set(ENV{PKG_CONFIG_PATH} ${WORK}/prefix/lib/pkgconfig)
 if(TOOLCHAIN)
   # The cross toolchain looks for packages below its own roots only.
-  list(APPEND options --toolchain ${TOOLCHAIN} -DCMAKE_FIND_ROOT_PATH=${WORK}/prefix)
+  list(APPEND options --toolchain ${TOOLCHAIN} -Dlacquer_DIR=${WORK}/prefix/lib/cmake/lacquer)
 else()
   list(APPEND options -DCMAKE_PREFIX_PATH=${WORK}/prefix)
 endif()
