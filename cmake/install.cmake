@@ -2,18 +2,22 @@
 # `lacquer::`. A project that adds this one as a folder gets the same names and, by itself, nothing installed.
 include(CMakePackageConfigHelpers)
 
-# lacquer_package(<name> TARGETS <target>... HEADERS <file>... [NEEDS <package>...]
+# lacquer_package(<name> TARGETS <target>... HEADERS <file>... [HEADER_FOLDER <folder>] [NEEDS <package>...]
 #                 [STATIC_MODULES <pkg-config module>...])
-# The first target is the library, after which the import libraries and the module definition are called. A static one
-# beside it needs the modules; find_package looks for them when it is asked for the component `static`.
+# The first target is the library, after which the import libraries and the module definition are called. Headers go to
+# the folder of that name, or to another one. A static library beside it needs the modules; find_package looks for them
+# when it is asked for the component `static`.
 function(lacquer_package name)
-  cmake_parse_arguments(arg "" "" "TARGETS;HEADERS;NEEDS;STATIC_MODULES" ${ARGN})
+  cmake_parse_arguments(arg "" "HEADER_FOLDER" "TARGETS;HEADERS;NEEDS;STATIC_MODULES" ${ARGN})
   if(NOT LACQUER_INSTALL)
     return()
   endif()
   list(GET arg_TARGETS 0 library)
   install(TARGETS ${arg_TARGETS} EXPORT ${name}-targets)
-  install(FILES ${arg_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${name})
+  if(NOT arg_HEADER_FOLDER)
+    set(arg_HEADER_FOLDER ${name})
+  endif()
+  install(FILES ${arg_HEADERS} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${arg_HEADER_FOLDER})
 
   set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/${name})
   set(files ${PROJECT_BINARY_DIR}/${name}-config.cmake ${PROJECT_BINARY_DIR}/${name}-config-version.cmake)
