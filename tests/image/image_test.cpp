@@ -197,6 +197,11 @@ TEST(Image, FilesThatEndEarlyOrAreDamagedAreRefused) {
             ASSERT_FALSE(isRead && isGuarded) << at;
         }
     }
+    // Pixels that would have to be guessed: an end in the middle.
+    Bytes guessed = TurnedJpeg(1, true).file;
+    guessed[guessed.size() - 20] = 0xFF;
+    guessed[guessed.size() - 19] = 0xD9;
+    EXPECT_FALSE(lq::LoadTexture(SpanOf(guessed)));
     for (const DWORD flags : {DWORD{0}, DWORD{LACQUER_IMAGE_KEEP_DEPTH}})
         EXPECT_FALSE(lq::LoadTexture(SpanOf(PngBeyondItsPalette()), {flags, 0, 0}));
     EXPECT_EQ(slot, NextSlot());

@@ -2,6 +2,7 @@
 
 #include "pictures.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 // jpeglib.h needs what <cstdio> declares.
@@ -165,6 +166,18 @@ Picture Jpeg(const JpegKind &kind) {
     return picture;
 }
 
+void AppendNumber(Bytes &to, size_t number, size_t bytes) {
+    for (; bytes-- > 0; number >>= 8) to.push_back(static_cast<BYTE>(number));
+}
+
+void AppendChunk(Bytes &to, const char *name, const Bytes &content) {
+    to.insert(to.end(), name, name + 4);
+    AppendNumber(to, content.size(), 4);
+    to.insert(to.end(), content.begin(), content.end());
+    if (content.size() % 2 != 0) to.push_back(0);
+}
+
+/// With something after the picture that belongs to the file, too.
 Picture Webp(const char *name, bool isLossless, bool hasAlpha) {
     Picture picture = BlockPicture(name, LACQUER_IMAGE_WEBP, hasAlpha ? 32 : 24, hasAlpha, isLossless ? 0 : 48);
     WebPConfig config;
@@ -186,18 +199,11 @@ Picture Webp(const char *name, bool isLossless, bool hasAlpha) {
     picture.file.assign(writer.mem, writer.mem + writer.size);
     WebPMemoryWriterClear(&writer);
     WebPPictureFree(&input);
+    AppendChunk(picture.file, "junk", Bytes(10));
+    Bytes size;
+    AppendNumber(size, picture.file.size() - 8, 4);
+    std::copy(size.begin(), size.end(), picture.file.begin() + 4);
     return picture;
-}
-
-void AppendNumber(Bytes &to, size_t number, size_t bytes) {
-    for (; bytes-- > 0; number >>= 8) to.push_back(static_cast<BYTE>(number));
-}
-
-void AppendChunk(Bytes &to, const char *name, const Bytes &content) {
-    to.insert(to.end(), name, name + 4);
-    AppendNumber(to, content.size(), 4);
-    to.insert(to.end(), content.begin(), content.end());
-    if (content.size() % 2 != 0) to.push_back(0);
 }
 
 /// Two frames; the first one, seen, leaves an edge of 6 columns and 4 rows transparent at the left and at the top.
