@@ -79,9 +79,6 @@ bool DecodeFirstFrame(Bytes file, const SurfaceView &to, Fault &fault) {
 }
 
 bool Decode(Bytes file, const Header &header, const SurfaceView &to, Fault &fault) {
-    size_t size = 0;
-    for (size_t i = 4; i-- > 0;) size = size << 8 | file.data[4 + i];
-    if (size > file.size - 8) return RefuseEarlyEnd(fault);
     return header.isAnimated ? DecodeFirstFrame(file, to, fault) : DecodeStill(file, to, fault);
 }
 
