@@ -125,7 +125,7 @@ TEST(Png, WhatIsWrittenReadsBackAsTheSamePixels) {
     for (const uint32_t word : Colours(lq::LoadTexture(data.Bytes(), {LACQUER_IMAGE_STRAIGHT, 0, 0})))
         ASSERT_EQ(word >= 0x01000000 ? 255u : 0u, word & 255);
 
-    for (const DWORD bits : {8, 24, 32}) {
+    for (const DWORD bits : {DWORD{8}, DWORD{24}, DWORD{32}}) {
         const lq::Bitmap bitmap = lq::Bitmap::Create(31, 7, bits, bits == 8 ? 200 : 0);
         FillWithNoise(lq::Lock(bitmap).View(), 1);
         FillPaletteWithNoise(lq::Lock(bitmap).View(), 2);

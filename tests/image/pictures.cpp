@@ -226,7 +226,7 @@ Picture AnimatedWebp() {
     AppendNumber(animation, 0, 2);
     AppendChunk(chunks, "VP8X", canvas);
     AppendChunk(chunks, "ANIM", animation);
-    for (size_t x : {3, 0}) {  // in steps of two pixels
+    for (const size_t x : {size_t{3}, size_t{0}}) {  // in steps of two pixels
         Bytes frame;
         AppendNumber(frame, x, 3);
         AppendNumber(frame, 2, 3);
