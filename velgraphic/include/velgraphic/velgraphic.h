@@ -248,17 +248,17 @@ VELGRAPHIC_API int velCanvasUnlockBits(velCanvas *canvas, const RECT *reserved);
  * How a canvas draws. Each setting lasts until it is changed.
  *
  * @param canvas the canvas; null is refused
- * @return 1; 0, with nothing changed, for a null canvas and a value that is refused
+ * @return 1; 0, with nothing changed, when an argument is refused
  * @ingroup velgraphic
  * @{ */
 
 /** Puts the state (everything set by the functions of this section and the font, clip and translation included) on the
  * canvas's stack.
- * @return 1; 0 for a null canvas and when memory is short */
+ * @return 1; 0 when an argument is refused and when memory is short */
 VELGRAPHIC_API int velCanvasSave(velCanvas *canvas);
 
 /** Goes back to the state last saved, and takes it off the stack.
- * @return 1; 0 for a null canvas and when no state is saved */
+ * @return 1; 0 when an argument is refused and when no state is saved */
 VELGRAPHIC_API int velCanvasRestore(velCanvas *canvas);
 
 /** Confines drawing to the rectangle as well as to what it was confined to before; only velCanvasRestore widens it. The
@@ -342,7 +342,7 @@ VELGRAPHIC_API int velCanvasSetDashPattern(velCanvas *canvas, const float *lengt
  * that is missing is looked for again after some seconds.
  * @param name the family's name, at most 31 UTF-16 units and a zero; or "sans-serif", "serif", "monospace" or
  * "system-ui" for what the system has for them; null or empty for the font of the system's user interface, as at first
- * @return 1; 0, with nothing changed, for a null canvas and a longer name */
+ * @return 1; 0, with nothing changed, when an argument is refused, also for a longer name */
 VELGRAPHIC_API int velCanvasSetFontFaceName(velCanvas *canvas, const WCHAR *name);
 
 /** Sets weight, slant and bars of text.
@@ -410,7 +410,7 @@ VELGRAPHIC_API int velCanvasDrawEllipse(velCanvas *canvas, float centreX, float 
 
 /** Colours everything within the clip. Blend mode and value apply; style and colour of the state play no part.
  * @param colour straight 0xAARRGGBB
- * @return 1; 0, with nothing drawn, for a null canvas, without a bitmap and when memory is short */
+ * @return 1; 0, with nothing drawn, when an argument is refused, without a bitmap and when memory is short */
 VELGRAPHIC_API int velCanvasDrawColor(velCanvas *canvas, DWORD colour);
 
 /** Draws a path by the style. Its fill type counts when it is filled.
@@ -434,10 +434,7 @@ VELGRAPHIC_API int velCanvasDrawPath(velCanvas *canvas, velPath *path);
  * @param canvas the canvas, whose font is used; null is refused
  * @param text the text in UTF-16; null when there is none, with the length 0
  * @param length UTF-16 units, 0 to 65,535; -1 for up to the terminating zero, which may not come later
- * @return 1, also when nothing of it can be seen; 0, with nothing drawn or written, when an argument is refused, when
- * there is no such font and when memory is short; of the functions that draw also without a bitmap, when the style asks
- * for a gradient and there is none, for text that is too far away, and when outlines that are filled have more than
- * 1,000,000 lines and curves inside the clip
+ * @return 1; 0, with nothing written, when an argument is refused, when there is no such font and when memory is short
  * @ingroup velgraphic
  * @{ */
 
@@ -445,6 +442,9 @@ VELGRAPHIC_API int velCanvasDrawPath(velCanvas *canvas, velPath *path);
  * @param glyphs the font's own indices; null is refused
  * @param count how many there are, 0 and more
  * @param positions the origin of each glyph on the baseline, pixels; null is refused
+ * @return 1, also when nothing of it can be seen; 0, with nothing drawn, when an argument is refused, without a bitmap,
+ * when the style asks for a gradient and there is none, for text that is too far away, when there is no such font, when
+ * memory is short, and when outlines that are filled have more than 1,000,000 lines and curves inside the clip
  * @see velCanvasGetTextGlyphs */
 VELGRAPHIC_API int velCanvasDrawPosTextByGlyphs(velCanvas *canvas, const WORD *glyphs, int count,
                                                 const velPointF *positions);
@@ -463,6 +463,9 @@ VELGRAPHIC_API int velCanvasGetGlyphs(velCanvas *canvas, const WCHAR *text, int 
 /** Draws a run of text in the colour or the gradient of the style.
  * @param x the origin of its baseline, pixels: the left end, in all directions
  * @param y the baseline, pixels
+ * @return 1, also when nothing of it can be seen; 0, with nothing drawn, when an argument is refused, without a bitmap,
+ * when the style asks for a gradient and there is none, for text that is too far away, when there is no such font, when
+ * memory is short, and when outlines that are filled have more than 1,000,000 lines and curves inside the clip
  * @see velCanvasMeasureTextRun */
 VELGRAPHIC_API int velCanvasDrawTextRun(velCanvas *canvas, const WCHAR *text, int length, float x, float y);
 
@@ -484,7 +487,7 @@ VELGRAPHIC_API int velCanvasGetTextGlyphs(velCanvas *canvas, const WCHAR *text, 
  * @param ascent how far it reaches above the baseline, pixels, positive; null when that is not wanted
  * @param descent how far it reaches below the baseline, pixels, positive; null when that is not wanted
  * @param lineHeight the distance of two baselines, pixels; null when that is not wanted
- * @return 1; 0, with nothing written, for a null canvas and when there is no such font */
+ * @return 1; 0, with nothing written, when an argument is refused and when there is no such font */
 VELGRAPHIC_API int velCanvasGetFontMetrics(velCanvas *canvas, float *ascent, float *descent, float *lineHeight);
 
 /** @} */

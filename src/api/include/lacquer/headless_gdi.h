@@ -81,14 +81,14 @@ typedef struct tagBITMAPINFOHEADER {
     WORD biPlanes;        /**< 1 */
     WORD biBitCount;      /**< bits per pixel: 8, 16, 24 or 32 */
     DWORD biCompression;  /**< BI_RGB */
-    DWORD biSizeImage;    /**< bytes of all pixels; not read */
+    DWORD biSizeImage;    /**< bytes of all pixels; CreateDIBSection does not read it */
     LONG biXPelsPerMeter; /**< not read */
     LONG biYPelsPerMeter; /**< not read */
-    DWORD biClrUsed;      /**< entries of the colour table below 16 bits per pixel; 0 for all of them */
+    DWORD biClrUsed;      /**< entries of the colour table with 8 bits per pixel; 0 for all 256 */
     DWORD biClrImportant; /**< not read */
 } BITMAPINFOHEADER;
 
-/** A header, and the colour table that follows it below 16 bits per pixel. */
+/** A header, and the colour table that follows it with 8 bits per pixel. */
 typedef struct tagBITMAPINFO {
     BITMAPINFOHEADER bmiHeader; /**< the header */
     RGBQUAD bmiColors[1];       /**< the first of biClrUsed entries */
@@ -97,7 +97,7 @@ typedef struct tagBITMAPINFO {
 /** A DIB section as GetObjectW describes it. */
 typedef struct tagDIBSECTION {
     BITMAP dsBm;             /**< size, depth and pixels */
-    BITMAPINFOHEADER dsBmih; /**< the layout that it was made with */
+    BITMAPINFOHEADER dsBmih; /**< its layout, but that the height is always positive */
     DWORD dsBitfields[3];    /**< the bits of red, green and blue with 16 bits per pixel; else 0 */
     HANDLE dshSection;       /**< null */
     DWORD dsOffset;          /**< 0 */
@@ -116,8 +116,8 @@ typedef struct _RGNDATAHEADER {
     DWORD dwSize;   /**< 32: bytes of this header */
     DWORD iType;    /**< RDH_RECTANGLES */
     DWORD nCount;   /**< how many rectangles follow */
-    DWORD nRgnSize; /**< their bytes; not read */
-    RECT rcBound;   /**< around all of them; not read */
+    DWORD nRgnSize; /**< their bytes; ExtCreateRegion does not read it */
+    RECT rcBound;   /**< around all of them; ExtCreateRegion does not read it */
 } RGNDATAHEADER;
 
 /** A region's rectangles. */
@@ -212,7 +212,7 @@ extern "C" {
 /** A new memory device context, with a bitmap of 1 x 1 pixel and one bit per pixel selected, no clip region, both
  * origins 0 and the stretch mode BLACKONWHITE.
  * @param dc any device context, which plays no other part; a wrong handle is refused; null is fine
- * @return the device context, which DeleteDC deletes; null on failure */
+ * @return the device context, which DeleteDC deletes; null when `dc` is refused and when memory or handles are short */
 LACQUER_GDI_API HDC CreateCompatibleDC(HDC dc);
 
 /** Deletes a device context with its saved states. What is selected into it is released, and stays. */
@@ -296,7 +296,7 @@ LACQUER_GDI_API HGDIOBJ GetCurrentObject(HDC dc, UINT type);
  * @param section must be null
  * @param offset not used
  * @return the bitmap, which DeleteObject deletes; null when an argument is refused, when width or height is 0 or the
- * pixels exceed 2^32 - 1 bytes, and when memory is short */
+ * pixels exceed 2^32 - 1 bytes, and when memory or handles are short */
 LACQUER_GDI_API HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO *info, UINT usage, void **bits, HANDLE section,
                                          DWORD offset);
 
@@ -306,15 +306,15 @@ LACQUER_GDI_API HBITMAP CreateDIBSection(HDC dc, const BITMAPINFO *info, UINT us
  * @param planes 1
  * @param bitsPerPixel 1 or 32
  * @param bits its first pixels, rows top-down and padded to two bytes; null for all black
- * @return the bitmap, which DeleteObject deletes; null when an argument is refused and when memory is short; the
- * default bitmap when width or height is 0, whatever the other arguments */
+ * @return the bitmap, which DeleteObject deletes; null when an argument is refused and when memory or handles are
+ * short; the default bitmap when width or height is 0, whatever the other arguments */
 LACQUER_GDI_API HBITMAP CreateBitmap(int width, int height, UINT planes, UINT bitsPerPixel, const void *bits);
 
 /** A new bitmap, all black, of the kind and depth of the bitmap selected into a device context: a DIB section gives a
  * DIB section (top-down when the height is negative), the default bitmap a device bitmap of one bit per pixel.
  * @param width pixels; a negative one is refused for a DIB section
- * @return the bitmap, which DeleteObject deletes; null when an argument is refused and when memory is short; the
- * default bitmap when width or height is 0 */
+ * @return the bitmap, which DeleteObject deletes; null when an argument is refused and when memory or handles are
+ * short; the default bitmap when width or height is 0 */
 LACQUER_GDI_API HBITMAP CreateCompatibleBitmap(HDC dc, int width, int height);
 
 /** @} */
@@ -395,12 +395,12 @@ LACQUER_GDI_API BOOL RectVisible(HDC dc, const RECT *rect);
  * @{ */
 
 /** A new region of one rectangle, corners in any order.
- * @return the region, which DeleteObject deletes; null when memory is short */
+ * @return the region, which DeleteObject deletes; null when memory or handles are short */
 LACQUER_GDI_API HRGN CreateRectRgn(int left, int top, int right, int bottom);
 
 /** A new region of one rectangle.
  * @param rect pixels, corners in any order; null is refused
- * @return the region, which DeleteObject deletes; null when it is refused and when memory is short */
+ * @return the region, which DeleteObject deletes; null when it is refused and when memory or handles are short */
 LACQUER_GDI_API HRGN CreateRectRgnIndirect(const RECT *rect);
 
 /** A new region: the union of rectangles. Inverted and empty ones count as nothing.
@@ -408,7 +408,7 @@ LACQUER_GDI_API HRGN CreateRectRgnIndirect(const RECT *rect);
  * @param size bytes at `data`
  * @param data the rectangles; null is refused
  * @return the region, which DeleteObject deletes; null when an argument is refused, when the size is too small for the
- * count, and when memory is short */
+ * count, and when memory or handles are short */
 LACQUER_GDI_API HRGN ExtCreateRegion(const void *transform, DWORD size, const RGNDATA *data);
 
 /** Makes a region one rectangle, corners in any order. */

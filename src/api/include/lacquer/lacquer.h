@@ -978,7 +978,7 @@ LACQUER_API HRGN CreateTextureRgn(HGTEXTURE texture, const RECT *rect);
  * blend, stroke, dash, gradient and font) belongs to the canvas and lasts until it is changed.
  *
  * @like velCanvas*
- * @param canvas the canvas that is drawn on; a wrong handle is refused, and a canvas made from a device context
+ * @param canvas the canvas that is drawn on; a wrong handle and a canvas made from a device context are refused
  * @return 0 also for a wrong handle and a canvas made from a device context
  * @ingroup lacquer
  * @{ */
@@ -1034,7 +1034,7 @@ LACQUER_API int DrawPath(HGCANVAS canvas, velPath *path);
 /** @defgroup animations Animations
  * The velLottie... functions of velGraphic load and describe animations.
  *
- * @param canvas the canvas that is drawn on; a wrong handle is refused, and a canvas made from a device context
+ * @param canvas the canvas that is drawn on; a wrong handle and a canvas made from a device context are refused
  * @return 0 also for a wrong handle and a canvas made from a device context
  * @ingroup lacquer
  * @{ */
@@ -1051,7 +1051,7 @@ LACQUER_API int DrawLottie(HGCANVAS canvas, velLottie *lottie, float frame, floa
  * gradient.
  *
  * @like velCanvas*
- * @param canvas the canvas; a wrong handle is refused, and a canvas made from a device context
+ * @param canvas the canvas; a wrong handle and a canvas made from a device context are refused
  * @return 0 also for a wrong handle and a canvas made from a device context
  * @ingroup lacquer
  * @{ */
@@ -1079,7 +1079,7 @@ LACQUER_API int GetFontMetrics(HGCANVAS canvas, float *ascent, float *descent, f
  * How shapes and text are drawn on a canvas. Each setting lasts until it is changed.
  *
  * @like velCanvas*
- * @param canvas the canvas; a wrong handle is refused, and a canvas made from a device context
+ * @param canvas the canvas; a wrong handle and a canvas made from a device context are refused
  * @return 0 also for a wrong handle and a canvas made from a device context
  * @ingroup lacquer
  * @{ */

@@ -50,7 +50,7 @@ public:
     /// @return false when there are some
     constexpr bool empty() const noexcept { return count == 0; }
     /// Where a loop over the elements begins.
-    /// @return a pointer to the first element; null when there are no elements
+    /// @return a pointer to the first element; null or beyond the end when there are no elements
     constexpr Element *begin() const noexcept { return first; }
     /// Where a loop over the elements ends.
     /// @return a pointer beyond the last element; null when there are no elements
