@@ -18,9 +18,9 @@ namespace {
 
 // Sanitizers keep what is freed.
 #ifdef LACQUER_HEAP_OF_SANITIZER
-constexpr long kMostKilobytes = 2'000'000;
+constexpr long kMaxKilobytes = 2'000'000;
 #else
-constexpr long kMostKilobytes = 400'000;
+constexpr long kMaxKilobytes = 400'000;
 #endif
 
 /// Writes one of a family of animations by its seed.
@@ -201,7 +201,7 @@ TEST(VelHostileAnimations, TakeBoundedTimeAndMemory) {
         waitpid(child, &status, 0);
         EXPECT_TRUE(hasReport && status == 0) << "seed " << seed;
         EXPECT_LE(report[1], PageClock::kLong) << "seed " << seed;
-        EXPECT_LE(report[2], kMostKilobytes) << "seed " << seed;
+        EXPECT_LE(report[2], kMaxKilobytes) << "seed " << seed;
         played += report[0] > 0;
         longest = std::max(longest, report[1]);
         most = std::max(most, static_cast<long>(report[2]));
