@@ -312,13 +312,15 @@ LACQUER_API int GetBitmapBitsPixel(HGBITMAP bitmap, BYTE *out);
  * @return 1, also when nothing is copied because a rectangle is empty or not inside; 0 for a wrong handle */
 LACQUER_API int CopyBitmap(HGBITMAP dest, const RECT *destRect, HGBITMAP source, const RECT *sourceRect);
 
-/** A new 32-bit bitmap of another size, in the same kind of storage and with the same filter word.
+/** A new 32-bit bitmap of another size, in the same kind of storage and with the same filter word. From other depths
+ * than 8, 24 and 32 bits no pixels come: those of the new bitmap are not set.
  * @param kernelMode the sampler, LACQUER_NEAREST ... LACQUER_AREA
  * @return the bitmap, which DeleteBitmap deletes; 0 for a wrong handle, another size, when memory is short and when no
  * slot is free */
 LACQUER_API HGBITMAP ResizeBitmap(HGBITMAP bitmap, DWORD width, DWORD height, DWORD kernelMode);
 
-/** A new bitmap of the same depth, in the same kind of storage and with the same filter word, turned or mirrored.
+/** A new bitmap of the same depth, in the same kind of storage and with the same filter word, turned or mirrored. At
+ * other depths than 8, 24 and 32 bits its pixels are not set.
  * @param code LACQUER_ROTATE_90 ... LACQUER_TRANSVERSE; of RotateBitmap one of the three rotations, of FlipBitmap one
  * of the two flips
  * @return the bitmap, which DeleteBitmap deletes; 0 for a wrong handle, another code, when memory is short and when no
@@ -465,14 +467,14 @@ LACQUER_API HGTEXTURE BitmapToTexture(HGBITMAP bitmap);
 LACQUER_API int CopyTexture(HGTEXTURE dest, const RECT *destRect, HGTEXTURE source, const RECT *sourceRect);
 
 /** A new 32-bit texture of another size, in process memory and with the same filter word, without slices and with the
- * layout record 0.
+ * layout record 0. From other depths than 8, 24 and 32 bits no pixels come: those of the new texture are not set.
  * @param kernelMode the sampler, LACQUER_NEAREST ... LACQUER_AREA
  * @return the texture, which DeleteTexture deletes; 0 for a wrong handle, another size, when memory is short and when
  * no slot is free */
 LACQUER_API HGTEXTURE ResizeTexture(HGTEXTURE texture, DWORD width, DWORD height, DWORD kernelMode);
 
 /** A new texture of the same depth, turned or mirrored, in process memory and with the same filter word, without slices
- * and with the layout record 0.
+ * and with the layout record 0. At other depths than 8, 24 and 32 bits its pixels are not set.
  * @param code LACQUER_ROTATE_90 ... LACQUER_TRANSVERSE; of RotateTexture one of the three rotations, of FlipTexture one
  * of the two flips
  * @return the texture, which DeleteTexture deletes; 0 for a wrong handle, another code, when memory is short and when
@@ -656,7 +658,8 @@ LACQUER_API DWORD GetStretchKernelMode(void);
  * @param alpha 255 draws at full strength, 0 nothing, and other values draw over the canvas with the source's channels
  * scaled by (alpha + 1) / 256; LACQUER_DRAW_MODULATE and LACQUER_DRAW_BEHIND ignore it
  * @param source the part that is drawn, pixels of the bitmap; null for everything
- * @param scale factor on the margins or cells that the layout record's scale flags name
+ * @param scale factor on the margins or cells that the layout record's scale flags name; 1 without such flags, as what
+ * a cut cell of a tile shows follows it in any case
  * @param halfScale 0; otherwise the margins of a nine-grid are half as wide on the canvas as in the texture
  * @ingroup lacquer
  * @{ */
@@ -1249,7 +1252,8 @@ LACQUER_API int DrawTextureCenter(HGCANVAS canvas, const tagRECT *dest, HGTEXTUR
 /** Repeats the slice from the top-left corner of `dest`. When the last cell of a row is cut at the right edge, the rows
  * below repeat the cut cell. A slice that is empty or not inside the texture draws nothing.
  * @param scaleFlags LACQUER_SCALE_CELL for cells of the slice's size times `scale`, otherwise of its own size
- * @param scale factor on the cells; cells that are left without pixels draw nothing
+ * @param scale factor on the cells; cells that are left without pixels draw nothing; 1 without the flag, as what a cut
+ * cell shows follows it in any case
  * @return always 0 */
 LACQUER_API int DrawTextureTile(HGCANVAS canvas, const tagRECT *dest, HGTEXTURE texture, const tagRECT *slice,
                                 DWORD kernelMode, BYTE alpha, DWORD scaleFlags, float scale);
