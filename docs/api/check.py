@@ -119,8 +119,8 @@ def complaints(folder):
         if re.match(r"~|.*=\s*delete", declaration.name + words(element.find("argsstring"))):
             continue
         found |= {f"{declaration.name}: {complaint}" for complaint in declaration.complaints(kind)}
-    for exports in "src/api/lacquer.def", "velgraphic/velgraphic.def":
-        for name in re.findall(r"^    (?!_Z)(\w+)$", (make.ROOT / exports).read_text(), re.MULTILINE):
+    for exports in make.ROOT / "src/api/lacquer.def", *make.ROOT.glob("*/*.def"):
+        for name in re.findall(r"^    (?!_Z)(\w+)$", exports.read_text(), re.MULTILINE):
             if name not in known:
                 found.add(f"{name}: exported, but on no page")
     return sorted(found)
