@@ -14,11 +14,15 @@ import subprocess
 import sys
 import xml.etree.ElementTree
 
-import make
+sys.dont_write_bytecode = True
 
-FAILURE = re.compile(r"\b(0|null|none|no|empty|false|-1|ERROR|CLR_INVALID|0xFFFFFFFF|never|nothing|always|wrong|this)\b")
-PLACE = re.compile(r"[xy]\d?|width|height|left|top|right|bottom|radius[XY]?|centre[XY]|\w+Angle|stride|[ds]ource[XY]|d[xy]")
-UNIT = re.compile(r"\b(pixels?|rows?|degrees|bytes|coordinate|counted|must be 0)\b")
+import make  # noqa: E402
+
+FAILURE = re.compile(r"\b(0|null|none|no|empty|false|ERROR|CLR_INVALID|0xFFFFFFFF|never|nothing|always|wrong|this)\b")
+PLACE = re.compile(
+    r"[xy]\d?|width|height|left|top|right|bottom|radius[XY]?|centre[XY]|\w+Angle|stride|source(X|Y|Width|Height)|d[xy]"
+)
+UNIT = re.compile(r"\b(pixels?|rows?|columns?|degrees|bytes|coordinate|counted|must be 0)\b")
 HANDLE = re.compile(r"\b(HGBITMAP|HGTEXTURE|HGCANVAS|HDC|HRGN|HGDIOBJ)$")
 
 # By header: what stands there, what is planted in its place, and the complaint that must come of it.
@@ -33,6 +37,7 @@ OMISSIONS = {
         (" * @return how many there are; 0xFFFFFFFF", " * 0xFFFFFFFF", "GetTextureSliceCount: no result"),
         ("0xAAHHSSLL, alpha as it was; never fails", "0xAAHHSSLL", "ARGBtoAHSL: what is the result on failure?"),
         ("/**< bytes from one row to the next of the whole surface, positive */", "", "stride: no purpose"),
+        ("/**< the left edge, pixels */", "/**< the left edge */", "left: in which unit?"),
     ],
     "lacquer/headless_gdi.h": [("/**< all bits 1 */", "", "WHITENESS: no purpose")],
     "lacquer/version.h": [('/** "major.minor.patch". */', "", "LACQUER_VERSION_STRING: no purpose")],
@@ -91,6 +96,9 @@ class Declaration:
             yield "no purpose"
         if kind == "function":
             yield from self.complaints_of_function()
+        said = words(self.element.find("briefdescription")) + words(self.description)
+        if kind == "variable" and PLACE.fullmatch(self.name) and not UNIT.search(said):
+            yield "in which unit?"
         if kind not in ("variable", "enumvalue") and not self.section("since"):
             yield "no version"
 
@@ -141,13 +149,15 @@ def check_planted(texts, version, folder):
 
 
 def compiler_warnings(folder):
-    """What clang says of the comments, written out."""
+    """What clang says of the comments, as they are and written out."""
     includes = "".join(f"#include <{path}>\n" for path in ("lacquer/lacquer.h", "lacquer/headless_gdi.h"))
+    written_out = [f"-I{folder / 'headers'}"]
+    as_they_are = [f"-I{make.ROOT / path}" for path in make.FOLDERS] + written_out  # which has the version
     for standard, text in ("c11", includes), ("c++17", includes + "#include <lacquer/lacquer.hpp>\n"):
-        language = ["-x", standard[:-2], f"-std={standard}"]
-        command = ["clang", *language, "-fsyntax-only", "-Wdocumentation", f"-I{folder / 'headers'}", "-"]
-        run = subprocess.run(command, input=text, text=True, capture_output=True)
-        yield from (line for line in run.stderr.splitlines() if "warning:" in line or "error:" in line)
+        for folders in written_out, as_they_are:
+            command = ["clang", "-x", standard[:-2], f"-std={standard}", "-fsyntax-only", "-Wdocumentation", *folders, "-"]
+            run = subprocess.run(command, input=text, text=True, capture_output=True)
+            yield from (line for line in run.stderr.splitlines() if "warning:" in line or "error:" in line)
 
 
 def main():

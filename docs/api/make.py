@@ -13,7 +13,9 @@ import shutil
 import subprocess
 import sys
 
-import expand
+sys.dont_write_bytecode = True
+
+import expand  # noqa: E402
 
 HERE = pathlib.Path(__file__).resolve().parent
 ROOT = HERE.parent.parent

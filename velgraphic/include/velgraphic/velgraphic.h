@@ -73,18 +73,18 @@ typedef struct velGradient velGradient;
 /** An animation. @ingroup vel_animations */
 typedef struct velLottie velLottie;
 
-/** A point, or a distance, pixels. @ingroup vel_paths */
+/** A point, or a distance. @ingroup vel_paths */
 typedef struct velPointF {
-    float x; /**< to the right */
-    float y; /**< down */
+    float x; /**< to the right, pixels */
+    float y; /**< down, pixels */
 } velPointF;
 
-/** A rectangle by its edges, pixels. @ingroup vel_paths */
+/** A rectangle by its edges. @ingroup vel_paths */
 typedef struct velRectF {
-    float left;   /**< the smaller x */
-    float top;    /**< the smaller y */
-    float right;  /**< the larger x */
-    float bottom; /**< the larger y */
+    float left;   /**< the smaller x, pixels */
+    float top;    /**< the smaller y, pixels */
+    float right;  /**< the larger x, pixels */
+    float bottom; /**< the larger y, pixels */
 } velRectF;
 
 /** Where pixels are: premultiplied words 0xAARRGGBB, rows from the top. @ingroup vel_canvas */

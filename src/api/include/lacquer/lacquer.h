@@ -137,12 +137,12 @@ typedef struct TextureMode {
     RECT margins;     /**< the widths of left column, top row, right column and bottom row, source pixels */
 } TextureMode;
 
-/** A rectangle in logical coordinates, pixels; fractions of a pixel count, to the nearest 1/256. @ingroup geometry */
+/** A rectangle in logical coordinates; fractions of a pixel count, to the nearest 1/256. @ingroup geometry */
 typedef struct GeoRect {
-    float left;   /**< the left edge */
-    float top;    /**< the top edge */
-    float right;  /**< the right edge */
-    float bottom; /**< the bottom edge */
+    float left;   /**< the left edge, pixels */
+    float top;    /**< the top edge, pixels */
+    float right;  /**< the right edge, pixels */
+    float bottom; /**< the bottom edge, pixels */
 } GeoRect;
 
 /** How a geometric rectangle is painted. 28 bytes. @ingroup geometry */

@@ -16,16 +16,16 @@ typedef uint8_t BYTE;
 /** Not 0 for yes or done, 0 for no or refused. */
 typedef int BOOL;
 
-/** A point, or a distance, pixels. */
+/** A point, or a distance. */
 typedef struct tagPOINT {
-    LONG x; /**< to the right */
-    LONG y; /**< down */
+    LONG x; /**< to the right, pixels */
+    LONG y; /**< down, pixels */
 } POINT;
 
-/** A size, pixels. */
+/** A size. */
 typedef struct tagSIZE {
-    LONG cx; /**< the width */
-    LONG cy; /**< the height */
+    LONG cx; /**< the width, pixels */
+    LONG cy; /**< the height, pixels */
 } SIZE;
 
 /** A bitmap as GetObjectW describes it. */
