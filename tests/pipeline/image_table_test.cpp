@@ -15,7 +15,8 @@ const ImageTable &Base() {
     return table;
 }
 const ImageTable &Fast() {
-    static const ImageTable table = BuildImageTable({.mmx = true, .sse = true, .sse2 = true});
+    static const ImageTable table =
+        BuildImageTable({.mmx = true, .sse = true, .sse2 = true, .avx2 = CachedCpuFeatures().avx2});
     return table;
 }
 

@@ -49,6 +49,10 @@ TEST(KernelTable, EachTierReplacesItsEntriesAndNoOthers) {
     const KernelTable all = BuildKernelTable({.mmx = true, .sse = true, .sse2 = true});
     EXPECT_EQ(Differences(mmx, mmxSse), Entries({}, {7, 9}));
     EXPECT_EQ(Differences(mmxSse, all), std::vector<int>());
+    if (CachedCpuFeatures().HasAllTiers()) {
+        EXPECT_EQ(Differences(all, BuildKernelTable(CachedCpuFeatures())),
+                  Entries(allRows, {0, 1, 2, 3, 4, 7, 9, 10, 11, 12}));
+    }
 }
 
 TEST(KernelTable, WithoutTiersTheProcessorDecidesTheBicubicWeightsAlone) {

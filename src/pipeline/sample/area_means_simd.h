@@ -1,9 +1,27 @@
 // Means of rectangles of words.
+#pragma once
 
-#include "pipeline/sample/area_sse2.h"
+#include "pipeline/pixel/pixel_simd.h"
+#include "pipeline/sample/area.h"
 
-namespace lacquer::sse2 {
-namespace {
+namespace lacquer::LACQUER_TIER {
+
+/// What has a faster form: footprints of up to this many pixels across and down.
+inline constexpr int64_t kLongestFootprint = 16;
+
+/// The words of the source that one row of means is made of.
+struct WordRows {
+    const BYTE *pixels;  ///< first row, column `firstColumn`
+    ptrdiff_t stride, firstColumn;
+};
+
+/// The blocks of whole pixels that a draw divides its source into.
+struct WholeRatio {
+    int columns = 0, rows = 0;  ///< 0 where it doesn't, or where the means have no such formula
+    uint32_t inverse = 0;       ///< sum × inverse >> 16 is a block's mean
+
+    WholeRatio(const SurfaceView &source, SIZE fullSize);
+};
 
 /// Sums of lanes and of their upper bytes; that of the lower bytes follows from them, modulo 2^16.
 struct LaneSums {
@@ -19,16 +37,16 @@ struct LaneSums {
 };
 
 /// The means of four blocks whose words' sums stand in a word each.
-__m128i MeansOf(__m128i lanes, __m128i upper, __m128i inverse) {
+inline __m128i MeansOf(__m128i lanes, __m128i upper, __m128i inverse) {
     const __m128i lower = _mm_sub_epi16(lanes, _mm_slli_epi16(upper, 8));
     return _mm_or_si128(_mm_mulhi_epu16(lower, inverse), _mm_slli_epi16(_mm_mulhi_epu16(upper, inverse), 8));
 }
 
 /// Of two registers: the sums of neighbouring words.
-__m128i SumsOfPairs(__m128i a, __m128i b) { return _mm_add_epi16(PickWords<0, 2>(a, b), PickWords<1, 3>(a, b)); }
+inline __m128i SumsOfPairs(__m128i a, __m128i b) { return _mm_add_epi16(PickWords<0, 2>(a, b), PickWords<1, 3>(a, b)); }
 
 /// Four blocks that are two pixels wide.
-__m128i MeansOfTwoColumns(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
+inline __m128i MeansOfTwoColumns(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
     LaneSums a(pixels), b(pixels + kRegisterBytes);
     for (int y = 1; y < ratio.rows; ++y) {
         pixels += source.stride;
@@ -39,7 +57,7 @@ __m128i MeansOfTwoColumns(const BYTE *pixels, const WordRows &source, const Whol
 }
 
 /// Four blocks whose width is a multiple of 4 pixels.
-__m128i MeansOfRegisters(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
+inline __m128i MeansOfRegisters(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
     const ptrdiff_t width = ptrdiff_t{ratio.columns} * kPixelBytes;
     LaneSums a(pixels), b(pixels + width), c(pixels + 2 * width), d(pixels + 3 * width);
     const auto addRow = [&](ptrdiff_t first) {
@@ -67,21 +85,21 @@ struct RoundedMeans {
     __m128i means, sums;
 };
 
-RoundedMeans MeansOfBoth(__m128i a, __m128i b) { return {_mm_avg_epu8(a, b), _mm_add_epi8(a, b)}; }
+inline RoundedMeans MeansOfBoth(__m128i a, __m128i b) { return {_mm_avg_epu8(a, b), _mm_add_epi8(a, b)}; }
 
-RoundedMeans MeansOfBoth(const RoundedMeans &a, const RoundedMeans &b) {
+inline RoundedMeans MeansOfBoth(const RoundedMeans &a, const RoundedMeans &b) {
     return {_mm_avg_epu8(a.means, b.means), _mm_add_epi8(a.sums, b.sums)};
 }
 
 /// Of two groups: neighbouring words.
-RoundedMeans MeansOfPairs(const RoundedMeans &a, const RoundedMeans &b) {
+inline RoundedMeans MeansOfPairs(const RoundedMeans &a, const RoundedMeans &b) {
     return {_mm_avg_epu8(PickWords<0, 2>(a.means, b.means), PickWords<1, 3>(a.means, b.means)),
             _mm_add_epi8(PickWords<0, 2>(a.sums, b.sums), PickWords<1, 3>(a.sums, b.sums))};
 }
 
 /// Four blocks of 4 × 4 pixels, byte by byte. Four roundings make the mean up to 2 larger than floor(sum / 16), of
 /// which the sum's upper half byte is the lower one: it tells how much.
-__m128i MeansOfSixteen(const BYTE *pixels, const WordRows &source, const WholeRatio &) {
+inline __m128i MeansOfSixteen(const BYTE *pixels, const WordRows &source, const WholeRatio &) {
     const auto columnMeans = [&](const BYTE *top) {
         const auto row = [&](ptrdiff_t y) { return LoadFour(top + y * source.stride); };
         return MeansOfBoth(MeansOfBoth(row(0), row(1)), MeansOfBoth(row(2), row(3)));
@@ -94,9 +112,9 @@ __m128i MeansOfSixteen(const BYTE *pixels, const WordRows &source, const WholeRa
 }
 
 /// The channels of one word in the lower four lanes.
-__m128i LanesOf(const BYTE *pixel) { return _mm_unpacklo_epi8(OneWord(LoadPixel(pixel)), _mm_setzero_si128()); }
+inline __m128i LanesOf(const BYTE *pixel) { return _mm_unpacklo_epi8(OneWord(LoadPixel(pixel)), _mm_setzero_si128()); }
 
-uint32_t MeanOfBlock(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
+inline uint32_t MeanOfBlock(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
     const __m128i zero = _mm_setzero_si128();
     const ptrdiff_t width = ptrdiff_t{ratio.columns} * kPixelBytes;
     __m128i sums = zero;
@@ -186,9 +204,7 @@ private:
     uint32_t weight_ = 0;
 };
 
-}  // namespace
-
-WholeRatio::WholeRatio(const SurfaceView &source, SIZE fullSize) {
+inline WholeRatio::WholeRatio(const SurfaceView &source, SIZE fullSize) {
     const Steps across = CornerSteps(source.width, fullSize.cx), down = CornerSteps(source.height, fullSize.cy);
     const int64_t wholeColumns = across.step >> 16, wholeRows = down.step >> 16;
     const bool isWhole = across.step == wholeColumns << 16 && down.step == wholeRows << 16;
@@ -203,7 +219,8 @@ WholeRatio::WholeRatio(const SurfaceView &source, SIZE fullSize) {
     inverse = static_cast<uint32_t>(rounded);
 }
 
-void MeansOfBlocks(BYTE *out, ptrdiff_t count, const WordRows &source, const WholeRatio &ratio) {
+/// The means of `count` blocks side by side, from the first column on.
+inline void MeansOfBlocks(BYTE *out, ptrdiff_t count, const WordRows &source, const WholeRatio &ratio) {
     const ptrdiff_t width = ptrdiff_t{ratio.columns} * kPixelBytes;
     const BYTE *pixels = source.pixels;
     const auto forEachFour = [&](const auto &means) {
@@ -218,8 +235,9 @@ void MeansOfBlocks(BYTE *out, ptrdiff_t count, const WordRows &source, const Who
     for (; count > 0; --count, pixels += width, out += kPixelBytes) StorePixel(out, MeanOfBlock(pixels, source, ratio));
 }
 
-void MeansOfFootprints(BYTE *out, ptrdiff_t count, const WordRows &source, const Footprint *columns,
-                       const Footprint &rows) {
+/// The means of `count` footprints in a row.
+inline void MeansOfFootprints(BYTE *out, ptrdiff_t count, const WordRows &source, const Footprint *columns,
+                              const Footprint &rows) {
     const int height = rows.last - rows.first + 1;
     const RowGroup first(0, 1, rows.firstPart), between(1, height - 2, 65536), last(height - 1, 1, rows.lastPart);
     for (ptrdiff_t i = 0; i < count; ++i) {
@@ -231,4 +249,4 @@ void MeansOfFootprints(BYTE *out, ptrdiff_t count, const WordRows &source, const
     }
 }
 
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER

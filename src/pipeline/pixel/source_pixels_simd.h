@@ -3,10 +3,10 @@
 
 #include <type_traits>
 
-#include "pipeline/pixel/pixel_sse2.h"
+#include "pipeline/pixel/pixel_simd.h"
 #include "pipeline/pixel/source_pixels.h"
 
-namespace lacquer::sse2 {
+namespace lacquer::LACQUER_TIER {
 
 /// 24-bit pixels become words eight at a time. Registers loaded three bytes apart have the pixels 0 and 4, 1 and 5, 2
 /// and 6, 3 and 7 in their first and last words, each below a byte of the next pixel; alpha takes its place.
@@ -54,4 +54,4 @@ inline void ExpandPixels(BYTE *out, Reader read, const BYTE *pixels, ptrdiff_t c
     for (; i < count; ++i) StorePixel(out + i * kPixelBytes, read(pixels, i));
 }
 
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER

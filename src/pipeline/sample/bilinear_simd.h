@@ -9,10 +9,10 @@
 // weight of all four. Lanes may wrap on the way: the mean itself is below 2^16.
 #pragma once
 
-#include "pipeline/pixel/pixel_sse2.h"
+#include "pipeline/pixel/pixel_simd.h"
 #include "pipeline/sample/bilinear.h"
 
-namespace lacquer::sse2 {
+namespace lacquer::LACQUER_TIER {
 
 /// Where the columns of a block find their taps.
 struct BilinearBlock {
@@ -21,7 +21,21 @@ struct BilinearBlock {
     alignas(16) uint32_t fractions[kBlockColumns];  ///< fx in both lanes
 
     /// For columns at `first` and after it in steps. `pixelBytes`: of a source pixel; `tapBytes`: what is read at once.
-    void Set(const Steps &steps, int64_t first, ptrdiff_t count, int width, ptrdiff_t pixelBytes, ptrdiff_t tapBytes);
+    void Set(const Steps &steps, int64_t first, ptrdiff_t count, int width, ptrdiff_t pixelBytes, ptrdiff_t tapBytes) {
+        constexpr uint32_t kBothLanes = 0x00010001;
+        for (ptrdiff_t i = 0; i < count; ++i) {
+            const LinearTaps taps = LinearTapsAt(steps.At(first + i), width);
+            nearBytes[i] = static_cast<int>(taps.nearIndex * pixelBytes);
+            // One pixel that is both taps needs no weight for the second.
+            fractions[i] = taps.farIndex == taps.nearIndex ? 0 : static_cast<uint32_t>(taps.fraction) * kBothLanes;
+        }
+        // The columns that fill up the last register repeat the last one.
+        for (ptrdiff_t i = count; i % kRegisterPixels != 0; ++i) {
+            nearBytes[i] = nearBytes[count - 1];
+            fractions[i] = fractions[count - 1];
+        }
+        inside = std::upper_bound(nearBytes, nearBytes + count, width * pixelBytes - tapBytes) - nearBytes;
+    }
 };
 
 /// The taps of a block's columns.
@@ -283,4 +297,4 @@ private:
     int64_t nextRow_ = -1;
 };
 
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER

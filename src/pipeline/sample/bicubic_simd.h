@@ -2,10 +2,10 @@
 // columns once, and four such rows, kept in a ring, give a destination row.
 #pragma once
 
-#include "pipeline/pixel/pixel_sse2.h"
+#include "pipeline/pixel/pixel_simd.h"
 #include "pipeline/sample/bicubic.h"
 
-namespace lacquer::sse2 {
+namespace lacquer::LACQUER_TIER {
 
 template <class Source>
 class BicubicFetch : public StretchFetch {
@@ -134,4 +134,4 @@ private:
     Line lines_[4];
 };
 
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER

@@ -2,10 +2,10 @@
 // share is fetched once.
 #pragma once
 
-#include "pipeline/pixel/pixel_sse2.h"
+#include "pipeline/pixel/pixel_simd.h"
 #include "pipeline/sample/stretch.h"
 
-namespace lacquer::sse2 {
+namespace lacquer::LACQUER_TIER {
 
 template <class Source>
 class NearestFetch : public StretchFetch {
@@ -74,4 +74,4 @@ private:
     uint32_t columns_[kBlockColumns];
 };
 
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER

@@ -1,19 +1,17 @@
-// The turns of the SSE2 tier: square blocks of pixels are turned in registers, mirrored rows are read backwards.
-
-#include "pipeline/transform/turn_sse2.h"
+// The turns of the faster tiers: square blocks of pixels are turned in registers, mirrored rows are read backwards.
+#pragma once
 
 #include "pipeline/memory/lookahead.h"
-#include "pipeline/memory/streaming_sse2.h"
+#include "pipeline/memory/streaming_simd.h"
 #include "pipeline/transform/turn_tiles.h"
 
-namespace lacquer::sse2 {
-namespace {
+namespace lacquer::LACQUER_TIER {
 
 /// From so many bytes on a turn goes past the caches: earlier than a copy, as its stores jump from row to row.
-constexpr int64_t kLargeTurn = int64_t{4} << 20;
+inline constexpr int64_t kLargeTurn = int64_t{4} << 20;
 
 /// 32-bit pixels, four to a register.
-struct Words {
+struct TurnedWords {
     static constexpr size_t kBytes = 4;
     static constexpr LONG kRegister = 4, kBlock = 4;
 
@@ -33,7 +31,7 @@ struct Words {
 };
 
 /// 8-bit pixels, sixteen to a register.
-struct Bytes {
+struct TurnedBytes {
     static constexpr size_t kBytes = 1;
     static constexpr LONG kRegister = 16, kBlock = 8;
 
@@ -176,9 +174,7 @@ void TurnInRegisters(const SurfaceView &dest, const PixelWalk &walk) {
     }
 }
 
-}  // namespace
+inline void TurnBytes(const SurfaceView &dest, const PixelWalk &walk) { TurnInRegisters<TurnedBytes>(dest, walk); }
+inline void TurnWords(const SurfaceView &dest, const PixelWalk &walk) { TurnInRegisters<TurnedWords>(dest, walk); }
 
-void TurnBytes(const SurfaceView &dest, const PixelWalk &walk) { TurnInRegisters<Bytes>(dest, walk); }
-void TurnWords(const SurfaceView &dest, const PixelWalk &walk) { TurnInRegisters<Words>(dest, walk); }
-
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER
