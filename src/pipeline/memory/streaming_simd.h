@@ -14,8 +14,11 @@ namespace lacquer::LACQUER_TIER {
 /// Whether a result of so many bytes should go past the caches.
 constexpr bool StreamingPays(int64_t bytes) { return bytes >= int64_t{8} << 20; }
 
-/// `out` is a multiple of 16.
-inline void StreamFour(BYTE *out, __m128i words) { _mm_stream_si128(reinterpret_cast<__m128i *>(out), words); }
+/// `out` is a multiple of the register's size.
+inline void Stream(BYTE *out, __m128i words) { _mm_stream_si128(reinterpret_cast<__m128i *>(out), words); }
+#ifdef LACQUER_WIDE_REGISTERS
+inline void Stream(BYTE *out, __m256i words) { _mm256_stream_si256(reinterpret_cast<__m256i *>(out), words); }
+#endif
 
 /// Lets streamed stores be seen in order with those that follow.
 inline void FinishStreaming() { _mm_sfence(); }
@@ -33,15 +36,15 @@ inline void StreamBytes(BYTE *dest, const BYTE *source, ptrdiff_t count) {
     ptrdiff_t i = head;
     for (; i + kLine <= count; i += kLine) {
         PrefetchLine(source + i + kAhead);
-        for (ptrdiff_t at = i; at < i + kLine; at += kRegisterBytes) StreamFour(dest + at, LoadFour(source + at));
+        for (ptrdiff_t at = i; at < i + kLine; at += kRegisterBytes) Stream(dest + at, LoadFour(source + at));
     }
     FinishStreaming();
     std::memcpy(dest + i, source + i, static_cast<size_t>(count - i));
 }
 
-/// Whether every row begins at a multiple of so many bytes. Registers need 16; stores that leave out parts of their
-/// surroundings need whole cache lines, or each line goes to memory in pieces.
-inline bool RowsAreAligned(const SurfaceView &view, LONG bytes) {
+/// Whether every row begins at a multiple of so many bytes. Registers need their size; stores that leave out parts of
+/// their surroundings need whole cache lines, or each line goes to memory in pieces.
+inline bool RowsAreAligned(const SurfaceView &view, ptrdiff_t bytes) {
     return reinterpret_cast<uintptr_t>(view.bits) % static_cast<uintptr_t>(bytes) == 0 && view.stride % bytes == 0;
 }
 

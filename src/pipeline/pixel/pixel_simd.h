@@ -94,11 +94,4 @@ inline Pair<V> Scale(const Pair<V> &words, V factors) {
     return {Scale(words.first, LanesLow(factors, factors)), Scale(words.second, LanesHigh(factors, factors))};
 }
 
-/// The words `kFirst` and `kSecond` of `a`, then those of `b`.
-template <unsigned kFirst, unsigned kSecond>
-inline __m128i PickWords(__m128i a, __m128i b) {
-    constexpr unsigned kOrder = kFirst | kSecond << 2 | kFirst << 4 | kSecond << 6;
-    return _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a), _mm_castsi128_ps(b), kOrder));
-}
-
 }  // namespace lacquer::LACQUER_TIER

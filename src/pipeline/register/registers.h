@@ -66,12 +66,13 @@ struct Pair {
     OPERATION(LanesHigh, unpackhi_epi16)      \
     OPERATION(PackLanes, packus_epi16)        \
     OPERATION(PackWords, packs_epi32)
-#define LACQUER_SHIFTS(SHIFT)         \
-    SHIFT(ShiftLanesUp, slli_epi16)   \
-    SHIFT(ShiftLanesDown, srli_epi16) \
-    SHIFT(ShiftWordsUp, slli_epi32)   \
-    SHIFT(ShiftWordsDown, srli_epi32) \
-    SHIFT(ShiftSignedWordsDown, srai_epi32)
+#define LACQUER_SHIFTS(SHIFT)               \
+    SHIFT(ShiftLanesUp, slli_epi16)         \
+    SHIFT(ShiftLanesDown, srli_epi16)       \
+    SHIFT(ShiftWordsUp, slli_epi32)         \
+    SHIFT(ShiftWordsDown, srli_epi32)       \
+    SHIFT(ShiftSignedWordsDown, srai_epi32) \
+    SHIFT(ShiftPairsDown, srli_epi64)
 
 #define LACQUER_OPERATION(name, instruction) \
     inline __m128i name(__m128i a, __m128i b) { return _mm_##instruction(a, b); }
@@ -125,6 +126,26 @@ inline __m128i Following(__m128i /*words*/, __m128i behind) { return behind; }
 /// Of each 16 bytes: the second half of the first register's and the first half of the second's.
 inline __m128i Between(__m128i first, __m128i second) {
     return _mm_castpd_si128(_mm_shuffle_pd(_mm_castsi128_pd(first), _mm_castsi128_pd(second), 1));
+}
+
+/// The words `kFirst` and `kSecond` of each 16 bytes of `a`, then those of `b`.
+template <unsigned kFirst, unsigned kSecond>
+inline __m128i PickWords(__m128i a, __m128i b) {
+    constexpr unsigned kOrder = kFirst | kSecond << 2 | kFirst << 4 | kSecond << 6;
+    return _mm_castps_si128(_mm_shuffle_ps(_mm_castsi128_ps(a), _mm_castsi128_ps(b), kOrder));
+}
+
+/// A register put together from sixteen(k), the k-th 16 bytes.
+template <Register V, class Sixteen>
+V BySixteens(const Sixteen &sixteen) {
+#ifdef LACQUER_WIDE_REGISTERS
+    if constexpr (std::is_same_v<V, __m256i>) {
+        return _mm256_inserti128_si256(_mm256_castsi128_si256(sixteen(0)), sixteen(1), 1);
+    } else
+#endif
+    {
+        return sixteen(0);
+    }
 }
 
 /// The same 16 bytes in all of a register.
@@ -185,6 +206,12 @@ inline __m256i Preceding(__m256i before, __m256i words) { return _mm256_permute2
 inline __m256i Following(__m256i words, __m256i behind) { return _mm256_permute2x128_si256(words, behind, 0x21); }
 inline __m256i Between(__m256i first, __m256i second) {
     return _mm256_castpd_si256(_mm256_shuffle_pd(_mm256_castsi256_pd(first), _mm256_castsi256_pd(second), 5));
+}
+
+template <unsigned kFirst, unsigned kSecond>
+inline __m256i PickWords(__m256i a, __m256i b) {
+    constexpr unsigned kOrder = kFirst | kSecond << 2 | kFirst << 4 | kSecond << 6;
+    return _mm256_castps_si256(_mm256_shuffle_ps(_mm256_castsi256_ps(a), _mm256_castsi256_ps(b), kOrder));
 }
 
 template <>

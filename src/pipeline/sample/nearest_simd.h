@@ -42,6 +42,11 @@ public:
             PrefetchBytes(next + begin, ptrdiff_t{columns_[count - 1]} * kSourceBytes - begin);
         }
         ptrdiff_t i = 0;
+        // The words are read again as whole registers, which must not wait for the halves of one.
+        for (; i + kPixelsOf<Widest> <= inside_; i += kPixelsOf<Widest>) {
+            const auto four = [&](ptrdiff_t k) { return FourAt(pixels, i + k * kRegisterPixels); };
+            Store(buffer + i * kPixelBytes, BySixteens<Widest>(four));
+        }
         for (; i + kRegisterPixels <= inside_; i += kRegisterPixels)
             StoreFour(buffer + i * kPixelBytes, FourAt(pixels, i));
         for (; i < count; ++i) StorePixel(buffer + i * kPixelBytes, read(pixels, columns_[i]));
