@@ -12,9 +12,12 @@ inline constexpr bool kHasAvx2Tier = true;
 inline constexpr bool kHasAvx2Tier = false;
 #endif
 
+/// The table of the other tiers, of which narrow draws have more.
+extern const KernelTable kSse2Kernels;
+
 namespace avx2 {
 
-/// Replaces every entry that the other tiers have a form of.
+/// Replaces what the other tiers have a form of, where registers of 32 bytes are faster.
 void ApplyTier(KernelTable &table);
 void ApplyTier(ImageTable &table);
 

@@ -16,7 +16,7 @@ namespace lacquer::LACQUER_TIER {
 
 /// The rows of which the tier has the rule; the averaging ones alone, or all.
 template <class TierKit, bool kAveraging>
-void SetRows(KernelTable &table) {
+constexpr void SetRows(KernelTable &table) {
 #define LACQUER_SET_ROW(name, sampler, combine, extent)                                                   \
     if constexpr (!kAveraging || SamplerKind::sampler == SamplerKind::Area) {                             \
         if constexpr (requires { typename TierKit::combine; })                                            \
@@ -28,7 +28,7 @@ void SetRows(KernelTable &table) {
 }
 
 template <class TierKit, unsigned kTier>
-void SetSlots(KernelTable &table) {
+constexpr void SetSlots(KernelTable &table) {
 #define LACQUER_SET_SLOT(name, kind, sampler, rule, tiers) \
     if constexpr ((kTier & (tiers)) != 0)                  \
         table.name = SlotKernels<TierKit, TierKit::template sampler, typename TierKit::rule>::kind;
@@ -37,7 +37,7 @@ void SetSlots(KernelTable &table) {
 }
 
 /// The copy of words, which two tiers have.
-inline void SetCopy(KernelTable &table) {
+constexpr void SetCopy(KernelTable &table) {
     constexpr int kWords = DepthSlot(32);
     table[Row::CopyRow].slots[kWords] = MakeRow<Kit, Kit::SameSize, CopyRule, Extent::Whole>().slots[kWords];
 }

@@ -1,5 +1,6 @@
 // Which entries the tiers of an x86 processor replace. Their code may use SSE2 whatever feature selects it.
 
+#include "pipeline/table/base_table.h"
 #include "pipeline/table/tier_avx2.h"
 #include "pipeline/table/tier_simd.h"
 #include "pipeline/table/tiers.h"
@@ -9,23 +10,33 @@ namespace sse2 {
 namespace {
 
 /// The averages, too, as they enlarge with the finer bicubic weights.
-void ApplyMmxTier(KernelTable &table) {
+constexpr void ApplyMmxTier(KernelTable &table) {
     SetRows<Kit, false>(table);
     SetSlots<Kit, kMmxTier>(table);
 }
 
-void ApplySseTier(KernelTable &table) {
+constexpr void ApplySseTier(KernelTable &table) {
     SetCopy(table);
     SetSlots<Kit, kSseTier>(table);
 }
 
-void ApplySse2Tier(KernelTable &table, WeightForm weights) {
+constexpr void ApplySse2Tier(KernelTable &table, WeightForm weights) {
     SetCopy(table);
     weights == WeightForm::Q14 ? SetRows<Kit, true>(table) : SetRows<CoarseKit, true>(table);
 }
 
+constexpr KernelTable TableOfAllTiers() {
+    KernelTable table = BaseTable<WeightsQ14>();
+    ApplyMmxTier(table);
+    ApplySseTier(table);
+    ApplySse2Tier(table, WeightForm::Q14);
+    return table;
+}
+
 }  // namespace
 }  // namespace sse2
+
+constinit const KernelTable kSse2Kernels = sse2::TableOfAllTiers();
 
 void ApplyTiers(KernelTable &table, const CpuFeatures &features) {
     if (features.mmx) sse2::ApplyMmxTier(table);
