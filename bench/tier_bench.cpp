@@ -7,6 +7,8 @@
 #include <string_view>
 
 #include "kernel_input.h"
+#include "pipeline/filter/gaussian.h"
+#include "pipeline/pixel/pixel.h"
 #include "pipeline/table/image_table.h"
 #include "pipeline/transform/turn.h"
 #include "ratio.h"
@@ -111,6 +113,17 @@ int main(int argc, char **argv) {
     });
     images("rotate180", [](const ImageTable &t, const SurfaceView &to, const SurfaceView &from) {
         TurnView(t, to, from, LACQUER_ROTATE_180);
+    });
+    images("gaussian", [](const ImageTable &t, const SurfaceView &to, const SurfaceView &from) {
+        // One row's sums, with its seven taps in one place.
+        static float floats[16384];
+        const float *taps[kGaussianTaps];
+        for (int k = 0; k < kGaussianTaps; ++k) taps[k] = floats + 4 * k;
+        for (LONG y = 0; y < to.height; ++y) {
+            const ptrdiff_t bytes = ptrdiff_t{to.width} * kPixelBytes;
+            t.widenBytes(floats, RowOf(from, y), bytes);
+            t.sumTaps(RowOf(to, y), taps, bytes);
+        }
     });
     runs("makeGrey", [](const ImageTable &t, BYTE *words, ptrdiff_t count) { t.makeGrey(words, count); });
     runs("premultiply", [](const ImageTable &t, BYTE *words, ptrdiff_t count) { t.premultiply(words, count); });

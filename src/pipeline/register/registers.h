@@ -8,6 +8,7 @@
 
 #include <immintrin.h>
 
+#include <bit>
 #include <cstdint>
 #include <type_traits>
 
@@ -118,6 +119,29 @@ inline void StoreHalf(void *to, __m128i words) { _mm_storel_epi64(static_cast<__
 /// Changes between the order of memory and the one that unpacking and packing go by.
 inline __m128i Reorder(__m128i words) { return words; }
 
+/// The same for what was packed twice.
+inline __m128i ReorderTwice(__m128i bytes) { return bytes; }
+
+/// One byte for each of a register's words, in a word each.
+template <Register V>
+V WordsOfBytes(const BYTE *bytes);
+
+template <>
+inline __m128i WordsOfBytes<__m128i>(const BYTE *bytes) {
+    const __m128i four = _mm_cvtsi32_si128(static_cast<int>(LoadPixel(bytes))), zero = _mm_setzero_si128();
+    return _mm_unpacklo_epi16(_mm_unpacklo_epi8(four, zero), zero);
+}
+
+/// Words of single precision.
+inline __m128i FloatsOf(__m128i words) { return _mm_castps_si128(_mm_cvtepi32_ps(words)); }
+inline __m128i WordsOf(__m128i floats) { return _mm_cvttps_epi32(_mm_castsi128_ps(floats)); }
+inline __m128i AddFloats(__m128i a, __m128i b) {
+    return _mm_castps_si128(_mm_add_ps(_mm_castsi128_ps(a), _mm_castsi128_ps(b)));
+}
+inline __m128i MultiplyFloats(__m128i a, __m128i b) {
+    return _mm_castps_si128(_mm_mul_ps(_mm_castsi128_ps(a), _mm_castsi128_ps(b)));
+}
+
 /// The 16 bytes before each 16 bytes of a register, and those behind them, where the register before it or behind it
 /// is known.
 inline __m128i Preceding(__m128i before, __m128i /*words*/) { return before; }
@@ -202,6 +226,24 @@ inline __m256i Load<__m256i>(const void *from) {
 inline void Store(void *to, __m256i words) { _mm256_storeu_si256(static_cast<__m256i *>(to), words); }
 inline void StoreHalf(void *to, __m256i words) { Store(to, _mm256_castsi256_si128(words)); }
 inline __m256i Reorder(__m256i words) { return _mm256_permute4x64_epi64(words, _MM_SHUFFLE(3, 1, 2, 0)); }
+inline __m256i ReorderTwice(__m256i bytes) {
+    return _mm256_permutevar8x32_epi32(bytes, _mm256_setr_epi32(0, 4, 1, 5, 2, 6, 3, 7));
+}
+
+template <>
+inline __m256i WordsOfBytes<__m256i>(const BYTE *bytes) {
+    return _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i *>(bytes)));
+}
+
+inline __m256i FloatsOf(__m256i words) { return _mm256_castps_si256(_mm256_cvtepi32_ps(words)); }
+inline __m256i WordsOf(__m256i floats) { return _mm256_cvttps_epi32(_mm256_castsi256_ps(floats)); }
+inline __m256i AddFloats(__m256i a, __m256i b) {
+    return _mm256_castps_si256(_mm256_add_ps(_mm256_castsi256_ps(a), _mm256_castsi256_ps(b)));
+}
+inline __m256i MultiplyFloats(__m256i a, __m256i b) {
+    return _mm256_castps_si256(_mm256_mul_ps(_mm256_castsi256_ps(a), _mm256_castsi256_ps(b)));
+}
+
 inline __m256i Preceding(__m256i before, __m256i words) { return _mm256_permute2x128_si256(before, words, 0x21); }
 inline __m256i Following(__m256i words, __m256i behind) { return _mm256_permute2x128_si256(words, behind, 0x21); }
 inline __m256i Between(__m256i first, __m256i second) {
@@ -221,7 +263,7 @@ inline __m256i EachSixteen<__m256i>(__m128i sixteen) {
 
 template <>
 inline __m256i LanesOfBytes<__m256i>(const BYTE *bytes) {
-    const __m256i words = _mm256_cvtepu8_epi32(_mm_loadl_epi64(reinterpret_cast<const __m128i *>(bytes)));
+    const __m256i words = WordsOfBytes<__m256i>(bytes);
     return _mm256_or_si256(words, _mm256_slli_epi32(words, 16));
 }
 
@@ -235,6 +277,11 @@ template <Register V>
 void StorePair(BYTE *pixels, const Pair<V> &words) {
     Store(pixels, words.first);
     Store(pixels + kBytesOf<V>, words.second);
+}
+
+template <Register V>
+V EachFloat(float value) {
+    return EachWord<V>(std::bit_cast<uint32_t>(value));
 }
 
 }  // namespace lacquer::LACQUER_TIER

@@ -6,9 +6,11 @@
 #include <immintrin.h>
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 #include "pipeline/filter/box_blur.h"
+#include "pipeline/filter/gaussian.h"
 #include "pipeline/memory/copy_rows.h"
 #include "pipeline/shape/cover.h"
 #include "pipeline/shape/shadow.h"

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "pipeline/filter/box_blur_simd.h"
+#include "pipeline/filter/gaussian_simd.h"
 #include "pipeline/filter/pixel_rules_simd.h"
 #include "pipeline/memory/copy_rows_simd.h"
 #include "pipeline/shape/cover_simd.h"
