@@ -21,14 +21,25 @@ inline void StoreTwo(BYTE *pixels, __m128i words) { _mm_storel_epi64(reinterpret
 inline __m128i LoadOne(const BYTE *pixel) { return OneWord(LoadPixel(pixel)); }
 inline void StoreOne(BYTE *pixel, __m128i words) { StorePixel(pixel, static_cast<uint32_t>(_mm_cvtsi128_si32(words))); }
 
-/// Stores the first `count` words, of those that a register has at most.
-template <Register V>
-inline void StoreSome(BYTE *pixels, V words, ptrdiff_t count) {
-    if (count >= kPixelsOf<V>) return Store(pixels, words);
-    BYTE buffer[kBytesOf<V>];
-    Store(buffer, words);
-    std::memcpy(pixels, buffer, static_cast<size_t>(count) * kPixelBytes);
+/// Stores the first `count` words, or as many as a register has.
+inline void StoreSome(BYTE *pixels, __m128i words, ptrdiff_t count) {
+    if (count >= kRegisterPixels) return StoreFour(pixels, words);
+    if (count & 2) {
+        StoreTwo(pixels, words);
+        words = _mm_unpackhi_epi64(words, words);
+        pixels += ptrdiff_t{2} * kPixelBytes;
+    }
+    if (count & 1) StoreOne(pixels, words);
 }
+#ifdef LACQUER_WIDE_REGISTERS
+inline void StoreSome(BYTE *pixels, __m256i words, ptrdiff_t count) {
+    if (count >= kPixelsOf<__m256i>) return Store(pixels, words);
+    if (count >= kRegisterPixels) StoreFour(pixels, _mm256_castsi256_si128(words));
+    const ptrdiff_t done = count & kRegisterPixels;
+    const __m128i rest = done ? _mm256_extracti128_si256(words, 1) : _mm256_castsi256_si128(words);
+    StoreSome(pixels + done * kPixelBytes, rest, count - done);
+}
+#endif
 
 inline __m128i FourWords(uint32_t a, uint32_t b, uint32_t c, uint32_t d) {
     return _mm_unpacklo_epi64(_mm_unpacklo_epi32(OneWord(a), OneWord(b)), _mm_unpacklo_epi32(OneWord(c), OneWord(d)));

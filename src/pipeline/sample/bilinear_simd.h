@@ -25,9 +25,12 @@ struct BilinearBlock {
         constexpr uint32_t kBothLanes = 0x00010001;
         for (ptrdiff_t i = 0; i < count; ++i) {
             const LinearTaps taps = LinearTapsAt(steps.At(first + i), width);
-            nearBytes[i] = static_cast<int>(taps.nearIndex * pixelBytes);
-            // One pixel that is both taps needs no weight for the second.
-            fractions[i] = taps.farIndex == taps.nearIndex ? 0 : static_cast<uint32_t>(taps.fraction) * kBothLanes;
+            // Where one pixel is both taps it stands for one of two neighbours, so that these can be read at once: the
+            // first pixel for the near one, the last pixel for the far one.
+            const bool isOne = taps.farIndex == taps.nearIndex, isLast = isOne && taps.nearIndex > 0;
+            const int fraction = isLast ? 256 : isOne ? 0 : taps.fraction;
+            nearBytes[i] = static_cast<int>((taps.nearIndex - isLast) * pixelBytes);
+            fractions[i] = static_cast<uint32_t>(fraction) * kBothLanes;
         }
         // The columns that fill up the last register repeat the last one.
         for (ptrdiff_t i = count; i % kPixelsOf<Widest> != 0; ++i) {
@@ -58,16 +61,16 @@ public:
     void PrefetchAt(const BYTE *pixels, ptrdiff_t i) const { PrefetchLine(pixels + block_.nearBytes[i]); }
 
     /// Calls work(taps, i, left) for the block's first `count` columns, a register's at a time; taps(row, i) gives
-    /// their taps, `left` says how many columns are left where they don't fill a register.
+    /// their taps, `left` is the number of columns that are left.
     template <class Prefetch, class Work>
     void ForEachRegister(ptrdiff_t count, const Prefetch &prefetch, const Work &work) const {
         const auto inside = [this](const BYTE *pixels, ptrdiff_t i) { return TapsInside(pixels, i); };
         const auto anywhere = [this](const BYTE *pixels, ptrdiff_t i) { return Taps(pixels, i); };
-        const ptrdiff_t end = std::min(block_.inside, count);
+        const ptrdiff_t end = block_.inside < count ? block_.inside - kPixelsOf<Widest> + 1 : count;
         ptrdiff_t i = 0;
-        for (; i + kPixelsOf<Widest> <= end; i += kPixelsOf<Widest>) {
+        for (; i < end; i += kPixelsOf<Widest>) {
             prefetch(i);
-            work(inside, i, kPixelsOf<Widest>);
+            work(inside, i, count - i);
         }
         for (; i < count; i += kPixelsOf<Widest>) work(anywhere, i, count - i);
     }
