@@ -1,6 +1,10 @@
 // Picture files that are damaged at random, and what loading them must keep to. The seeds are small files of every kind
 // and those of the folders that are named. The same arguments give the same files.
 
+#include <sys/mman.h>
+#include <sys/time.h>
+#include <sys/wait.h>
+#include <unistd.h>
 #include <lacquer/image.hpp>
 
 #include <algorithm>
@@ -11,36 +15,25 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <span>
 #include <string>
 #include <vector>
 
 #include "choices.h"
 #include "image/pictures.h"
-#ifndef _WIN32
-#include <sys/mman.h>
-#include <sys/time.h>
-#include <sys/wait.h>
-#include <unistd.h>
-#endif
 
 namespace fuzz {
 namespace {
 
 using Bytes = std::vector<BYTE>;
 
-constexpr const char *kUsage =
-    "lacquer_image_fuzz [--seed N] [--seconds S] [file or folder ...]   loads damaged files\n"
-    "lacquer_image_fuzz --whole [file or folder ...]                    loads the files as they are, and lists them\n";
-
 constexpr uint64_t kMostBytes = 16 << 20;
 constexpr int kMostSeconds = 20, kMostFailures = 10;
 
 struct Options {
-    uint64_t seed = 1;
-    double seconds = 3;
+    uint64_t seed = 1, seconds = 3;
     bool whole = false;
-    std::vector<std::filesystem::path> paths;
 };
 
 /// Where a run is; in memory that outlives a child that fails.
@@ -166,10 +159,8 @@ Bytes Damaged(const std::vector<Bytes> &seeds, uint64_t seed, uint64_t index, DW
 
 void RunFrom(const Options &options, const std::vector<Bytes> &seeds, double until, Progress &progress) {
     while (Now() < until) {
-#ifndef _WIN32
         const itimerval limit{{0, 0}, {kMostSeconds, 0}};
         setitimer(ITIMER_VIRTUAL, &limit, nullptr);
-#endif
         DWORD flags = 0;
         const Bytes file = Damaged(seeds, options.seed, progress.files, flags);
         RunFile(file, flags, progress);
@@ -178,11 +169,8 @@ void RunFrom(const Options &options, const std::vector<Bytes> &seeds, double unt
 
 /// Runs in children, so that one failing file does not hide the next. Result: how many failed; each is kept.
 int RunAll(const Options &options, const std::vector<Bytes> &seeds, Progress &progress) {
-    const double until = Now() + options.seconds;
+    const double until = Now() + static_cast<double>(options.seconds);
     int failures = 0;
-#ifdef _WIN32
-    RunFrom(options, seeds, until, progress);
-#else
     for (; failures < kMostFailures; ++failures) {
         std::fflush(stdout);
         const pid_t child = fork();
@@ -201,63 +189,34 @@ int RunAll(const Options &options, const std::vector<Bytes> &seeds, Progress &pr
         std::printf("%s has a file that fails with the flags %u\n", name.c_str(), static_cast<unsigned>(flags));
         ++progress.files;
     }
-#endif
     return failures;
-}
-
-Progress &MakeProgress() {
-#ifdef _WIN32
-    static Progress progress{};
-    return progress;
-#else
-    void *memory = mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    return *new (memory) Progress{};
-#endif
-}
-
-std::vector<std::filesystem::path> FilesOf(const std::vector<std::filesystem::path> &paths) {
-    std::vector<std::filesystem::path> files;
-    for (const auto &path : paths) {
-        if (!std::filesystem::is_directory(path)) {
-            files.push_back(path);
-            continue;
-        }
-        for (const auto &entry : std::filesystem::recursive_directory_iterator(path))
-            if (entry.is_regular_file()) files.push_back(entry.path());
-    }
-    std::sort(files.begin(), files.end());
-    return files;
 }
 
 int Main(int count, char **arguments) {
     Options options;
-    for (int i = 1; i < count; ++i) {
-        const std::string argument = arguments[i];
-        const char *value = i + 1 < count ? arguments[i + 1] : "";
-        if (argument == "--seed") {
-            options.seed = std::strtoull(value, nullptr, 10);
-            ++i;
-        } else if (argument == "--seconds") {
-            options.seconds = std::strtod(value, nullptr);
-            ++i;
-        } else if (argument == "--whole") {
-            options.whole = true;
-        } else if (argument.starts_with("-")) {
-            std::fputs(kUsage, stderr);
-            return 2;
-        } else {
-            options.paths.emplace_back(argument);
-        }
-    }
-    Progress &progress = MakeProgress();
     std::vector<Bytes> seeds;
     for (const lacquer::Picture &picture : lacquer::Pictures()) seeds.push_back(picture.file);
-    for (const auto &path : FilesOf(options.paths)) {
-        std::ifstream file(path, std::ios::binary);
-        seeds.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-        if (!options.whole) continue;
-        const bool isLoaded = RunFile(seeds.back(), 0, progress);
-        std::printf("%s %s %s\n", isLoaded ? "loaded" : "refused", path.string().c_str(), ImageLastError());
+    void *memory = mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    Progress &progress = *new (memory) Progress{};
+    const std::vector<std::string> words(arguments + 1, arguments + count);
+    for (size_t i = 0; i < words.size(); ++i) {
+        if (words[i] == "--whole") {
+            options.whole = true;
+        } else if (words[i].starts_with("--") && i + 1 < words.size()) {
+            (words[i] == "--seed" ? options.seed : options.seconds) = std::stoull(words[i + 1]);
+            ++i;
+        } else {
+            std::set<std::filesystem::path> files;
+            for (const auto &entry : std::filesystem::recursive_directory_iterator(words[i]))
+                if (entry.is_regular_file()) files.insert(entry.path());
+            for (const auto &path : files) {
+                std::ifstream file(path, std::ios::binary);
+                seeds.emplace_back(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
+                if (!options.whole) continue;
+                const bool isLoaded = RunFile(seeds.back(), 0, progress);
+                std::printf("%s %s %s\n", isLoaded ? "loaded" : "refused", path.c_str(), ImageLastError());
+            }
+        }
     }
     const double start = Now();
     const int failures = options.whole ? 0 : RunAll(options, seeds, progress);
