@@ -173,5 +173,12 @@ class Surface(Owner):
             return _pictures.to_image(locked, self.palette)
 
     def save(self, path: Union[str, os.PathLike[str]]) -> None:
-        """Writes the pixels to a PNG file, by Pillow."""
-        self.to_image().save(path, "PNG")
+        """Writes the pixels to a PNG file, by the library lacquer_image or, where it is missing, by Pillow."""
+        if hasattr(_c, "EncodeCanvasAsPng"):
+            from ._files import encode_png
+
+            data = encode_png(self)
+            with open(path, "wb") as file:
+                file.write(data)
+        else:
+            self.to_image().save(path, "PNG")
