@@ -204,28 +204,32 @@ enum PngSaveFlags {
  * Write all pixels of an object to a file, whatever its clip, origins, slices and draw mode. A file that is there
  * already is replaced; when writing fails, what was written of it is removed.
  *
- * @param canvas, texture, bitmap  the object; a wrong handle is refused
+ * @param canvas   the object; a wrong handle is refused
+ * @param texture  the object; a wrong handle is refused
+ * @param bitmap   the object; a wrong handle is refused
  * @param utf8Path  the file; null is refused. Its folder has to exist.
  * @param flags     of PngSaveFlags, added up
  * @return 1, or 0 on failure
  * @see EncodeCanvasAsPng, LoadTextureFromFile
  */
 LACQUER_IMAGE_API int SaveCanvasAsPng(HGCANVAS canvas, const char *utf8Path, DWORD flags);
-LACQUER_IMAGE_API int SaveTextureAsPng(HGTEXTURE texture, const char *utf8Path, DWORD flags); /**< as SaveCanvasAsPng */
-LACQUER_IMAGE_API int SaveBitmapAsPng(HGBITMAP bitmap, const char *utf8Path, DWORD flags);    /**< as SaveCanvasAsPng */
+LACQUER_IMAGE_API int SaveTextureAsPng(HGTEXTURE texture, const char *utf8Path, DWORD flags);
+LACQUER_IMAGE_API int SaveBitmapAsPng(HGBITMAP bitmap, const char *utf8Path, DWORD flags);
 
 /**
  * Write all pixels of an object to memory, as SaveCanvasAsPng to a file.
  *
- * @param canvas, texture, bitmap  the object; a wrong handle is refused
+ * @param canvas   the object; a wrong handle is refused
+ * @param texture  the object; a wrong handle is refused
+ * @param bitmap   the object; a wrong handle is refused
  * @param flags   of PngSaveFlags, added up
  * @param length  receives how many bytes the file has; null is refused. Unchanged when the call is refused.
  * @return the file's bytes, which the caller frees with FreeImageData; null on failure
  * @see SaveCanvasAsPng, LoadTextureFromData
  */
 LACQUER_IMAGE_API void *EncodeCanvasAsPng(HGCANVAS canvas, DWORD flags, size_t *length);
-LACQUER_IMAGE_API void *EncodeTextureAsPng(HGTEXTURE texture, DWORD flags, size_t *length); /**< as EncodeCanvasAsPng */
-LACQUER_IMAGE_API void *EncodeBitmapAsPng(HGBITMAP bitmap, DWORD flags, size_t *length);    /**< as EncodeCanvasAsPng */
+LACQUER_IMAGE_API void *EncodeTextureAsPng(HGTEXTURE texture, DWORD flags, size_t *length);
+LACQUER_IMAGE_API void *EncodeBitmapAsPng(HGBITMAP bitmap, DWORD flags, size_t *length);
 
 /**
  * Frees the bytes of a file that was written to memory. Leaves status and text as they are.

@@ -50,16 +50,18 @@ inline bool SavePng(HGBITMAP bitmap, const char *utf8Path, DWORD flags = 0) noex
     return SaveBitmapAsPng(bitmap, utf8Path, flags) != 0;
 }
 
-// The bytes of a file in memory; false, and no bytes, without one.
+/// The bytes of a file in memory; false, and no bytes, without one.
 class ImageData : public Owner<void *, FreeImageData> {
 public:
-    // No bytes.
+    /// No bytes.
     ImageData() noexcept = default;
 
-    // Takes over `length` bytes, which came from an Encode... function.
+    /// Takes over what an Encode... function made.
+    /// @param bytes   its bytes, or null
+    /// @param length  how many there are
     ImageData(void *bytes, size_t length) noexcept : Owner(bytes), count(length) {}
 
-    // The bytes, which last as long as they are owned.
+    /// @return the bytes, which last as long as they are owned
     Span<const BYTE> Bytes() const noexcept { return {static_cast<const BYTE *>(Handle()), *this ? count : 0}; }
 
 private:
