@@ -48,7 +48,7 @@ PROJECT_NUMBER    = {version}
 OUTPUT_DIRECTORY  = "{folder}"
 INPUT             = "{folder / 'headers'}" "{HERE / 'index.md'}"
 USE_MDFILE_AS_MAINPAGE = "{HERE / 'index.md'}"
-STRIP_FROM_PATH   = "{folder / 'headers'}"
+STRIP_FROM_PATH   = "{folder / 'headers'}" "{ROOT}"
 STRIP_FROM_INC_PATH = "{folder / 'headers'}"
 RECURSIVE         = YES
 {more}
