@@ -1,19 +1,14 @@
-// What the example's windows share: their classes, their shapes, and painting of the invalid part.
+// From a canvas to the screen: the invalid part of a window, and all of a window with translucent pixels.
 #pragma once
 
 #include "common/painting.h"
 
 namespace lacquer::examples {
 
-/// Registers a window class, unless it has been before. Throws std::runtime_error on failure, as the others do.
-void RegisterWindowClass(const wchar_t *name, WNDPROC procedure);
-
-/// Gives a window the shape of a texture's visible pixels.
-void ShapeWindow(HWND window, const Texture &texture);
-
 /// The handling of WM_PAINT: validates what is invalid.
 class PaintSession {
 public:
+    /// Throws std::runtime_error on failure, as the other functions do.
     explicit PaintSession(HWND window);
     PaintSession(const PaintSession &) = delete;
     PaintSession &operator=(const PaintSession &) = delete;
@@ -29,5 +24,8 @@ private:
     HWND window_;
     PAINTSTRUCT paint_{};
 };
+
+/// Gives a layered window the size of a canvas, and lays its pixels, premultiplied, over what is behind the window.
+void ShowLayered(HWND window, const Canvas &canvas);
 
 }  // namespace lacquer::examples
