@@ -102,11 +102,12 @@ void ColourList::PaintBand(LONG top, LONG bottom) {
     const Scale &px = controls_->px();
     const LONG width = rows_.right - rows_.left;
     const ScopedClip clip(canvas_, {0, top, width, bottom});
+    FillBox(canvas_, {0, top, width, bottom}, 0xFFFBFAF7);
     for (int i = 0; i < kCount; ++i) {
         const int y = i * rowHeight_ - position_;
         if (y >= bottom || y + rowHeight_ <= top) continue;
         const RECT row = Box(0, y, width, rowHeight_);
-        FillBox(canvas_, row, i % 2 == 0 ? 0xFFFBFAF7 : 0xFFF3F1EC);
+        if (i % 2 != 0) FillBox(canvas_, row, 0xFFF3F1EC);
         if (i == chosen_) FillBox(canvas_, row, 0xFFA0343C);
         if (i == hot_) FillBox(canvas_, row, i == chosen_ ? 0x28FFFFFF : 0x30A0343C);
         if (i == chosen_) DrawDots(canvas_, Inset(row, px(1)), 0xC0FFFFFF, px);

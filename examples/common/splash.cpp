@@ -32,7 +32,7 @@ Canvas ShadowOfLayer(const Canvas &layer, SIZE size, Scale px) {
     DrawLayer(shadow, 0, 0, layer);
     Check(FillSolidRectEx(shadow, 0xFF000000, &whole, LACQUER_DRAW_MODULATE << 24), "FillSolidRectEx");
     // Blurs add up by the squares of their widths.
-    const int passes = px(px(7));
+    const int passes = px(px(9));
     const Canvas scratch = MakeCanvas(size.cx, size.cy);
     for (int i = 0; i < passes; ++i) Check(GaussianBlurCanvas(shadow, nullptr, scratch, nullptr), "GaussianBlurCanvas");
     return shadow;
@@ -67,8 +67,10 @@ SplashPicture::SplashPicture(const Skin &skin, Scale px) : px_(px) {
     DrawLayer(splash, px(kRoom), px(kRoom + kRise), MakeSplash(skin, px));
     DrawSeal(splash, SealOf(size_, px), px);
     Canvas picture = MakeCanvas(size_.cx, size_.cy);
-    DrawLayer(picture, 0, px(5), ShadowOfLayer(splash, size_, px), 130);
+    DrawLayer(picture, 0, px(5), ShadowOfLayer(splash, size_, px), 200);
     DrawLayer(picture, 0, 0, splash);
+    // Other canvases lose their alpha on the way.
+    picture.SetDrawMode(LACQUER_DRAW_OVER);
     still_ = Need(Texture::From(std::move(picture)), "CanvasToTexture");
     SetDrawMode(still_, LACQUER_DRAW_COPY);
 }

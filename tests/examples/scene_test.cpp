@@ -88,6 +88,11 @@ TEST_F(SceneTest, ScrollingPaintsTheStripThatComesIntoSight) {
         list.Place(layout, controls);
         ASSERT_EQ(scrolled, PixelsOf(list.canvas())) << "after step " << i;
     }
+    const auto isClear = [](DWORD word) { return word >> 24 != 255; };
+    list.Place(Layout({750, 1000}, px, false, false), controls);
+    EXPECT_EQ(std::ranges::count_if(PixelsOf(list.canvas()), isClear), 0);
+
+    list.Place(layout, controls);
     constexpr DWORD poison = 0xFF01FE02;
     list.Reveal(0);
     {

@@ -125,16 +125,21 @@ protected:
         return std::ranges::equal(expected, shown, [](DWORD a, DWORD b) { return a == 0 || (a & kColours) == b; });
     }
 
+    /// Writes a picture of the window for who wants to look at it.
+    void Keep(const std::string &name, const std::vector<DWORD> &words) const {
+        std::ofstream file("window " + name + ".ppm", std::ios::binary);
+        file << "P6 " << scene.size().cx << ' ' << scene.size().cy << " 255\n";
+        for (const DWORD word : words)
+            file << static_cast<char>(word >> 16) << static_cast<char>(word >> 8) << static_cast<char>(word);
+    }
+
     /// Lets the user act until the picture has changed. Result: where it has.
     RECT Watch(const std::string &name, const std::function<void()> &act) {
         const std::vector<DWORD> before = ReadWindow();
         act();
         EXPECT_TRUE(Await([&] { return ReadWindow() != before && ShowsScene(); })) << name;
         const std::vector<DWORD> after = ReadWindow();
-        std::ofstream file("window " + name + ".ppm", std::ios::binary);
-        file << "P6 " << scene.size().cx << ' ' << scene.size().cy << " 255\n";
-        for (const DWORD word : after)
-            file << static_cast<char>(word >> 16) << static_cast<char>(word >> 8) << static_cast<char>(word);
+        Keep(name, after);
         return after.size() == before.size() ? Difference(before, after, scene.size().cx) : RECT{};
     }
 
@@ -201,6 +206,179 @@ TEST_F(WindowTest, FollowsTheMouse) {
          },
          list},
     });
+}
+
+TEST_F(WindowTest, FollowsTheKeys) {
+    const auto place = [&](Kind kind, int index) { return scene.PlaceOf({kind, index}); };
+    const RECT list = Inset(scene.layout().List(), -3);
+    const RECT everything = Box(0, 0, 600, 420);
+    ExpectChanges({
+        {"focus on a box", [] { Type(VK_TAB); }, place(Kind::kBox, kDusk)},
+        {"focus on the next box", [] { Type(VK_RIGHT); }, Box(list.left, list.bottom, 190, 40)},
+        {"focus on the list",
+         [] {
+             Key(VK_SHIFT);
+             Type(VK_TAB);
+             Type(VK_TAB);
+             Key(VK_SHIFT, KEYEVENTF_KEYUP);
+         },
+         everything},
+        {"row chosen", [] { Type(VK_DOWN); }, everything},
+        {"last row chosen", [] { Type(VK_END); }, everything},
+        {"focus on a button",
+         [] {
+             for (int i = 0; i < 4; ++i) Type(VK_TAB);
+         },
+         everything},
+        {"button pressed by a key", [] { Key(VK_SPACE); }, place(Kind::kButton, kCoat)},
+        {"coat added by a key", [] { Key(VK_SPACE, KEYEVENTF_KEYUP); }, Box(0, 0, list.left, 420)},
+        {"menu opened",
+         [] {
+             Type(VK_TAB);
+             Type(VK_TAB);
+             Type(VK_RETURN);
+         },
+         everything},
+        {"entry chosen",
+         [] {
+             Type(VK_UP);
+             Type(VK_RETURN);
+         },
+         everything},
+    });
+    Type(VK_ESCAPE);
+    EXPECT_TRUE(Await([&] { return window->handle() == nullptr; }));
+}
+
+TEST_F(WindowTest, IsMovedSizedMaximisedAndMinimised) {
+    const HWND handle = window->handle();
+    const RECT before = PlaceOnScreen(handle);
+    Drag({160, 16}, {-64, 48});
+    const RECT moved = PlaceOnScreen(handle);
+    EXPECT_EQ(moved.left, before.left - 64);
+    EXPECT_EQ(moved.bottom, before.bottom + 48);
+    EXPECT_TRUE(Await([&] { return ShowsScene(); }));
+
+    Watch("sized", [&] { Drag({scene.size().cx - 3, scene.size().cy - 3}, {120, 80}); });
+    EXPECT_EQ(scene.size().cx, 720);
+    EXPECT_EQ(scene.size().cy, 500);
+
+    const auto click = [&](int button) {
+        MoveMouse(Target{Kind::kCaptionButton, button});
+        Mouse(MOUSEEVENTF_LEFTDOWN);
+        Mouse(MOUSEEVENTF_LEFTUP);
+    };
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    const auto toggle = [&](bool isMaximised) {
+        click(kMaximise);
+        EXPECT_TRUE(Await([&] { return (IsZoomed(handle) != 0) == isMaximised; }));
+    };
+    Watch("maximised", [&] { toggle(true); });
+    const RECT maximised = PlaceOnScreen(handle);
+    EXPECT_TRUE(EqualRect(&maximised, &work)) << maximised.right << " x " << maximised.bottom;
+    Watch("restored", [&] { toggle(false); });
+    EXPECT_EQ(scene.size().cx, 720);
+    click(kMinimise);
+    EXPECT_TRUE(Await([&] { return IsIconic(handle) != 0; }));
+    ShowWindow(handle, SW_RESTORE);
+    EXPECT_TRUE(Await([&] { return ShowsScene(); }));
+}
+
+// The window goes to a screen of another resolution, as the system tells it.
+TEST_F(WindowTest, FollowsTheResolution) {
+    for (const int dpi : {144, 192, 96}) {
+        const Scale px(static_cast<float>(dpi) / 96);
+        const SIZE size = px({480, 340});  // less than the least size, which takes its place
+        const RECT place = Box(20, 10, size.cx, size.cy);
+        Watch(std::to_string(dpi) + " DPI", [&] {
+            SendMessageW(window->handle(), WM_DPICHANGED, static_cast<WPARAM>(dpi) * 0x10001,
+                         reinterpret_cast<LPARAM>(&place));
+        });
+        EXPECT_EQ(scene.size().cx, px(Scene::kLeastSize.cx));
+        EXPECT_EQ(scene.layout().Rows().top, px(44) + px(2));
+        MINMAXINFO limits{};
+        SendMessageW(window->handle(), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&limits));
+        EXPECT_EQ(limits.ptMinTrackSize.y, px(Scene::kLeastSize.cy));
+    }
+}
+
+TEST_F(WindowTest, ShowsALayeredSplash) {
+    MoveMouse(Target{Kind::kButton, kAbout});
+    Mouse(MOUSEEVENTF_LEFTDOWN);
+    Mouse(MOUSEEVENTF_LEFTUP);
+    ASSERT_TRUE(Await([&] { return window->splash() != nullptr; }));
+    const SplashWindow &splash = *window->splash();
+    const std::vector<DWORD> first = PixelsOf(splash.canvas());
+    ASSERT_TRUE(Await([&] { return PixelsOf(splash.canvas()) != first; }));
+    // What moves is the film on the seal.
+    const SIZE size = *splash.canvas().Size();
+    const RECT moved = Difference(first, PixelsOf(splash.canvas()), size.cx);
+    EXPECT_TRUE(moved.left > size.cx / 2 - 44 && moved.right < size.cx / 2 + 44 && moved.bottom < 24 + 88);
+    const auto isShadow = [](DWORD word) { return word != 0 && word < 0xFF000000 && (word & kColours) == 0; };
+    EXPECT_GT(std::ranges::count_if(first, isShadow), 2000);
+    EXPECT_EQ(first[0], 0u);
+    // Where it is opaque the screen shows it, but for the film.
+    const auto shows = [&] {
+        const std::vector<DWORD> shown = ReadScreen(PlaceOnScreen(splash.handle()));
+        for (std::size_t i = static_cast<std::size_t>(size.cx) * 112; i < first.size(); ++i)
+            if (first[i] >> 24 == 255 && (first[i] & kColours) != shown[i]) return false;
+        return true;
+    };
+    EXPECT_TRUE(Await(shows));
+    Keep("splash", ReadWindow());
+    SendMessageW(splash.handle(), WM_LBUTTONUP, 0, 0);
+    EXPECT_EQ(splash.handle(), nullptr);
+    EXPECT_TRUE(Await([&] { return ShowsScene(); }));
+}
+
+TEST_F(WindowTest, KeepsNoGdiObjects) {
+    ASSERT_EQ(CountGdiObjectsOf({nullptr, L"lacquer.dll", L"velGraphic.dll"}), "");
+    const auto use = [&](int times) {
+        for (int i = 0; i < times; ++i) {
+            scene.MoveTo(scene.MiddleOf({Kind::kButton, i % 4}));
+            scene.Scroll(i % 36 < 18 ? 1 : -1);
+            const RECT part = Box(i % 500, i % 300, 100, 100);
+            InvalidateRect(window->handle(), i % 10 == 0 ? nullptr : &part, FALSE);
+            UpdateWindow(window->handle());
+            if (i % 100 != 0) continue;
+            const RECT place = Box(20, 10, 640 + i % 7, 440);
+            SendMessageW(window->handle(), WM_DPICHANGED, i % 200 == 0 ? 0x900090 : 0x600060,
+                         reinterpret_cast<LPARAM>(&place));
+            const SplashWindow splash(skin, animation, window->handle(), Scale());
+        }
+    };
+    use(101);
+    const std::size_t before = LivingGdiObjects();
+    use(1001);
+    EXPECT_EQ(LivingGdiObjects(), before);
+    // What the count is worth.
+    const HDC planted = CreateCompatibleDC(nullptr);
+    EXPECT_EQ(LivingGdiObjects(), before + 1);
+    DeleteDC(planted);
+    window.reset();
+    EXPECT_LT(LivingGdiObjects(), before);
+}
+
+// The program itself, with its manifest.
+TEST(WindowProgram, RunsAtTheResolutionOfEachScreen) {
+    STARTUPINFOW startup{};
+    PROCESS_INFORMATION process{};
+    wchar_t command[] = L"../../examples/window/window.exe";
+    ASSERT_TRUE(CreateProcessW(nullptr, command, nullptr, nullptr, FALSE, 0, nullptr, nullptr, &startup, &process));
+    HWND window = nullptr;
+    ASSERT_TRUE(Await([&] {
+        return (window = FindWindowW(L"LacquerExampleWindow", nullptr)) != nullptr && IsWindowVisible(window);
+    }));
+    EXPECT_EQ(GetAwarenessFromDpiAwarenessContext(GetWindowDpiAwarenessContext(window)),
+              DPI_AWARENESS_PER_MONITOR_AWARE);
+    PostMessageW(window, WM_CLOSE, 0, 0);
+    DWORD result = 1;
+    EXPECT_EQ(WaitForSingleObject(process.hProcess, kPatience), WAIT_OBJECT_0);
+    EXPECT_TRUE(GetExitCodeProcess(process.hProcess, &result));
+    EXPECT_EQ(result, 0u);
+    CloseHandle(process.hThread);
+    CloseHandle(process.hProcess);
 }
 
 }  // namespace
