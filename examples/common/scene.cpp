@@ -105,10 +105,12 @@ void Scene::SetHot(Target target) {
 /// Moves the focus by a call of one of its functions.
 template <typename Move>
 void Scene::MoveFocus(Move move) {
-    const RECT before = RingOf(focus_.target());
+    const auto invalidateRing = [this](Target target) {
+        if (focus_.IsShownAt(target)) Invalidate(RingOf(target));
+    };
+    invalidateRing(focus_.target());
     move();
-    Invalidate(before);
-    Invalidate(RingOf(focus_.target()));
+    invalidateRing(focus_.target());
 }
 
 void Scene::SetCoats(int coats) {

@@ -1,19 +1,44 @@
 // A canvas lies in a DIB section with a device context, from which the system copies.
 #include "window/showing.h"
 
+#include <cstring>
+#include <memory>
+
 namespace lacquer::examples {
 
-PaintSession::PaintSession(HWND window) : window_(window) {
+namespace {
+
+struct DeleteRegion {
+    using pointer = HRGN;
+    void operator()(HRGN region) const { DeleteObject(region); }
+};
+
+std::vector<RECT> InvalidPartsOf(HWND window) {
+    const std::unique_ptr<HRGN, DeleteRegion> region(CreateRectRgn(0, 0, 0, 0));
+    GetUpdateRgn(window, region.get(), FALSE);
+    std::vector<BYTE> data(GetRegionData(region.get(), 0, nullptr));
+    RGNDATAHEADER header{};
+    if (GetRegionData(region.get(), static_cast<DWORD>(data.size()), reinterpret_cast<RGNDATA *>(data.data())) == 0)
+        throw std::runtime_error("GetRegionData failed");
+    std::memcpy(&header, data.data(), sizeof header);
+    std::vector<RECT> parts(header.nCount);
+    if (!parts.empty()) std::memcpy(parts.data(), data.data() + sizeof header, parts.size() * sizeof(RECT));
+    return parts;
+}
+
+}  // namespace
+
+PaintSession::PaintSession(HWND window) : window_(window), parts_(InvalidPartsOf(window)) {
     if (BeginPaint(window, &paint_) == nullptr) throw std::runtime_error("BeginPaint failed");
 }
 
 PaintSession::~PaintSession() { EndPaint(window_, &paint_); }
 
 void PaintSession::Show(const Canvas &canvas) const {
-    const RECT &rect = part();
-    if (!BitBlt(paint_.hdc, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
-                GetCanvasHandle(canvas), rect.left, rect.top, SRCCOPY))
-        throw std::runtime_error("BitBlt failed");
+    for (const RECT &rect : parts_)
+        if (!BitBlt(paint_.hdc, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
+                    GetCanvasHandle(canvas), rect.left, rect.top, SRCCOPY))
+            throw std::runtime_error("BitBlt failed");
     // The canvas's pixels may be written again at once.
     GdiFlush();
 }

@@ -1,5 +1,7 @@
-// From a canvas to the screen: the invalid part of a window, and all of a window with translucent pixels.
+// From a canvas to the screen: the invalid parts of a window, and all of a window with translucent pixels.
 #pragma once
+
+#include <vector>
 
 #include "common/painting.h"
 
@@ -14,14 +16,15 @@ public:
     PaintSession &operator=(const PaintSession &) = delete;
     ~PaintSession();
 
-    /// The bounds of what is invalid, client coordinates.
-    const RECT &part() const { return paint_.rcPaint; }
+    /// The rectangles that are invalid, client coordinates. They may lie far apart.
+    const std::vector<RECT> &parts() const { return parts_; }
 
-    /// Brings the canvas's pixels of that part to the screen.
+    /// Brings the canvas's pixels of those parts to the screen.
     void Show(const Canvas &canvas) const;
 
 private:
     HWND window_;
+    std::vector<RECT> parts_;
     PAINTSTRUCT paint_{};
 };
 

@@ -126,10 +126,10 @@ void SkinnedWindow::ChangeDpi(WORD dpi, const RECT &place) {
 
 void SkinnedWindow::Paint() {
     const PaintSession session(handle());
-    const RECT &part = session.part();
-    if (IsEmpty(part)) return;
-    Check(SetCanvasClipRect(canvas_, &part), "SetCanvasClipRect");
-    scene_.Paint(canvas_);
+    for (const RECT &part : session.parts()) {
+        Check(SetCanvasClipRect(canvas_, &part), "SetCanvasClipRect");
+        scene_.Paint(canvas_);
+    }
     session.Show(canvas_);
 }
 

@@ -1,6 +1,5 @@
-// A borderless window that paints itself: a canvas of its size, of which WM_PAINT paints and shows the invalid part
-// only. The scene tells which parts move and resize the window; the window hands it the mouse, the keys and the
-// resolution.
+// A borderless window that paints itself: a canvas of its size, of which WM_PAINT paints and shows the invalid parts.
+// The scene tells which parts move and resize the window; the window hands it the mouse, the keys and the resolution.
 #pragma once
 
 #include <memory>

@@ -44,7 +44,7 @@ TEST_F(SceneTest, PaintingTheInvalidPartsIsEnough) {
         scene.Resize(size, px);
         const Canvas canvas = MakeCanvas(size.cx, size.cy);
         int painted = 0;
-        for (int i = 0; i < 400; ++i) {
+        for (int i = 0; i < 300; ++i) {
             const auto &[kind, count] = kinds[Pick(6)];
             switch (Pick(7)) {
                 case 0: scene.MoveTo({Pick(size.cx), Pick(size.cy)}); break;
@@ -65,7 +65,7 @@ TEST_F(SceneTest, PaintingTheInvalidPartsIsEnough) {
             }
             ASSERT_EQ(PixelsOf(canvas), Paint(scene)) << "after step " << i;
         }
-        EXPECT_GT(painted, 900);
+        EXPECT_GT(painted, 600);
     }
 }
 
@@ -114,7 +114,7 @@ TEST_F(SceneTest, KeysDoWhatTheMouseDoes) {
         {{kPrevious, kPrevious, kPrevious, kEnter, kEnter}, {coat, coat}},
         {{kNext, kNext, kNext, kRight, kSpace, kLeft, kEnter}, {coat, wipe}},
         {{kNext, kSpace}, {{Kind::kBox, kDusk}}},
-        {{kNext, kDown, kSpace}, {{Kind::kBox, kVisitor}}},
+        {{kNext, kUp, kSpace}, {{Kind::kBox, kVisitor}}},
         {{kDown, kDown, kUp, kDown}, {{Kind::kRow, 2}}},
         {{kPageDown, kPageDown, kHome, kDown}, {{Kind::kRow, 1}}},
         {{kEnd, kPageUp, kDown, kUp}, {{Kind::kRow, 7}}},
@@ -135,19 +135,21 @@ TEST_F(SceneTest, KeysDoWhatTheMouseDoes) {
 
 TEST_F(SceneTest, PlacesScaleAndEveryAreaIsWhereTheSystemExpectsIt) {
     Scene scene(skin, {600, 420}, true);
-    std::vector<std::pair<Target, RECT>> places;
-    for (const Kind kind : {Kind::kButton, Kind::kCaptionButton, Kind::kBox, Kind::kRow, Kind::kThumb, Kind::kList})
-        for (int i = 0; i < (kind == Kind::kBox ? 2 : 3); ++i) places.push_back({{kind, i}, scene.PlaceOf({kind, i})});
+    const auto places = [&] {
+        const Layout &layout = scene.layout();
+        std::vector<RECT> result{layout.Preview(), layout.Bar(), layout.Track(), layout.Popup()};
+        for (const Kind kind : {Kind::kButton, Kind::kCaptionButton, Kind::kBox, Kind::kRow, Kind::kThumb, Kind::kList})
+            for (int i = 0; i < (kind == Kind::kBox ? 2 : 3); ++i) result.push_back(scene.PlaceOf({kind, i}));
+        return result;
+    };
+    const std::vector<RECT> design = places();
     for (const float factor : {1.0f, 1.25f, 1.5f, 2.0f}) {
         const Scale px(factor);
         scene.Resize(px({600, 420}), px);
-        for (const auto &[target, place] : places) {
-            const RECT now = scene.PlaceOf(target);
-            const LONG edges[][2] = {
-                {place.left, now.left}, {place.top, now.top}, {place.right, now.right}, {place.bottom, now.bottom}};
-            for (const auto &[before, after] : edges)
-                EXPECT_NEAR(static_cast<float>(before) * factor, static_cast<float>(after), 2) << factor;
-        }
+        const std::vector<RECT> now = places();
+        for (std::size_t i = 0; i < now.size(); ++i)
+            for (const auto edge : {&RECT::left, &RECT::top, &RECT::right, &RECT::bottom})
+                EXPECT_NEAR(static_cast<float>(design[i].*edge) * factor, static_cast<float>(now[i].*edge), 2) << i;
         const LONG right = scene.size().cx - 1, bottom = scene.size().cy - 1;
         const std::pair<POINT, Area> areas[] = {{{0, 0}, Area::kTopLeft},
                                                 {{right, 0}, Area::kTopRight},

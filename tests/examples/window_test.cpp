@@ -1,5 +1,5 @@
 // The window under a user's hands: a mouse and keys that the system moves. After each step the screen shows the scene
-// as if it were painted afresh, and has changed in one place.
+// as if it were painted afresh, and no more has been painted than had to be.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -126,21 +126,19 @@ protected:
     }
 
     /// Writes a picture of the window for who wants to look at it.
-    void Keep(const std::string &name, const std::vector<DWORD> &words) const {
+    void Keep(const std::string &name) const {
         std::ofstream file("window " + name + ".ppm", std::ios::binary);
         file << "P6 " << scene.size().cx << ' ' << scene.size().cy << " 255\n";
-        for (const DWORD word : words)
+        for (const DWORD word : ReadWindow())
             file << static_cast<char>(word >> 16) << static_cast<char>(word >> 8) << static_cast<char>(word);
     }
 
-    /// Lets the user act until the picture has changed. Result: where it has.
-    RECT Watch(const std::string &name, const std::function<void()> &act) {
+    /// Lets the user act until the picture has changed to what it should be.
+    void Watch(const std::string &name, const std::function<void()> &act) {
         const std::vector<DWORD> before = ReadWindow();
         act();
         EXPECT_TRUE(Await([&] { return ReadWindow() != before && ShowsScene(); })) << name;
-        const std::vector<DWORD> after = ReadWindow();
-        Keep(name, after);
-        return after.size() == before.size() ? Difference(before, after, scene.size().cx) : RECT{};
+        Keep(name);
     }
 
     struct Step {
@@ -148,13 +146,21 @@ protected:
         std::function<void()> act;
         RECT limits;
     };
+    /// What a step paints shows by poison: what has lost it afterwards was painted.
     void ExpectChanges(const std::vector<Step> &steps) {
+        constexpr DWORD poison = 0xFF01FE02;
         for (const auto &[name, act, limits] : steps) {
-            const RECT changed = Watch(name, act);
-            EXPECT_TRUE(!IsEmpty(changed) && changed.left >= limits.left && changed.top >= limits.top &&
-                        changed.right <= limits.right && changed.bottom <= limits.bottom)
-                << name << " changed " << changed.left << ", " << changed.top << " to " << changed.right << ", "
-                << changed.bottom;
+            {
+                const auto pixels = Locked(window->canvas());
+                for (LONG y = 0; y < pixels.Height(); ++y) std::ranges::fill(pixels.Row(y), poison);
+            }
+            Watch(name, act);
+            const std::vector<DWORD> painted = PixelsOf(window->canvas());
+            const RECT bounds = Difference(painted, std::vector<DWORD>(painted.size(), poison), scene.size().cx);
+            EXPECT_TRUE(!IsEmpty(bounds) && bounds.left >= limits.left && bounds.top >= limits.top &&
+                        bounds.right <= limits.right && bounds.bottom <= limits.bottom)
+                << name << " painted " << bounds.left << ", " << bounds.top << " to " << bounds.right << ", "
+                << bounds.bottom;
         }
     }
 
@@ -171,6 +177,8 @@ TEST_F(WindowTest, FollowsTheMouse) {
     const RECT left{0, 0, list.left, 420};
     ExpectChanges({
         {"hover", [&] { MoveMouse(coat); }, place},
+        {"hovered no more", [] { SetCursorPos(0, 0); }, place},
+        {"hovered again", [&] { MoveMouse(coat); }, place},
         {"pressed", [] { Mouse(MOUSEEVENTF_LEFTDOWN); }, place},
         {"pressed and left",
          [&] {
@@ -304,6 +312,7 @@ TEST_F(WindowTest, FollowsTheResolution) {
 }
 
 TEST_F(WindowTest, ShowsALayeredSplash) {
+    const std::vector<DWORD> before = ReadWindow();
     MoveMouse(Target{Kind::kButton, kAbout});
     Mouse(MOUSEEVENTF_LEFTDOWN);
     Mouse(MOUSEEVENTF_LEFTUP);
@@ -326,7 +335,11 @@ TEST_F(WindowTest, ShowsALayeredSplash) {
         return true;
     };
     EXPECT_TRUE(Await(shows));
-    Keep("splash", ReadWindow());
+    Keep("splash");
+    // Where it is clear the window shows.
+    const RECT place = PlaceOnScreen(splash.handle()), under = PlaceOnScreen(window->handle());
+    const LONG corner = (place.top - under.top) * scene.size().cx + place.left - under.left;
+    EXPECT_EQ(ReadScreen(place)[0], before[static_cast<std::size_t>(corner)]);
     SendMessageW(splash.handle(), WM_LBUTTONUP, 0, 0);
     EXPECT_EQ(splash.handle(), nullptr);
     EXPECT_TRUE(Await([&] { return ShowsScene(); }));
