@@ -65,6 +65,22 @@ RECT Difference(const std::vector<DWORD> &a, const std::vector<DWORD> &b, LONG w
     return IsEmpty(bounds) ? RECT{} : bounds;
 }
 
+INPUT Key(WORD key, DWORD flags = 0) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.dwFlags = flags;
+    return input;
+}
+INPUT Mouse(DWORD flags, int data = 0, POINT place = {}) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi = {place.x, place.y, static_cast<DWORD>(data), flags, 0, 0};
+    return input;
+}
+
+const INPUT kDown = Mouse(MOUSEEVENTF_LEFTDOWN), kUp = Mouse(MOUSEEVENTF_LEFTUP);
+
 class WindowTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -76,40 +92,32 @@ protected:
 
     // The user.
 
-    void MoveMouse(POINT place) {
+    /// A move to a place in the window; the system wants 65,536 steps over the screen.
+    INPUT To(POINT place) const {
         ClientToScreen(window->handle(), &place);
-        SetCursorPos(place.x, place.y);
+        const auto steps = [](LONG at, int metric) { return (at * 65536 + 32768) / GetSystemMetrics(metric); };
+        return Mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE, 0,
+                     {steps(place.x, SM_CXSCREEN), steps(place.y, SM_CYSCREEN)});
     }
-    void MoveMouse(Target target) { MoveMouse(scene.MiddleOf(target)); }
-    static void Mouse(DWORD flags, int data = 0) { mouse_event(flags, 0, 0, static_cast<DWORD>(data), 0); }
-    static void Key(WORD key, DWORD flags = 0) {
-        INPUT input{};
-        input.type = INPUT_KEYBOARD;
-        input.ki.wVk = key;
-        input.ki.dwFlags = flags;
-        SendInput(1, &input, sizeof input);
-    }
-    static void Type(WORD key) {
-        Key(key);
-        Key(key, KEYEVENTF_KEYUP);
-    }
-    /// Moving and sizing a window run a loop of the system's, so the mouse needs a thread of its own.
-    void Drag(POINT from, SIZE way) {
-        ClientToScreen(window->handle(), &from);
-        std::atomic<bool> isDone = false;
+    INPUT To(Target target) const { return To(scene.MiddleOf(target)); }
+
+    using Inputs = std::vector<INPUT>;
+    static void Send(Inputs inputs) { SendInput(static_cast<UINT>(inputs.size()), inputs.data(), sizeof(INPUT)); }
+    Inputs Click(Target target) const { return {To(target), kDown, kUp}; }
+    /// Moving and sizing a window run a loop of the system's, so the hand needs a thread of its own. It lifts the
+    /// button until the loop has seen it.
+    void Drag(POINT from, POINT to) const {
+        const Inputs inputs{To(from), kDown, To({(from.x + to.x) / 2, (from.y + to.y) / 2}), To(to)};
+        std::atomic<bool> isMoved = false, isOver = false;
         std::thread hand([&] {
-            SetCursorPos(from.x, from.y);
-            Sleep(100);
-            Mouse(MOUSEEVENTF_LEFTDOWN);
-            for (int i = 1; i <= 4; ++i) {
+            for (const INPUT &input : inputs) {
+                Send({input});
                 Sleep(100);
-                SetCursorPos(from.x + way.cx * i / 4, from.y + way.cy * i / 4);
             }
-            Sleep(100);
-            Mouse(MOUSEEVENTF_LEFTUP);
-            isDone = true;
+            for (isMoved = true; !isOver; Sleep(50)) Send({kUp});
         });
-        while (!isDone) Pump();
+        while (!isMoved) Pump();
+        isOver = true;
         hand.join();
     }
 
@@ -143,18 +151,18 @@ protected:
 
     struct Step {
         std::string name;
-        std::function<void()> act;
-        RECT limits;
+        Inputs inputs;
+        RECT limits = Box(0, 0, 600, 420);
     };
     /// What a step paints shows by poison: what has lost it afterwards was painted.
     void ExpectChanges(const std::vector<Step> &steps) {
         constexpr DWORD poison = 0xFF01FE02;
-        for (const auto &[name, act, limits] : steps) {
+        for (const auto &[name, inputs, limits] : steps) {
             {
                 const auto pixels = Locked(window->canvas());
                 for (LONG y = 0; y < pixels.Height(); ++y) std::ranges::fill(pixels.Row(y), poison);
             }
-            Watch(name, act);
+            Watch(name, [&, &sent = inputs] { Send(sent); });
             const std::vector<DWORD> painted = PixelsOf(window->canvas());
             const RECT bounds = Difference(painted, std::vector<DWORD>(painted.size(), poison), scene.size().cx);
             EXPECT_TRUE(!IsEmpty(bounds) && bounds.left >= limits.left && bounds.top >= limits.top &&
@@ -171,123 +179,67 @@ protected:
 };
 
 TEST_F(WindowTest, FollowsTheMouse) {
-    const Target coat{Kind::kButton, kCoat}, close{Kind::kCaptionButton, kClose};
-    const RECT place = scene.PlaceOf(coat), everything = Box(0, 0, 600, 420);
-    const RECT list = scene.layout().List();
-    const RECT left{0, 0, list.left, 420};
+    const Target coat{Kind::kButton, kCoat};
+    const RECT place = scene.PlaceOf(coat), list = scene.layout().List();
     ExpectChanges({
-        {"hover", [&] { MoveMouse(coat); }, place},
-        {"hovered no more", [] { SetCursorPos(0, 0); }, place},
-        {"hovered again", [&] { MoveMouse(coat); }, place},
-        {"pressed", [] { Mouse(MOUSEEVENTF_LEFTDOWN); }, place},
-        {"pressed and left",
-         [&] {
-             MoveMouse({place.left, place.top - 20});
-         },
-         place},
-        {"pressed again", [&] { MoveMouse(coat); }, place},
-        {"coat added", [] { Mouse(MOUSEEVENTF_LEFTUP); }, left},
-        {"close hovered", [&] { MoveMouse(close); }, everything},
-        {"list scrolled by the wheel",
-         [&] {
-             MoveMouse(Target{Kind::kRow, 3});
-             Mouse(MOUSEEVENTF_WHEEL, -WHEEL_DELTA);
-         },
-         everything},
-        {"row hovered",
-         [&] {
-             MoveMouse(Target{Kind::kRow, 8});
-         },
-         list},
-        {"list scrolled by its thumb",
-         [&] {
-             MoveMouse(Target{Kind::kThumb});
-             Mouse(MOUSEEVENTF_LEFTDOWN);
-             Pump();
-             MoveMouse({list.right - 9, list.bottom - 60});
-         },
-         list},
-        {"thumb left",
-         [&] {
-             Mouse(MOUSEEVENTF_LEFTUP);
-             MoveMouse({300, 16});
-         },
-         list},
+        {"hover", {To(coat)}, place},
+        {"hovered no more", {Mouse(MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE)}, place},
+        {"hovered again", {To(coat)}, place},
+        {"pressed", {kDown}, place},
+        {"pressed and left", {To({place.left, place.top - 20})}, place},
+        {"pressed again", {To(coat)}, place},
+        {"coat added", {kUp}, {0, 0, list.left, 420}},
+        {"close hovered", {To({Kind::kCaptionButton, kClose})}},
+        {"list scrolled by the wheel", {To({Kind::kRow, 3}), Mouse(MOUSEEVENTF_WHEEL, -WHEEL_DELTA)}},
+        {"row hovered", {To({Kind::kRow, 8})}, list},
+        {"list scrolled by its thumb", {To({Kind::kThumb}), kDown, To({list.right - 9, list.bottom - 60})}, list},
+        {"thumb left", {kUp, To({300, 16})}, list},
     });
 }
 
 TEST_F(WindowTest, FollowsTheKeys) {
-    const auto place = [&](Kind kind, int index) { return scene.PlaceOf({kind, index}); };
-    const RECT list = Inset(scene.layout().List(), -3);
-    const RECT everything = Box(0, 0, 600, 420);
+    const RECT box = scene.PlaceOf({Kind::kBox, kDusk}), list = scene.layout().List();
+    const INPUT tab = Key(VK_TAB);
     ExpectChanges({
-        {"focus on a box", [] { Type(VK_TAB); }, place(Kind::kBox, kDusk)},
-        {"focus on the next box", [] { Type(VK_RIGHT); }, Box(list.left, list.bottom, 190, 40)},
-        {"focus on the list",
-         [] {
-             Key(VK_SHIFT);
-             Type(VK_TAB);
-             Type(VK_TAB);
-             Key(VK_SHIFT, KEYEVENTF_KEYUP);
-         },
-         everything},
-        {"row chosen", [] { Type(VK_DOWN); }, everything},
-        {"last row chosen", [] { Type(VK_END); }, everything},
-        {"focus on a button",
-         [] {
-             for (int i = 0; i < 4; ++i) Type(VK_TAB);
-         },
-         everything},
-        {"button pressed by a key", [] { Key(VK_SPACE); }, place(Kind::kButton, kCoat)},
-        {"coat added by a key", [] { Key(VK_SPACE, KEYEVENTF_KEYUP); }, Box(0, 0, list.left, 420)},
-        {"menu opened",
-         [] {
-             Type(VK_TAB);
-             Type(VK_TAB);
-             Type(VK_RETURN);
-         },
-         everything},
-        {"entry chosen",
-         [] {
-             Type(VK_UP);
-             Type(VK_RETURN);
-         },
-         everything},
+        {"focus on a box", {tab}, box},
+        {"focus on the next box", {Key(VK_RIGHT)}, {box.left, box.top, list.right, box.bottom}},
+        {"focus on the list", {Key(VK_SHIFT), tab, tab, Key(VK_SHIFT, KEYEVENTF_KEYUP)}},
+        {"row chosen", {Key(VK_DOWN)}},
+        {"last row chosen", {Key(VK_END)}},
+        {"focus on a button", {tab, tab, tab, tab}},
+        {"button pressed by a key", {Key(VK_SPACE)}, scene.PlaceOf({Kind::kButton, kCoat})},
+        {"coat added by a key", {Key(VK_SPACE, KEYEVENTF_KEYUP)}, {0, 0, list.left, 420}},
+        {"menu opened", {tab, tab, Key(VK_RETURN)}},
+        {"entry chosen", {Key(VK_UP), Key(VK_RETURN)}},
     });
-    Type(VK_ESCAPE);
+    Send({Key(VK_ESCAPE)});
     EXPECT_TRUE(Await([&] { return window->handle() == nullptr; }));
 }
 
 TEST_F(WindowTest, IsMovedSizedMaximisedAndMinimised) {
     const HWND handle = window->handle();
     const RECT before = PlaceOnScreen(handle);
-    Drag({160, 16}, {-64, 48});
-    const RECT moved = PlaceOnScreen(handle);
-    EXPECT_EQ(moved.left, before.left - 64);
-    EXPECT_EQ(moved.bottom, before.bottom + 48);
-    EXPECT_TRUE(Await([&] { return ShowsScene(); }));
-
-    Watch("sized", [&] { Drag({scene.size().cx - 3, scene.size().cy - 3}, {120, 80}); });
+    Drag({160, 16}, {96, 64});
+    EXPECT_TRUE(Await([&] {
+        const RECT now = PlaceOnScreen(handle);
+        return now.left == before.left - 64 && now.bottom == before.bottom + 48 && ShowsScene();
+    }));
+    Watch("sized", [&] { Drag({597, 417}, {717, 497}); });
     EXPECT_EQ(scene.size().cx, 720);
     EXPECT_EQ(scene.size().cy, 500);
 
-    const auto click = [&](int button) {
-        MoveMouse(Target{Kind::kCaptionButton, button});
-        Mouse(MOUSEEVENTF_LEFTDOWN);
-        Mouse(MOUSEEVENTF_LEFTUP);
+    const auto toggle = [&](bool isMaximised) {
+        Send(Click({Kind::kCaptionButton, kMaximise}));
+        EXPECT_TRUE(Await([&] { return (IsZoomed(handle) != 0) == isMaximised; }));
     };
     RECT work{};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
-    const auto toggle = [&](bool isMaximised) {
-        click(kMaximise);
-        EXPECT_TRUE(Await([&] { return (IsZoomed(handle) != 0) == isMaximised; }));
-    };
     Watch("maximised", [&] { toggle(true); });
     const RECT maximised = PlaceOnScreen(handle);
     EXPECT_TRUE(EqualRect(&maximised, &work)) << maximised.right << " x " << maximised.bottom;
     Watch("restored", [&] { toggle(false); });
     EXPECT_EQ(scene.size().cx, 720);
-    click(kMinimise);
+    Send(Click({Kind::kCaptionButton, kMinimise}));
     EXPECT_TRUE(Await([&] { return IsIconic(handle) != 0; }));
     ShowWindow(handle, SW_RESTORE);
     EXPECT_TRUE(Await([&] { return ShowsScene(); }));
@@ -313,9 +265,7 @@ TEST_F(WindowTest, FollowsTheResolution) {
 
 TEST_F(WindowTest, ShowsALayeredSplash) {
     const std::vector<DWORD> before = ReadWindow();
-    MoveMouse(Target{Kind::kButton, kAbout});
-    Mouse(MOUSEEVENTF_LEFTDOWN);
-    Mouse(MOUSEEVENTF_LEFTUP);
+    Send(Click({Kind::kButton, kAbout}));
     ASSERT_TRUE(Await([&] { return window->splash() != nullptr; }));
     const SplashWindow &splash = *window->splash();
     const std::vector<DWORD> first = PixelsOf(splash.canvas());
