@@ -68,7 +68,6 @@ bool SkinnedWindow::HandleMouse(UINT message, WPARAM wide, LPARAM lengthy) {
             scene_.MoveTo({-1, -1});
             return true;
         case WM_LBUTTONDOWN:
-        case WM_LBUTTONDBLCLK:
             splash_.reset();
             SetCapture(handle());
             scene_.Press();
