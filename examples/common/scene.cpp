@@ -47,7 +47,7 @@ RECT Scene::RingOf(Target target) const {
 
 bool Scene::IsEnabled(Target target) const {
     if (target == Target{Kind::kButton, kWipe}) return coats_ > 0;
-    if (target == Target{Kind::kButton, kCoat}) return coats_ < kMostCoats;
+    if (target == Target{Kind::kButton, kCoat}) return coats_ < kMaxCoats;
     return true;
 }
 

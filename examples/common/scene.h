@@ -34,7 +34,7 @@ public:
 
     /// The least size at 96 DPI.
     static constexpr SIZE kLeastSize{560, 380};
-    static constexpr int kMostCoats = 5;
+    static constexpr int kMaxCoats = 5;
 
     /// A scene at 96 DPI, with a button that maximises it or without. `skin` must outlive it. Throws std::runtime_error
     /// on failure, as all functions here do.

@@ -80,7 +80,7 @@ void Scene::PaintBoard(const Canvas &canvas, const RECT &board) const {
     for (int i = 0; i < coats_; ++i) FillBox(canvas, board, (list_.colour().word & 0xFFFFFF) | 0x58000000);
     if (coats_ > 0) {
         const BYTE reflection = kFinishes[finish_].reflection;
-        DrawInto(canvas, board, skin_.photo, LACQUER_BILINEAR, static_cast<BYTE>(reflection * coats_ / kMostCoats));
+        DrawInto(canvas, board, skin_.photo, LACQUER_BILINEAR, static_cast<BYTE>(reflection * coats_ / kMaxCoats));
     }
     if (isOn_[kVisitor])
         DrawScaled(canvas, board.right - px(92), board.bottom - px(108), skin_.ladybird32, px, LACQUER_NEAREST);
@@ -105,10 +105,10 @@ void Scene::PaintList(const Canvas &canvas) const {
 void Scene::PaintBar(const Canvas &canvas) const {
     const Scale &px = layout_.px();
     const RECT bar = layout_.Bar();
-    DrawProgress(canvas, skin_, bar, coats_, kMostCoats, px);
-    const std::string progress = std::to_string(coats_) + " of " + std::to_string(kMostCoats) + " coats";
+    DrawProgress(canvas, skin_, bar, coats_, kMaxCoats, px);
+    const std::string progress = std::to_string(coats_) + " of " + std::to_string(kMaxCoats) + " coats";
     // Light on what is filled, dark on the rest.
-    const LONG end = FilledPart(bar, coats_, kMostCoats).right;
+    const LONG end = FilledPart(bar, coats_, kMaxCoats).right;
     for (const bool isFilled : {true, false}) {
         const ScopedClip clip(canvas, {isFilled ? bar.left : end, bar.top, isFilled ? end : bar.right, bar.bottom});
         controls_->DrawName(canvas, bar.left + px(10), (bar.top + bar.bottom) / 2, progress,

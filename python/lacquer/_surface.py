@@ -41,6 +41,7 @@ class LockedPixels:
 
     @property
     def bytes_per_pixel(self) -> int:
+        """Bytes of one pixel: 1, 3 or 4."""
         return self.bits_per_pixel // 8
 
     def array(self) -> numpy.typing.NDArray[numpy.uint8]:
@@ -88,10 +89,12 @@ class Surface(Owner):
 
     @property
     def width(self) -> int:
+        """Pixels; of a texture with slices the current slice's."""
         return self.size.width
 
     @property
     def height(self) -> int:
+        """Pixels; of a texture with slices the current slice's."""
         return self.size.height
 
     @property

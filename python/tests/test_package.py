@@ -278,6 +278,16 @@ HOSTILE = [None, -1, 0, 2**31, 2**32 + 4, 10**400, 1e300, float("nan"), "\0x", "
            (2**32, 0, 4, 4), (0, 0, -5, -5), (-(2**31), -(2**31), 2**31 - 1, 2**31 - 1), object(), "x" * 70000]  # fmt: skip
 
 
+class DescriptionTest(unittest.TestCase):
+    def test_public_names_are_described(self):
+        for name in lacquer.__all__:
+            thing = getattr(lacquer, name)
+            members = inspect.getmembers(thing) if inspect.isclass(thing) else []
+            for member, value in [("", thing), *((member, value) for member, value in members if member[0] != "_")]:
+                if inspect.isclass(value) or inspect.isroutine(value) or isinstance(value, property):
+                    self.assertTrue(inspect.getdoc(value), f"{name}.{member} is not described")
+
+
 class ArgumentTest(unittest.TestCase):
     def makers(self):
         """For each class how objects come about."""

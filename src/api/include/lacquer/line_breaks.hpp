@@ -1,4 +1,9 @@
-// Where a text may be broken into lines: a simple form of the usual rules, for labels and short paragraphs.
+/// @file
+/// Where a text may be broken into lines: a simple form of the usual rules, for labels and short paragraphs.
+///
+/// @par Threads
+/// Any thread may call it; one thread at a time works on an object.
+/// @since 0.1.0
 #ifndef LACQUER_LINE_BREAKS_HPP
 #define LACQUER_LINE_BREAKS_HPP
 
@@ -9,10 +14,13 @@
 
 namespace lq {
 
-// A text in UTF-16: L"..." on Windows and u"..." elsewhere. Halves of surrogate pairs count as characters.
+/// @addtogroup cpp
+/// @{
+
+/// A text in UTF-16: L"..." on Windows and u"..." elsewhere. Halves of surrogate pairs count as characters.
 using TextView = std::basic_string_view<WCHAR>;
 
-// The most units that a line can have.
+/// The most UTF-16 units that a line can have.
 inline constexpr size_t kLongestRun = 65535;
 
 namespace detail {
@@ -160,6 +168,8 @@ size_t LongestFit(TextView text, size_t begin, size_t end, MayBreakAt mayBreak, 
 }
 
 }  // namespace detail
+
+/// @}
 
 }  // namespace lq
 
