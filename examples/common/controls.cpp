@@ -8,19 +8,19 @@ namespace lacquer::examples {
 
 namespace {
 
-constexpr int kIconSize = 16;
+constexpr SIZE kIconSize{16, 16};
 constexpr SIZE kSheetSize{512, 64};  // holds all that is painted once
 
 SIZE SizeOf(const RECT &rect) { return {rect.right - rect.left, rect.bottom - rect.top}; }
 
 /// A path from a description: M and L with a point, C with three, Z to close, O with the centre and radius of a circle.
-Path PathOf(const char *description) {
+Path PathOf(const char *description, float scale) {
     Path path = MakePath();
     std::istringstream in(description);
     const auto next = [&] {
         float number = 0;
         in >> number;
-        return number;
+        return number * scale;
     };
     const auto point = [&] {
         const float x = next();
@@ -61,24 +61,16 @@ void SetPaint(const Canvas &canvas, std::uint32_t colour, DWORD style = VEL_STYL
     Check(SetColor(canvas, colour), "SetColor");
 }
 
-/// Draws something raised: its shade below it, then itself. What is disabled lies flat.
-template <typename Draw>
-void DrawRaised(ButtonState state, Draw draw) {
-    const bool isFlat = state == ButtonState::kDisabled;
-    const int sunk = state == ButtonState::kPressed ? 1 : 0;
-    if (!isFlat) draw(sunk + 1, 0x80400008);
-    draw(sunk, isFlat ? 0xFF6F6866 : 0xFFFFFFFF);
-}
-
 }  // namespace
 
-Controls::Controls(const Skin &skin)
+Controls::Controls(const Skin &skin, Scale scale)
     : skin_(skin),
-      label_(Family::kSans, 12),
-      name_(Family::kSans, 12, VEL_FONT_BOLD),
-      title_(Family::kSans, 13, VEL_FONT_BOLD),
-      code_(Family::kMono, 12),
-      sheet_(MakeCanvas(kSheetSize.cx, kSheetSize.cy)) {
+      px_(scale),
+      label_(Family::kSans, 12 * scale.factor()),
+      name_(Family::kSans, 12 * scale.factor(), VEL_FONT_BOLD),
+      title_(Family::kSans, 13 * scale.factor(), VEL_FONT_BOLD),
+      code_(Family::kMono, 12 * scale.factor()),
+      sheet_(MakeCanvas(scale(kSheetSize.cx), scale(kSheetSize.cy))) {
     struct Description {
         Icon icon;
         const char *lines;
@@ -87,6 +79,8 @@ Controls::Controls(const Skin &skin)
     };
     constexpr Description descriptions[] = {
         {Icon::kMinimise, "M 4 11 L 12 11", 2, ""},
+        {Icon::kMaximise, "M 4.5 4.5 L 11.5 4.5 L 11.5 11.5 L 4.5 11.5 Z", 1.6f, ""},
+        {Icon::kRestore, "M 4 6.5 L 9.5 6.5 L 9.5 12 L 4 12 Z M 6.5 4 L 12 4 L 12 9.5", 1.4f, ""},
         {Icon::kClose, "M 4.5 4.5 L 11.5 11.5 M 11.5 4.5 L 4.5 11.5", 2, ""},
         {Icon::kTick, "M 3.5 8.5 L 6.5 11.5 L 12.5 4.5", 2.4f, ""},
         {Icon::kEraser, "M 9.5 2.5 L 13.5 6.5 L 7.5 12.5 L 5 12.5 L 2.5 10 L 2.5 9.5 Z M 7.5 13.2 L 14 13.2", 1.4f,
@@ -98,72 +92,87 @@ Controls::Controls(const Skin &skin)
         {Icon::kUp, "M 4 10 L 8 6 L 12 10", 2, ""},
         {Icon::kDown, "M 4 6 L 8 10 L 12 6", 2, ""},
     };
+    const float f = scale.factor();
     for (const auto &[icon, lines, width, areas] : descriptions)
-        icons_[static_cast<std::size_t>(icon)] = {PathOf(lines), width, PathOf(areas)};
+        icons_[static_cast<std::size_t>(icon)] = {PathOf(lines, f), width * f, PathOf(areas, f)};
 
-    constexpr int height = kCaptionButtonSize.cy;
+    const int height = scale(kCaptionButtonSize.cy);
     caps_ = {{{DownGradient(height, 0xFF97A1B8, 0xFF5A647C), DownGradient(height, 0xFF3C4354, 0xFF566077)},
               {DownGradient(height, 0xFFF4766C, 0xFFC2242C), DownGradient(height, 0xFF840C14, 0xFFB4222A)}}};
-    box_ = DownGradient(20, 0xFFFFFFFF, 0xFFDFE2EA);
-    rim_ = MakeRadialGradient({8, 8}, 7.5f, {{0, 0x00000000}, {0.6f, 0x00000000}, {1, 0x78000000}});
-    glint_ = MakeRadialGradient({5.5f, 4.8f}, 7, {{0, 0xF0FFFFFF}, {0.3f, 0x70FFFFFF}, {1, 0x00FFFFFF}});
+    box_ = DownGradient(scale(20), 0xFFFFFFFF, 0xFFDFE2EA);
+    rim_ = MakeRadialGradient({8 * f, 8 * f}, 7.5f * f, {{0, 0x00000000}, {0.6f, 0x00000000}, {1, 0x78000000}});
+    glint_ = MakeRadialGradient({5.5f * f, 4.8f * f}, 7 * f, {{0, 0xF0FFFFFF}, {0.3f, 0x70FFFFFF}, {1, 0x00FFFFFF}});
 }
 
 void Controls::DrawFrame(const Canvas &canvas, const RECT &outer, std::string_view title) const {
-    DrawInto(canvas, outer, skin_.frame);
+    Check(skin_.window.Draw(canvas, outer, 0, px_.factor()), "drawing the frame");
     const int left = (outer.left + outer.right - static_cast<int>(title_.Width(title))) / 2;
-    const int middle = outer.top + 17;
-    DrawLine(canvas, title_, left, middle + 1, title, 0x90000000);
+    const int middle = outer.top + px_(17);
+    DrawLine(canvas, title_, left, middle + px_(1), title, 0x90000000);
     DrawLine(canvas, title_, left, middle, title, 0xFFF4F6FA);
+}
+
+/// Draws something raised: its shade below it, then itself. What is disabled lies flat.
+template <typename Draw>
+void Controls::DrawRaised(ButtonState state, Draw draw) const {
+    const bool isFlat = state == ButtonState::kDisabled;
+    const int sunk = state == ButtonState::kPressed ? px_(1) : 0;
+    if (!isFlat) draw(sunk + px_(1), 0x80400008);
+    draw(sunk, isFlat ? 0xFF6F6866 : 0xFFFFFFFF);
 }
 
 void Controls::DrawButton(const Canvas &canvas, const RECT &rect, ButtonState state, Icon icon,
                           std::string_view caption) const {
-    examples::DrawButton(canvas, skin_, rect, state);
-    constexpr int gap = 6;
-    const int width = kIconSize + gap + static_cast<int>(name_.Width(caption));
+    examples::DrawButton(canvas, skin_, rect, state, px_);
+    const SIZE size = px_(kIconSize);
+    const int gap = px_(6);
+    const int width = size.cx + gap + static_cast<int>(name_.Width(caption));
     const int left = (rect.left + rect.right - width) / 2;
-    const int middle = (rect.top + rect.bottom) / 2 - 1;
+    const int middle = (rect.top + rect.bottom) / 2 - px_(1);
     DrawRaised(state, [&](int down, std::uint32_t colour) {
-        DrawIcon(canvas, left, middle + down - kIconSize / 2, icon, colour);
-        DrawName(canvas, left + kIconSize + gap, middle + down, caption, colour);
+        DrawIcon(canvas, left, middle + down - size.cy / 2, icon, colour);
+        DrawName(canvas, left + size.cx + gap, middle + down, caption, colour);
     });
 }
 
 void Controls::DrawMenuButton(const Canvas &canvas, const RECT &rect, ButtonState state, std::string_view caption,
                               Icon icon) const {
-    examples::DrawButton(canvas, skin_, rect, state);
-    const int middle = (rect.top + rect.bottom) / 2 - 1;
+    examples::DrawButton(canvas, skin_, rect, state, px_);
+    const SIZE size = px_(kIconSize);
+    const int middle = (rect.top + rect.bottom) / 2 - px_(1);
     DrawRaised(state, [&](int down, std::uint32_t colour) {
-        DrawName(canvas, rect.left + 20, middle + down, caption, colour);
-        DrawIcon(canvas, rect.right - 18 - kIconSize, middle + down - kIconSize / 2, icon, colour);
+        DrawName(canvas, rect.left + px_(20), middle + down, caption, colour);
+        DrawIcon(canvas, rect.right - px_(18) - size.cx, middle + down - size.cy / 2, icon, colour);
     });
 }
 
-void Controls::DrawCaptionButton(const Canvas &canvas, const RECT &rect, CaptionButton button,
-                                 ButtonState state) const {
-    const bool isClose = button == CaptionButton::kClose;
+void Controls::DrawCaptionButton(const Canvas &canvas, const RECT &rect, Icon icon, ButtonState state) const {
+    const bool isClose = icon == Icon::kClose;
     if (state == ButtonState::kNormal) {
-        DrawHighlight(canvas, {rect.left + 1, rect.top + 1, rect.right - 1, rect.bottom - 1}, 0x18FFFFFF);
+        DrawHighlight(canvas, Inset(rect, px_(1)), 0x18FFFFFF);
     } else {
         const auto &[hot, pressed] = caps_[isClose];
         DrawFace(canvas, rect, state == ButtonState::kHot ? hot : pressed, isClose ? 0xFF6A0A10 : 0xFF2A303E);
     }
-    DrawIcon(canvas, (rect.left + rect.right - kIconSize) / 2, (rect.top + rect.bottom - kIconSize) / 2,
-             isClose ? Icon::kClose : Icon::kMinimise, state == ButtonState::kNormal ? 0xFFC4CAD8 : 0xFFFFFFFF);
+    const SIZE size = px_(kIconSize);
+    DrawIcon(canvas, (rect.left + rect.right - size.cx) / 2, (rect.top + rect.bottom - size.cy) / 2, icon,
+             state == ButtonState::kNormal ? 0xFFC4CAD8 : 0xFFFFFFFF);
 }
 
-void Controls::DrawCheckBox(const Canvas &canvas, const RECT &rect, bool isOn, bool isHot,
+void Controls::DrawCheckBox(const Canvas &canvas, const RECT &rect, bool isOn, ButtonState state,
                             std::string_view caption) const {
-    if (isHot) DrawHighlight(canvas, rect, 0x14000000);
-    DrawFace(canvas, Box(rect.left + 3, rect.top + 3, 18, 18), box_, isHot ? 0xFFA0343C : 0xFF7A8294);
-    if (isOn) DrawIcon(canvas, rect.left + 4, rect.top + 4, Icon::kTick, 0xFFB81C26);
-    DrawLabel(canvas, rect.left + 27, rect.top + 12, caption, kText);
+    const bool isHot = state != ButtonState::kNormal;
+    if (isHot) DrawHighlight(canvas, rect, state == ButtonState::kPressed ? 0x28000000 : 0x14000000);
+    DrawFace(canvas, Box(rect.left + px_(3), rect.top + px_(3), px_(18), px_(18)), box_,
+             isHot ? 0xFFA0343C : 0xFF7A8294);
+    if (isOn) DrawIcon(canvas, rect.left + px_(4), rect.top + px_(4), Icon::kTick, 0xFFB81C26);
+    DrawLabel(canvas, rect.left + px_(27), rect.top + px_(12), caption, kText);
 }
 
 void Controls::DrawBall(const Canvas &canvas, int x, int y, std::uint32_t colour, BYTE gloss) const {
-    DrawOnce(canvas, x, y, {kIconSize, kIconSize}, {&glint_, colour, gloss, 0, ""}, [&](const Canvas &sheet) {
-        const auto draw = [&] { Check(DrawCircle(sheet, 8, 8, 7.5f), "DrawCircle"); };
+    DrawOnce(canvas, x, y, px_(kIconSize), {&glint_, colour, gloss, 0, ""}, [&](const Canvas &sheet) {
+        const float f = px_.factor();
+        const auto draw = [&] { Check(DrawCircle(sheet, 8 * f, 8 * f, 7.5f * f), "DrawCircle"); };
         SetPaint(sheet, colour);
         draw();
         SetPaint(sheet, rim_);
@@ -175,17 +184,20 @@ void Controls::DrawBall(const Canvas &canvas, int x, int y, std::uint32_t colour
 }
 
 void Controls::DrawHighlight(const Canvas &canvas, const RECT &rect, std::uint32_t colour) const {
-    Check(GeoRoundRect(canvas, &rect, 0, colour, 0, 4), "GeoRoundRect");
+    Check(GeoRoundRect(canvas, &rect, 0, colour, 0, px_(4)), "GeoRoundRect");
 }
 
-/// A raised surface with an edge of one pixel.
+/// A raised surface with a thin edge.
 void Controls::DrawFace(const Canvas &canvas, const RECT &rect, const Gradient &gradient, std::uint32_t edge) const {
     const SIZE size = SizeOf(rect);
     DrawOnce(canvas, rect.left, rect.top, size, {&gradient, edge, size.cx, size.cy, ""}, [&](const Canvas &sheet) {
+        const auto stroke = static_cast<float>(px_(1));
+        const float radius = 4 * px_.factor();
+        Check(SetStrokeWidth(sheet, stroke), "SetStrokeWidth");
         SetPaint(sheet, gradient);
         for (int layer = 0; layer < 2; ++layer) {
-            Check(DrawRoundRect(sheet, 0.5f, 0.5f, static_cast<float>(size.cx - 1), static_cast<float>(size.cy - 1), 4,
-                                4),
+            Check(DrawRoundRect(sheet, stroke / 2, stroke / 2, static_cast<float>(size.cx) - stroke,
+                                static_cast<float>(size.cy) - stroke, radius, radius),
                   "DrawRoundRect");
             SetPaint(sheet, edge, VEL_STYLE_STROKE);
         }
@@ -194,7 +206,7 @@ void Controls::DrawFace(const Canvas &canvas, const RECT &rect, const Gradient &
 
 void Controls::DrawIcon(const Canvas &canvas, int x, int y, Icon icon, std::uint32_t colour) const {
     const Drawing &drawing = icons_[static_cast<std::size_t>(icon)];
-    DrawOnce(canvas, x, y, {kIconSize, kIconSize}, {&drawing, colour, 0, 0, ""}, [&](const Canvas &sheet) {
+    DrawOnce(canvas, x, y, px_(kIconSize), {&drawing, colour, 0, 0, ""}, [&](const Canvas &sheet) {
         SetPaint(sheet, colour);
         Check(DrawPath(sheet, drawing.areas), "DrawPath");
         SetPaint(sheet, colour, VEL_STYLE_STROKE);
@@ -212,14 +224,16 @@ void Controls::DrawCode(const Canvas &canvas, int x, int y, std::string_view tex
 void Controls::DrawLine(const Canvas &canvas, const Typeface &typeface, int x, int y, std::string_view text,
                         std::uint32_t colour) const {
     if (text.empty()) return;
-    constexpr int margin = 2;      // letters may reach beyond their places
+    const int margin = px_(2);     // letters may reach beyond their places
     constexpr float half = 0.36f;  // of a capital's height, in sizes
     const int above = static_cast<int>(std::ceil(typeface.ascent()));
     const int below = static_cast<int>(std::ceil(typeface.descent()));
     const int baseline = y + static_cast<int>(std::lround(typeface.size() * half));
     const SIZE size{static_cast<int>(typeface.Width(text)) + 2 * margin + 1, above + below};
     DrawOnce(canvas, x - margin, baseline - above, size, {&typeface, colour, 0, 0, std::string(text)},
-             [&](const Canvas &sheet) { typeface.Draw(sheet, margin, static_cast<float>(above), text, colour); });
+             [&](const Canvas &sheet) {
+                 typeface.Draw(sheet, static_cast<float>(margin), static_cast<float>(above), text, colour);
+             });
 }
 
 /// Draws a texture of this key at (x, y); `paint` fills it, on a clear ground, when there is none yet.

@@ -1,14 +1,37 @@
 // Small painting helpers over the drawing calls: boxes, gradients, checkerboards, layouts, and draws at a place.
 #pragma once
 
+#include <cmath>
 #include <span>
 
 #include "common/image.h"
 
 namespace lacquer::examples {
 
+/// Turns the lengths of a design for 96 DPI into pixels of a screen.
+class Scale {
+public:
+    explicit Scale(float factor = 1) : factor_(factor) {}
+    float factor() const { return factor_; }
+    int operator()(int length) const { return static_cast<int>(std::lround(static_cast<float>(length) * factor_)); }
+    SIZE operator()(SIZE size) const { return {(*this)(size.cx), (*this)(size.cy)}; }
+
+private:
+    float factor_;
+};
+
 /// A rectangle by its corner and size.
 inline RECT Box(int left, int top, int width, int height) { return {left, top, left + width, top + height}; }
+
+inline RECT Inset(const RECT &rect, int by) {
+    return {rect.left + by, rect.top + by, rect.right - by, rect.bottom - by};
+}
+
+inline bool IsEmpty(const RECT &rect) { return rect.right <= rect.left || rect.bottom <= rect.top; }
+
+inline bool Contains(const RECT &rect, POINT point) {
+    return point.x >= rect.left && point.x < rect.right && point.y >= rect.top && point.y < rect.bottom;
+}
 
 /// A cleared canvas in a DIB section. Throws std::runtime_error on failure, as all functions here do.
 Canvas MakeCanvas(int width, int height);

@@ -8,6 +8,22 @@ namespace lacquer::examples {
 
 namespace {
 
+constexpr SIZE kProgressSize{24, 18};
+constexpr SIZE kScrollSize{14, 24};
+
+/// A piece in the layout of its texture.
+lq::SkinPiece PieceOf(const Texture &texture, SIZE state, int states = 1,
+                      lq::SkinPiece::Order order = lq::SkinPiece::Order::Downwards) {
+    TextureMode mode{};
+    Check(GetTextureMode(texture, &mode), "GetTextureMode");
+    return {texture, {0, 0, state.cx, state.cy}, mode.margins, mode.mode, states, order};
+}
+
+GeoRect GeoRectOf(const RECT &rect) {
+    return {static_cast<float>(rect.left), static_cast<float>(rect.top), static_cast<float>(rect.right),
+            static_cast<float>(rect.bottom)};
+}
+
 /// Slices of equal size, row by row.
 std::vector<RECT> Grid(int columns, int rows, SIZE cell) {
     std::vector<RECT> cells;
@@ -59,56 +75,78 @@ Skin::Skin(const Reader &read)
     for (const Texture *texture : {&ladybird32, &ladybird24, &ladybird8})
         SetDrawMode(*texture, LACQUER_DRAW_COLOR_KEY, kKeyColour);
 
+    using Order = lq::SkinPiece::Order;
+    buttons = PieceOf(button, kButtonSize, 4, Order::Downwards);
+    bars = PieceOf(progress, kProgressSize, 2, Order::ToTheRight);
+    scrolls = PieceOf(scroll, kScrollSize, 4, Order::ToTheRight);
+    stripe = PieceOf(stripes, SizeOf(stripes));
+    board = PieceOf(wood, SizeOf(wood));
+    window = PieceOf(frame, SizeOf(frame));
+
     SetSlices(button, Grid(1, 4, kButtonSize));
     SetSlices(caption, Grid(3, 2, kCaptionButtonSize));
     SetSlices(check, Grid(3, 1, {kCheckSize, kCheckSize}));
-    SetSlices(progress, Grid(2, 1, {24, 18}));
-    SetSlices(scroll, Grid(4, 1, {14, 24}));
+    SetSlices(progress, Grid(2, 1, kProgressSize));
+    SetSlices(scroll, Grid(4, 1, kScrollSize));
 }
 
-RECT ShadowOf(const RECT &caster) { return {caster.left - 20, caster.top - 20, caster.right + 20, caster.bottom + 20}; }
+RECT ShadowOf(const RECT &caster, Scale px) { return Inset(caster, -px(20)); }
 
-void DrawShadow(const Canvas &canvas, const RECT &caster, float radius) {
+void DrawShadow(const Canvas &canvas, const RECT &caster, int radius, Scale px) {
+    const float f = px.factor();
+    const float r = static_cast<float>(radius) * f;
     // One all around, and one of a light from above; both end within 20 pixels.
-    const ShadowStyle shadows[] = {{0x60000000, 0, 4, 10, -1, {radius, radius, radius, radius}, 1, 0},
-                                   {0x50000000, 0, 1, 12, 0, {radius, radius, radius, radius}, 1, 0}};
+    const ShadowStyle shadows[] = {{0x60000000, 0, px(4), 10 * f, -f, {r, r, r, r}, 1, 0},
+                                   {0x50000000, 0, px(1), 12 * f, 0, {r, r, r, r}, 1, 0}};
     Check(DrawShadows(canvas, &caster, shadows, 2), "DrawShadows");
 }
 
-void DrawCard(const Canvas &canvas, const RECT &rect, int radius, std::uint32_t edge, std::uint32_t colour) {
-    Check(GeoRoundRect(canvas, &rect, edge, colour, 1, radius), "GeoRoundRect");
+void DrawCard(const Canvas &canvas, const RECT &rect, int radius, std::uint32_t edge, std::uint32_t colour, Scale px) {
+    Check(GeoRoundRect(canvas, &rect, edge, colour, px(1), px(radius)), "GeoRoundRect");
 }
 
-void DrawWell(const Canvas &canvas, const RECT &rect, float radius) {
-    const ShadowStyle shadow{0x50000000, 0, 2, 5, 0, {radius, radius, radius, radius}, 1, LACQUER_SHADOW_INNER};
+void DrawWell(const Canvas &canvas, const RECT &rect, int radius, Scale px) {
+    const float f = px.factor();
+    const float r = static_cast<float>(radius) * f;
+    const ShadowStyle shadow{0x50000000, 0, px(2), 5 * f, 0, {r, r, r, r}, 1, LACQUER_SHADOW_INNER};
     Check(DrawShadows(canvas, &rect, &shadow, 1), "DrawShadows");
 }
 
-void DrawFocus(const Canvas &canvas, const RECT &rect, std::uint32_t colour) {
-    const GeoRect ring{static_cast<float>(rect.left), static_cast<float>(rect.top), static_cast<float>(rect.right),
-                       static_cast<float>(rect.bottom)};
-    Check(GeoRectFocusEx(canvas, &ring, colour, 1, 0, 1, 1), "GeoRectFocusEx");
+void DrawDots(const Canvas &canvas, const RECT &rect, std::uint32_t colour, Scale px) {
+    const GeoRect ring = GeoRectOf(rect);
+    const auto dot = static_cast<float>(px(1));
+    Check(GeoRectFocusEx(canvas, &ring, colour, dot, 0, dot, dot), "GeoRectFocusEx");
 }
 
-void DrawButton(const Canvas &canvas, const Skin &skin, const RECT &rect, ButtonState state) {
-    DrawSlice(canvas, rect, skin.button, static_cast<int>(state));
+void DrawFocusRing(const Canvas &canvas, const RECT &rect, Scale px) {
+    const GeoRect ring = GeoRectOf(rect);
+    const float f = px.factor();
+    Check(GeoRectFocusEx(canvas, &ring, 0xFF2C5FA8, 2 * f, 7 * f, 0, 0), "GeoRectFocusEx");
+}
+
+void DrawButton(const Canvas &canvas, const Skin &skin, const RECT &rect, ButtonState state, Scale px) {
+    Check(skin.buttons.Draw(canvas, rect, static_cast<int>(state), px.factor()), "drawing a button");
 }
 
 RECT FilledPart(const RECT &bar, int done, int all) {
     return {bar.left, bar.top, bar.left + (bar.right - bar.left) * done / all, bar.bottom};
 }
 
-void DrawProgress(const Canvas &canvas, const Skin &skin, const RECT &rect, int done, int all) {
-    DrawSlice(canvas, rect, skin.progress, 0);
+void DrawProgress(const Canvas &canvas, const Skin &skin, const RECT &rect, int done, int all, Scale px) {
+    const auto draw = [&](const lq::SkinPiece &piece, const RECT &part, int state) {
+        Check(piece.Draw(canvas, part, state, px.factor()), "drawing a progress bar");
+    };
+    draw(skin.bars, rect, 0);
     if (done == 0) return;
     const RECT filled = FilledPart(rect, done, all);
-    DrawSlice(canvas, filled, skin.progress, 1);
-    DrawInto(canvas, {filled.left + 2, filled.top + 2, filled.right - 2, filled.bottom - 2}, skin.stripes);
+    draw(skin.bars, filled, 1);
+    draw(skin.stripe, Inset(filled, px(2)), 0);
 }
 
-void DrawScrollBar(const Canvas &canvas, const Skin &skin, const RECT &track, const RECT &thumb, ButtonState state) {
-    DrawSlice(canvas, track, skin.scroll, 0);
-    DrawSlice(canvas, thumb, skin.scroll, 1 + static_cast<int>(state));
+void DrawScrollBar(const Canvas &canvas, const Skin &skin, const RECT &track, const RECT &thumb, ButtonState state,
+                   Scale px) {
+    Check(skin.scrolls.Draw(canvas, track, 0, px.factor()), "drawing a scroll bar");
+    Check(skin.scrolls.Draw(canvas, thumb, 1 + static_cast<int>(state), px.factor()), "drawing a scroll bar");
 }
 
 }  // namespace lacquer::examples

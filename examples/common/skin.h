@@ -1,5 +1,5 @@
 // A skin: the pieces of examples/assets as textures, with their draw modes, slices and layouts, and the parts of a
-// window drawn from them.
+// window drawn from them, at the scale of the screen that they are drawn for.
 #pragma once
 
 #include <functional>
@@ -28,36 +28,37 @@ struct Skin {
     Texture frame, popup, shadow, field;               // drawn over, as nine-grids
     // One sprite at each depth, drawn with a colour key.
     Texture ladybird32, ladybird24, ladybird8;
+    // The textures of the same names as pieces that draw themselves at any scale, with a state for each slice.
+    lq::SkinPiece buttons, bars, scrolls, stripe, board, window;
     Bitmap lettering;  // a mask to draw colours through
     Font font;
 };
 
-// What the frame holds around a window's client area, pixels.
-inline constexpr RECT kFrameMargins{6, 32, 6, 6};
-
 /// Where the shadow of a rectangle is, which reaches beyond it.
-RECT ShadowOf(const RECT &caster);
+RECT ShadowOf(const RECT &caster, Scale px = Scale());
 
 /// Draws the shadow of a rectangle with round corners.
-void DrawShadow(const Canvas &canvas, const RECT &caster, float radius);
+void DrawShadow(const Canvas &canvas, const RECT &caster, int radius, Scale px = Scale());
 
-/// Draws a plain surface with round corners and an edge of one pixel, in straight colours.
-void DrawCard(const Canvas &canvas, const RECT &rect, int radius, std::uint32_t edge, std::uint32_t colour);
+/// Draws a plain surface with round corners and a thin edge, in straight colours.
+void DrawCard(const Canvas &canvas, const RECT &rect, int radius, std::uint32_t edge, std::uint32_t colour,
+              Scale px = Scale());
 
 /// Lets a surface with round corners look sunken.
-void DrawWell(const Canvas &canvas, const RECT &rect, float radius);
+void DrawWell(const Canvas &canvas, const RECT &rect, int radius, Scale px = Scale());
 
-/// Marks with dots what has the keyboard's focus.
-void DrawFocus(const Canvas &canvas, const RECT &rect, std::uint32_t colour);
+/// Marks a chosen row with dots.
+void DrawDots(const Canvas &canvas, const RECT &rect, std::uint32_t colour, Scale px = Scale());
+
+/// Draws the ring of what has the keyboard's focus, just inside a rectangle.
+void DrawFocusRing(const Canvas &canvas, const RECT &rect, Scale px = Scale());
 
 enum class ButtonState { kNormal, kHot, kPressed, kDisabled };
 
 inline constexpr SIZE kButtonSize{104, 44};
 
 /// Draws a button without a caption into a rectangle, its shadow of 6 pixels around included.
-void DrawButton(const Canvas &canvas, const Skin &skin, const RECT &rect, ButtonState state);
-
-enum class CaptionButton { kMinimise, kClose };
+void DrawButton(const Canvas &canvas, const Skin &skin, const RECT &rect, ButtonState state, Scale px = Scale());
 
 inline constexpr SIZE kCaptionButtonSize{28, 20};
 
@@ -67,9 +68,10 @@ inline constexpr int kCheckSize = 24;
 RECT FilledPart(const RECT &bar, int done, int all);
 
 /// Draws a progress bar of which a share of `done` / `all` is filled.
-void DrawProgress(const Canvas &canvas, const Skin &skin, const RECT &rect, int done, int all);
+void DrawProgress(const Canvas &canvas, const Skin &skin, const RECT &rect, int done, int all, Scale px = Scale());
 
 /// Draws a scroll bar of 14 pixels with its thumb.
-void DrawScrollBar(const Canvas &canvas, const Skin &skin, const RECT &track, const RECT &thumb, ButtonState state);
+void DrawScrollBar(const Canvas &canvas, const Skin &skin, const RECT &track, const RECT &thumb, ButtonState state,
+                   Scale px = Scale());
 
 }  // namespace lacquer::examples

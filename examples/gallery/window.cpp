@@ -9,9 +9,7 @@ namespace lacquer::examples {
 
 namespace {
 
-using Kind = Scene::Kind;
-
-void Click(Scene &scene, Scene::Target target) {
+void Click(Scene &scene, Target target) {
     scene.MoveTo(scene.MiddleOf(target));
     scene.Press();
     scene.Release();
@@ -34,9 +32,9 @@ Canvas PaintWindow(const Skin &skin) {
     Scene scene(skin, {600, 420});
     scene.Scroll(3);
     Click(scene, {Kind::kRow, 9});
-    Click(scene, {Kind::kButton, Scene::kCoat});
-    Click(scene, {Kind::kBox, Scene::kVisitor});
-    Click(scene, {Kind::kButton, Scene::kFinish});
+    Click(scene, {Kind::kButton, kCoat});
+    Click(scene, {Kind::kBox, kVisitor});
+    Click(scene, {Kind::kButton, kFinish});
     scene.MoveTo(scene.MiddleOf({Kind::kEntry, 1}));
     return PaintWithShadow(scene);
 }
@@ -46,15 +44,15 @@ Canvas PaintDesktop(const Skin &skin) {
     DrawInto(canvas, Box(0, 0, 1080, 680), skin.photo, LACQUER_BICUBIC);
 
     Scene bare(skin, Scene::kLeastSize);
-    Click(bare, {Kind::kButton, Scene::kWipe});
+    Click(bare, {Kind::kButton, kWipe});
     bare.MoveTo({-1, -1});
     DrawLayer(canvas, 20, 20, PaintWithShadow(bare), 170);
 
     Scene coated(skin, {640, 440});
     coated.Scroll(100);
     Click(coated, {Kind::kRow, 12});
-    for (int i = 0; i < 3; ++i) Click(coated, {Kind::kButton, Scene::kCoat});
-    coated.MoveTo(coated.MiddleOf({Kind::kCaptionButton, 1}));
+    for (int i = 0; i < 3; ++i) Click(coated, {Kind::kButton, kCoat});
+    coated.MoveTo(coated.MiddleOf({Kind::kCaptionButton, kClose}));
     DrawLayer(canvas, 390, 150, PaintWithShadow(coated));
 
     DrawLayer(canvas, 40, 440, MakeSplash(skin));

@@ -1,167 +1,155 @@
-// The window procedure.
+// The window's messages.
 #include "window/skinned_window.h"
 
 #include <windowsx.h>
 
-#include "window/window_class.h"
+#include "window/dpi.h"
+#include "window/frame.h"
+#include "window/showing.h"
 
 namespace lacquer::examples {
 
-namespace {
-
-constexpr wchar_t kClassName[] = L"LacquerExampleWindow";
-// A frame that the system can size, though it never shows: WM_NCCALCSIZE gives its place to the client area.
-constexpr DWORD kStyle = WS_POPUP | WS_THICKFRAME | WS_SYSMENU | WS_MINIMIZEBOX;
-
-LRESULT HitCode(Scene::Area area) {
-    switch (area) {
-        case Scene::Area::kClient: return HTCLIENT;
-        case Scene::Area::kTitle: return HTCAPTION;
-        case Scene::Area::kLeft: return HTLEFT;
-        case Scene::Area::kTop: return HTTOP;
-        case Scene::Area::kRight: return HTRIGHT;
-        case Scene::Area::kBottom: return HTBOTTOM;
-        case Scene::Area::kTopLeft: return HTTOPLEFT;
-        case Scene::Area::kTopRight: return HTTOPRIGHT;
-        case Scene::Area::kBottomLeft: return HTBOTTOMLEFT;
-        case Scene::Area::kBottomRight: return HTBOTTOMRIGHT;
-    }
-    return HTCLIENT;
-}
-
-}  // namespace
-
-SkinnedWindow::SkinnedWindow(const Skin &skin, Scene &scene) : skin_(skin), scene_(scene) {
-    RegisterWindowClass(kClassName, Procedure);
+SkinnedWindow::SkinnedWindow(const Skin &skin, const Lottie &animation, Scene &scene)
+    : skin_(skin), animation_(animation), scene_(scene) {
     const SIZE size = scene.size();
-    const POINT corner{(GetSystemMetrics(SM_CXSCREEN) - size.cx) / 2, (GetSystemMetrics(SM_CYSCREEN) - size.cy) / 3};
-    CreateWindowExW(WS_EX_APPWINDOW, kClassName, L"Coats of lacquer", kStyle, corner.x, corner.y, size.cx, size.cy,
-                    nullptr, nullptr, GetModuleHandleW(nullptr), this);
-    if (window_ != nullptr && failure_.empty()) return;
-    if (window_ != nullptr) DestroyWindow(window_);
-    throw std::runtime_error("CreateWindowExW failed: " + failure_);
-}
-
-SkinnedWindow::~SkinnedWindow() {
-    if (window_ != nullptr) DestroyWindow(window_);
-}
-
-LRESULT CALLBACK SkinnedWindow::Procedure(HWND window, UINT message, WPARAM wide, LPARAM lengthy) {
-    if (message == WM_NCCREATE) {
-        auto *self = static_cast<SkinnedWindow *>(reinterpret_cast<CREATESTRUCTW *>(lengthy)->lpCreateParams);
-        self->window_ = window;
-        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
-    }
-    auto *self = reinterpret_cast<SkinnedWindow *>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (self == nullptr) return DefWindowProcW(window, message, wide, lengthy);
-    try {
-        return self->Handle(message, wide, lengthy);
-    } catch (const std::exception &error) {
-        // An exception must not pass through the system's frames.
-        self->failure_ = error.what();
-        ValidateRect(window, nullptr);
-        PostQuitMessage(1);
-        return 0;
-    }
+    Create(L"LacquerExampleWindow", L"Coats of lacquer", kFrameStyle, WS_EX_APPWINDOW, Box(0, 0, size.cx, size.cy),
+           nullptr);
+    px_ = ScaleOf(handle());
+    const SIZE scaled = px_(size);
+    SetWindowPos(handle(), nullptr, (GetSystemMetrics(SM_CXSCREEN) - scaled.cx) / 2,
+                 (GetSystemMetrics(SM_CYSCREEN) - scaled.cy) / 3, scaled.cx, scaled.cy, SWP_NOZORDER | SWP_NOACTIVATE);
+    ThrowFailure();
 }
 
 LRESULT SkinnedWindow::Handle(UINT message, WPARAM wide, LPARAM lengthy) {
-    const POINT position{GET_X_LPARAM(lengthy), GET_Y_LPARAM(lengthy)};
+    if (const auto result = HandleFrame(message, lengthy)) return *result;
+    if (HandleMouse(message, wide, lengthy) || HandleKey(message, wide)) {
+        Update();
+        return 0;
+    }
     switch (message) {
-        case WM_NCCALCSIZE: return 0;  // the client area is the whole window
-        case WM_NCPAINT: return 0;
-        case WM_NCACTIVATE: return TRUE;
-        case WM_NCHITTEST: return HitTest(position);
-        case WM_GETMINMAXINFO:
-            reinterpret_cast<MINMAXINFO *>(lengthy)->ptMinTrackSize = {Scene::kLeastSize.cx, Scene::kLeastSize.cy};
-            return 0;
-        case WM_SIZE:
-            if (wide != SIZE_MINIMIZED) Resize({position.x, position.y});
-            return 0;
         case WM_ERASEBKGND: return 1;  // every pixel is painted
         case WM_PAINT: Paint(); return 0;
-        case WM_MOUSEMOVE: MouseMoved(position); return 0;
+        case WM_SIZE:
+            if (wide != SIZE_MINIMIZED) Resize({GET_X_LPARAM(lengthy), GET_Y_LPARAM(lengthy)});
+            return 0;
+        case WM_DPICHANGED: ChangeDpi(HIWORD(wide), *reinterpret_cast<const RECT *>(lengthy)); return 0;
+        case WM_DESTROY: PostQuitMessage(0); return 0;
+        default: return NativeWindow::Handle(message, wide, lengthy);
+    }
+}
+
+/// The skin takes the place of the system's frame.
+std::optional<LRESULT> SkinnedWindow::HandleFrame(UINT message, LPARAM lengthy) {
+    switch (message) {
+        case WM_NCCALCSIZE:  // the client area is the whole window
+        case WM_NCPAINT: return 0;
+        case WM_NCACTIVATE: return TRUE;
+        case WM_NCHITTEST: {
+            POINT position{GET_X_LPARAM(lengthy), GET_Y_LPARAM(lengthy)};
+            ScreenToClient(handle(), &position);
+            return HitCode(scene_.AreaAt(position));
+        }
+        case WM_GETMINMAXINFO:
+            LimitSize(handle(), px_(Scene::kLeastSize), *reinterpret_cast<MINMAXINFO *>(lengthy));
+            return 0;
+        default: return std::nullopt;
+    }
+}
+
+bool SkinnedWindow::HandleMouse(UINT message, WPARAM wide, LPARAM lengthy) {
+    switch (message) {
+        case WM_MOUSEMOVE:
+            TrackMouse();
+            scene_.MoveTo({GET_X_LPARAM(lengthy), GET_Y_LPARAM(lengthy)});
+            return true;
         case WM_MOUSELEAVE:
             isTracking_ = false;
             scene_.MoveTo({-1, -1});
-            Update();
-            return 0;
+            return true;
         case WM_LBUTTONDOWN:
             splash_.reset();
-            SetCapture(window_);
+            SetCapture(handle());
             scene_.Press();
-            Update();
-            return 0;
+            return true;
         case WM_LBUTTONUP:
-            ReleaseCapture();
             scene_.Release();
-            Update();
-            return 0;
-        case WM_MOUSEWHEEL:
-            scene_.Scroll(-GET_WHEEL_DELTA_WPARAM(wide) * 2 / WHEEL_DELTA);
-            Update();
-            return 0;
-        case WM_KEYDOWN:
-            if (wide == VK_ESCAPE) DestroyWindow(window_);
-            return 0;
-        case WM_DESTROY: PostQuitMessage(0); return 0;
-        case WM_NCDESTROY: {
-            const HWND window = std::exchange(window_, nullptr);
-            SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-            return DefWindowProcW(window, message, wide, lengthy);
-        }
-        default: return DefWindowProcW(window_, message, wide, lengthy);
+            ReleaseCapture();
+            return true;
+        case WM_CAPTURECHANGED: scene_.Cancel(); return true;
+        case WM_MOUSEWHEEL: scene_.Scroll(wheel_.Turn(GET_WHEEL_DELTA_WPARAM(wide))); return true;
+        default: return false;
     }
 }
 
-LRESULT SkinnedWindow::HitTest(POINT screenPosition) const {
-    ScreenToClient(window_, &screenPosition);
-    return HitCode(scene_.AreaAt(screenPosition));
+bool SkinnedWindow::HandleKey(UINT message, WPARAM wide) {
+    if (message == WM_KILLFOCUS) scene_.Cancel();
+    if (message != WM_KEYDOWN && message != WM_KEYUP) return message == WM_KILLFOCUS;
+    const std::optional<Key> key = KeyOf(wide, GetKeyState(VK_SHIFT) < 0);
+    if (!key) return false;
+    if (message == WM_KEYUP) {
+        scene_.KeyUp(*key);
+    } else if (splash_ && splash_->handle() != nullptr) {
+        splash_.reset();
+    } else {
+        scene_.KeyDown(*key);
+    }
+    return true;
 }
 
 void SkinnedWindow::Resize(SIZE size) {
-    if (canvas_ && size.cx == scene_.size().cx && size.cy == scene_.size().cy) return;
-    scene_.Resize(size);
+    const bool isMaximised = IsZoomed(handle()) != 0;
+    const Layout &before = scene_.layout();
+    if (canvas_ && size.cx == before.size().cx && size.cy == before.size().cy && isMaximised == before.isMaximised() &&
+        px_.factor() == before.px().factor())
+        return;
+    scene_.Resize(size, px_, isMaximised);
     canvas_ = MakeCanvas(scene_.size().cx, scene_.size().cy);
     // The frame's own corners shape the window.
     scene_.Paint(canvas_);
-    const Texture texture = Need(canvas_.AsTexture(), "GetTexture");
-    SetDrawMode(texture, LACQUER_DRAW_OVER);
-    ShapeWindow(window_, texture);
+    ShapeWindow(handle(), isMaximised ? nullptr : &canvas_);
     Update();
+}
+
+/// The window is on a screen of another resolution now, which wants it at another place.
+void SkinnedWindow::ChangeDpi(WORD dpi, const RECT &place) {
+    px_ = Scale(lq::ScaleForDpi(dpi));
+    splash_.reset();
+    SetWindowPos(handle(), nullptr, place.left, place.top, place.right - place.left, place.bottom - place.top,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+    // Also when the size has stayed the same.
+    RECT client{};
+    GetClientRect(handle(), &client);
+    Resize({client.right, client.bottom});
 }
 
 void SkinnedWindow::Paint() {
-    const PaintSession session(window_);
-    const RECT &part = session.part();
-    if (part.right > part.left && part.bottom > part.top) {
+    const PaintSession session(handle());
+    for (const RECT &part : session.parts()) {
         Check(SetCanvasClipRect(canvas_, &part), "SetCanvasClipRect");
         scene_.Paint(canvas_);
-        session.Show(canvas_);
     }
-    lastPaint_ = part;
-    ++paintCount_;
+    session.Show(canvas_);
 }
 
-void SkinnedWindow::MouseMoved(POINT position) {
-    if (!isTracking_) {
-        TRACKMOUSEEVENT track{};
-        track.cbSize = sizeof track;
-        track.dwFlags = TME_LEAVE;
-        track.hwndTrack = window_;
-        isTracking_ = TrackMouseEvent(&track) != 0;
-    }
-    scene_.MoveTo(position);
-    Update();
+/// Asks the system to tell when the mouse leaves the window.
+void SkinnedWindow::TrackMouse() {
+    if (isTracking_) return;
+    TRACKMOUSEEVENT track{};
+    track.cbSize = sizeof track;
+    track.dwFlags = TME_LEAVE;
+    track.hwndTrack = handle();
+    isTracking_ = TrackMouseEvent(&track) != 0;
 }
 
 /// Hands the scene's changes and wishes on to the system.
 void SkinnedWindow::Update() {
-    for (const RECT &rect : scene_.TakeInvalid()) InvalidateRect(window_, &rect, FALSE);
+    for (const RECT &rect : scene_.TakeInvalid()) InvalidateRect(handle(), &rect, FALSE);
     switch (scene_.TakeWish()) {
-        case Scene::Wish::kMinimise: ShowWindow(window_, SW_MINIMIZE); break;
-        case Scene::Wish::kAbout: splash_ = std::make_unique<SplashWindow>(skin_, window_); break;
-        case Scene::Wish::kClose: DestroyWindow(window_); break;
+        case Scene::Wish::kMinimise: ShowWindow(handle(), SW_MINIMIZE); break;
+        case Scene::Wish::kMaximise: ShowWindow(handle(), IsZoomed(handle()) ? SW_RESTORE : SW_MAXIMIZE); break;
+        case Scene::Wish::kAbout: splash_ = std::make_unique<SplashWindow>(skin_, animation_, handle(), px_); break;
+        case Scene::Wish::kClose: DestroyWindow(handle()); break;
         default: break;
     }
 }

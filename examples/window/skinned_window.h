@@ -1,56 +1,51 @@
-// A borderless Win32 window that paints itself with Lacquer: a canvas of its size, of which WM_PAINT paints and shows
-// the invalid part only. The scene tells the system which parts move and resize the window.
+// A borderless window that paints itself: a canvas of its size, of which WM_PAINT paints and shows the invalid parts.
+// The scene tells which parts move and resize the window; the window hands it the mouse, the keys and the resolution.
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "common/scene.h"
+#include "window/input.h"
+#include "window/native_window.h"
 #include "window/splash_window.h"
 
 namespace lacquer::examples {
 
-class SkinnedWindow {
+class SkinnedWindow : public NativeWindow {
 public:
-    /// Creates the window, not yet shown, in the scene's size. `skin` and `scene` must outlive the window. Throws
-    /// std::runtime_error on failure.
-    SkinnedWindow(const Skin &skin, Scene &scene);
-    SkinnedWindow(const SkinnedWindow &) = delete;
-    SkinnedWindow &operator=(const SkinnedWindow &) = delete;
-    ~SkinnedWindow();
-
-    HWND handle() const { return window_; }
+    /// Creates the window, not yet shown, in the scene's size at the scale of its screen. All arguments must outlive
+    /// it. Throws std::runtime_error on failure.
+    SkinnedWindow(const Skin &skin, const Lottie &animation, Scene &scene);
 
     /// What was painted last.
     const Canvas &canvas() const { return canvas_; }
 
-    /// How often the window has been painted, and the rectangle that was painted last.
-    int paintCount() const { return paintCount_; }
-    const RECT &lastPaint() const { return lastPaint_; }
-
     /// The splash that the "About" button shows; null at other times.
     const SplashWindow *splash() const { return splash_.get(); }
 
-    /// What ended the window, when it was a failure; else empty.
-    const std::string &failure() const { return failure_; }
+protected:
+    LRESULT Handle(UINT message, WPARAM wide, LPARAM lengthy) override;
 
 private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM lengthy);
-    LRESULT Handle(UINT message, WPARAM wide, LPARAM lengthy);
-    LRESULT HitTest(POINT screenPosition) const;
+    std::optional<LRESULT> HandleFrame(UINT message, LPARAM lengthy);
+    bool HandleMouse(UINT message, WPARAM wide, LPARAM lengthy);
+    bool HandleKey(UINT message, WPARAM wide);
+    void Place();
     void Resize(SIZE size);
+    void ChangeDpi(WORD dpi, const RECT &place);
     void Paint();
-    void MouseMoved(POINT position);
+    void TrackMouse();
     void Update();
 
     const Skin &skin_;
+    const Lottie &animation_;
     Scene &scene_;
+    Scale px_;
     Canvas canvas_;
-    HWND window_ = nullptr;
-    std::unique_ptr<SplashWindow> splash_;
+    Wheel wheel_;
     bool isTracking_ = false;
-    int paintCount_ = 0;
-    RECT lastPaint_{};
-    std::string failure_;
+    std::unique_ptr<SplashWindow> splash_;
 };
 
 }  // namespace lacquer::examples

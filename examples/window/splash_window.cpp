@@ -1,59 +1,42 @@
-// The splash is painted once; its window only shows it.
+// A timer shows the frames.
 #include "window/splash_window.h"
 
-#include "window/window_class.h"
+#include "window/showing.h"
 
 namespace lacquer::examples {
 
 namespace {
 
-constexpr wchar_t kClassName[] = L"LacquerExampleSplash";
+constexpr UINT kFramePause = 33;  // milliseconds
+constexpr UINT_PTR kTimer = 1;
 
 }  // namespace
 
-// By way of the other constructor, so that the destructor runs when something here throws.
-SplashWindow::SplashWindow(const Skin &skin, HWND owner) : SplashWindow() {
-    canvas_ = MakeSplash(skin);
-    RegisterWindowClass(kClassName, Procedure);
+SplashWindow::SplashWindow(const Skin &skin, const Lottie &animation, HWND owner, Scale px)
+    : animation_(animation), picture_(skin, px), canvas_(MakeCanvas(picture_.size().cx, picture_.size().cy)) {
     RECT place{};
     GetWindowRect(owner, &place);
-    const Texture texture = Need(canvas_.AsTexture(), "GetTexture");
-    const SIZE size = SizeOf(texture);
-    CreateWindowExW(0, kClassName, L"About", WS_POPUP, (place.left + place.right - size.cx) / 2,
-                    (place.top + place.bottom - size.cy) / 2 - 40, size.cx, size.cy, owner, nullptr,
-                    GetModuleHandleW(nullptr), this);
-    if (window_ == nullptr) throw std::runtime_error("CreateWindowExW failed");
-    SetDrawMode(texture, LACQUER_DRAW_OVER);
-    ShapeWindow(window_, texture);
-    ShowWindow(window_, SW_SHOWNOACTIVATE);
+    const SIZE size = picture_.size();
+    const POINT corner{(place.left + place.right - size.cx) / 2, (place.top + place.bottom - size.cy) / 2 - px(20)};
+    Create(L"LacquerExampleSplash", L"About", WS_POPUP, WS_EX_LAYERED, Box(corner.x, corner.y, size.cx, size.cy),
+           owner);
+    ShowFrame();
+    ShowWindow(handle(), SW_SHOWNOACTIVATE);
+    SetTimer(handle(), kTimer, kFramePause, nullptr);
 }
 
-SplashWindow::~SplashWindow() {
-    if (window_ != nullptr) DestroyWindow(window_);
-}
-
-LRESULT CALLBACK SplashWindow::Procedure(HWND window, UINT message, WPARAM wide, LPARAM lengthy) {
-    if (message == WM_NCCREATE) {
-        auto *created = static_cast<SplashWindow *>(reinterpret_cast<CREATESTRUCTW *>(lengthy)->lpCreateParams);
-        created->window_ = window;
-        SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
-    }
-    auto *self = reinterpret_cast<SplashWindow *>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (self == nullptr) return DefWindowProcW(window, message, wide, lengthy);
+LRESULT SplashWindow::Handle(UINT message, WPARAM wide, LPARAM lengthy) {
     switch (message) {
-        case WM_ERASEBKGND: return 1;
-        case WM_PAINT: try { PaintSession(window).Show(self->canvas_);
-            } catch (const std::exception &) {
-                // Shown at the next chance; an exception must not pass through the system's frames.
-            }
-            return 0;
-        case WM_LBUTTONUP: DestroyWindow(window); return 0;
-        case WM_NCDESTROY:
-            self->window_ = nullptr;
-            SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-            return DefWindowProcW(window, message, wide, lengthy);
-        default: return DefWindowProcW(window, message, wide, lengthy);
+        case WM_TIMER: ShowFrame(); return 0;
+        case WM_LBUTTONUP: DestroyWindow(handle()); return 0;
+        default: return NativeWindow::Handle(message, wide, lengthy);
     }
+}
+
+void SplashWindow::ShowFrame() {
+    const double seconds = static_cast<double>(GetTickCount64() - start_) / 1000;
+    picture_.Paint(canvas_, animation_, animation_.FrameAt(seconds));
+    ShowLayered(handle(), canvas_);
 }
 
 }  // namespace lacquer::examples

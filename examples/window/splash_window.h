@@ -1,28 +1,30 @@
-// A window in the shape of its picture, above another window; a click closes it.
+// A layered window: a picture with a translucent shadow and an animation over another window. A click closes it.
 #pragma once
 
 #include "common/splash.h"
+#include "window/native_window.h"
 
 namespace lacquer::examples {
 
-class SplashWindow {
+class SplashWindow : public NativeWindow {
 public:
-    /// Shows the splash over the middle of its owner. Throws std::runtime_error on failure.
-    SplashWindow(const Skin &skin, HWND owner);
-    SplashWindow(const SplashWindow &) = delete;
-    SplashWindow &operator=(const SplashWindow &) = delete;
-    ~SplashWindow();
+    /// Shows the splash over the middle of its owner. `animation`, which may be an empty owner, must outlive it. Throws
+    /// std::runtime_error on failure.
+    SplashWindow(const Skin &skin, const Lottie &animation, HWND owner, Scale px);
 
-    /// Null once it has been closed.
-    HWND handle() const { return window_; }
+    /// What is shown.
     const Canvas &canvas() const { return canvas_; }
 
-private:
-    SplashWindow() = default;
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM lengthy);
+protected:
+    LRESULT Handle(UINT message, WPARAM wide, LPARAM lengthy) override;
 
+private:
+    void ShowFrame();
+
+    const Lottie &animation_;
+    const SplashPicture picture_;
     Canvas canvas_;
-    HWND window_ = nullptr;
+    const ULONGLONG start_ = GetTickCount64();
 };
 
 }  // namespace lacquer::examples

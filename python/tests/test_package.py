@@ -67,13 +67,20 @@ class PictureTest(unittest.TestCase):
             finally:
                 os.chdir(before)
 
-    def test_skin_shows_a_button_in_each_state(self):
-        with Canvas(520, 328) as canvas:
-            runpy.run_path(str(ROOT / "python/examples/skin.py"))["paint"](canvas)
-            image = canvas.to_image()
-        buttons = [image.crop((56 + 106 * state, 218, 140 + 106 * state, 224)) for state in range(4)]
-        self.assertEqual(len({button.tobytes() for button in buttons}), 4)
-        self.assertEqual(image.getextrema()[3], (255, 255))
+    def test_skin_shows_a_button_in_each_state_at_each_scale(self):
+        with tempfile.TemporaryDirectory() as folder:
+            runpy.run_path(str(ROOT / "python/examples/skin.py"))["main"](f"{folder}/skin.png")
+            with Image.open(f"{folder}/skin.png") as file:
+                image = file.convert("RGB")
+        for left, scale in (0, 1), (520, 1.5):
+            part = image.crop((left, 0, left + round(520 * scale), round(328 * scale)))
+            buttons = [(56 + 106 * state, 218, 140 + 106 * state, 224) for state in range(4)]
+            pixels = {part.crop([round(side * scale) for side in button]).tobytes() for button in buttons}
+            self.assertEqual(len(pixels), 4)
+            # The frame's head, a margin, ends where the window's ground begins.
+            above, below = (part.getpixel((round(100 * scale), round(y * scale))) for y in (57, 62))
+            self.assertLess(max(above), 100)
+            self.assertGreater(min(below), 200)
 
     def test_methods_paint_what_their_functions_paint(self):
         with Canvas(64, 64) as canvas, Canvas(64, 64) as other, Texture.from_image(Image.open(BUTTON)) as button:

@@ -5,7 +5,7 @@
 #ifdef _WIN32
 #include <objbase.h>
 
-#include "window/png_resource.h"
+#include "window/resources.h"
 #else
 #include "common/png_file.h"
 #endif

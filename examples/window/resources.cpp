@@ -1,5 +1,5 @@
-// Decoding with the Windows Imaging Component.
-#include "window/png_resource.h"
+// PNG files are decoded with the Windows Imaging Component.
+#include "window/resources.h"
 
 #include <objbase.h>
 #include <wincodec.h>
@@ -25,23 +25,18 @@ ComPointer<Interface> Get(Call call, const char *what) {
     return ComPointer<Interface>(object);
 }
 
-struct Bytes {
-    BYTE *data;
-    DWORD size;
-};
-
-Bytes FindBytes(const std::string &name) {
-    const HRSRC resource = FindResourceA(nullptr, name.c_str(), MAKEINTRESOURCEA(10));  // RCDATA
-    const HGLOBAL loaded = resource != nullptr ? LoadResource(nullptr, resource) : nullptr;
-    void *data = loaded != nullptr ? LockResource(loaded) : nullptr;
-    if (data == nullptr) throw std::runtime_error("there is no resource " + name);
-    return {static_cast<BYTE *>(data), SizeofResource(nullptr, resource)};
-}
-
 }  // namespace
 
+std::string_view ReadResource(const std::string &name) {
+    const HRSRC resource = FindResourceA(nullptr, name.c_str(), MAKEINTRESOURCEA(10));  // RCDATA
+    const HGLOBAL loaded = resource != nullptr ? LoadResource(nullptr, resource) : nullptr;
+    const void *data = loaded != nullptr ? LockResource(loaded) : nullptr;
+    if (data == nullptr) throw std::runtime_error("there is no resource " + name);
+    return {static_cast<const char *>(data), SizeofResource(nullptr, resource)};
+}
+
 Image ReadPngResource(const std::string &name, Alpha alpha) {
-    const Bytes bytes = FindBytes(name);
+    const std::string_view bytes = ReadResource(name);
     const auto factory = Get<IWICImagingFactory>(
         [](IWICImagingFactory **out) {
             return CoCreateInstance(CLSID_WICImagingFactory, nullptr, CLSCTX_INPROC_SERVER, IID_IWICImagingFactory,
@@ -49,7 +44,8 @@ Image ReadPngResource(const std::string &name, Alpha alpha) {
         },
         "creating the imaging factory");
     const auto stream = Get<IWICStream>([&](auto **out) { return factory->CreateStream(out); }, "CreateStream");
-    if (FAILED(stream->InitializeFromMemory(bytes.data, bytes.size)))
+    auto *data = reinterpret_cast<BYTE *>(const_cast<char *>(bytes.data()));  // is only read
+    if (FAILED(stream->InitializeFromMemory(data, static_cast<DWORD>(bytes.size()))))
         throw std::runtime_error("reading a resource failed");
     const auto decoder = Get<IWICBitmapDecoder>(
         [&](auto **out) {
