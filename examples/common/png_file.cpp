@@ -9,15 +9,15 @@ namespace {
 
 [[noreturn]] void Refuse(const std::string &path) { throw std::runtime_error(path + ": " + ImageLastError()); }
 
-}  // namespace
+ImageLoadOptions OptionsFor(Alpha alpha, DWORD flags) {
+    return {flags | (alpha == Alpha::kAsStored ? DWORD{LACQUER_IMAGE_STRAIGHT} : 0), 0, 0};
+}
 
-Image ReadPng(const std::string &path, Alpha alpha) {
-    const DWORD flags = LACQUER_IMAGE_KEEP_DEPTH | (alpha == Alpha::kAsStored ? LACQUER_IMAGE_STRAIGHT : 0);
-    const Bitmap bitmap = lq::LoadBitmapOf(path.c_str(), {flags, 0, 0});
-    if (!bitmap) Refuse(path);
+Image MakeImage(const Bitmap &bitmap, const std::string &name) {
+    if (!bitmap) Refuse(name);
     const auto pixels = Locked(bitmap);
-    Image image{.width = pixels.Width(),
-                .height = pixels.Height(),
+    Image image{.width = static_cast<int>(pixels.Width()),
+                .height = static_cast<int>(pixels.Height()),
                 .bitsPerPixel = pixels.BitsPerPixel(),
                 .pixels = {},
                 .palette = {pixels.Palette().begin(), pixels.Palette().end()}};
@@ -26,6 +26,16 @@ Image ReadPng(const std::string &path, Alpha alpha) {
         image.pixels.insert(image.pixels.end(), row, row + image.rowBytes());
     }
     return image;
+}
+
+}  // namespace
+
+Image ReadPng(const std::string &path, Alpha alpha) {
+    return MakeImage(lq::LoadBitmapOf(path.c_str(), OptionsFor(alpha, LACQUER_IMAGE_KEEP_DEPTH)), path);
+}
+
+Image ReadPng(lq::Span<const BYTE> file, const std::string &name, Alpha alpha) {
+    return MakeImage(lq::LoadBitmapOf(file, OptionsFor(alpha, 0)), name);
 }
 
 void WritePng(const std::string &path, HGCANVAS canvas, PngKind kind) {

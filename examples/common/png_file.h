@@ -11,6 +11,9 @@ namespace lacquer::examples {
 /// 32-bit ones. Throws std::runtime_error ("<path>: <reason>") on failure.
 Image ReadPng(const std::string &path, Alpha alpha = Alpha::kPremultiplied);
 
+/// Reads a file in memory, which `name` stands for, into a 32-bit image. Throws likewise.
+Image ReadPng(lq::Span<const BYTE> file, const std::string &name, Alpha alpha);
+
 enum class PngKind {
     kOpaque,   // three channels: the pixels as a window shows them, whatever their alpha
     kStraight  // straight alpha

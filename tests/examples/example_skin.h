@@ -3,8 +3,6 @@
 #pragma once
 
 #ifdef _WIN32
-#include <objbase.h>
-
 #include "window/resources.h"
 #else
 #include "common/png_file.h"
@@ -14,13 +12,10 @@
 namespace lacquer::examples {
 
 #ifdef _WIN32
-inline Image ReadResource(const std::string &name, Alpha alpha) {
-    static const HRESULT com = CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
-    if (FAILED(com)) throw std::runtime_error("COM is not available");
-    return ReadPngResource(name, alpha);
+inline Image ReadAsset(const std::string &name, Alpha alpha) { return ReadPngResource("piece_" + name, alpha); }
+inline Image ReadReference(const std::string &name) {
+    return ReadPngResource("reference_" + name, Alpha::kPremultiplied);
 }
-inline Image ReadAsset(const std::string &name, Alpha alpha) { return ReadResource("piece_" + name, alpha); }
-inline Image ReadReference(const std::string &name) { return ReadResource("reference_" + name, Alpha::kPremultiplied); }
 #else
 inline std::string AssetPath(const std::string &name) { return EXAMPLE_ASSETS "/" + name + ".png"; }
 inline std::string ReferencePath(const std::string &name) { return EXAMPLE_REFERENCES "/" + name + ".png"; }
