@@ -52,7 +52,8 @@ public:
     static Bitmap CreateSystem(DWORD width, DWORD height) noexcept { return Bitmap(CreateSystemBitmap(width, height)); }
 
     /// CanvasToBitmap: turns a canvas into a bitmap.
-    /// @param canvas the canvas, which is an empty owner afterwards
+    /// @param canvas the canvas, which is an empty owner afterwards; unless its draw mode is LACQUER_DRAW_OVER its
+    /// pixels become opaque
     /// @return the bitmap; empty on failure: CanvasToBitmap says what becomes of the canvas then
     static Bitmap From(Canvas &&canvas) noexcept;
 
@@ -101,7 +102,8 @@ public:
     }
 
     /// CanvasToTexture: turns a canvas into a texture.
-    /// @param canvas the canvas, which is an empty owner afterwards
+    /// @param canvas the canvas, which is an empty owner afterwards; unless its draw mode is LACQUER_DRAW_OVER its
+    /// pixels become opaque
     /// @return the texture; empty on failure: CanvasToTexture says what becomes of the canvas then
     static Texture From(Canvas &&canvas) noexcept;
 
