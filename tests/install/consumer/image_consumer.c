@@ -11,5 +11,8 @@ int main(void) {
     void *png = EncodeCanvasAsPng(canvas, 0, &length);
     const HGTEXTURE texture = LoadTextureFromData(png, length, 0);
     FreeImageData(png);
-    return LockTextureBits(texture, &view, 0) && ((DWORD *)view.bits)[15] == 0xFF123456 ? 0 : 1;
+    const int read = LockTextureBits(texture, &view, 0) && ((DWORD *)view.bits)[15] == 0xFF123456;
+    DeleteTexture(texture);
+    DeleteCanvas(canvas);
+    return read ? 0 : 1;
 }
