@@ -7,6 +7,13 @@
 #include <cstddef>
 #include <string_view>
 
+// A literal of UTF-16 for a TextView, and for every `const WCHAR *` of the C interface: LACQUER_TEXT("Hello").
+#ifdef _WIN32
+#define LACQUER_TEXT(literal) L##literal
+#else
+#define LACQUER_TEXT(literal) u##literal
+#endif
+
 namespace lq {
 
 // A text in UTF-16: L"..." on Windows and u"..." elsewhere. Halves of surrogate pairs count as characters.

@@ -46,6 +46,18 @@ struct SkinPiece {
         return SIZE{static_cast<LONG>(width), static_cast<LONG>(height)};
     }
 
+    // `scale`, or the largest scale below it at which the margins fit into `dest` side by side. A nine-grid that is
+    // smaller than its margins shows only what its corners have outside; drawn at this scale it looks whole.
+    float FittingScale(const RECT &dest, float scale = 1) const noexcept {
+        const auto fitted = [](float most, double room, double wanted) {
+            return wanted > 0 && room < wanted * most ? static_cast<float>(room / wanted) : most;
+        };
+        const float fitting = fitted(scale, static_cast<double>(dest.right) - dest.left,
+                                     static_cast<double>(margins.left) + margins.right);
+        return fitted(fitting, static_cast<double>(dest.bottom) - dest.top,
+                      static_cast<double>(margins.top) + margins.bottom);
+    }
+
     // Draws a state into the logical rectangle `dest`, at a strength of `alpha` / 255. `scale` is the size of a sheet
     // pixel on the canvas: the DPI of the window by that of the sheet. It sizes the margins of a nine-grid and the
     // cells of a tile; a top-tile is not scaled, and a stretch and a centred picture need no scale. False for a state

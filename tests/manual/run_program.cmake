@@ -1,0 +1,16 @@
+# Runs PROGRAM and compares the PICTURES that it writes with those in the folder SHOWN. With LACQUER_WRITE_PICTURES set
+# they are put there instead: look at them before you commit them.
+file(REMOVE ${PICTURES})
+execute_process(COMMAND ${PROGRAM} RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+  message(FATAL_ERROR "${PROGRAM} ended with ${result}")
+endif()
+foreach(picture IN LISTS PICTURES)
+  if(DEFINED ENV{LACQUER_WRITE_PICTURES})
+    file(COPY ${picture} DESTINATION ${SHOWN})
+  endif()
+  execute_process(COMMAND ${COMPARE} ${TOLERANCE} ${picture} ${SHOWN}/${picture} RESULT_VARIABLE result)
+  if(NOT result EQUAL 0)
+    message(FATAL_ERROR "${picture} is not the picture of the pages")
+  endif()
+endforeach()
