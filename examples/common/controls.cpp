@@ -30,16 +30,16 @@ Path PathOf(const char *description) {
         const velPointF a = verb == 'Z' ? velPointF{} : point();
         int result = 0;
         switch (verb) {
-            case 'M': result = PathMoveTo(path.get(), a.x, a.y); break;
-            case 'L': result = PathLineTo(path.get(), a.x, a.y); break;
-            case 'O': result = PathAddCircle(path.get(), a.x, a.y, next()); break;
+            case 'M': result = PathMoveTo(path, a.x, a.y); break;
+            case 'L': result = PathLineTo(path, a.x, a.y); break;
+            case 'O': result = PathAddCircle(path, a.x, a.y, next()); break;
             case 'C': {
                 const velPointF b = point();
                 const velPointF c = point();
-                result = PathBezierCurveTo(path.get(), a.x, a.y, b.x, b.y, c.x, c.y);
+                result = PathBezierCurveTo(path, a.x, a.y, b.x, b.y, c.x, c.y);
                 break;
             }
-            case 'Z': result = PathClose(path.get()); break;
+            case 'Z': result = PathClose(path); break;
             default: break;
         }
         Check(result, "making a path");
@@ -52,13 +52,13 @@ Gradient DownGradient(int height, std::uint32_t top, std::uint32_t bottom) {
 }
 
 void SetPaint(const Canvas &canvas, const Gradient &gradient) {
-    Check(SetDrawStyle(canvas.get(), VEL_STYLE_GRADIENT_FILL), "SetDrawStyle");
-    Check(SetGradient(canvas.get(), gradient.get()), "SetGradient");
+    Check(SetDrawStyle(canvas, VEL_STYLE_GRADIENT_FILL), "SetDrawStyle");
+    Check(SetGradient(canvas, gradient), "SetGradient");
 }
 
 void SetPaint(const Canvas &canvas, std::uint32_t colour, DWORD style = VEL_STYLE_FILL) {
-    Check(SetDrawStyle(canvas.get(), style), "SetDrawStyle");
-    Check(SetColor(canvas.get(), colour), "SetColor");
+    Check(SetDrawStyle(canvas, style), "SetDrawStyle");
+    Check(SetColor(canvas, colour), "SetColor");
 }
 
 /// Draws something raised: its shade below it, then itself. What is disabled lies flat.
@@ -163,19 +163,19 @@ void Controls::DrawCheckBox(const Canvas &canvas, const RECT &rect, bool isOn, b
 
 void Controls::DrawBall(const Canvas &canvas, int x, int y, std::uint32_t colour, BYTE gloss) const {
     DrawOnce(canvas, x, y, {kIconSize, kIconSize}, {&glint_, colour, gloss, 0, ""}, [&](const Canvas &sheet) {
-        const auto draw = [&] { Check(DrawCircle(sheet.get(), 8, 8, 7.5f), "DrawCircle"); };
+        const auto draw = [&] { Check(DrawCircle(sheet, 8, 8, 7.5f), "DrawCircle"); };
         SetPaint(sheet, colour);
         draw();
         SetPaint(sheet, rim_);
         draw();
-        Check(SetBlendValue(sheet.get(), gloss), "SetBlendValue");
+        Check(SetBlendValue(sheet, gloss), "SetBlendValue");
         SetPaint(sheet, glint_);
         draw();
     });
 }
 
 void Controls::DrawHighlight(const Canvas &canvas, const RECT &rect, std::uint32_t colour) const {
-    Check(GeoRoundRect(canvas.get(), &rect, 0, colour, 0, 4), "GeoRoundRect");
+    Check(GeoRoundRect(canvas, &rect, 0, colour, 0, 4), "GeoRoundRect");
 }
 
 /// A raised surface with an edge of one pixel.
@@ -184,8 +184,8 @@ void Controls::DrawFace(const Canvas &canvas, const RECT &rect, const Gradient &
     DrawOnce(canvas, rect.left, rect.top, size, {&gradient, edge, size.cx, size.cy, ""}, [&](const Canvas &sheet) {
         SetPaint(sheet, gradient);
         for (int layer = 0; layer < 2; ++layer) {
-            Check(DrawRoundRect(sheet.get(), 0.5f, 0.5f, static_cast<float>(size.cx - 1),
-                                static_cast<float>(size.cy - 1), 4, 4),
+            Check(DrawRoundRect(sheet, 0.5f, 0.5f, static_cast<float>(size.cx - 1), static_cast<float>(size.cy - 1), 4,
+                                4),
                   "DrawRoundRect");
             SetPaint(sheet, edge, VEL_STYLE_STROKE);
         }
@@ -196,12 +196,12 @@ void Controls::DrawIcon(const Canvas &canvas, int x, int y, Icon icon, std::uint
     const Drawing &drawing = icons_[static_cast<std::size_t>(icon)];
     DrawOnce(canvas, x, y, {kIconSize, kIconSize}, {&drawing, colour, 0, 0, ""}, [&](const Canvas &sheet) {
         SetPaint(sheet, colour);
-        Check(DrawPath(sheet.get(), drawing.areas.get()), "DrawPath");
+        Check(DrawPath(sheet, drawing.areas), "DrawPath");
         SetPaint(sheet, colour, VEL_STYLE_STROKE);
-        Check(SetStrokeWidth(sheet.get(), drawing.width), "SetStrokeWidth");
-        Check(SetStrokeCap(sheet.get(), VEL_CAP_ROUND), "SetStrokeCap");
-        Check(SetStrokeJoin(sheet.get(), VEL_JOIN_ROUND), "SetStrokeJoin");
-        Check(DrawPath(sheet.get(), drawing.lines.get()), "DrawPath");
+        Check(SetStrokeWidth(sheet, drawing.width), "SetStrokeWidth");
+        Check(SetStrokeCap(sheet, VEL_CAP_ROUND), "SetStrokeCap");
+        Check(SetStrokeJoin(sheet, VEL_JOIN_ROUND), "SetStrokeJoin");
+        Check(DrawPath(sheet, drawing.lines), "DrawPath");
     });
 }
 
@@ -226,12 +226,12 @@ void Controls::DrawLine(const Canvas &canvas, const Typeface &typeface, int x, i
 void Controls::DrawOnce(const Canvas &canvas, int x, int y, SIZE size, Key key,
                         const std::function<void(const Canvas &)> &paint) const {
     Texture &texture = textures_[std::move(key)];
-    if (!texture.get()) {
+    if (!texture) {
         const RECT part = Box(0, 0, size.cx, size.cy);
-        Check(FillSolidRectEx(sheet_.get(), 0, &part, LACQUER_DRAW_COPY), "FillSolidRectEx");
-        const KeepState keep(sheet_);
+        Check(FillSolidRectEx(sheet_, 0, &part, LACQUER_DRAW_COPY), "FillSolidRectEx");
+        const ScopedState keep(sheet_);
         paint(sheet_);
-        texture = CopyOf(Texture(GetTexture(sheet_.get()), "GetTexture"), &part);
+        texture = CopyOf(Need(sheet_.AsTexture(), "GetTexture"), &part);
         SetDrawMode(texture, LACQUER_DRAW_OVER);
     }
     DrawAt(canvas, x, y, texture);

@@ -59,7 +59,7 @@ int Font::Width(std::string_view text, int scale) const {
 }
 
 void Font::Draw(const Canvas &canvas, int x, int y, std::string_view text, std::uint32_t colour, int scale) const {
-    TexturePixels(texture_.get()).palette()[1] = PremultipliedWord(colour);
+    Locked(texture_).Palette()[1] = PremultipliedWord(colour);
     for (const char c : text) {
         const auto character = static_cast<unsigned char>(c);
         if (sliceOf_[character] >= 0) {

@@ -15,10 +15,10 @@ std::uint32_t MapColourChannels(std::uint32_t word, Convert convert) {
     return result;
 }
 
-void CopyRows(const auto &pixels, const Image &image) {
-    for (int y = 0; y < image.height; ++y)
-        std::memcpy(pixels.row(y), image.pixels.data() + static_cast<std::size_t>(y) * image.rowBytes(),
-                    image.rowBytes());
+void CopyRows(const SurfaceView &view, const Image &image) {
+    auto *row = static_cast<BYTE *>(view.bits);
+    for (int y = 0; y < image.height; ++y, row += view.stride)
+        std::memcpy(row, image.pixels.data() + static_cast<std::size_t>(y) * image.rowBytes(), image.rowBytes());
 }
 
 }  // namespace
@@ -85,21 +85,22 @@ Image WithPalette(const Image &image) {
 }
 
 Texture MakeTexture(const Image &image) {
-    Texture texture(CreateTextureEx(static_cast<DWORD>(image.width), static_cast<DWORD>(image.height),
-                                    static_cast<DWORD>(image.bitsPerPixel), static_cast<DWORD>(image.palette.size())),
-                    "CreateTextureEx");
-    const TexturePixels pixels(texture.get());
-    CopyRows(pixels, image);
-    // Without entries of its own the texture uses the shared palette of greys, which must not be written.
-    if (!image.palette.empty()) std::copy(image.palette.begin(), image.palette.end(), pixels.palette());
+    Texture texture =
+        Need(Texture::Create(static_cast<DWORD>(image.width), static_cast<DWORD>(image.height),
+                             static_cast<DWORD>(image.bitsPerPixel), static_cast<DWORD>(image.palette.size())),
+             "CreateTextureEx");
+    const auto pixels = Locked(texture);
+    CopyRows(pixels.View(), image);
+    // Only entries of its own are copied: those of the shared palette of greys must not be written.
+    std::copy(image.palette.begin(), image.palette.end(), pixels.Palette().begin());
     return texture;
 }
 
 Bitmap MakeBitmap(const Image &image) {
     if (image.bitsPerPixel != 32) throw std::runtime_error("a bitmap needs an image with alpha");
-    Bitmap bitmap(CreateMemBitmap(static_cast<DWORD>(image.width), static_cast<DWORD>(image.height)),
-                  "CreateMemBitmap");
-    CopyRows(BitmapPixels(bitmap.get()), image);
+    Bitmap bitmap =
+        Need(Bitmap::Create(static_cast<DWORD>(image.width), static_cast<DWORD>(image.height)), "CreateMemBitmap");
+    CopyRows(Locked(bitmap).View(), image);
     return bitmap;
 }
 

@@ -6,47 +6,44 @@
 namespace lacquer::examples {
 
 Canvas MakeCanvas(int width, int height) {
-    return Canvas(CreateSystemCanvas(static_cast<DWORD>(width), static_cast<DWORD>(height), HGCANVAS{}),
-                  "CreateSystemCanvas");
+    return Need(Canvas::CreateSystem(static_cast<DWORD>(width), static_cast<DWORD>(height)), "CreateSystemCanvas");
 }
 
 void SetDrawMode(const Texture &texture, DWORD mode, DWORD key) {
-    Check(SetTextureFilter(texture.get(), mode << 24 | key), "SetTextureFilter");
+    Check(SetTextureFilter(texture, mode << 24 | key), "SetTextureFilter");
 }
 
 void SetLayout(const Texture &texture, DWORD layout, const RECT &margins, DWORD scaleFlags) {
     const TextureMode mode{layout, scaleFlags, margins};
-    Check(SetTextureMode(texture.get(), &mode), "SetTextureMode");
+    Check(SetTextureMode(texture, &mode), "SetTextureMode");
 }
 
 void SetSlices(const Texture &texture, std::span<const RECT> slices) {
     const auto count = static_cast<DWORD>(slices.size());
-    if (SetTextureSlice(texture.get(), count, slices.data()) != count)
-        throw std::runtime_error("SetTextureSlice failed");
+    if (SetTextureSlice(texture, count, slices.data()) != count) throw std::runtime_error("SetTextureSlice failed");
 }
 
 Texture CopyOf(const Texture &texture, const RECT *part) {
-    SurfaceView view{};
-    Check(LockTextureBitsEx(texture.get(), &view, part), "LockTextureBitsEx");
-    UnlockTextureBits(texture.get());
-    Texture copy(CreateTextureEx(static_cast<DWORD>(view.width), static_cast<DWORD>(view.height), view.bitsPerPixel,
-                                 view.paletteCount),
-                 "CreateTextureEx");
-    Check(CopyTexture(copy.get(), nullptr, texture.get(), part), "CopyTexture");
+    const auto pixels = Locked(texture, part);
+    const SurfaceView &view = pixels.View();
+    Texture copy = Need(Texture::Create(static_cast<DWORD>(view.width), static_cast<DWORD>(view.height),
+                                        view.bitsPerPixel, view.paletteCount),
+                        "CreateTextureEx");
+    Check(CopyTexture(copy, nullptr, texture, part), "CopyTexture");
     return copy;
 }
 
 SIZE SizeOf(const Texture &texture) {
     SIZE size{};
-    Check(GetTextureSize(texture.get(), &size), "GetTextureSize");
+    Check(GetTextureSize(texture, &size), "GetTextureSize");
     return size;
 }
 
 void DrawInto(const Canvas &canvas, const RECT &dest, const Texture &texture, DWORD kernelMode, BYTE alpha,
               float scale) {
-    const int result = DrawTextureEx(canvas.get(), &dest, texture.get(), kernelMode, alpha, scale, 0);
+    const int result = DrawTextureEx(canvas, &dest, texture, kernelMode, alpha, scale, 0);
     TextureMode mode{};
-    Check(GetTextureMode(texture.get(), &mode), "GetTextureMode");
+    Check(GetTextureMode(texture, &mode), "GetTextureMode");
     // Tiles give 0 even when they are drawn.
     if (mode.mode != LACQUER_LAYOUT_TILE && mode.mode != LACQUER_LAYOUT_TOP_TILE) Check(result, "DrawTextureEx");
 }
@@ -57,12 +54,12 @@ void DrawAt(const Canvas &canvas, int x, int y, const Texture &texture, BYTE alp
 }
 
 void DrawSlice(const Canvas &canvas, const RECT &dest, const Texture &texture, int slice, DWORD kernelMode) {
-    if (SetTextureCurSlice(texture.get(), slice) == -1) throw std::runtime_error("a texture has no such slice");
+    if (SetTextureCurSlice(texture, slice) == -1) throw std::runtime_error("a texture has no such slice");
     DrawInto(canvas, dest, texture, kernelMode);
 }
 
 void FillBox(const Canvas &canvas, const RECT &rect, std::uint32_t colour) {
-    Check(FillSolidRect(canvas.get(), colour, &rect), "FillSolidRect");
+    Check(FillSolidRect(canvas, colour, &rect), "FillSolidRect");
 }
 
 void FillGradient(const Canvas &canvas, const RECT &rect, std::uint32_t top, std::uint32_t bottom) {
@@ -75,7 +72,7 @@ void FillGradient(const Canvas &canvas, const RECT &rect, std::uint32_t top, std
             colour |= static_cast<std::uint32_t>(from + (to - from) * y / std::max(height - 1, 1)) << shift;
         }
         const RECT row{rect.left, rect.top + y, rect.right, rect.top + y + 1};
-        Check(FillSolidRectEx(canvas.get(), colour, &row, LACQUER_DRAW_COPY), "FillSolidRectEx");
+        Check(FillSolidRectEx(canvas, colour, &row, LACQUER_DRAW_COPY), "FillSolidRectEx");
     }
 }
 
@@ -99,16 +96,9 @@ void OutlineBox(const Canvas &canvas, const RECT &rect, std::uint32_t colour) {
 }
 
 void DrawLayer(const Canvas &canvas, int x, int y, const Canvas &layer, BYTE alpha) {
-    const Texture texture(GetTexture(layer.get()), "GetTexture");
+    const Texture texture = Need(layer.AsTexture(), "GetTexture");
     SetDrawMode(texture, LACQUER_DRAW_OVER);
     DrawAt(canvas, x, y, texture, alpha);
 }
-
-ClipTo::ClipTo(const Canvas &canvas, const RECT &rect) : canvas_(canvas.get()) {
-    Check(GetCanvasClipRect(canvas_, &previous_), "GetCanvasClipRect");
-    Check(IntersectCanvasClipRect(canvas_, &rect), "IntersectCanvasClipRect");
-}
-
-ClipTo::~ClipTo() { SetCanvasClipRect(canvas_, &previous_); }
 
 }  // namespace lacquer::examples

@@ -56,17 +56,4 @@ void OutlineBox(const Canvas &canvas, const RECT &rect, std::uint32_t colour);
 /// Lays all pixels of one canvas over another, with its left top corner at (x, y).
 void DrawLayer(const Canvas &canvas, int x, int y, const Canvas &layer, BYTE alpha = 255);
 
-/// Narrows a canvas's clip to a rectangle for the length of a scope. The canvas keeps its origins meanwhile.
-class ClipTo {
-public:
-    ClipTo(const Canvas &canvas, const RECT &rect);
-    ClipTo(const ClipTo &) = delete;
-    ClipTo &operator=(const ClipTo &) = delete;
-    ~ClipTo();
-
-private:
-    HGCANVAS canvas_;
-    RECT previous_{};
-};
-
 }  // namespace lacquer::examples

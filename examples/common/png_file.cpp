@@ -121,21 +121,21 @@ Image ReadPng(const std::string &path, Alpha alpha) {
 }
 
 void WritePng(const std::string &path, HGCANVAS canvas, PngKind kind) {
-    const CanvasPixels pixels(canvas);
+    const auto pixels = Locked(canvas);
     const std::size_t channels = kind == PngKind::kOpaque ? 3 : 4;
     std::vector<std::uint8_t> bytes;
-    bytes.reserve(static_cast<std::size_t>(pixels.width()) * static_cast<std::size_t>(pixels.height()) * channels);
-    for (int y = 0; y < pixels.height(); ++y) {
-        for (int x = 0; x < pixels.width(); ++x) {
-            const std::uint32_t stored = pixels.words(y)[x];
+    bytes.reserve(static_cast<std::size_t>(pixels.Width()) * static_cast<std::size_t>(pixels.Height()) * channels);
+    for (int y = 0; y < pixels.Height(); ++y) {
+        for (int x = 0; x < pixels.Width(); ++x) {
+            const std::uint32_t stored = pixels.Row(y)[x];
             const std::uint32_t word = kind == PngKind::kOpaque ? stored : StraightWord(stored);
             for (std::size_t c = 0; c < channels; ++c) bytes.push_back(static_cast<std::uint8_t>(word >> 8 * c & 255));
         }
     }
     png_image file{};
     file.version = PNG_IMAGE_VERSION;
-    file.width = static_cast<png_uint_32>(pixels.width());
-    file.height = static_cast<png_uint_32>(pixels.height());
+    file.width = static_cast<png_uint_32>(pixels.Width());
+    file.height = static_cast<png_uint_32>(pixels.Height());
     file.format = kind == PngKind::kOpaque ? PNG_FORMAT_BGR : PNG_FORMAT_BGRA;
     if (png_image_write_to_file(&file, path.c_str(), 0, bytes.data(), 0, nullptr) == 0) Refuse(path, file.message);
 }

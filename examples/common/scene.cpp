@@ -292,7 +292,7 @@ void Scene::ScrollTo(int position) {
     const RECT rows = Rows();
     const LONG height = rows.bottom - rows.top;
     if (std::abs(dy) < height) {
-        Check(CanvasScroll(rows_.get(), 0, dy), "CanvasScroll");
+        Check(CanvasScroll(rows_, 0, dy), "CanvasScroll");
         PaintRows(dy > 0 ? 0 : height + dy, dy > 0 ? dy : height);
     } else {
         PaintRows(0, height);
@@ -309,7 +309,7 @@ void Scene::ScrollTo(int position) {
 void Scene::PaintRows(LONG top, LONG bottom) {
     const RECT rows = Rows();
     const LONG width = rows.right - rows.left;
-    const ClipTo clip(rows_, {0, top, width, bottom});
+    const ScopedClip clip(rows_, {0, top, width, bottom});
     for (int i = 0; i < kColourCount; ++i) {
         const int y = i * kRowHeight - scroll_;
         if (y >= bottom || y + kRowHeight <= top) continue;
@@ -331,7 +331,7 @@ ButtonState Scene::StateOf(Target target) const {
 
 void Scene::Paint(const Canvas &canvas) const {
     const RECT everything = Box(0, 0, size_.cx, size_.cy);
-    Check(FillSolidRectEx(canvas.get(), 0, &everything, LACQUER_DRAW_COPY), "FillSolidRectEx");
+    Check(FillSolidRectEx(canvas, 0, &everything, LACQUER_DRAW_COPY), "FillSolidRectEx");
     controls_.DrawFrame(canvas, everything, "Coats of lacquer");
     DrawInto(canvas, Box(9, 6, 22, 22), skin_.icon);
     PaintPreview(canvas);
@@ -342,9 +342,9 @@ void Scene::Paint(const Canvas &canvas) const {
 
 void Scene::PaintPreview(const Canvas &canvas) const {
     const RECT preview = Preview();
-    Check(GeoRectangle(canvas.get(), &preview, 0xFF2A2624, 0, 1), "GeoRectangle");
+    Check(GeoRectangle(canvas, &preview, 0xFF2A2624, 0, 1), "GeoRectangle");
     const RECT board = Inset(preview, 1);
-    const ClipTo clip(canvas, board);
+    const ScopedClip clip(canvas, board);
     // Whole tiles; the clip cuts them.
     const SIZE tile = SizeOf(skin_.wood);
     const LONG width = board.right - board.left;
@@ -377,7 +377,7 @@ void Scene::PaintList(const Canvas &canvas) const {
     DrawWell(canvas, well, 3);
     const RECT rows = Rows();
     const RECT source = Box(0, 0, rows.right - rows.left, rows.bottom - rows.top);
-    Check(BlendCanvas(canvas.get(), &rows, rows_.get(), &source, 255), "BlendCanvas");
+    Check(BlendCanvas(canvas, &rows, rows_, &source, 255), "BlendCanvas");
     const Target thumb{Kind::kThumb};
     DrawScrollBar(canvas, skin_, Track(), PlaceOf(thumb), StateOf(thumb));
 }
@@ -389,7 +389,7 @@ void Scene::PaintControls(const Canvas &canvas) const {
     // Light on what is filled, dark on the rest.
     const LONG end = FilledPart(bar, coats_, kMostCoats).right;
     for (const bool isFilled : {true, false}) {
-        const ClipTo clip(canvas, {isFilled ? bar.left : end, bar.top, isFilled ? end : bar.right, bar.bottom});
+        const ScopedClip clip(canvas, {isFilled ? bar.left : end, bar.top, isFilled ? end : bar.right, bar.bottom});
         controls_.DrawName(canvas, bar.left + 10, (bar.top + bar.bottom) / 2, progress, isFilled ? 0xFFFFFFFF : kText);
     }
 

@@ -72,22 +72,22 @@ void DrawShadow(const Canvas &canvas, const RECT &caster, float radius) {
     // One all around, and one of a light from above; both end within 20 pixels.
     const ShadowStyle shadows[] = {{0x60000000, 0, 4, 10, -1, {radius, radius, radius, radius}, 1, 0},
                                    {0x50000000, 0, 1, 12, 0, {radius, radius, radius, radius}, 1, 0}};
-    Check(DrawShadows(canvas.get(), &caster, shadows, 2), "DrawShadows");
+    Check(DrawShadows(canvas, &caster, shadows, 2), "DrawShadows");
 }
 
 void DrawCard(const Canvas &canvas, const RECT &rect, int radius, std::uint32_t edge, std::uint32_t colour) {
-    Check(GeoRoundRect(canvas.get(), &rect, edge, colour, 1, radius), "GeoRoundRect");
+    Check(GeoRoundRect(canvas, &rect, edge, colour, 1, radius), "GeoRoundRect");
 }
 
 void DrawWell(const Canvas &canvas, const RECT &rect, float radius) {
     const ShadowStyle shadow{0x50000000, 0, 2, 5, 0, {radius, radius, radius, radius}, 1, LACQUER_SHADOW_INNER};
-    Check(DrawShadows(canvas.get(), &rect, &shadow, 1), "DrawShadows");
+    Check(DrawShadows(canvas, &rect, &shadow, 1), "DrawShadows");
 }
 
 void DrawFocus(const Canvas &canvas, const RECT &rect, std::uint32_t colour) {
     const GeoRect ring{static_cast<float>(rect.left), static_cast<float>(rect.top), static_cast<float>(rect.right),
                        static_cast<float>(rect.bottom)};
-    Check(GeoRectFocusEx(canvas.get(), &ring, colour, 1, 0, 1, 1), "GeoRectFocusEx");
+    Check(GeoRectFocusEx(canvas, &ring, colour, 1, 0, 1, 1), "GeoRectFocusEx");
 }
 
 void DrawButton(const Canvas &canvas, const Skin &skin, const RECT &rect, ButtonState state) {

@@ -34,52 +34,52 @@ WideString Widened(std::string_view text) {
 
 Gradient WithStops(Gradient gradient, std::initializer_list<ColourStop> stops) {
     for (const ColourStop &stop : stops)
-        Check(GradientAddColorStop(gradient.get(), stop.offset, stop.colour), "GradientAddColorStop");
+        Check(GradientAddColorStop(gradient, stop.offset, stop.colour), "GradientAddColorStop");
     return gradient;
 }
 
 }  // namespace
 
-Path MakePath() { return Path(PathCreate(), "PathCreate"); }
+Path MakePath() { return Need(Path::Create(), "PathCreate"); }
 
 Gradient MakeLinearGradient(velPointF from, velPointF to, std::initializer_list<ColourStop> stops) {
-    return WithStops(Gradient(GradientCreateLinear(from.x, from.y, to.x, to.y), "GradientCreateLinear"), stops);
+    return WithStops(Need(Gradient::Linear(from.x, from.y, to.x, to.y), "GradientCreateLinear"), stops);
 }
 
 Gradient MakeRadialGradient(velPointF centre, float radius, std::initializer_list<ColourStop> stops) {
-    return WithStops(Gradient(GradientCreateRadial(centre.x, centre.y, radius), "GradientCreateRadial"), stops);
+    return WithStops(Need(Gradient::Radial(centre.x, centre.y, radius), "GradientCreateRadial"), stops);
 }
 
 void FillWith(const Canvas &canvas, std::uint32_t colour) {
-    Check(SetDrawStyle(canvas.get(), VEL_STYLE_FILL), "SetDrawStyle");
-    Check(SetColor(canvas.get(), colour), "SetColor");
+    Check(SetDrawStyle(canvas, VEL_STYLE_FILL), "SetDrawStyle");
+    Check(SetColor(canvas, colour), "SetColor");
 }
 
 void FillWith(const Canvas &canvas, const Gradient &gradient) {
-    Check(SetDrawStyle(canvas.get(), VEL_STYLE_GRADIENT_FILL), "SetDrawStyle");
-    Check(SetGradient(canvas.get(), gradient.get()), "SetGradient");
+    Check(SetDrawStyle(canvas, VEL_STYLE_GRADIENT_FILL), "SetDrawStyle");
+    Check(SetGradient(canvas, gradient), "SetGradient");
 }
 
 void StrokeWith(const Canvas &canvas, std::uint32_t colour, float width) {
-    Check(SetDrawStyle(canvas.get(), VEL_STYLE_STROKE), "SetDrawStyle");
-    Check(SetColor(canvas.get(), colour), "SetColor");
-    Check(SetStrokeWidth(canvas.get(), width), "SetStrokeWidth");
+    Check(SetDrawStyle(canvas, VEL_STYLE_STROKE), "SetDrawStyle");
+    Check(SetColor(canvas, colour), "SetColor");
+    Check(SetStrokeWidth(canvas, width), "SetStrokeWidth");
 }
 
 void StrokeWith(const Canvas &canvas, const Gradient &gradient, float width) {
-    Check(SetDrawStyle(canvas.get(), VEL_STYLE_GRADIENT_STROKE), "SetDrawStyle");
-    Check(SetGradient(canvas.get(), gradient.get()), "SetGradient");
-    Check(SetStrokeWidth(canvas.get(), width), "SetStrokeWidth");
+    Check(SetDrawStyle(canvas, VEL_STYLE_GRADIENT_STROKE), "SetDrawStyle");
+    Check(SetGradient(canvas, gradient), "SetGradient");
+    Check(SetStrokeWidth(canvas, width), "SetStrokeWidth");
 }
 
 Typeface::Typeface(Family family, float size, DWORD style)
-    : measure_(velCanvasCreate(), "velCanvasCreate"), size_(size), style_(style) {
-    Check(velCanvasSetFontStyle(measure_.get(), style), "velCanvasSetFontStyle");
-    Check(velCanvasSetTextSize(measure_.get(), size), "velCanvasSetTextSize");
+    : measure_(Need(lq::VectorCanvas::Create(), "velCanvasCreate")), size_(size), style_(style) {
+    Check(velCanvasSetFontStyle(measure_, style), "velCanvasSetFontStyle");
+    Check(velCanvasSetTextSize(measure_, size), "velCanvasSetTextSize");
     for (const std::string_view name : kNames[static_cast<std::size_t>(family)]) {
         name_ = name;
-        Check(velCanvasSetFontFaceName(measure_.get(), Widened(name).c_str()), "velCanvasSetFontFaceName");
-        if (velCanvasGetFontMetrics(measure_.get(), &ascent_, &descent_, &lineHeight_) == 1) return;
+        Check(velCanvasSetFontFaceName(measure_, Widened(name).c_str()), "velCanvasSetFontFaceName");
+        if (velCanvasGetFontMetrics(measure_, &ascent_, &descent_, &lineHeight_) == 1) return;
     }
     throw std::runtime_error("there is no font " + std::string(kNames[static_cast<std::size_t>(family)].front()));
 }
@@ -88,7 +88,7 @@ GlyphRun Typeface::Lay(float x, float y, std::string_view text) const {
     const WideString units = Widened(text);
     GlyphRun run{std::vector<WORD>(units.size()), std::vector<velPointF>(units.size())};
     if (units.empty()) return run;
-    Check(velCanvasGetGlyphs(measure_.get(), units.data(), static_cast<int>(units.size()), run.glyphs.data(),
+    Check(velCanvasGetGlyphs(measure_, units.data(), static_cast<int>(units.size()), run.glyphs.data(),
                              run.origins.data()),
           "velCanvasGetGlyphs");
     for (velPointF &origin : run.origins) {
@@ -101,7 +101,7 @@ GlyphRun Typeface::Lay(float x, float y, std::string_view text) const {
 
 float Typeface::RunWidth(std::string_view text) const {
     velTextExtent extent{};
-    Check(velCanvasMeasureTextRun(measure_.get(), Widened(text).c_str(), -1, &extent), "velCanvasMeasureTextRun");
+    Check(velCanvasMeasureTextRun(measure_, Widened(text).c_str(), -1, &extent), "velCanvasMeasureTextRun");
     return extent.advance;
 }
 
@@ -112,27 +112,27 @@ bool Typeface::CanShow(std::string_view text) const {
 }
 
 void Typeface::Select(const Canvas &canvas) const {
-    Check(SetFontFaceName(canvas.get(), Widened(name_).c_str()), "SetFontFaceName");
-    Check(SetFontStyle(canvas.get(), style_), "SetFontStyle");
-    Check(SetTextSize(canvas.get(), size_), "SetTextSize");
+    Check(SetFontFaceName(canvas, Widened(name_).c_str()), "SetFontFaceName");
+    Check(SetFontStyle(canvas, style_), "SetFontStyle");
+    Check(SetTextSize(canvas, size_), "SetTextSize");
 }
 
 void Typeface::DrawRun(const Canvas &canvas, float x, float y, std::string_view text, std::uint32_t colour) const {
-    const KeepState keep(canvas);
+    const ScopedState keep(canvas);
     FillWith(canvas, colour);
     Select(canvas);
-    Check(DrawTextRun(canvas.get(), Widened(text).c_str(), -1, x, y), "DrawTextRun");
+    Check(DrawTextRun(canvas, Widened(text).c_str(), -1, x, y), "DrawTextRun");
 }
 
 void Typeface::Draw(const Canvas &canvas, const GlyphRun &run) const {
     if (run.glyphs.empty()) return;
     Select(canvas);
-    Check(DrawPosTextByGlyphs(canvas.get(), run.glyphs.data(), static_cast<int>(run.glyphs.size()), run.origins.data()),
+    Check(DrawPosTextByGlyphs(canvas, run.glyphs.data(), static_cast<int>(run.glyphs.size()), run.origins.data()),
           "DrawPosTextByGlyphs");
 }
 
 void Typeface::Draw(const Canvas &canvas, float x, float y, std::string_view text, std::uint32_t colour) const {
-    const KeepState keep(canvas);
+    const ScopedState keep(canvas);
     FillWith(canvas, colour);
     Draw(canvas, Lay(x, y, text));
 }

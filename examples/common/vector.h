@@ -9,16 +9,6 @@
 
 namespace lacquer::examples {
 
-/// Adapts a function that gives up an object to what an Owner calls.
-template <auto Destroy, typename Object>
-void GiveUp(Object *object) {
-    Destroy(object);
-}
-
-using Path = Owner<velPath *, GiveUp<PathDestroy>>;
-using Gradient = Owner<velGradient *, GiveUp<GradientDestroy>>;
-using Animation = Owner<velLottie *, GiveUp<velLottieDestroy>>;
-
 Path MakePath();
 
 struct ColourStop {
@@ -34,18 +24,6 @@ void FillWith(const Canvas &canvas, std::uint32_t colour);
 void FillWith(const Canvas &canvas, const Gradient &gradient);
 void StrokeWith(const Canvas &canvas, std::uint32_t colour, float width);
 void StrokeWith(const Canvas &canvas, const Gradient &gradient, float width);
-
-/// Keeps a canvas's vector state for the length of a scope: what is set meanwhile is undone at its end.
-class KeepState {
-public:
-    explicit KeepState(const Canvas &canvas) : canvas_(canvas.get()) { Check(Save(canvas_), "Save"); }
-    KeepState(const KeepState &) = delete;
-    KeepState &operator=(const KeepState &) = delete;
-    ~KeepState() { Restore(canvas_); }
-
-private:
-    HGCANVAS canvas_;
-};
 
 /// The glyphs of a line of text, each with its origin on the baseline.
 struct GlyphRun {
@@ -94,7 +72,7 @@ public:
 private:
     void Select(const Canvas &canvas) const;
 
-    Owner<velCanvas *, GiveUp<velCanvasDestroy>> measure_;  // has the font, and no pixels
+    lq::VectorCanvas measure_;  // has the font, and no pixels
     std::string_view name_;
     float size_;
     DWORD style_;

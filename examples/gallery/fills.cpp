@@ -42,7 +42,7 @@ Canvas PaintFills(const Skin &skin) {
             const RECT fill = Box(12, 16, width - 24, height - 32);
             DrawSpecimen(canvas, Box(x, y, width, height), [&](const Canvas &layer) {
                 const auto call = colour.isPremultiplied ? FillPreMulColorRectEx : FillSolidRectEx;
-                Check(call(layer.get(), colour.word, &fill, mode.mode << 24), "filling");
+                Check(call(layer, colour.word, &fill, mode.mode << 24), "filling");
                 CutToAlpha(layer);
             });
             if (column > 0) continue;

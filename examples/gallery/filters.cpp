@@ -7,39 +7,39 @@ namespace lacquer::examples {
 
 namespace {
 
-void Apply(const Texture &texture, int (*filter)(HGTEXTURE)) { Check(filter(texture.get()), "a filter"); }
+void Apply(const Texture &texture, int (*filter)(HGTEXTURE)) { Check(filter(texture), "a filter"); }
 
 /// A texture of the pixels that `paint` leaves on a clear canvas.
 Texture Painted(int width, int height, const std::function<void(const Canvas &)> &paint) {
     Canvas canvas = MakeCanvas(width, height);
-    Check(SetCanvasFilter(canvas.get(), LACQUER_DRAW_OVER << 24), "SetCanvasFilter");
+    Check(SetCanvasFilter(canvas, LACQUER_DRAW_OVER << 24), "SetCanvasFilter");
     paint(canvas);
-    Texture texture(CanvasToTexture(canvas.release()), "CanvasToTexture");
+    Texture texture = Need(Texture::From(std::move(canvas)), "CanvasToTexture");
     SetDrawMode(texture, LACQUER_DRAW_OVER);
     return texture;
 }
 
 /// Straight pixels: one red everywhere, alpha falling from left to right.
 Texture MakeStraightRamp() {
-    Texture ramp(CreateTexture(64, 64), "CreateTexture");
+    Texture ramp = Need(Texture::Create(64, 64), "CreateTexture");
     SetDrawMode(ramp, LACQUER_DRAW_OVER);
-    const TexturePixels pixels(ramp.get());
+    const auto pixels = Locked(ramp);
     for (int y = 0; y < 64; ++y)
-        for (DWORD x = 0; x < 64; ++x) pixels.words(y)[x] = (255 - x * 4) << 24 | 0xD02838;
+        for (DWORD x = 0; x < 64; ++x) pixels.Row(y)[x] = (255 - x * 4) << 24 | 0xD02838;
     return ramp;
 }
 
 /// Both blurs need a second texture of the same size.
 Texture BlankLike(const Texture &texture) {
     const SIZE size = SizeOf(texture);
-    return Texture(CreateTexture(static_cast<DWORD>(size.cx), static_cast<DWORD>(size.cy)), "CreateTexture");
+    return Need(Texture::Create(static_cast<DWORD>(size.cx), static_cast<DWORD>(size.cy)), "CreateTexture");
 }
 
 void Blur(const Texture &texture) {
     const Texture other = BlankLike(texture);
     for (int i = 0; i < 2; ++i) {
-        Check(BlurTexture(other.get(), texture.get()), "BlurTexture");
-        Check(BlurTexture(texture.get(), other.get()), "BlurTexture");
+        Check(BlurTexture(other, texture), "BlurTexture");
+        Check(BlurTexture(texture, other), "BlurTexture");
     }
 }
 
@@ -63,7 +63,7 @@ Canvas PaintFilters(const Skin &skin) {
     const Texture clear = Painted(96, 64, [&](const Canvas &canvas) {
         DrawInto(canvas, Box(0, 0, 96, 64), skin.vignette);
         const RECT whole = Box(0, 0, 96, 64);
-        Check(FillSolidRectEx(canvas.get(), 0xFFFF9030, &whole, LACQUER_DRAW_MODULATE << 24), "FillSolidRectEx");
+        Check(FillSolidRectEx(canvas, 0xFFFF9030, &whole, LACQUER_DRAW_MODULATE << 24), "FillSolidRectEx");
     });
     const std::array<Entry, 10> entries{
         {{"grey", "(B + 2 G + R) / 4", [](const Texture &t) { Apply(t, GrayTexture); }, photo, knob},
@@ -72,21 +72,21 @@ Canvas PaintFilters(const Skin &skin) {
          {"Gaussian blur", "once",
           [](const Texture &t) {
               const Texture scratch = BlankLike(t);
-              Check(GaussianBlurTexture(t.get(), scratch.get()), "GaussianBlurTexture");
+              Check(GaussianBlurTexture(t, scratch), "GaussianBlurTexture");
           },
           photo, icon},
          {"light", "a white halo", [](const Texture &t) { Apply(t, LightTexture); }, sign, icon, true},
          {"colorize", "a third of the circle",
-          [](const Texture &t) { Check(ColorizeTexture(t.get(), 2.0f / 3, 0, 0), "ColorizeTexture"); }, photo, knob},
+          [](const Texture &t) { Check(ColorizeTexture(t, 2.0f / 3, 0, 0), "ColorizeTexture"); }, photo, knob},
          {"translate", "red to blue",
-          [](const Texture &t) { Check(TranslateTexture(t.get(), 0xFFD8232A, 0xFF2858C8), "TranslateTexture"); },
+          [](const Texture &t) { Check(TranslateTexture(t, 0xFFD8232A, 0xFF2858C8), "TranslateTexture"); },
           skin.ladybird32, skin.ladybird8},
          {"normalize", "straight to premultiplied", [](const Texture &t) { Apply(t, NormalizeTexture); }, ramp,
           straight, true},
-         {"shuffle 6", "brightness to alpha",
-          [](const Texture &t) { Check(ShuffleTexture(t.get(), 6), "ShuffleTexture"); }, clear, icon},
-         {"shuffle 1", "alpha to white", [](const Texture &t) { Check(ShuffleTexture(t.get(), 1), "ShuffleTexture"); },
-          sign, icon}}};
+         {"shuffle 6", "brightness to alpha", [](const Texture &t) { Check(ShuffleTexture(t, 6), "ShuffleTexture"); },
+          clear, icon},
+         {"shuffle 1", "alpha to white", [](const Texture &t) { Check(ShuffleTexture(t, 1), "ShuffleTexture"); }, sign,
+          icon}}};
 
     Canvas canvas = MakePage(skin, 1048, 486, "Filters", "Each before and after, in textures of 8, 24 and 32 bits");
     const auto draw = [&](int x, int y, const Texture &piece, bool isOnDark) {

@@ -36,13 +36,13 @@ Canvas MakePage(const Skin &skin, int width, int height, std::string_view title,
 }
 
 void DrawPanel(const Canvas &canvas, const RECT &rect) {
-    const KeepState keep(canvas);
+    const ScopedState keep(canvas);
     const auto x = static_cast<float>(rect.left), y = static_cast<float>(rect.top);
     const auto width = static_cast<float>(rect.right - rect.left), height = static_cast<float>(rect.bottom - rect.top);
     FillWith(canvas, 0x14FFFFFF);
-    Check(DrawRoundRect(canvas.get(), x, y, width, height, 7, 7), "DrawRoundRect");
+    Check(DrawRoundRect(canvas, x, y, width, height, 7, 7), "DrawRoundRect");
     StrokeWith(canvas, 0x20FFFFFF, 1);
-    Check(DrawRoundRect(canvas.get(), x + 0.5f, y + 0.5f, width - 1, height - 1, 6.5f, 6.5f), "DrawRoundRect");
+    Check(DrawRoundRect(canvas, x + 0.5f, y + 0.5f, width - 1, height - 1, 6.5f, 6.5f), "DrawRoundRect");
 }
 
 void DrawSpecimen(const Canvas &canvas, const RECT &rect, const std::function<void(const Canvas &layer)> &draw) {
@@ -64,19 +64,19 @@ void DrawSpecimen(const Canvas &canvas, const RECT &rect, const Texture &piece, 
 }
 
 void CutToAlpha(const Canvas &layer) {
-    const CanvasPixels pixels(layer.get());
-    for (int y = 0; y < pixels.height(); ++y)
-        for (int x = 0; x < pixels.width(); ++x) {
-            BYTE *pixel = reinterpret_cast<BYTE *>(pixels.words(y) + x);
+    const auto pixels = Locked(layer);
+    for (int y = 0; y < pixels.Height(); ++y)
+        for (int x = 0; x < pixels.Width(); ++x) {
+            auto *pixel = reinterpret_cast<BYTE *>(&pixels.Row(y)[x]);
             for (int channel = 0; channel < 3; ++channel) pixel[channel] = std::min(pixel[channel], pixel[3]);
         }
 }
 
 Texture Straightened(const Texture &texture, const RECT *part) {
     Texture result = CopyOf(texture, part);
-    const TexturePixels pixels(result.get());
-    for (int y = 0; y < pixels.height(); ++y)
-        for (int x = 0; x < pixels.width(); ++x) pixels.words(y)[x] = StraightWord(pixels.words(y)[x]);
+    const auto pixels = Locked(result);
+    for (int y = 0; y < pixels.Height(); ++y)
+        for (DWORD &word : pixels.Row(y)) word = StraightWord(word);
     return result;
 }
 

@@ -22,15 +22,15 @@ Canvas WithRoom(const Texture &piece) {
 
 void Tint(const Canvas &layer, DWORD colour) {
     const RECT whole = Box(0, 0, 32767, 32767);
-    Check(FillSolidRectEx(layer.get(), colour, &whole, LACQUER_DRAW_MODULATE << 24), "FillSolidRectEx");
+    Check(FillSolidRectEx(layer, colour, &whole, LACQUER_DRAW_MODULATE << 24), "FillSolidRectEx");
 }
 
 /// The halo of a piece, once for each pass, in a colour.
 Canvas Glow(const Texture &piece, int passes, DWORD colour) {
     Canvas layer = WithRoom(piece);
     {
-        const Texture pixels(GetTexture(layer.get()), "GetTexture");
-        for (int i = 0; i < passes; ++i) Check(LightTexture(pixels.get()), "LightTexture");
+        const Texture pixels = Need(layer.AsTexture(), "GetTexture");
+        for (int i = 0; i < passes; ++i) Check(LightTexture(pixels), "LightTexture");
     }
     Tint(layer, colour);
     return layer;
@@ -41,20 +41,18 @@ Canvas ShadowOfPiece(const Texture &piece, int passes) {
     Canvas layer = WithRoom(piece);
     Tint(layer, 0xFF000000);
     SIZE size{};
-    Check(GetCanvasSize(layer.get(), &size), "GetCanvasSize");
+    Check(GetCanvasSize(layer, &size), "GetCanvasSize");
     const Canvas scratch = MakeCanvas(size.cx, size.cy);
-    for (int i = 0; i < passes; ++i)
-        Check(GaussianBlurCanvas(layer.get(), nullptr, scratch.get(), nullptr), "GaussianBlurCanvas");
+    for (int i = 0; i < passes; ++i) Check(GaussianBlurCanvas(layer, nullptr, scratch, nullptr), "GaussianBlurCanvas");
     return layer;
 }
 
 /// Blurs what lies under a pane, and lays the pane's tint and edge on it.
 void DrawFrostedGlass(const Canvas &canvas, const RECT &pane, int passes) {
     const Canvas scratch = MakeCanvas(pane.right - pane.left, pane.bottom - pane.top);
-    for (int i = 0; i < passes; ++i)
-        Check(GaussianBlurCanvas(canvas.get(), &pane, scratch.get(), nullptr), "GaussianBlurCanvas");
+    for (int i = 0; i < passes; ++i) Check(GaussianBlurCanvas(canvas, &pane, scratch, nullptr), "GaussianBlurCanvas");
     // Each blur rounds down, alpha too: what was opaque has to become so again.
-    Check(FillSolidRectEx(canvas.get(), 0xFF000000, &pane, LACQUER_DRAW_OR << 24), "FillSolidRectEx");
+    Check(FillSolidRectEx(canvas, 0xFF000000, &pane, LACQUER_DRAW_OR << 24), "FillSolidRectEx");
     FillBox(canvas, pane, 0x48FFFFFF);
     FillBox(canvas, {pane.left, pane.top, pane.right, pane.top + 1}, 0xA0FFFFFF);
     OutlineBox(canvas, {pane.left - 1, pane.top - 1, pane.right + 1, pane.bottom + 1}, 0x60000000);

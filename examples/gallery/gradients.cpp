@@ -19,12 +19,12 @@ struct Cell {
 
 void FillCell(const Canvas &canvas, const Gradient &gradient) {
     FillWith(canvas, gradient);
-    Check(DrawRectangle(canvas.get(), 12, 30, kWidth - 24, kHeight - 42), "DrawRectangle");
+    Check(DrawRectangle(canvas, 12, 30, kWidth - 24, kHeight - 42), "DrawRectangle");
 }
 
 void DrawGradual(const Canvas &canvas, int direction) {
     const RECT rect = Box(12, 30, kWidth - 24, kHeight - 42);
-    Check(FillGradualRect(canvas.get(), 0xFF2B6CB0, 0x10FFD27A, &rect, direction), "FillGradualRect");
+    Check(FillGradualRect(canvas, 0xFF2B6CB0, 0x10FFD27A, &rect, direction), "FillGradualRect");
 }
 
 constexpr std::array<Cell, 12> kCells{{
@@ -86,12 +86,12 @@ constexpr std::array<Cell, 12> kCells{{
     {"a ball, its shine and shadow",
      [](const Canvas &canvas) {
          FillWith(canvas, MakeRadialGradient({kMiddle, 122}, 44, {{0, 0xA0000000}, {1, 0x00000000}}));
-         Check(DrawEllipse(canvas.get(), kMiddle, 116, 44, 8), "DrawEllipse");
+         Check(DrawEllipse(canvas, kMiddle, 116, 44, 8), "DrawEllipse");
          FillWith(canvas,
                   MakeRadialGradient({kMiddle - 12, 56}, 62, {{0, 0xFFFF9A8A}, {0.45f, 0xFFE5484D}, {1, 0xFF5A0A14}}));
-         Check(DrawCircle(canvas.get(), kMiddle, 73, 42), "DrawCircle");
+         Check(DrawCircle(canvas, kMiddle, 73, 42), "DrawCircle");
          FillWith(canvas, MakeLinearGradient({0, 34}, {0, 66}, {{0, 0xC0FFFFFF}, {1, 0x00FFFFFF}}));
-         Check(DrawEllipse(canvas.get(), kMiddle - 4, 50, 26, 15), "DrawEllipse");
+         Check(DrawEllipse(canvas, kMiddle - 4, 50, 26, 15), "DrawEllipse");
      }},
     {"stroked",
      [](const Canvas &canvas) {
@@ -99,11 +99,10 @@ constexpr std::array<Cell, 12> kCells{{
              canvas,
              MakeLinearGradient({20, 30}, {kWidth - 20, 120}, {{0, 0xFF5AA9E6}, {0.5f, 0xFF9B6BD3}, {1, 0xFFE5484D}}),
              9);
-         Check(SetStrokeCap(canvas.get(), VEL_CAP_ROUND), "SetStrokeCap");
-         Check(DrawBezier(canvas.get(), 20, 104, 60, -30, 118, 190, kWidth - 20, 44), "DrawBezier");
+         Check(SetStrokeCap(canvas, VEL_CAP_ROUND), "SetStrokeCap");
+         Check(DrawBezier(canvas, 20, 104, 60, -30, 118, 190, kWidth - 20, 44), "DrawBezier");
          StrokeWith(canvas, MakeRadialGradient({kMiddle, 75}, 74, {{0.3f, 0xFFF5B84B}, {1, 0x20F5B84B}}), 3);
-         for (float radius = 14; radius < 42; radius += 9)
-             Check(DrawCircle(canvas.get(), kMiddle, 75, radius), "DrawCircle");
+         for (float radius = 14; radius < 42; radius += 9) Check(DrawCircle(canvas, kMiddle, 75, radius), "DrawCircle");
      }},
     {"FillGradualRect, down",
      [](const Canvas &canvas) {

@@ -16,10 +16,10 @@ struct Shift {
 /// The texture, or its current slice, with its colours shifted.
 Texture Shifted(const Texture &texture, const Shift &shift) {
     RECT part{};
-    Check(GetTextureCurSlice(texture.get(), &part), "GetTextureCurSlice");
+    Check(GetTextureCurSlice(texture, &part), "GetTextureCurSlice");
     Texture result = Straightened(texture, &part);
-    Check(ColorizeTexture(result.get(), shift.hue, shift.saturation, shift.lightness), "ColorizeTexture");
-    Check(NormalizeTexture(result.get()), "NormalizeTexture");
+    Check(ColorizeTexture(result, shift.hue, shift.saturation, shift.lightness), "ColorizeTexture");
+    Check(NormalizeTexture(result), "NormalizeTexture");
     return result;
 }
 
@@ -34,8 +34,8 @@ Canvas PaintHues(const Skin &skin) {
     constexpr std::array<float, 7> deltas{-0.9f, -0.6f, -0.3f, 0, 0.3f, 0.6f, 0.9f};
 
     Canvas canvas = MakePage(skin, 876, 496, "Hues", "A skin with its hue, saturation and lightness shifted");
-    SetTextureCurSlice(skin.button.get(), static_cast<int>(ButtonState::kNormal));
-    SetTextureCurSlice(skin.caption.get(), 4);
+    SetTextureCurSlice(skin.button, static_cast<int>(ButtonState::kNormal));
+    SetTextureCurSlice(skin.caption, 4);
     for (std::size_t line = 0; line < rows.size(); ++line) {
         const int y = 84 + static_cast<int>(line) * 136;
         FillBox(canvas, Box(92, y, 764, 128), 0xFFF1EEE8);

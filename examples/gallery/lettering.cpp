@@ -1,7 +1,6 @@
 // lettering.png: colours painted through a mask. The three thirds of a pixel have coverages of their own, so that a
 // screen with striped pixels shows finer edges; beside it the same mask with one coverage for all three.
 #include <array>
-#include <cstring>
 
 #include "gallery/gallery.h"
 
@@ -20,18 +19,18 @@ constexpr RECT RowOf(int index) {
 /// A copy with the middle third's coverage in all channels.
 Bitmap WithOneCoverage(const Bitmap &mask) {
     SIZE size{};
-    Check(GetBitmapSize(mask.get(), &size), "GetBitmapSize");
-    Bitmap copy(CreateMemBitmap(static_cast<DWORD>(size.cx), static_cast<DWORD>(size.cy)), "CreateMemBitmap");
-    const BitmapPixels from(mask.get());
-    const BitmapPixels to(copy.get());
+    Check(GetBitmapSize(mask, &size), "GetBitmapSize");
+    Bitmap copy = Need(Bitmap::Create(static_cast<DWORD>(size.cx), static_cast<DWORD>(size.cy)), "CreateMemBitmap");
+    const auto from = Locked(mask);
+    const auto to = Locked(copy);
     for (int y = 0; y < size.cy; ++y)
-        for (int x = 0; x < size.cx; ++x) std::memset(to.words(y) + x, from.row(y)[x * 4 + 1], 4);
+        for (int x = 0; x < size.cx; ++x) to.Row(y)[x] = (from.Row(y)[x] >> 8 & 255) * 0x01010101;
     return copy;
 }
 
 void DrawWord(const Canvas &canvas, int x, int y, const Bitmap &mask, int row, DWORD colour) {
     const RECT source = RowOf(row);
-    Check(DrawModulation(canvas.get(), x, y, mask.get(), &source, colour), "DrawModulation");
+    Check(DrawModulation(canvas, x, y, mask, &source, colour), "DrawModulation");
 }
 
 }  // namespace
@@ -65,13 +64,13 @@ Canvas PaintLettering(const Skin &skin) {
         Canvas small = MakeCanvas(63, 17);
         FillBox(small, Box(0, 0, 63, 17), 0xFFFAF8F2);
         DrawWord(small, 0, 0, *masks[i], 1, 0xFF1A1C22);
-        const Texture word(CanvasToTexture(small.release()), "CanvasToTexture");
+        const Texture word = Need(Texture::From(std::move(small)), "CanvasToTexture");
         DrawInto(canvas, Box(x, 282, 252, 68), word, LACQUER_NEAREST);
     }
     skin.font.Draw(canvas, 544, 268, "at a place of its own, cut by the clip", kInk);
     FillBox(canvas, Box(544, 282, 252, 68), 0xFFFAF8F2);
     {
-        const ClipTo clip(canvas, Box(544, 282, 252, 68));
+        const ScopedClip clip(canvas, Box(544, 282, 252, 68));
         for (int i = 0; i < 7; ++i) DrawWord(canvas, 530 + i * 40, 276 + i * 12, skin.lettering, i % 3, 0xFF1A1C22);
     }
 

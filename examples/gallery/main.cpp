@@ -20,9 +20,9 @@ void PaintGallery(const std::string &assets, const std::string &output) {
         const std::chrono::duration<double, std::milli> time = std::chrono::steady_clock::now() - start;
 
         const std::string path = output + "/" + std::string(picture.name) + ".png";
-        WritePng(path, canvas.get(), picture.kind);
+        WritePng(path, canvas, picture.kind);
         SIZE size{};
-        Check(GetCanvasSize(canvas.get(), &size), "GetCanvasSize");
+        Check(GetCanvasSize(canvas, &size), "GetCanvasSize");
         std::printf("%-24s %4d x %d  %6.1f ms\n", path.c_str(), static_cast<int>(size.cx), static_cast<int>(size.cy),
                     time.count());
     }

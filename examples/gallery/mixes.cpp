@@ -43,7 +43,7 @@ Canvas PaintMixes(const Skin &skin) {
     const Canvas board = MakeBoard(skin);
     const Canvas sprites = MakeSprites(skin);
     const Canvas layer = MakeSprites(skin);
-    Check(SetCanvasFilter(layer.get(), LACQUER_DRAW_OVER << 24), "SetCanvasFilter");
+    Check(SetCanvasFilter(layer, LACQUER_DRAW_OVER << 24), "SetCanvasFilter");
     const RECT whole = Box(0, 0, kSize.cx, kSize.cy);
     const RECT middle = Box(20, 12, 80, 50);
     const RECT part = Box(40, 6, 40, 25);
@@ -57,14 +57,14 @@ Canvas PaintMixes(const Skin &skin) {
     };
     const auto mix = [](const Canvas &canvas, const Canvas &source, const RECT *dest, const RECT *from,
                         unsigned value) {
-        Check(MixCanvas(canvas.get(), dest, source.get(), from, static_cast<BYTE>(value)), "MixCanvas");
+        Check(MixCanvas(canvas, dest, source, from, static_cast<BYTE>(value)), "MixCanvas");
     };
     const auto blend = [](const Canvas &canvas, const Canvas &source, const RECT *dest, const RECT *from,
                           unsigned value) {
-        Check(BlendCanvas(canvas.get(), dest, source.get(), from, static_cast<BYTE>(value)), "BlendCanvas");
+        Check(BlendCanvas(canvas, dest, source, from, static_cast<BYTE>(value)), "BlendCanvas");
     };
     const auto colour = [](const Canvas &canvas, const Canvas &, const RECT *dest, const RECT *, unsigned value) {
-        Check(MixCanvasWithColor(canvas.get(), dest, Weighted(0xFFFFB060, value), value), "MixCanvasWithColor");
+        Check(MixCanvasWithColor(canvas, dest, Weighted(0xFFFFB060, value), value), "MixCanvasWithColor");
     };
     const std::array<Row, 6> rows{{{"mix", "all four channels", mix, board, &whole, &whole},
                                    {"mix", "with clear parts", mix, sprites, &whole, &whole},

@@ -19,19 +19,19 @@ constexpr std::array<std::string_view, 23> kModes{
 
 void DrawDisc(const Canvas &layer) {
     FillWith(layer, MakeLinearGradient({16, 10}, {70, 78}, {{0, 0xFFFFE08A}, {0.5f, 0xFFF0803C}, {1, 0xC0A01840}}));
-    Check(DrawCircle(layer.get(), 47, 44, 35), "DrawCircle");
+    Check(DrawCircle(layer, 47, 44, 35), "DrawCircle");
 }
 
 void DrawSquare(const Canvas &layer) {
     FillWith(layer, MakeLinearGradient({44, 0}, {110, 0}, {{0, 0xFF1E3C8C}, {0.6f, 0xFF3C9CDC}, {1, 0x803CDCC8}}));
-    Check(DrawRoundRect(layer.get(), 44, 24, 66, 58, 10, 10), "DrawRoundRect");
+    Check(DrawRoundRect(layer, 44, 24, 66, 58, 10, 10), "DrawRoundRect");
 }
 
 void DrawCell(const Canvas &canvas, int left, int top, DWORD mode, DWORD opacity) {
     const Canvas layer = MakeCanvas(kWidth, kHeight);
     DrawDisc(layer);
-    Check(SetBlendMode(layer.get(), mode), "SetBlendMode");
-    Check(SetBlendValue(layer.get(), opacity), "SetBlendValue");
+    Check(SetBlendMode(layer, mode), "SetBlendMode");
+    Check(SetBlendValue(layer, opacity), "SetBlendValue");
     DrawSquare(layer);
     FillChecker(canvas, Box(left, top, kWidth, kHeight), 6);
     DrawLayer(canvas, left, top, layer);

@@ -21,17 +21,17 @@ void PaintScene(const Canvas &canvas, const Skin &skin) {
 
 /// Puts logical (0, 0) to `corner` and lets nothing be drawn outside of the scene's size.
 void OpenPanel(const Canvas &canvas, POINT corner) {
-    Check(SetViewportOrg(canvas.get(), corner.x, corner.y, nullptr), "SetViewportOrg");
+    Check(SetViewportOrg(canvas, corner.x, corner.y, nullptr), "SetViewportOrg");
     const RECT panel = Box(0, 0, kWidth, kHeight);
-    Check(SetCanvasClipRect(canvas.get(), &panel), "SetCanvasClipRect");
+    Check(SetCanvasClipRect(canvas, &panel), "SetCanvasClipRect");
 }
 
 /// Takes origins and clip back, and draws the panel's border and caption.
 void ClosePanel(const Canvas &canvas, const Skin &skin, POINT corner, std::string_view caption) {
-    Check(SetWindowOrg(canvas.get(), 0, 0, nullptr), "SetWindowOrg");
-    Check(SetViewportOrg(canvas.get(), 0, 0, nullptr), "SetViewportOrg");
+    Check(SetWindowOrg(canvas, 0, 0, nullptr), "SetWindowOrg");
+    Check(SetViewportOrg(canvas, 0, 0, nullptr), "SetViewportOrg");
     const RECT everything = Box(0, 0, 32767, 32767);
-    Check(SetCanvasClipRect(canvas.get(), &everything), "SetCanvasClipRect");
+    Check(SetCanvasClipRect(canvas, &everything), "SetCanvasClipRect");
     OutlineBox(canvas, Box(corner.x - 1, corner.y - 1, kWidth + 2, kHeight + 2), 0x80FFFFFF);
     skin.font.Draw(canvas, corner.x, corner.y - 14, caption, kInk);
 }
@@ -48,14 +48,14 @@ Canvas PaintOrigins(const Skin &skin) {
 
     const POINT scrolled{260, 84};
     OpenPanel(canvas, scrolled);
-    Check(SetWindowOrg(canvas.get(), 40, 56, nullptr), "SetWindowOrg");
+    Check(SetWindowOrg(canvas, 40, 56, nullptr), "SetWindowOrg");
     PaintScene(canvas, skin);
     ClosePanel(canvas, skin, scrolled, "window origin 40, 56");
 
     const POINT cut{20, 270};
     OpenPanel(canvas, cut);
     const RECT window = Box(48, 40, 128, 80);
-    Check(IntersectCanvasClipRect(canvas.get(), &window), "IntersectCanvasClipRect");
+    Check(IntersectCanvasClipRect(canvas, &window), "IntersectCanvasClipRect");
     PaintScene(canvas, skin);
     ClosePanel(canvas, skin, cut, "clip 48, 40, 128 x 80");
 
@@ -64,7 +64,7 @@ Canvas PaintOrigins(const Skin &skin) {
     for (int left = 0; left < kWidth; left += 16) {
         OpenPanel(canvas, blind);
         const RECT strip = Box(left, left / 4, 10, kHeight - left / 2);
-        Check(IntersectCanvasClipRect(canvas.get(), &strip), "IntersectCanvasClipRect");
+        Check(IntersectCanvasClipRect(canvas, &strip), "IntersectCanvasClipRect");
         PaintScene(canvas, skin);
     }
     ClosePanel(canvas, skin, blind, "fourteen clips, fourteen paints");

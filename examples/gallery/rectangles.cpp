@@ -30,7 +30,7 @@ void DrawRow(const Canvas &canvas, const Skin &skin, int top, std::string_view t
 }
 
 void DrawStyled(const Canvas &canvas, const GeoRect &rect, const GeoStyle &style, DWORD mode = LACQUER_DRAW_OVER) {
-    Check(GeoRoundRectEx(canvas.get(), &rect, &style, mode << 24), "GeoRoundRectEx");
+    Check(GeoRoundRectEx(canvas, &rect, &style, mode << 24), "GeoRoundRectEx");
 }
 
 Cell WithRadii(std::string_view name, std::array<float, 4> radii, float border = 0) {
@@ -53,7 +53,7 @@ Cell WithBars(std::string_view name, float width, float step) {
                     const float left = x + static_cast<float>(i) * (12 + step), top = y + static_cast<float>(i) * step;
                     const GeoRect rect{left, top, left + width + static_cast<float>(i) * step, top + 44};
                     const GeoStyle style{0, kInk, 0, {}};
-                    Check(GeoRectangleEx(canvas.get(), &rect, &style, LACQUER_DRAW_OVER << 24), "GeoRectangleEx");
+                    Check(GeoRectangleEx(canvas, &rect, &style, LACQUER_DRAW_OVER << 24), "GeoRectangleEx");
                 }
             }};
 }
@@ -71,10 +71,10 @@ Cell WithMode(std::string_view name, DWORD mode) {
 Cell WithRing(std::string_view name, float width, float radius, float dash, float gap, std::uint32_t colour = kInk) {
     return {name, [=](const Canvas &canvas, float x, float y) {
                 const RECT button = Box(static_cast<int>(x) + 5, static_cast<int>(y) + 12, 86, 32);
-                Check(GeoRoundRect(canvas.get(), &button, 0xFF6A7288, 0xFF454C5E, 1, static_cast<int>(radius)),
+                Check(GeoRoundRect(canvas, &button, 0xFF6A7288, 0xFF454C5E, 1, static_cast<int>(radius)),
                       "GeoRoundRect");
                 const GeoRect ring{x + 1, y + 8, x + 95, y + 48};
-                Check(GeoRectFocusEx(canvas.get(), &ring, colour, width, radius == 0 ? 0 : radius + 4, dash, gap),
+                Check(GeoRectFocusEx(canvas, &ring, colour, width, radius == 0 ? 0 : radius + 4, dash, gap),
                       "GeoRectFocusEx");
             }};
 }

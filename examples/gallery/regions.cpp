@@ -15,7 +15,7 @@ namespace {
 
 /// The rectangles of the region of a texture's visible pixels.
 std::vector<RECT> ShapeOf(const Texture &texture) {
-    const HRGN region = CreateTextureRgn(texture.get(), nullptr);
+    const HRGN region = CreateTextureRgn(texture, nullptr);
     if (region == nullptr) throw std::runtime_error("CreateTextureRgn failed");
     const DWORD size = GetRegionData(region, 0, nullptr);
     std::vector<RECT> rects((size + sizeof(RECT) - 1) / sizeof(RECT));
@@ -58,8 +58,11 @@ Canvas PaintRegions(const Skin &skin) {
     Texture sprite = MakeTexture([&] {
         // Premultiplied, the sprite's clear pixels are 0.
         Image image{.width = 64, .height = 64, .bitsPerPixel = 32, .pixels = {}, .palette = {}};
-        const TexturePixels pixels(skin.ladybird32.get());
-        for (int y = 0; y < 64; ++y) image.pixels.insert(image.pixels.end(), pixels.row(y), pixels.row(y) + 256);
+        const auto pixels = Locked(skin.ladybird32);
+        for (int y = 0; y < 64; ++y) {
+            const auto *bytes = reinterpret_cast<const BYTE *>(pixels.Row(y).data());
+            image.pixels.insert(image.pixels.end(), bytes, bytes + 256);
+        }
         Premultiply(image);
         return image;
     }());

@@ -25,7 +25,7 @@ Texture MakeRings(int size) {
 
 /// A part of the window picture, with small text, as an opaque texture of 32 bits per pixel.
 Texture MakeFinePrint(const Skin &skin) {
-    const Texture window(CanvasToTexture(PaintWindow(skin).release()), "CanvasToTexture");
+    const Texture window = Need(Texture::From(PaintWindow(skin)), "CanvasToTexture");
     const RECT inside = Box(206, 158, 414, 267);
     return CopyOf(window, &inside);
 }

@@ -39,7 +39,7 @@ Canvas PaintScales(const Skin &skin) {
             if (y == 90) skin.font.DrawCentred(canvas, x + width / 2, 70, std::to_string(percent) + " %", kInk);
             const RECT dest = Box(x, bottom - height, width, height);
             const RECT margins{24, 24, 24, 24};
-            Check(DrawTexture9Grid(canvas.get(), &dest, skin.card.get(), nullptr, &margins, LACQUER_BILINEAR, 0, 255,
+            Check(DrawTexture9Grid(canvas, &dest, skin.card, nullptr, &margins, LACQUER_BILINEAR, 0, 255,
                                    row.scaleFlags, static_cast<float>(percent) / 100, row.halfScale),
                   "DrawTexture9Grid");
             x += width + 14;

@@ -17,11 +17,11 @@ ShadowStyle MakeShadow(std::uint32_t colour, int dx, int dy, float blur, float s
 }
 
 void DrawShadowsOf(const Canvas &canvas, const RECT &rect, std::span<const ShadowStyle> shadows) {
-    Check(DrawShadows(canvas.get(), &rect, shadows.data(), static_cast<int>(shadows.size())), "DrawShadows");
+    Check(DrawShadows(canvas, &rect, shadows.data(), static_cast<int>(shadows.size())), "DrawShadows");
 }
 
 void DrawCard(const Canvas &canvas, const RECT &rect, int radius, std::uint32_t colour = kCard) {
-    Check(GeoRoundRect(canvas.get(), &rect, 0, colour, 0, radius), "GeoRoundRect");
+    Check(GeoRoundRect(canvas, &rect, 0, colour, 0, radius), "GeoRoundRect");
 }
 
 /// A card so far above the ground: one soft shadow all around, and one of a light from above.

@@ -15,11 +15,11 @@ void DrawSheet(const Canvas &canvas, const Skin &skin, int x, int y, const Textu
     const RECT place = Box(x, y, size.cx * scale, size.cy * scale);
     FillChecker(canvas, place, 8);
     DrawInto(canvas, place, whole, LACQUER_NEAREST);
-    const int count = static_cast<int>(GetTextureSliceCount(sheet.get()));
+    const int count = static_cast<int>(GetTextureSliceCount(sheet));
     for (int i = 0; i < count; ++i) {
-        SetTextureCurSlice(sheet.get(), i);
+        SetTextureCurSlice(sheet, i);
         RECT slice{};
-        Check(GetTextureCurSlice(sheet.get(), &slice), "GetTextureCurSlice");
+        Check(GetTextureCurSlice(sheet, &slice), "GetTextureCurSlice");
         OutlineBox(canvas,
                    {slice.left * scale + x, slice.top * scale + y, slice.right * scale + x, slice.bottom * scale + y},
                    0xC000A0FF);

@@ -10,7 +10,7 @@ namespace {
 
 std::string Describe(const Texture &texture) {
     BYTE bits = 0;
-    Check(GetTextureBitsPixel(texture.get(), &bits), "GetTextureBitsPixel");
+    Check(GetTextureBitsPixel(texture, &bits), "GetTextureBitsPixel");
     const SIZE size = SizeOf(texture);
     return std::to_string(size.cx) + " x " + std::to_string(size.cy) + ", " + std::to_string(bits) + " bit";
 }

@@ -22,8 +22,8 @@ constexpr std::array<Corner, 5> kCorners{{{"100", 40.5f}, {"60", 19.6f}, {"35", 
 void DrawCorner(const Canvas &canvas, float x, float y, float half) {
     const Path path = MakePath();
     for (const velPointF point : {velPointF{x - half, y + 34}, {x, y}, {x + half, y + 34}})
-        Check(PathLineTo(path.get(), point.x, point.y), "PathLineTo");
-    Check(DrawPath(canvas.get(), path.get()), "DrawPath");
+        Check(PathLineTo(path, point.x, point.y), "PathLineTo");
+    Check(DrawPath(canvas, path), "DrawPath");
 }
 
 void DrawJoins(const Canvas &canvas, const Skin &skin, int left, int top) {
@@ -31,8 +31,8 @@ void DrawJoins(const Canvas &canvas, const Skin &skin, int left, int top) {
         const int y = top + static_cast<int>(join) * 110;
         DrawPanel(canvas, Box(left, y, 430, 100));
         skin.font.Draw(canvas, left + 12, y + 46, kJoins[join], kInk);
-        const KeepState keep(canvas);
-        Check(SetStrokeJoin(canvas.get(), static_cast<DWORD>(join)), "SetStrokeJoin");
+        const ScopedState keep(canvas);
+        Check(SetStrokeJoin(canvas, static_cast<DWORD>(join)), "SetStrokeJoin");
         int x = left + 116;
         for (const Corner &corner : kCorners) {
             StrokeWith(canvas, kStroke, 10);
@@ -50,17 +50,17 @@ void DrawCaps(const Canvas &canvas, const Skin &skin, int left, int top) {
         const int y = top + static_cast<int>(cap) * 110;
         DrawPanel(canvas, Box(left, y, 330, 100));
         skin.font.Draw(canvas, left + 12, y + 46, kCaps[cap], kInk);
-        const KeepState keep(canvas);
+        const ScopedState keep(canvas);
         const auto draw = [&] {
             const auto x = static_cast<float>(left + 104), middle = static_cast<float>(y + 50);
-            Check(DrawLine(canvas.get(), x, middle - 20, x + 90, middle - 20), "DrawLine");
-            Check(DrawLine(canvas.get(), x, middle + 30, x + 90, middle + 8), "DrawLine");
-            Check(DrawArc(canvas.get(), x + 130, middle - 30, 60, 60, 110, 160, 0), "DrawArc");
+            Check(DrawLine(canvas, x, middle - 20, x + 90, middle - 20), "DrawLine");
+            Check(DrawLine(canvas, x, middle + 30, x + 90, middle + 8), "DrawLine");
+            Check(DrawArc(canvas, x + 130, middle - 30, 60, 60, 110, 160, 0), "DrawArc");
         };
-        Check(SetStrokeCap(canvas.get(), static_cast<DWORD>(cap)), "SetStrokeCap");
+        Check(SetStrokeCap(canvas, static_cast<DWORD>(cap)), "SetStrokeCap");
         StrokeWith(canvas, kStroke, 16);
         draw();
-        Check(SetStrokeCap(canvas.get(), VEL_CAP_BUTT), "SetStrokeCap");
+        Check(SetStrokeCap(canvas, VEL_CAP_BUTT), "SetStrokeCap");
         StrokeWith(canvas, kMiddle, 1);
         draw();
     }
@@ -75,12 +75,12 @@ void DrawWidths(const Canvas &canvas, const Skin &skin, int left, int top, bool 
         {{"0.25", 0.25f}, {"0.5", 0.5f}, {"1", 1}, {"1.5", 1.5f}, {"2", 2}, {"3", 3}, {"5", 5}, {"8", 8}, {"12", 12}}};
     DrawPanel(canvas, Box(left, top, 380, 112));
     skin.font.Draw(canvas, left + 12, top + 12, smooth ? "smooth" : "not smooth", kInk);
-    const KeepState keep(canvas);
-    Check(SetSmooth(canvas.get(), smooth), "SetSmooth");
+    const ScopedState keep(canvas);
+    Check(SetSmooth(canvas, smooth), "SetSmooth");
     for (std::size_t i = 0; i < widths.size(); ++i) {
         const int x = left + 18 + static_cast<int>(i) * 38;
         StrokeWith(canvas, kGold, widths[i].width);
-        Check(DrawLine(canvas.get(), static_cast<float>(x), static_cast<float>(top + 80), static_cast<float>(x + 30),
+        Check(DrawLine(canvas, static_cast<float>(x), static_cast<float>(top + 80), static_cast<float>(x + 30),
                        static_cast<float>(top + 32)),
               "DrawLine");
         skin.font.DrawCentred(canvas, x + 12, top + 96, widths[i].name, kFaintInk);

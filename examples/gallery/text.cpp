@@ -47,7 +47,7 @@ void DrawStyles(const Canvas &canvas, int left, int top) {
 void DrawSizes(const Canvas &canvas, const Skin &skin, int left, int top) {
     constexpr std::array<int, 9> sizes{8, 10, 12, 14, 17, 21, 26, 34, 46};
     DrawPanel(canvas, Box(left, top, 440, 268));
-    const ClipTo clip(canvas, Box(left + 1, top + 1, 426, 266));
+    const ScopedClip clip(canvas, Box(left + 1, top + 1, 426, 266));
     int baseline = top + 16;
     for (const int size : sizes) {
         const Typeface face(Family::kSerif, Real(size));
@@ -69,28 +69,28 @@ void DrawMeasures(const Canvas &canvas, const Skin &skin, int left, int top) {
     const std::array<Line, 3> lines{
         {{"ascent", baseline - face.ascent()}, {"baseline", baseline}, {"descent", baseline + face.descent()}}};
     const GlyphRun run = face.Lay(x, baseline, "Glyph");
-    const KeepState keep(canvas);
+    const ScopedState keep(canvas);
     for (const Line &line : lines) {
         const float y = std::floor(line.y) + 0.5f;
         StrokeWith(canvas, kBlue, 1);
-        Check(DrawLine(canvas.get(), Real(left + 78), y, Real(left + 322), y), "DrawLine");
+        Check(DrawLine(canvas, Real(left + 78), y, Real(left + 322), y), "DrawLine");
         skin.font.Draw(canvas, left + 14, static_cast<int>(y) - 4, line.name, kBlue);
     }
     FillWith(canvas, kInk);
     face.Draw(canvas, run);
     StrokeWith(canvas, 0x90E5484D, 1);
     constexpr std::array<float, 2> dots{2, 2};
-    Check(SetDashPattern(canvas.get(), dots.data(), 2, 0), "SetDashPattern");
-    Check(SetDashStyle(canvas.get(), VEL_DASH_PATTERN), "SetDashStyle");
+    Check(SetDashPattern(canvas, dots.data(), 2, 0), "SetDashPattern");
+    Check(SetDashStyle(canvas, VEL_DASH_PATTERN), "SetDashStyle");
     const auto mark = [&](float at) {
         const float column = std::floor(at) + 0.5f;
-        Check(DrawLine(canvas.get(), column, lines[0].y, column, lines[2].y), "DrawLine");
+        Check(DrawLine(canvas, column, lines[0].y, column, lines[2].y), "DrawLine");
     };
     for (const velPointF &origin : run.origins) mark(origin.x);
     mark(x + run.width);
     FillWith(canvas, kRed);
     for (const velPointF &origin : run.origins)
-        Check(DrawCircle(canvas.get(), std::floor(origin.x) + 0.5f, baseline + 0.5f, 3), "DrawCircle");
+        Check(DrawCircle(canvas, std::floor(origin.x) + 0.5f, baseline + 0.5f, 3), "DrawCircle");
 }
 
 void DrawScripts(const Canvas &canvas, int left, int top) {
@@ -105,7 +105,7 @@ void DrawScripts(const Canvas &canvas, int left, int top) {
 /// Glyphs on a wave, spaced, filled with a gradient, and translucent on each other.
 void DrawPlaced(const Canvas &canvas, int left, int top) {
     DrawPanel(canvas, Box(left, top, 782, 132));
-    const KeepState keep(canvas);
+    const ScopedState keep(canvas);
 
     const Typeface small(Family::kSans, 19, VEL_FONT_BOLD);
     GlyphRun wave = small.Lay(Real(left + 18), Real(top + 40), "Every glyph has a place of its own");

@@ -38,9 +38,9 @@ Canvas PaintTiles(const Skin &skin) {
     const Texture states = CopyOf(skin.check);
     const std::array<RECT, 3> slices{Box(0, 0, 24, 24), Box(24, 0, 24, 24), Box(48, 0, 24, 24)};
     SetSlices(states, slices);
-    SetTextureCurSlice(states.get(), 1);
+    SetTextureCurSlice(states, 1);
     tile(Box(452, 266, 144, 96), states, 0, 1.0f, "slice 1 of a sheet");
-    SetTextureCurSlice(states.get(), 2);
+    SetTextureCurSlice(states, 2);
     tile(Box(612, 266, 128, 96), states, LACQUER_SCALE_CELL, 2.0f, "slice 2, scale 2");
     const Texture stripes = CopyOf(skin.stripes);
     SetLayout(stripes, LACQUER_LAYOUT_TILE, {}, LACQUER_SCALE_CELL);

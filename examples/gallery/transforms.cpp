@@ -14,7 +14,7 @@ Texture MakeBadge(const Skin &skin) {
     FillBox(canvas, Box(0, 0, 72, 14), 0x60FFFFFF);
     skin.font.Draw(canvas, 6, 18, "Lac", 0xFFFFFFFF, 3);
     OutlineBox(canvas, Box(0, 0, 72, 48), 0xFF4A0810);
-    return Texture(CanvasToTexture(canvas.release()), "CanvasToTexture");
+    return Need(Texture::From(std::move(canvas)), "CanvasToTexture");
 }
 
 }  // namespace
@@ -52,7 +52,7 @@ Canvas PaintTransforms(const Skin &skin) {
             const Code &code = codes[static_cast<std::size_t>(column - 1)];
             if (row == 0) skin.font.DrawCentred(canvas, 20 + column * step + step / 2, 70, code.name, kInk);
             // The filter word is carried over, so the result is drawn in the mode of its source.
-            centred(column, row, Texture(TransformTexture(source.get(), code.code), "TransformTexture"));
+            centred(column, row, Need(source.Transformed(code.code), "TransformTexture"));
         }
     }
     return canvas;

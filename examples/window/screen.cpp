@@ -52,10 +52,10 @@ Pixels ReadScreen(HWND window) {
 }
 
 Pixels ReadCanvas(const Canvas &canvas) {
-    const CanvasPixels pixels(canvas.get());
-    Pixels result{.width = pixels.width(), .height = pixels.height(), .words = {}};
-    for (int y = 0; y < pixels.height(); ++y)
-        result.words.insert(result.words.end(), pixels.words(y), pixels.words(y) + pixels.width());
+    const auto pixels = Locked(canvas);
+    Pixels result{.width = pixels.Width(), .height = pixels.Height(), .words = {}};
+    for (int y = 0; y < pixels.Height(); ++y)
+        result.words.insert(result.words.end(), pixels.Row(y).begin(), pixels.Row(y).end());
     return result;
 }
 

@@ -54,10 +54,10 @@ public:
         std::size_t inside = 0;
         std::size_t outside = 0;
         {
-            const CanvasPixels pixels(window_.canvas().get());
-            for (LONG y = 0; y < pixels.height(); ++y) {
-                for (LONG x = 0; x < pixels.width(); ++x) {
-                    if (pixels.words(y)[x] == kPoison) continue;
+            const auto pixels = Locked(window_.canvas());
+            for (LONG y = 0; y < pixels.Height(); ++y) {
+                for (LONG x = 0; x < pixels.Width(); ++x) {
+                    if (pixels.Row(y)[x] == kPoison) continue;
                     const bool isIn = x >= limits.left && x < limits.right && y >= limits.top && y < limits.bottom;
                     ++(isIn ? inside : outside);
                 }
@@ -79,8 +79,8 @@ public:
 
 private:
     void Poison() {
-        const CanvasPixels pixels(window_.canvas().get());
-        for (int y = 0; y < pixels.height(); ++y) std::fill_n(pixels.words(y), pixels.width(), kPoison);
+        const auto pixels = Locked(window_.canvas());
+        for (int y = 0; y < pixels.Height(); ++y) std::fill_n(pixels.Row(y).begin(), pixels.Width(), kPoison);
     }
 
     /// The scene, painted afresh and whole, and the splash if there is one.

@@ -120,12 +120,12 @@ LRESULT SkinnedWindow::HitTest(POINT screenPosition) const {
 }
 
 void SkinnedWindow::Resize(SIZE size) {
-    if (canvas_.get() && size.cx == scene_.size().cx && size.cy == scene_.size().cy) return;
+    if (canvas_ && size.cx == scene_.size().cx && size.cy == scene_.size().cy) return;
     scene_.Resize(size);
     canvas_ = MakeCanvas(scene_.size().cx, scene_.size().cy);
     // The frame's own corners shape the window.
     scene_.Paint(canvas_);
-    const Texture texture(GetTexture(canvas_.get()), "GetTexture");
+    const Texture texture = Need(canvas_.AsTexture(), "GetTexture");
     SetDrawMode(texture, LACQUER_DRAW_OVER);
     ShapeWindow(window_, texture);
     Update();
@@ -135,7 +135,7 @@ void SkinnedWindow::Paint() {
     const PaintSession session(window_);
     const RECT &part = session.part();
     if (part.right > part.left && part.bottom > part.top) {
-        Check(SetCanvasClipRect(canvas_.get(), &part), "SetCanvasClipRect");
+        Check(SetCanvasClipRect(canvas_, &part), "SetCanvasClipRect");
         scene_.Paint(canvas_);
         session.Show(canvas_);
     }

@@ -17,7 +17,7 @@ SplashWindow::SplashWindow(const Skin &skin, HWND owner) : SplashWindow() {
     RegisterWindowClass(kClassName, Procedure);
     RECT place{};
     GetWindowRect(owner, &place);
-    const Texture texture(GetTexture(canvas_.get()), "GetTexture");
+    const Texture texture = Need(canvas_.AsTexture(), "GetTexture");
     const SIZE size = SizeOf(texture);
     CreateWindowExW(0, kClassName, L"About", WS_POPUP, (place.left + place.right - size.cx) / 2,
                     (place.top + place.bottom - size.cy) / 2 - 40, size.cx, size.cy, owner, nullptr,

@@ -15,7 +15,7 @@ void RegisterWindowClass(const wchar_t *name, WNDPROC procedure) {
 }
 
 void ShapeWindow(HWND window, const Texture &texture) {
-    const HRGN region = CreateTextureRgn(texture.get(), nullptr);
+    const HRGN region = CreateTextureRgn(texture, nullptr);
     if (region == nullptr) throw std::runtime_error("CreateTextureRgn failed");
     // The window owns the region now.
     if (SetWindowRgn(window, region, TRUE) == 0) {
@@ -33,7 +33,7 @@ PaintSession::~PaintSession() { EndPaint(window_, &paint_); }
 void PaintSession::Show(const Canvas &canvas) const {
     const RECT &rect = part();
     if (!BitBlt(paint_.hdc, rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top,
-                GetCanvasHandle(canvas.get()), rect.left, rect.top, SRCCOPY))
+                GetCanvasHandle(canvas), rect.left, rect.top, SRCCOPY))
         throw std::runtime_error("BitBlt failed");
     // The canvas's pixels may be written again at once.
     GdiFlush();

@@ -32,10 +32,9 @@ inline Skin LoadSkin() { return Skin(ReadAsset); }
 
 /// All pixels of a canvas, row by row.
 inline std::vector<DWORD> PixelsOf(const Canvas &canvas) {
-    const CanvasPixels pixels(canvas.get());
+    const auto pixels = Locked(canvas);
     std::vector<DWORD> result;
-    for (int y = 0; y < pixels.height(); ++y)
-        result.insert(result.end(), pixels.words(y), pixels.words(y) + pixels.width());
+    for (int y = 0; y < pixels.Height(); ++y) result.insert(result.end(), pixels.Row(y).begin(), pixels.Row(y).end());
     return result;
 }
 

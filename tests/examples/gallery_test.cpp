@@ -74,8 +74,7 @@ protected:
         for (const Picture &picture : Pictures()) {
             if (picture.name == "film" && !HasAnimations()) continue;
             const Canvas canvas = picture.paint(LoadSkin());
-            painted_.push_back(
-                {&picture, std::string(picture.name), CanvasPixels(canvas.get()).width(), PixelsOf(canvas)});
+            painted_.push_back({&picture, std::string(picture.name), canvas.Size()->cx, PixelsOf(canvas)});
         }
     }
     static void TearDownTestSuite() { painted_.clear(); }
@@ -164,7 +163,7 @@ TEST_F(Gallery, TextAndFramesAreLikeTheirReferences) {
         if (tolerance == kTolerances.end()) continue;
 #ifndef _WIN32
         const auto &[name, kind, paint] = *picture.picture;
-        if (IsWriting()) WritePng(ReferencePath(picture.name), paint(LoadSkin()).get(), kind);
+        if (IsWriting()) WritePng(ReferencePath(picture.name), paint(LoadSkin()), kind);
 #endif
         const Image reference = ReadReference(picture.name);
         ASSERT_EQ(reference.width, picture.width);

@@ -37,17 +37,17 @@ TEST(WritePng, StraightFilesReadBackAsTheSamePixels) {
     const std::string path = "written.png";
     const Canvas canvas = MakeCanvas(256, 3);
     {
-        const CanvasPixels pixels(canvas.get());
+        const auto pixels = Locked(canvas);
         for (int y = 0; y < 3; ++y)
             for (std::uint32_t x = 0; x < 256; ++x)
-                pixels.words(y)[x] = PremultipliedWord(x << 24 | 0xC86400 | (y == 0 ? x : y == 1 ? 255 - x : 77));
+                pixels.Row(y)[x] = PremultipliedWord(x << 24 | 0xC86400 | (y == 0 ? x : y == 1 ? 255 - x : 77));
     }
-    WritePng(path, canvas.get(), PngKind::kStraight);
+    WritePng(path, canvas, PngKind::kStraight);
     const Image image = ReadPng(path);
     ASSERT_EQ(image.bitsPerPixel, 32);
     const std::vector<DWORD> expected = PixelsOf(canvas);
     for (int i = 0; i < 3 * 256; ++i) ASSERT_EQ(image.word(i % 256, i / 256), expected[static_cast<std::size_t>(i)]);
-    EXPECT_THROW(WritePng("/no/such/folder/a.png", canvas.get(), PngKind::kOpaque), std::runtime_error);
+    EXPECT_THROW(WritePng("/no/such/folder/a.png", canvas, PngKind::kOpaque), std::runtime_error);
     std::filesystem::remove(path);
 }
 

@@ -51,7 +51,7 @@ TEST_F(SceneTest, PaintingTheInvalidPartsIsEnough) {
         // The system may ask for any rectangle, which then cuts letters and curves.
         places.push_back(Box(pick(size.cx), pick(size.cy), pick(150), pick(100)));
         for (const RECT &rect : places) {
-            const ClipTo clip(canvas, rect);
+            const ScopedClip clip(canvas, rect);
             scene.Paint(canvas);
             ++painted;
         }
