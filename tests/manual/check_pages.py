@@ -77,7 +77,7 @@ def main():
                 faults.append(f"{page.name}: {target} is no heading")
     faults += [f"{name} {region or ''} is shown on no page" for name, region in code.keys() - shown]
     everywhere = {path for _, path in linked}
-    faults += [f"{path.name} is on no page" for path in MANUAL.glob("pictures/*.png") if path not in everywhere]
+    faults += [f"{path.name} is on no page" for path in MANUAL.glob("pictures/**/*.png") if path not in everywhere]
     faults += [f"{path.name} is not in the index" for path in chapters[1:] if ("README.md", path) not in linked]
     print(*faults, sep="\n", end="\n" if faults else "")
     return bool(faults)

@@ -5,8 +5,7 @@
 
 int main(int count, char **arguments) {
     if (count != 4) return 2;
-    const lq::Bitmap painted(LoadBitmapFromFile(arguments[2], nullptr)),
-        shown(LoadBitmapFromFile(arguments[3], nullptr));
+    const lq::Bitmap painted = lq::LoadBitmapOf(arguments[2]), shown = lq::LoadBitmapOf(arguments[3]);
     const int difference = lacquer::manual::Difference(painted, shown);
     std::printf("%s: %d\n", arguments[2], difference);
     return difference > std::atoi(arguments[1]);

@@ -1,13 +1,15 @@
 # Runs PROGRAM and compares the PICTURES that it writes with those in the folder SHOWN. With LACQUER_WRITE_PICTURES set
 # they are put there instead: look at them before you commit them.
-file(REMOVE ${PICTURES})
+foreach(picture IN LISTS PICTURES)
+  file(REMOVE ${picture})
+endforeach()
 execute_process(COMMAND ${PROGRAM} RESULT_VARIABLE result)
 if(NOT result EQUAL 0)
   message(FATAL_ERROR "${PROGRAM} ended with ${result}")
 endif()
 foreach(picture IN LISTS PICTURES)
   if(DEFINED ENV{LACQUER_WRITE_PICTURES})
-    file(COPY ${picture} DESTINATION ${SHOWN})
+    configure_file(${picture} ${SHOWN}/${picture} COPYONLY)
   endif()
   execute_process(COMMAND ${COMPARE} ${TOLERANCE} ${picture} ${SHOWN}/${picture} RESULT_VARIABLE result)
   if(NOT result EQUAL 0)

@@ -30,6 +30,8 @@ bool Await(const std::function<bool()> &condition, std::chrono::seconds patience
     return false;
 }
 
+bool IsWriting() { return std::getenv("LACQUER_WRITE_PICTURES") != nullptr; }
+
 /// What the screen shows of a window's client area.
 lq::Canvas ReadScreen(HWND window) {
     RECT client{};
@@ -61,22 +63,24 @@ void Complete(HGBITMAP expected, HGBITMAP shown) {
 
 /// Whether the screen comes to show the picture of a file, or anything else.
 bool Shows(HWND window, const std::string &folder, const std::string &file, bool same) {
-    const std::string path = folder + "/" + file;
-    if (same && std::getenv("LACQUER_WRITE_PICTURES")) {
-        Await([] { return false; }, std::chrono::seconds(1));
-        return SaveCanvasAsPng(ReadScreen(window), path.c_str(), LACQUER_PNG_OPAQUE) != 0;
-    }
+    const std::string path = folder + file;
     int difference = 0;
     const bool good = Await([&] {
-        const lq::Bitmap expected(LoadBitmapFromFile(path.c_str(), nullptr));
-        SaveCanvasAsPng(ReadScreen(window), file.c_str(), LACQUER_PNG_OPAQUE);
-        const lq::Bitmap shown(LoadBitmapFromFile(file.c_str(), nullptr));
+        const lq::Bitmap expected = lq::LoadBitmapOf(path.c_str());
+        lq::SavePng(ReadScreen(window), file.c_str(), LACQUER_PNG_OPAQUE);
+        const lq::Bitmap shown = lq::LoadBitmapOf(file.c_str());
         Complete(expected, shown);
         difference = lacquer::manual::Difference(shown, expected);
         return (difference <= kTolerance) == same;
     });
     std::printf("%s: %d\n", file.c_str(), difference);
     return good;
+}
+
+bool IsSame(const char *file, const std::string &shown) {
+    const lq::Bitmap first = lq::LoadBitmapOf(file);
+    if (IsWriting()) return lq::SavePng(first, shown.c_str());
+    return lacquer::manual::Difference(first, lq::LoadBitmapOf(shown.c_str())) <= kTolerance;
 }
 
 void Mouse(DWORD event) {
@@ -100,6 +104,7 @@ bool Run(std::string command) {
 
 int main(int count, char **arguments) {
     if (count < 4) return 2;
+    const std::string folder = std::string(arguments[3]) + "/";
     WNDCLASSA ground{};
     ground.lpfnWndProc = DefWindowProcA;
     ground.hbrBackground = CreateSolidBrush(kGround);
@@ -129,8 +134,14 @@ int main(int count, char **arguments) {
             Mouse(MOUSEEVENTF_LEFTDOWN);
         } else if (step == "release") {
             Mouse(MOUSEEVENTF_LEFTUP);
-        } else if (step == "shot" || step == "unlike") {
-            good = Shows(window, arguments[3], arguments[++i], step == "shot");
+        } else if (step == "shot" && IsWriting()) {
+            Await([] { return false; }, std::chrono::seconds(1));
+            good = lq::SavePng(ReadScreen(window), (folder + arguments[++i]).c_str(), LACQUER_PNG_OPAQUE);
+        } else if (step == "shot" || step == "look" || step == "unlike") {
+            good = Shows(window, folder, arguments[++i], step != "unlike");
+        } else if (step == "same") {
+            good = IsSame(arguments[i + 1], folder + arguments[i + 2]);
+            i += 2;
         } else if (step == "run") {
             good = Run(arguments[++i]);
         } else {

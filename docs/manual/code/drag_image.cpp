@@ -1,6 +1,7 @@
 // A window with an icon that can be dragged. While the mouse holds it, a translucent picture of it follows the mouse
 // in a layered window of its own, also outside of the window that it comes from.
 #include <stdlib.h>
+#include <windows.h>
 #include <windowsx.h>
 #include <lacquer/image.hpp>
 #include <lacquer/lacquer.hpp>

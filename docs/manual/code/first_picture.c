@@ -24,7 +24,7 @@ int main(void) {
     SetTextureFilter(disc, (DWORD)LACQUER_DRAW_OVER << 24); /* drawn by its own alpha */
     DrawTexture(canvas, &place, disc, LACQUER_BILINEAR);    /* 1:1 here, sampled where sizes differ */
 
-    const int saved = SaveCanvasPng(canvas, "first_picture.png");
+    const int saved = SaveCanvasAsPng(canvas, "first_picture.png", 0);
     DeleteTexture(disc);
     DeleteCanvas(canvas);
     return saved ? 0 : 1;

@@ -1,4 +1,5 @@
 // A window with a button of a skin: it lights up under the mouse, goes down when it is pressed, and counts its clicks.
+#include <windows.h>
 #include <windowsx.h>
 #include <lacquer/image.hpp>
 #include <lacquer/lacquer.hpp>
