@@ -40,14 +40,17 @@ def without_code(text):
 
 def anchors(path):
     """What headings are called in links, as the usual hosts do it."""
-    titles = re.findall(r"^#+ (.*)$", BLOCK.sub("", path.read_text()), re.MULTILINE)
-    return {re.sub(r"[^\w\- ]", "", title.lower()).replace(" ", "-") for title in titles}
+    result = set()
+    for title in re.findall(r"^#+ (.*)$", BLOCK.sub("", path.read_text()), re.MULTILINE):
+        name = re.sub(r"[^\w\- ]", "", title.lower()).replace(" ", "-")
+        result.add(name if name not in result else f"{name}-1")
+    return result
 
 
 def main():
     code, shown, linked, faults = excerpts(), set(), set(), []
-    chapters = sorted(MANUAL.glob("*.md"))
-    for page in [MANUAL.parents[1] / "README.md", *chapters]:
+    chapters, index = sorted(MANUAL.glob("[0-9]*.md")), MANUAL / "README.md"
+    for page in [MANUAL.parents[1] / "README.md", index, *chapters]:
         text = page.read_text()
 
         def put(block):
@@ -70,7 +73,7 @@ def main():
             if re.match(r"\w+:", target):
                 continue
             path = (page.parent / name).resolve() if name else page
-            linked.add((page.name, path))
+            linked.add((page, path))
             if not path.exists():
                 faults.append(f"{page.name}: {target} is not there")
             elif anchor and anchor not in anchors(path):
@@ -78,7 +81,7 @@ def main():
     faults += [f"{name} {region or ''} is shown on no page" for name, region in code.keys() - shown]
     everywhere = {path for _, path in linked}
     faults += [f"{path.name} is on no page" for path in MANUAL.glob("pictures/**/*.png") if path not in everywhere]
-    faults += [f"{path.name} is not in the index" for path in chapters[1:] if ("README.md", path) not in linked]
+    faults += [f"{path.name} is not in the index" for path in chapters if (index, path) not in linked]
     print(*faults, sep="\n", end="\n" if faults else "")
     return bool(faults)
 

@@ -58,7 +58,8 @@ LRESULT OnDpiChanged(HWND window, LPARAM lengthy) {
 // [/dpi]
 
 // [dc]
-// Draws an icon on a device context that is not the library's own: a printer's, a control's, another program part's.
+// Draws an icon on a device context that is not the library's own: a control's, or one that another part of the program
+// gives out.
 bool DrawOnContext(HDC dc, HGTEXTURE icon, int x, int y) {
     lq::Canvas canvas = lq::Canvas::FromContext(dc);  // the context must outlive the canvas
     return canvas && canvas.Draw(icon, {x, y, x + 64, y + 64});
