@@ -1,5 +1,5 @@
-// Colour and blur in one call: what the filters of lacquer.h do to straight colours or in small steps, done for loaded
-// pictures and for blurs of any strength.
+// Colour and blur in one call: what the filters of lacquer.h do to straight colours or in small steps, done for
+// loaded pictures and for blurs of any strength.
 #ifndef LACQUER_EFFECTS_HPP
 #define LACQUER_EFFECTS_HPP
 
@@ -54,14 +54,14 @@ inline bool Blur(HGCANVAS canvas, float deviation) noexcept {
     const float ratio = deviation / (kStep * static_cast<float>(shrink));
     const int steps = ratio < 1.2f ? 1 : ratio > 2 ? 4 : static_cast<int>(ratio * ratio + 0.5f);
 
-    Canvas small = Canvas::Create(static_cast<DWORD>(part.right), static_cast<DWORD>(part.bottom));
+    Canvas reduced = Canvas::Create(static_cast<DWORD>(part.right), static_cast<DWORD>(part.bottom));
     const Canvas scratch = Canvas::Create(static_cast<DWORD>(part.right), static_cast<DWORD>(part.bottom));
-    const BitmapAlias source(GetBitmap(canvas)), blurred = small.AsBitmap();
+    const BitmapAlias source(GetBitmap(canvas)), blurred = reduced.AsBitmap();
     if (!source || !blurred || !scratch) return false;
     // Drawn as copies, whatever the canvas's own draw mode is.
     SetBitmapFilter(source, 0);
-    bool done = small.Draw(source, part, LACQUER_AREA);
-    for (int i = 0; i < steps && done; ++i) done = GaussianBlurCanvas(small, nullptr, scratch, nullptr) != 0;
+    bool done = reduced.Draw(source, part, LACQUER_AREA);
+    for (int i = 0; i < steps && done; ++i) done = GaussianBlurCanvas(reduced, nullptr, scratch, nullptr) != 0;
     done = done && DrawBitmap(canvas, &all, blurred, LACQUER_BILINEAR) != 0;
     SetCanvasFilter(canvas, filter);
     return done;
