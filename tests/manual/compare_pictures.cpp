@@ -1,12 +1,17 @@
-// compare_pictures TOLERANCE PAINTED SHOWN: fails when two files differ by more levels than allowed.
+// compare_pictures TOLERANCE FOLDER FILE...: fails when a file differs by more levels than allowed from that in FOLDER.
 #include <cstdio>
+#include <string>
 
 #include "pictures.h"
 
 int main(int count, char **arguments) {
-    if (count != 4) return 2;
-    const lq::Bitmap painted = lq::LoadBitmapOf(arguments[2]), shown = lq::LoadBitmapOf(arguments[3]);
-    const int difference = lacquer::manual::Difference(painted, shown);
-    std::printf("%s: %d\n", arguments[2], difference);
-    return difference > std::atoi(arguments[1]);
+    bool good = count > 3;
+    for (int i = 3; i < count; ++i) {
+        const lq::Bitmap painted = lq::LoadBitmapOf(arguments[i]);
+        const lq::Bitmap shown = lq::LoadBitmapOf((std::string(arguments[2]) + "/" + arguments[i]).c_str());
+        const int difference = lacquer::manual::Difference(painted, shown);
+        std::printf("%s: %d\n", arguments[i], difference);
+        good = good && difference <= std::atoi(arguments[1]);
+    }
+    return good ? 0 : 1;
 }
