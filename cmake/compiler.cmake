@@ -18,6 +18,11 @@ else()
   # compute for themselves.
   add_compile_options(-ffp-contract=off)
 endif()
+if(MINGW)
+  # Line numbers, which ./package splits off, and nothing that differs between two builds of the same sources.
+  target_compile_options(lacquer_library_rules INTERFACE -g1 -ffile-prefix-map=${PROJECT_SOURCE_DIR}=.)
+  add_link_options(LINKER:--no-insert-timestamp)
+endif()
 if(WIN32)
   target_compile_definitions(lacquer_warnings INTERFACE NOMINMAX WIN32_LEAN_AND_MEAN UNICODE _UNICODE)
 endif()
