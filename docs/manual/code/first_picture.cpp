@@ -9,10 +9,11 @@ int main() {
 
     if (auto pixels = lq::Lock(disc)) {
         for (LONG y = 0; y < pixels.Height(); ++y) {
-            const auto row = pixels.Row(y);
-            for (int x = 0; x < 64; ++x) {
+            int x = 0;
+            for (DWORD &pixel : pixels.Row(y)) {
                 const bool inside = (x - 32) * (x - 32) + (y - 32) * (y - 32) < 31 * 31;
-                row[x] = inside ? 0xC0961E1E : 0;
+                pixel = inside ? 0xC0961E1E : 0;  // 0xAARRGGBB, the colours premultiplied by alpha
+                ++x;
             }
         }
     }

@@ -14,12 +14,13 @@ lq::Texture SoftDisc() {
     // [lock]
     if (auto pixels = lq::Lock(disc)) {
         for (LONG y = 0; y < pixels.Height(); ++y) {
-            const lq::Span<DWORD> row = pixels.Row(y);
-            for (LONG x = 0; x < pixels.Width(); ++x) {
-                const float dx = static_cast<float>(x) - 23.5f, dy = static_cast<float>(y) - 23.5f;
+            float x = 0;
+            for (DWORD &pixel : pixels.Row(y)) {
+                const float dx = x - 23.5f, dy = static_cast<float>(y) - 23.5f;
                 const float cover = (24.0f - std::sqrt(dx * dx + dy * dy)) / 8.0f;
                 const auto alpha = static_cast<DWORD>(255.0f * std::clamp(cover, 0.0f, 1.0f));
-                row[x] = alpha << 24 | 0xFFFFFF;  // straight: the colour does not know of alpha
+                pixel = alpha << 24 | 0xFFFFFF;  // straight: the colour does not know of alpha
+                ++x;
             }
         }
     }
