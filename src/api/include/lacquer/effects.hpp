@@ -36,8 +36,8 @@ inline bool Tint(HGTEXTURE texture, float hue, float saturation, float lightness
 }
 
 // Blurs all pixels of a canvas, alpha included, inside its clip, by a standard deviation of about `deviation` pixels:
-// within a quarter of it, and at least 2.7. A shadow's `blur` is twice the deviation. The time hardly grows with the
-// deviation, because strong blurs are made on a smaller copy. Each step rounds down: a few of 255 levels are lost. The
+// within a quarter of it, between 2.7 and 290. A shadow's `blur` is twice the deviation. Strong blurs take less time
+// than weak ones, because they are made on a smaller copy. Each step rounds down: a few of 255 levels are lost. The
 // canvas must be at its initial origins. False, with nothing changed, for a wrong handle, a canvas made from a device
 // context, a deviation that is not a positive number and when memory is short.
 inline bool Blur(HGCANVAS canvas, float deviation) noexcept {
@@ -47,12 +47,12 @@ inline bool Blur(HGCANVAS canvas, float deviation) noexcept {
     if (!(deviation > 0) || !GetCanvasSize(canvas, &size) || !GetCanvasFilter(canvas, &filter)) return false;
     const RECT all = {0, 0, size.cx, size.cy};
 
-    // Halved until at most four steps are needed; steps add up by the squares of their deviations.
+    // Halved until three steps are enough; steps add up by the squares of their deviations.
     LONG shrink = 1;
-    while (deviation > 2 * kStep * static_cast<float>(shrink) && shrink < 64) shrink *= 2;
+    while (deviation > 1.7f * kStep * static_cast<float>(shrink) && shrink < 64) shrink *= 2;
     const RECT part = {0, 0, (size.cx + shrink - 1) / shrink, (size.cy + shrink - 1) / shrink};
     const float ratio = deviation / (kStep * static_cast<float>(shrink));
-    const int steps = ratio < 1.2f ? 1 : ratio > 2 ? 4 : static_cast<int>(ratio * ratio + 0.5f);
+    const int steps = ratio < 1 ? 1 : ratio > 1.7f ? 3 : static_cast<int>(ratio * ratio + 0.5f);
 
     Canvas reduced = Canvas::Create(static_cast<DWORD>(part.right), static_cast<DWORD>(part.bottom));
     const Canvas scratch = Canvas::Create(static_cast<DWORD>(part.right), static_cast<DWORD>(part.bottom));
