@@ -68,6 +68,8 @@ def main():
         new = BLOCK.sub(put, text)
         if "--write" in sys.argv and new != text:
             page.write_text(new)
+        if re.search(r"^    .*;(\s*//.*)?$", without_code(text), re.MULTILINE):
+            faults.append(f"{page.name}: an indented block of code, which nothing tests")
         for target in re.findall(r"\]\(([^)\s]+)\)", without_code(text)):
             name, _, anchor = target.partition("#")
             if re.match(r"\w+:", target):

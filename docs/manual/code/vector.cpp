@@ -76,6 +76,16 @@ bool Text() {
     return lq::SavePng(canvas, "text.png");
 }
 
+// False when a frame that was loaded can't be drawn; builds without animations load none.
+bool Animation(double seconds) {
+    lq::Canvas canvas = lq::Canvas::Create(64, 64);
+    // [animation]
+    const lq::Lottie icon = lq::Lottie::FromFile("drop.json");
+    const int drawn = DrawLottie(canvas, icon, icon.FrameAt(seconds), 0, 0, 64, 64);
+    // [/animation]
+    return !icon || drawn;
+}
+
 }  // namespace
 
-int main() { return Shapes() && Text() ? 0 : 1; }
+int main() { return Shapes() && Text() && Animation(0.5) ? 0 : 1; }
