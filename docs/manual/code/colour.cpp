@@ -31,7 +31,7 @@ bool Blurs() {
     page.Fill({0, 0, 592, 136}, 0xFFF4EEDD);
     const lq::Texture photo = lq::LoadTexture("photo.png");
     int x = 8;
-    for (const float deviation : {2.5f, 6.0f, 16.0f}) {
+    for (const float deviation : {3.0f, 6.0f, 16.0f}) {
         lq::Canvas canvas = lq::Canvas::Create(192, 120);
         canvas.Draw(photo, {0, 0, 192, 120});
         // [blur]
