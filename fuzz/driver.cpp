@@ -64,8 +64,8 @@ Program ProgramAt(const Options &options, uint64_t index) {
 /// error stream.
 void RunOne(const Options &options, uint64_t index, const Program &program, Progress &progress) {
 #ifndef _WIN32
-    constexpr int kMostSeconds = 20;
-    const itimerval limit{{0, 0}, {kMostSeconds, 0}};
+    constexpr int kMaxSeconds = 20;
+    const itimerval limit{{0, 0}, {kMaxSeconds, 0}};
     setitimer(ITIMER_VIRTUAL, &limit, nullptr);
 #endif
     if (options.tables) {
@@ -146,9 +146,9 @@ Program Reduced(const Options &options, Program program, Progress &progress) {
 
 /// Runs everything in children, so that one failing program does not hide the next. Result: how many failed.
 int RunAll(const Options &options, uint64_t end, double until, Progress &progress) {
-    constexpr int kMostFailures = 10;
+    constexpr int kMaxFailures = 10;
     int failures = 0;
-    while (failures < kMostFailures && !Succeeds(false, [&] { RunFrom(options, end, until, progress); })) {
+    while (failures < kMaxFailures && !Succeeds(false, [&] { RunFrom(options, end, until, progress); })) {
         ++failures;
         Options printing = options;
         printing.print = true;

@@ -18,7 +18,7 @@ size_t LLVMFuzzerCustomMutator(uint8_t *data, size_t size, size_t maxSize, unsig
     uint64_t state = seed;
     const size_t calls = size / kRecordSize, at = calls > 0 ? NextRandom(state) % calls : 0;
     uint8_t *record = data + at * kRecordSize;
-    const bool fits = (calls + 1) * kRecordSize <= maxSize && calls < kMostCalls;
+    const bool fits = (calls + 1) * kRecordSize <= maxSize && calls < kMaxCalls;
     switch (NextRandom(state) % 5) {
         case 0: {  // another call in between
             if (!fits) break;

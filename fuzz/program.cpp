@@ -50,7 +50,7 @@ Program MakeProgram(uint64_t seed, uint64_t index, const Rules &rules) {
         for (size_t i = 0; i < few; ++i) std::swap(rows[i], rows[i + NextRandom(state) % (rows.size() - i)]);
         rows.resize(few);
     }
-    const size_t count = 20 + NextRandom(state) % (kMostCalls - 20), opening = 8 + NextRandom(state) % 16;
+    const size_t count = 20 + NextRandom(state) % (kMaxCalls - 20), opening = 8 + NextRandom(state) % 16;
     Program program(count * kRecordSize);
     for (size_t i = 0; i < program.size(); i += 8) {
         const uint64_t word = NextRandom(state);
@@ -88,7 +88,7 @@ bool MayEndViews(std::string_view name) {
 
 void RunOnce(std::span<const uint8_t> program, const Rules &rules, std::ostream *text, const Listener &listener) {
     World world(rules);
-    const size_t count = std::min(program.size() / kRecordSize, kMostCalls);
+    const size_t count = std::min(program.size() / kRecordSize, kMaxCalls);
     for (size_t i = 0; i < count; ++i) {
         const auto record = program.subspan(i * kRecordSize, kRecordSize);
         uint32_t code = 0;

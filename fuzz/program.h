@@ -14,7 +14,7 @@ using Program = std::vector<uint8_t>;
 
 /// Four bytes name the row, the others choose its arguments.
 constexpr size_t kRecordSize = 32;
-constexpr size_t kMostCalls = 400;
+constexpr size_t kMaxCalls = 400;
 
 /// What happened to one call.
 struct CallReport {

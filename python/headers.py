@@ -9,12 +9,13 @@ from pathlib import Path
 HEADERS = {  # Later ones use the records of earlier ones.
     "velGraphic": ["velgraphic/include/velgraphic/win32_types.h", "velgraphic/include/velgraphic/velgraphic.h"],
     "lacquer": ["src/api/include/lacquer/win32_types.h", "src/api/include/lacquer/lacquer.h"],
+    "lacquer_image": ["image/include/lacquer/image.h"],
 }
 
-FUNCTION = re.compile(r"^(?:LACQUER|VELGRAPHIC)_API\s+([^;()]+?)\(([^;()]*)\);", re.MULTILINE)
+FUNCTION = re.compile(r"^(?:LACQUER|VELGRAPHIC|LACQUER_IMAGE)_API\s+([^;()]+?)\(([^;()]*)\);", re.MULTILINE)
 RECORD = re.compile(r"typedef struct \w+ \{([^{}]*)\} (\w+);")
 OPAQUE = re.compile(r"typedef struct (\w+) \1;")
-ENUMERATION = re.compile(r"\benum \{([^{}]*)\};")
+ENUMERATION = re.compile(r"\benum (?:\w+ )?\{([^{}]*)\};")
 
 
 def project_version(root):

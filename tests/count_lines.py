@@ -2,13 +2,14 @@
 """Counts the lines of C and C++ per folder, without blank lines and comments, and the share of tests and fuzzers."""
 import collections
 import pathlib
+import re
 import subprocess
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 
 
 def code_lines(text):
-    lines = (line.strip() for line in text.splitlines())
+    lines = (line.strip() for line in re.sub(r"/\*.*?\*/", "", text, flags=re.DOTALL).splitlines())
     return sum(1 for line in lines if line and not line.startswith("//"))
 
 

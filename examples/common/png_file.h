@@ -8,13 +8,12 @@
 namespace lacquer::examples {
 
 /// Reads a file. Palette images and greys without alpha become 8-bit images, colour without alpha 24-bit ones, the rest
-/// 32-bit ones; 16-bit channels are reduced to 8. Throws std::runtime_error ("<path>: <reason>") when the file is
-/// missing, damaged or wider or higher than 32767 pixels.
+/// 32-bit ones. Throws std::runtime_error ("<path>: <reason>") on failure.
 Image ReadPng(const std::string &path, Alpha alpha = Alpha::kPremultiplied);
 
 enum class PngKind {
     kOpaque,   // three channels: the pixels as a window shows them, whatever their alpha
-    kStraight  // four channels, straight alpha
+    kStraight  // straight alpha
 };
 
 /// Writes the pixels of a canvas. Throws std::runtime_error ("<path>: <reason>") on failure.

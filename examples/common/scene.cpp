@@ -38,7 +38,7 @@ struct Caption {
 };
 constexpr Caption kButtons[] = {{Icon::kEraser, "Wipe"}, {Icon::kRoller, "Add a coat"}, {Icon::kInformation, "About"}};
 constexpr std::string_view kBoxNames[] = {"Dusk", "Visitor"};
-constexpr int kMostCoats = 5;
+constexpr int kMaxCoats = 5;
 constexpr int kListWidth = 190;
 constexpr int kRowHeight = 24;
 constexpr int kEntryHeight = 26;
@@ -152,7 +152,7 @@ Scene::Area Scene::AreaAt(POINT position) const {
 
 bool Scene::IsEnabled(Target target) const {
     if (target == Target{Kind::kButton, kWipe}) return coats_ > 0;
-    if (target == Target{Kind::kButton, kCoat}) return coats_ < kMostCoats;
+    if (target == Target{Kind::kButton, kCoat}) return coats_ < kMaxCoats;
     return true;
 }
 
@@ -355,7 +355,7 @@ void Scene::PaintPreview(const Canvas &canvas) const {
     for (int i = 0; i < coats_; ++i) FillBox(canvas, board, (colour.word & 0xFFFFFF) | 0x58000000);
     if (coats_ > 0) {
         const BYTE reflection = kFinishes[finish_].reflection;
-        DrawInto(canvas, board, skin_.photo, LACQUER_BILINEAR, static_cast<BYTE>(reflection * coats_ / kMostCoats));
+        DrawInto(canvas, board, skin_.photo, LACQUER_BILINEAR, static_cast<BYTE>(reflection * coats_ / kMaxCoats));
     }
     if (isOn_[kVisitor]) DrawAt(canvas, board.right - 92, board.bottom - 108, skin_.ladybird32);
     for (int i = 0; i < 3; ++i) DrawAt(canvas, board.left + 12 + i * 74, board.top + 10, skin_.knob);
@@ -384,10 +384,10 @@ void Scene::PaintList(const Canvas &canvas) const {
 
 void Scene::PaintControls(const Canvas &canvas) const {
     const RECT bar = Bar();
-    DrawProgress(canvas, skin_, bar, coats_, kMostCoats);
-    const std::string progress = std::to_string(coats_) + " of " + std::to_string(kMostCoats) + " coats";
+    DrawProgress(canvas, skin_, bar, coats_, kMaxCoats);
+    const std::string progress = std::to_string(coats_) + " of " + std::to_string(kMaxCoats) + " coats";
     // Light on what is filled, dark on the rest.
-    const LONG end = FilledPart(bar, coats_, kMostCoats).right;
+    const LONG end = FilledPart(bar, coats_, kMaxCoats).right;
     for (const bool isFilled : {true, false}) {
         const ScopedClip clip(canvas, {isFilled ? bar.left : end, bar.top, isFilled ? end : bar.right, bar.bottom});
         controls_.DrawName(canvas, bar.left + 10, (bar.top + bar.bottom) / 2, progress, isFilled ? 0xFFFFFFFF : kText);

@@ -6,8 +6,7 @@ The pieces are the pictures in examples/assets: sheets whose slices are the stat
 import sys
 from pathlib import Path
 
-from lacquer import Canvas, Layout, Rect, Shadow, ShadowFlag, Texture, TextureMode
-from PIL import Image
+from lacquer import Canvas, Layout, Rect, Shadow, ShadowFlag, TextureMode, load_texture
 
 ASSETS = Path(__file__).resolve().parents[2] / "examples" / "assets"
 NORMAL, HOVER, PRESSED, DISABLED = range(4)
@@ -16,7 +15,7 @@ LIGHT, DARK, GREY = 0xFFF4EEDD, 0xFF2A2420, 0xFF8C8884
 
 def piece(name, states=(1, 1), margins=None, layout=Layout.NINE_GRID):
     """A picture of the skin with a slice for each state, in columns and rows."""
-    texture = Texture.from_image(Image.open(ASSETS / f"{name}.png"))
+    texture = load_texture(ASSETS / f"{name}.png")
     columns, rows = states
     width, height = texture.width // columns, texture.height // rows
     texture.set_slices(

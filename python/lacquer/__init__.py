@@ -14,14 +14,18 @@ from ._enums import (
     DrawMode,
     FillType,
     FontStyle,
+    ImageFormat,
     Join,
     Layout,
+    LoadFlag,
+    PngFlag,
     Sampler,
     ScaleFlag,
     ShadowFlag,
     Style,
     Turn,
 )
+from ._files import ImageInfo, encode_png, image_info, load_bitmap, load_texture
 from ._image import Bitmap, Texture, TextureMode
 from ._interface import VERSION as __version__
 from ._object import LacquerError
@@ -55,12 +59,16 @@ __all__ = [
     "FontMetrics",
     "FontStyle",
     "Gradient",
+    "ImageFormat",
+    "ImageInfo",
     "Join",
     "LacquerError",
     "Layout",
+    "LoadFlag",
     "LockedPixels",
     "Lottie",
     "Path",
+    "PngFlag",
     "Point",
     "Rect",
     "Sampler",
@@ -78,6 +86,10 @@ __all__ = [
     "argb_to_ahsl",
     "colorize",
     "colorize_ahsl",
+    "encode_png",
+    "image_info",
+    "load_bitmap",
+    "load_texture",
     "set_sharp_bicubic",
     "sharp_bicubic",
 ]

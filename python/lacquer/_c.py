@@ -1,7 +1,7 @@
 """The C interface as it is: all exports, records and constants under the headers' names.
 
-Functions are ctypes functions with their argument and result types; <lacquer/lacquer.h> and <velgraphic/velgraphic.h>
-say what they do. Handles are integers. Nothing here guards against wrong pointers, objects that were destroyed, or
+Functions are ctypes functions with their argument and result types; <lacquer/lacquer.h>,
+<lacquer/image.h> and <velgraphic/velgraphic.h> say what they do. Handles are integers. Nothing here guards against wrong pointers, objects that were destroyed, or
 numbers that are too large (ctypes cuts them off): the classes of the package do.
 """
 
@@ -20,6 +20,7 @@ _TYPES: Any = {
     "BYTE": ctypes.c_uint8,
     "float": ctypes.c_float,
     "size_t": ctypes.c_size_t,
+    "uint64_t": ctypes.c_uint64,
     "void": None,
     "void*": ctypes.c_void_p,
     "char*": ctypes.c_char_p,
@@ -78,8 +79,8 @@ for _name, _fields in _interface.RECORDS.items():
     globals()[_name] = _TYPES[_name]
 
 _libraries = load()
-for _library_name, _functions in _interface.FUNCTIONS.items():
-    for _name, (_result, _arguments) in _functions.items():
+for _library_name in _libraries:
+    for _name, (_result, _arguments) in _interface.FUNCTIONS[_library_name].items():
         globals()[_name] = _bind(_libraries[_library_name], _name, _result, _arguments)
 
 # What is needed of GDI, which the library brings along where the system has none: the rectangles of a region.

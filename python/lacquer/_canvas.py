@@ -95,6 +95,7 @@ class Canvas(Surface):
 
     @property
     def viewport_origin(self) -> Point:
+        """The place, in device pixels, of the point that is the window origin; (0, 0) at first."""
         out = read(_c.GetViewportOrg, _c.POINT, self)
         return Point(out.x, out.y)
 
@@ -105,6 +106,7 @@ class Canvas(Surface):
 
     @property
     def window_origin(self) -> Point:
+        """The logical point that lies at the viewport origin; (0, 0) at first."""
         out = read(_c.GetWindowOrg, _c.POINT, self)
         return Point(out.x, out.y)
 
@@ -397,9 +399,11 @@ class Canvas(Surface):
         done(_c.SetStrokeWidth, self, width)
 
     def set_stroke_cap(self, cap: int) -> None:
+        """The ends of open strokes and of dashes: a value of Cap, at first Cap.BUTT."""
         done(_c.SetStrokeCap, self, cap)
 
     def set_stroke_join(self, join: int) -> None:
+        """The corners of strokes: a value of Join, at first Join.MITER."""
         done(_c.SetStrokeJoin, self, join)
 
     def set_dash(self, dash: Union[int, Sequence[float]], *, offset: float = 0.0) -> None:
@@ -427,14 +431,17 @@ class Canvas(Surface):
         done(_c.DrawPoint, self, x, y)
 
     def draw_line(self, x0: float, y0: float, x1: float, y1: float) -> None:
+        """A line between two points, stroked in every style."""
         done(_c.DrawLine, self, x0, y0, x1, y1)
 
     def draw_rectangle(self, x: float, y: float, width: float, height: float) -> None:
+        """A rectangle by its top left corner and its size, which is not negative."""
         done(_c.DrawRectangle, self, x, y, width, height)
 
     def draw_round_rect(
         self, x: float, y: float, width: float, height: float, radius_x: float, radius_y: Optional[float] = None
     ) -> None:
+        """A rectangle whose corners are quarters of ellipses; `radius_y` None is `radius_x`."""
         done(_c.DrawRoundRect, self, x, y, width, height, radius_x, radius_x if radius_y is None else radius_y)
 
     def draw_circle(self, x: float, y: float, radius: float) -> None:
@@ -467,6 +474,7 @@ class Canvas(Surface):
         done(_c.DrawBezier, self, x0, y0, x1, y1, x2, y2, x3, y3)
 
     def draw_path(self, path: Path) -> None:
+        """A path by the style; filled, it encloses what its fill type says."""
         done(_c.DrawPath, self, path)
 
     def draw_lottie(self, lottie: Lottie, frame: float, x: float, y: float, width: float, height: float) -> None:
@@ -502,6 +510,7 @@ class Canvas(Surface):
         done(_c.DrawPosTextByGlyphs, self, numbers, len(numbers), _points(_c.velPointF, places))
 
     def font_metrics(self) -> FontMetrics:
+        """Measures of the canvas's font at its size."""
         ascent, descent, line_height = ctypes.c_float(), ctypes.c_float(), ctypes.c_float()
         done(_c.GetFontMetrics, self, ascent, descent, line_height)
         return FontMetrics(ascent.value, descent.value, line_height.value)

@@ -144,3 +144,38 @@ class FontStyle(IntFlag):
     ITALIC = _c.VEL_FONT_ITALIC
     UNDERLINE = _c.VEL_FONT_UNDERLINE
     STRIKE_OUT = _c.VEL_FONT_STRIKE_OUT
+
+
+class ImageFormat(IntEnum):
+    """What a picture file is: LACQUER_IMAGE_..."""
+
+    PNG = _c.LACQUER_IMAGE_PNG
+    JPEG = _c.LACQUER_IMAGE_JPEG
+    WEBP = _c.LACQUER_IMAGE_WEBP
+
+
+class LoadFlag(IntFlag):
+    """How pictures are loaded: LACQUER_IMAGE_..."""
+
+    STRAIGHT = _c.LACQUER_IMAGE_STRAIGHT  # colours not multiplied by alpha, for a colour key
+    KEEP_DEPTH = _c.LACQUER_IMAGE_KEEP_DEPTH  # 8, 24 or 32 bits per pixel
+    KEEP_ORIENTATION = _c.LACQUER_IMAGE_KEEP_ORIENTATION  # not turned upright
+
+
+class PngFlag(IntFlag):
+    """How PNG is written: LACQUER_PNG_..."""
+
+    OPAQUE = _c.LACQUER_PNG_OPAQUE  # without alpha
+
+
+class ImageStatus(IntEnum):
+    """What became of a call of the C interface to picture files: LACQUER_IMAGE_..."""
+
+    DONE = _c.LACQUER_IMAGE_DONE
+    BAD_ARGUMENT = _c.LACQUER_IMAGE_BAD_ARGUMENT
+    BAD_FILE = _c.LACQUER_IMAGE_BAD_FILE
+    BAD_FORMAT = _c.LACQUER_IMAGE_BAD_FORMAT
+    UNSUPPORTED = _c.LACQUER_IMAGE_UNSUPPORTED
+    DAMAGED = _c.LACQUER_IMAGE_DAMAGED
+    TOO_LARGE = _c.LACQUER_IMAGE_TOO_LARGE
+    NO_MEMORY = _c.LACQUER_IMAGE_NO_MEMORY

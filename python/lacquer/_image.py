@@ -67,6 +67,7 @@ class Image(Surface):
 
     @property
     def bits_per_pixel(self) -> int:
+        """Bits of one pixel: 8, 24 or 32."""
         return int(read(self._function("Get*BitsPixel"), ctypes.c_uint8, self).value)
 
     def copy_from(
@@ -165,6 +166,7 @@ class Texture(Image):
 
     @property
     def mode(self) -> TextureMode:
+        """How `Canvas.draw_texture` lays the texture out; stretched at first."""
         record = read(_c.GetTextureMode, _c.TextureMode, self)
         return TextureMode(record.mode, rect_of(record.margins), record.scaleFlags)
 
@@ -188,6 +190,7 @@ class Texture(Image):
 
     @property
     def slice_count(self) -> int:
+        """How many slices there are; 0 at first."""
         self._own()
         return int(call(_c.GetTextureSliceCount, self))
 

@@ -1,4 +1,4 @@
-"""Finds the two shared libraries and opens them."""
+"""Finds the shared libraries and opens them."""
 
 import ctypes
 import os
@@ -9,7 +9,7 @@ from typing import Dict
 from . import _interface
 
 WINDOWS = sys.platform == "win32"
-_VARIABLES = {"lacquer": "LACQUER_LIBRARY", "velGraphic": "VELGRAPHIC_LIBRARY"}
+_VARIABLES = {"lacquer": "LACQUER_LIBRARY", "velGraphic": "VELGRAPHIC_LIBRARY", "lacquer_image": "LACQUER_IMAGE_LIBRARY"}
 
 
 def _file_name(name: str) -> str:
@@ -38,9 +38,16 @@ def _open(name: str) -> ctypes.CDLL:
 
 
 def load() -> Dict[str, ctypes.CDLL]:
-    """Both libraries by their names. Which one is opened first decides which companion they share: one that is named
-    expressly wins, and otherwise it is the one that the raster library brings along."""
+    """The libraries by their names; that for picture files may be missing. Which one is opened first decides which
+    companion they share: one that is named expressly wins, and otherwise it is the one that the raster library brings
+    along."""
     names = ["lacquer", "velGraphic"]
     if os.environ.get(_VARIABLES["velGraphic"]) or _carried("velGraphic").exists():
         names.reverse()
-    return {name: _open(name) for name in names}
+    libraries = {name: _open(name) for name in names}
+    try:
+        libraries["lacquer_image"] = _open("lacquer_image")
+    except ImportError:
+        if os.environ.get(_VARIABLES["lacquer_image"]):
+            raise
+    return libraries

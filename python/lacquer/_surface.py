@@ -41,6 +41,7 @@ class LockedPixels:
 
     @property
     def bytes_per_pixel(self) -> int:
+        """Bytes of one pixel: 1, 3 or 4."""
         return self.bits_per_pixel // 8
 
     def array(self) -> numpy.typing.NDArray[numpy.uint8]:
@@ -88,10 +89,12 @@ class Surface(Owner):
 
     @property
     def width(self) -> int:
+        """Pixels; of a texture with slices the current slice's."""
         return self.size.width
 
     @property
     def height(self) -> int:
+        """Pixels; of a texture with slices the current slice's."""
         return self.size.height
 
     @property
@@ -173,5 +176,12 @@ class Surface(Owner):
             return _pictures.to_image(locked, self.palette)
 
     def save(self, path: Union[str, os.PathLike[str]]) -> None:
-        """Writes the pixels to a PNG file, by Pillow."""
-        self.to_image().save(path, "PNG")
+        """Writes the pixels to a PNG file, by the library lacquer_image or, where it is missing, by Pillow."""
+        if hasattr(_c, "EncodeCanvasAsPng"):
+            from ._files import encode_png
+
+            data = encode_png(self)
+            with open(path, "wb") as file:
+                file.write(data)
+        else:
+            self.to_image().save(path, "PNG")

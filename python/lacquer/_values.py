@@ -44,13 +44,16 @@ class Rect(NamedTuple):
 
     @property
     def width(self) -> float:
+        """How far right is from left, pixels; negative for an inverted rectangle."""
         return self.right - self.left
 
     @property
     def height(self) -> float:
+        """How far bottom is from top, pixels; negative for an inverted rectangle."""
         return self.bottom - self.top
 
     def moved(self, dx: float, dy: float) -> Rect:
+        """The rectangle of the same size, so many pixels further right and down."""
         return Rect(self.left + dx, self.top + dy, self.right + dx, self.bottom + dy)
 
     def inset(self, by: float) -> Rect:
@@ -98,15 +101,20 @@ def four(radii: Union[float, Sequence[float]]) -> Any:
 
 
 class Shadow(NamedTuple):
-    """One shadow of a rectangle: see `Canvas.draw_shadows`."""
+    """One shadow of a rectangle: see `Canvas.draw_shadows`.
+
+    `colour`: straight. `offset`: pixels to the right and down. `blur`: pixels, 0 to 1024, twice the standard deviation
+    as in CSS. `spread`: pixels by which the shadow grows before it is blurred. `radii`: pixels, of the rectangle's
+    corners, one for all or one for each. `lightness`: factor on the colour's lightness. `flags`: of ShadowFlag.
+    """
 
     colour: Colour
-    offset: Tuple[int, int] = (0, 0)  # pixels to the right and down
-    blur: float = 0.0  # pixels, 0 to 1024: twice the standard deviation, as in CSS
-    spread: float = 0.0  # pixels by which the shadow grows before it is blurred
-    radii: Union[float, Sequence[float]] = 0.0  # pixels: of the rectangle's corners, one for all or one for each
-    lightness: float = 1.0  # factor on the colour's lightness
-    flags: int = 0  # of ShadowFlag
+    offset: Tuple[int, int] = (0, 0)
+    blur: float = 0.0
+    spread: float = 0.0
+    radii: Union[float, Sequence[float]] = 0.0
+    lightness: float = 1.0
+    flags: int = 0
 
     def _record(self) -> Any:
         x, y = (whole(offset, ctypes.c_int32) for offset in self.offset)
@@ -115,13 +123,18 @@ class Shadow(NamedTuple):
 
 
 class TextExtent(NamedTuple):
-    """How large a line of text is, in pixels."""
+    """How large a line of text is, in pixels.
 
-    advance: float  # how far from its origin the next one would begin
-    ascent: float  # how far the fonts used reach above the baseline
-    descent: float  # and below it; positive
-    line_height: float  # the distance of two baselines
-    ink: Rect  # around the pixels that would be touched, from the origin on the baseline
+    `advance`: how far from its origin the next one would begin. `ascent`, `descent`: how far the fonts used reach above
+    the baseline and below it, both positive. `line_height`: the distance of two baselines. `ink`: around the pixels
+    that would be touched, from the origin on the baseline.
+    """
+
+    advance: float
+    ascent: float
+    descent: float
+    line_height: float
+    ink: Rect
 
 
 class FontMetrics(NamedTuple):

@@ -18,6 +18,7 @@ class Path(Owner):
     """
 
     def __init__(self, *, fill_type: int = FillType.WINDING) -> None:
+        """An empty path. `fill_type`: a value of FillType."""
         self._handle = Handle(done(_c.PathCreate), _c.PathDestroy)
         self.set_fill_type(fill_type)
 
@@ -37,10 +38,12 @@ class Path(Owner):
         return self
 
     def move_to(self, x: float, y: float) -> Path:
+        """Begins a figure at a point."""
         done(_c.PathMoveTo, self, x, y)
         return self
 
     def line_to(self, x: float, y: float) -> Path:
+        """A line from the present point to (x, y)."""
         done(_c.PathLineTo, self, x, y)
         return self
 
@@ -67,10 +70,12 @@ class Path(Owner):
         return self
 
     def bezier_to(self, x1: float, y1: float, x2: float, y2: float, x3: float, y3: float) -> Path:
+        """A cubic curve with two control points to (x3, y3)."""
         done(_c.PathBezierCurveTo, self, x1, y1, x2, y2, x3, y3)
         return self
 
     def quadratic_to(self, x1: float, y1: float, x2: float, y2: float) -> Path:
+        """A quadratic curve with one control point to (x2, y2)."""
         done(_c.PathQuadraticCurveTo, self, x1, y1, x2, y2)
         return self
 
@@ -80,14 +85,17 @@ class Path(Owner):
         return self
 
     def add_rectangle(self, x: float, y: float, width: float, height: float) -> Path:
+        """A rectangle as a figure of its own."""
         done(_c.PathAddRectangle, self, x, y, width, height)
         return self
 
     def add_circle(self, x: float, y: float, radius: float) -> Path:
+        """A circle around (x, y) as a figure of its own."""
         done(_c.PathAddCircle, self, x, y, radius)
         return self
 
     def add_ellipse(self, x: float, y: float, radius_x: float, radius_y: float) -> Path:
+        """An ellipse around (x, y) as a figure of its own."""
         done(_c.PathAddEllipse, self, x, y, radius_x, radius_y)
         return self
 
@@ -105,10 +113,12 @@ class Gradient(Owner):
 
     @classmethod
     def linear(cls, x0: float, y0: float, x1: float, y1: float, stops: Stops = ()) -> Gradient:
+        """From (x0, y0), offset 0, to (x1, y1), offset 1."""
         return cls._adopt(Handle(done(_c.GradientCreateLinear, x0, y0, x1, y1), _c.GradientDestroy))._with(stops)
 
     @classmethod
     def radial(cls, x: float, y: float, radius: float, stops: Stops = ()) -> Gradient:
+        """From (x, y), offset 0, to a circle, offset 1; the radius is positive."""
         return cls._adopt(Handle(done(_c.GradientCreateRadial, x, y, radius), _c.GradientDestroy))._with(stops)
 
     def _with(self, stops: Stops) -> Gradient:
@@ -133,6 +143,7 @@ class Lottie(Owner):
 
     @classmethod
     def from_file(cls, path: Union[str, os.PathLike[str]]) -> Lottie:
+        """An animation from a Lottie file."""
         with open(path, "rb") as file:
             return cls.from_data(file.read())
 
@@ -147,6 +158,7 @@ class Lottie(Owner):
 
     @property
     def frame_count(self) -> float:
+        """How many frames there are, at least 1."""
         return float(self._info().frameCount)
 
     @property

@@ -10,7 +10,7 @@ from lacquer import _c, _enums, _interface
 
 ROOT = Path(__file__).resolve().parents[2]
 PROOF = """
-#include <lacquer/lacquer.h>
+#include <lacquer/image.h>
 #include <type_traits>
 template <class T> struct Plain { using Type = T; };
 template <class T> struct Plain<const T> : Plain<T> {};
@@ -32,6 +32,7 @@ NAMES = {
     ctypes.c_int32: "int32_t",
     ctypes.c_uint32: "uint32_t",
     ctypes.c_uint16: "uint16_t",
+    ctypes.c_uint64: "uint64_t",
     ctypes.c_uint8: "uint8_t",
     ctypes.c_float: "float",
     ctypes.c_size_t: "size_t",
@@ -65,7 +66,7 @@ def claims():
 
 def exports():
     """The names in the lists of exports, the layouts' without their decoration."""
-    for path in "src/api/lacquer.def", "velgraphic/velgraphic.def":
+    for path in "src/api/lacquer.def", "velgraphic/velgraphic.def", "image/lacquer_image.def":
         for name in re.findall(r"^    (?:_Z\d\d)?(\w+)$", (ROOT / path).read_text(), re.MULTILINE):
             yield re.sub(r"8HGCANVAS.*", "", name)
 
@@ -74,7 +75,7 @@ class InterfaceTest(unittest.TestCase):
     def test_headers_declare_what_the_package_calls(self):
         self.assertEqual(set(exports()), {name for table in _interface.FUNCTIONS.values() for name in table})
         source = PROOF + "".join(f"static_assert({claim});\n" for claim in claims())
-        folders = ["-I", ROOT / "src/api/include", "-I", ROOT / "velgraphic/include"]
+        folders = [f"-I{ROOT / folder}/include" for folder in ("src/api", "velgraphic", "image")]
         command = ["c++", "-std=c++20", "-fsyntax-only", *folders, "-x", "c++", "-"]
         compiled = subprocess.run(command, input=source, text=True, capture_output=True)
         self.assertEqual(compiled.returncode, 0, compiled.stderr)

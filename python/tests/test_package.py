@@ -152,6 +152,24 @@ class PictureTest(unittest.TestCase):
             self.assertEqual(texture.draw_mode, DrawMode.COPY)
             self.assertEqual(texture.to_image().convert("RGB").tobytes(), opaque.convert("RGB").tobytes(), mode)
 
+    def test_files_of_every_format(self):
+        image = Image.new("RGBA", (33, 17), (200, 100, 50, 128))
+        with tempfile.TemporaryDirectory() as folder:
+            for kind, error in ("PNG", 0), ("WEBP", 0), ("JPEG", 2):
+                path = File(folder, f"é.{kind}")
+                (image.convert("RGB") if error else image).save(path, kind, lossless=True, quality=100)
+                self.assertEqual(lacquer.image_info(path)[:3], (lacquer.ImageFormat[kind], 33, 17))
+                with lacquer.load_texture(path) as texture, texture.pixels() as pixels:
+                    self.assertEqual(texture.draw_mode, DrawMode.COPY if error else DrawMode.OVER)
+                    expected = (50, 100, 200, 255) if error else (25, 50, 100, 128)
+                    self.assertLessEqual(abs(pixels.astype(int) - expected).max(), error)
+                    texture.save(path)
+                    with lacquer.load_bitmap(path.read_bytes(), lacquer.LoadFlag.KEEP_DEPTH) as bitmap:
+                        self.assertEqual(bitmap.bits_per_pixel, 24 if error else 32)
+                        self.assertEqual(bitmap.to_image().convert("RGBA"), texture.to_image())
+        self.assertRaisesRegex(LacquerError, "neither PNG nor", lacquer.load_texture, b"no picture")
+        self.assertRaises(OSError, lacquer.load_bitmap, "nothing.png")
+
     def test_pixels_of_every_depth(self):
         for bits, shape, value in (8, (3, 5), 2), (24, (3, 5, 3), (3, 2, 1)), (32, (3, 5, 4), (3, 2, 1, 255)):
             palette = [0, 0, 0xFF010203] if bits == 8 else None
@@ -263,6 +281,16 @@ def samples():
 SPECIAL = {"select_slice": {"index": 0}, "oval_to": {"x": 3.0}, "transformed": {"turn": 2}}
 HOSTILE = [None, -1, 0, 2**31, 2**32 + 4, 10**400, 1e300, float("nan"), "\0x", "", b"", [], (1, 2), [10**30] * 4,
            (2**32, 0, 4, 4), (0, 0, -5, -5), (-(2**31), -(2**31), 2**31 - 1, 2**31 - 1), object(), "x" * 70000]  # fmt: skip
+
+
+class DescriptionTest(unittest.TestCase):
+    def test_public_names_are_described(self):
+        for name in lacquer.__all__:
+            thing = getattr(lacquer, name)
+            members = inspect.getmembers(thing) if inspect.isclass(thing) else []
+            for member, value in [("", thing), *((member, value) for member, value in members if member[0] != "_")]:
+                if inspect.isclass(value) or inspect.isroutine(value) or isinstance(value, property):
+                    self.assertTrue(inspect.getdoc(value), f"{name}.{member} is not described")
 
 
 class ArgumentTest(unittest.TestCase):

@@ -77,7 +77,7 @@ HBITMAP DibSectionCache::Acquire(int width, int height, DWORD now, BITMAP *descr
         return entry.bitmap;
     }
     HBITMAP bitmap = MakeDibSection(width, height, description);
-    if (bitmap && count_ < kMostEntries && bytes_ < kMostBytes) Insert(first, {bitmap, *description, now, 1});
+    if (bitmap && count_ < kMaxEntries && bytes_ < kMaxBytes) Insert(first, {bitmap, *description, now, 1});
     return bitmap;
 }
 

@@ -38,8 +38,8 @@ private:
         DWORD lastUse;
         DWORD useCount;
     };
-    static constexpr int kMostEntries = 64;
-    static constexpr int64_t kMostBytes = 8388608;
+    static constexpr int kMaxEntries = 64;
+    static constexpr int64_t kMaxBytes = 8388608;
 
     static int64_t BytesOf(const Entry &entry);
     int FirstOfSize(int width, int height) const;
@@ -50,7 +50,7 @@ private:
     DWORD lastTrim_;
     int count_ = 0;
     int64_t bytes_ = 0;
-    Entry entries_[kMostEntries]{};
+    Entry entries_[kMaxEntries]{};
 };
 
 /// The library's own cache, disabled.

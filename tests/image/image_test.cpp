@@ -20,21 +20,21 @@ namespace {
 
 lq::Span<const BYTE> SpanOf(const Bytes &bytes) { return {bytes.data(), bytes.size()}; }
 
-DWORD Premultiplied(DWORD word) {
-    DWORD result = word & 0xFF000000;
+uint32_t Premultiplied(uint32_t word) {
+    uint32_t result = word & 0xFF000000;
     for (int shift = 0; shift < 24; shift += 8) result |= ((word >> shift & 255) * ((word >> 24) + 1) >> 8) << shift;
     return result;
 }
 
 template <class Object>
-std::vector<DWORD> Colours(const Object &object) {
+std::vector<uint32_t> Colours(const Object &object) {
     return ColoursOf(lq::Lock(object).View());
 }
 
 /// The slot that the next object would get: another one once a handle has been left behind.
 uintptr_t NextSlot() { return lq::Bitmap::Create(1, 1).Handle().value & 0xFFFF; }
 
-::testing::AssertionResult AreAlike(const std::vector<DWORD> &actual, const std::vector<DWORD> &expected,
+::testing::AssertionResult AreAlike(const std::vector<uint32_t> &actual, const std::vector<uint32_t> &expected,
                                     int tolerance) {
     if (actual.size() != expected.size()) return ::testing::AssertionFailure() << actual.size() << " pixels";
     for (size_t i = 0; i < actual.size(); ++i)
@@ -55,9 +55,9 @@ TEST(Image, EveryKindIsReadAsWhatItHolds) {
         EXPECT_EQ(0, std::memcmp(&*info, &picture.info, sizeof *info));
 
         const bool isOpaque =
-            std::all_of(picture.pixels.begin(), picture.pixels.end(), [](DWORD word) { return word >= 0xFF000000; });
-        std::vector<DWORD> expected = picture.pixels;
-        for (DWORD &word : expected) word = Premultiplied(word);
+            std::all_of(picture.pixels.begin(), picture.pixels.end(), [](uint32_t word) { return word >= 0xFF000000; });
+        std::vector<uint32_t> expected = picture.pixels;
+        for (uint32_t &word : expected) word = Premultiplied(word);
         for (DWORD flags = 0; flags < 4; ++flags) {
             const lq::Bitmap bitmap = lq::LoadBitmapOf(file, {flags, 0, 0});
             ASSERT_TRUE(bitmap) << ImageLastError();
@@ -86,7 +86,7 @@ TEST(Image, JpegsAreTurnedUpright) {
         const DWORD n = orientation >= 1 && orientation <= 8 ? orientation : 1;
         const bool rowIsFar = n == 3 || n == 4 || n == 6 || n == 7, columnIsFar = n == 2 || n == 3 || n == 7 || n == 8;
         const DWORD width = picture.info.width, height = picture.info.height, seenWidth = n > 4 ? height : width;
-        std::vector<DWORD> seen(picture.pixels.size());
+        std::vector<uint32_t> seen(picture.pixels.size());
         for (DWORD i = 0; i < seen.size(); ++i) {
             const DWORD column = i % width, row = i / width;
             const DWORD along = columnIsFar ? width - 1 - column : column, across = rowIsFar ? height - 1 - row : row;
@@ -106,7 +106,7 @@ TEST(Image, JpegsAreTurnedUpright) {
 
 /// Loads what was written and compares it.
 template <class Object>
-void ExpectReadBack(const Object &object, DWORD flags, const std::vector<DWORD> &expected) {
+void ExpectReadBack(const Object &object, DWORD flags, const std::vector<uint32_t> &expected) {
     const lq::ImageData data = lq::EncodePng(object, flags);
     ASSERT_TRUE(data) << ImageLastError();
     EXPECT_EQ(expected, Colours(lq::LoadTexture(data.Bytes())));
@@ -122,7 +122,7 @@ TEST(Png, WhatIsWrittenReadsBackAsTheSamePixels) {
         }
     ExpectReadBack(all, 0, Colours(all));
     const lq::ImageData data = lq::EncodePng(all);
-    for (const DWORD word : Colours(lq::LoadTexture(data.Bytes(), {LACQUER_IMAGE_STRAIGHT, 0, 0})))
+    for (const uint32_t word : Colours(lq::LoadTexture(data.Bytes(), {LACQUER_IMAGE_STRAIGHT, 0, 0})))
         ASSERT_EQ(word >= 0x01000000 ? 255u : 0u, word & 255);
 
     for (const DWORD bits : {8, 24, 32}) {
@@ -130,8 +130,8 @@ TEST(Png, WhatIsWrittenReadsBackAsTheSamePixels) {
         FillWithNoise(lq::Lock(bitmap).View(), 1);
         FillPaletteWithNoise(lq::Lock(bitmap).View(), 2);
         ExpectReadBack(bitmap, 0, Colours(bitmap));
-        std::vector<DWORD> opaque = Colours(bitmap);
-        for (DWORD &word : opaque) word |= 0xFF000000;
+        std::vector<uint32_t> opaque = Colours(bitmap);
+        for (uint32_t &word : opaque) word |= 0xFF000000;
         ExpectReadBack(bitmap, LACQUER_PNG_OPAQUE, opaque);
     }
 
@@ -141,7 +141,7 @@ TEST(Png, WhatIsWrittenReadsBackAsTheSamePixels) {
     SetViewportOrg(canvas, 3, 4, nullptr);
     const RECT clip{1, 1, 2, 2};
     SetCanvasClipRect(canvas, &clip);
-    ExpectReadBack(canvas, 0, std::vector<DWORD>(200, 0xFF336699));
+    ExpectReadBack(canvas, 0, std::vector<uint32_t>(200, 0xFF336699));
     EXPECT_EQ(0u, lq::ReadImageInfo(lq::EncodePng(canvas).Bytes()).value_or(ImageFileInfo{}).hasAlpha);
 }
 
@@ -197,6 +197,13 @@ TEST(Image, FilesThatEndEarlyOrAreDamagedAreRefused) {
             ASSERT_FALSE(isRead && isGuarded) << at;
         }
     }
+    // Pixels that would have to be guessed: an end in the middle.
+    Bytes guessed = TurnedJpeg(1, true).file;
+    guessed[guessed.size() - 20] = 0xFF;
+    guessed[guessed.size() - 19] = 0xD9;
+    EXPECT_FALSE(lq::LoadTexture(SpanOf(guessed)));
+    for (const DWORD flags : {DWORD{0}, DWORD{LACQUER_IMAGE_KEEP_DEPTH}})
+        EXPECT_FALSE(lq::LoadTexture(SpanOf(PngBeyondItsPalette()), {flags, 0, 0}));
     EXPECT_EQ(slot, NextSlot());
 }
 

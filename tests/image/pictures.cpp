@@ -2,6 +2,7 @@
 
 #include "pictures.h"
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 // jpeglib.h needs what <cstdio> declares.
@@ -19,7 +20,7 @@ constexpr DWORD kWidth = 13, kHeight = 9;  // no multiple of what passes, blocks
 /// A 16-bit channel of a pixel.
 unsigned Deep(DWORD index, DWORD channel) { return Noise(channel + 1, index) >> 16; }
 
-DWORD Word(unsigned a, unsigned r, unsigned g, unsigned b) { return a << 24 | r << 16 | g << 8 | b; }
+uint32_t Word(unsigned a, unsigned r, unsigned g, unsigned b) { return a << 24 | r << 16 | g << 8 | b; }
 
 void AppendTo(png_structp png, png_bytep bytes, size_t count) {
     auto &file = *static_cast<Bytes *>(png_get_io_ptr(png));
@@ -88,8 +89,8 @@ Picture Png(int type, int depth, bool isInterlaced, bool isKeyed) {
 constexpr DWORD kBlock = 16, kColumns = 3, kLines = 2;
 
 /// Blocks of one colour each survive every kind of compression nearly as they are.
-std::vector<DWORD> FlatBlocks(bool isGrey, bool hasAlpha) {
-    std::vector<DWORD> pixels;
+std::vector<uint32_t> FlatBlocks(bool isGrey, bool hasAlpha) {
+    std::vector<uint32_t> pixels;
     for (DWORD i = 0; i < kBlock * kColumns * kBlock * kLines; ++i) {
         const DWORD x = i % (kBlock * kColumns) / kBlock, y = i / (kBlock * kColumns) / kBlock;
         const DWORD r = 40 + 80 * x, g = isGrey ? r : 30 + 130 * y, b = isGrey ? r : 220 - 60 * x - 40 * y;
@@ -165,6 +166,18 @@ Picture Jpeg(const JpegKind &kind) {
     return picture;
 }
 
+void AppendNumber(Bytes &to, size_t number, size_t bytes) {
+    for (; bytes-- > 0; number >>= 8) to.push_back(static_cast<BYTE>(number));
+}
+
+void AppendChunk(Bytes &to, const char *name, const Bytes &content) {
+    to.insert(to.end(), name, name + 4);
+    AppendNumber(to, content.size(), 4);
+    to.insert(to.end(), content.begin(), content.end());
+    if (content.size() % 2 != 0) to.push_back(0);
+}
+
+/// With something after the picture that belongs to the file, too.
 Picture Webp(const char *name, bool isLossless, bool hasAlpha) {
     Picture picture = BlockPicture(name, LACQUER_IMAGE_WEBP, hasAlpha ? 32 : 24, hasAlpha, isLossless ? 0 : 48);
     WebPConfig config;
@@ -186,18 +199,11 @@ Picture Webp(const char *name, bool isLossless, bool hasAlpha) {
     picture.file.assign(writer.mem, writer.mem + writer.size);
     WebPMemoryWriterClear(&writer);
     WebPPictureFree(&input);
+    AppendChunk(picture.file, "junk", Bytes(10));
+    Bytes size;
+    AppendNumber(size, picture.file.size() - 8, 4);
+    std::copy(size.begin(), size.end(), picture.file.begin() + 4);
     return picture;
-}
-
-void AppendNumber(Bytes &to, size_t number, size_t bytes) {
-    for (; bytes-- > 0; number >>= 8) to.push_back(static_cast<BYTE>(number));
-}
-
-void AppendChunk(Bytes &to, const char *name, const Bytes &content) {
-    to.insert(to.end(), name, name + 4);
-    AppendNumber(to, content.size(), 4);
-    to.insert(to.end(), content.begin(), content.end());
-    if (content.size() % 2 != 0) to.push_back(0);
 }
 
 /// Two frames; the first one, seen, leaves an edge of 6 columns and 4 rows transparent at the left and at the top.
@@ -283,6 +289,23 @@ Picture TurnedJpeg(DWORD orientation, bool isLittleEndian) {
     Picture picture = Jpeg({"turned jpeg", JCS_YCbCr, 1, false, false, exif});
     picture.info.orientation = orientation;
     return picture;
+}
+
+Bytes PngBeyondItsPalette() {
+    Bytes file, row(4, 2);
+    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
+    png_infop info = png_create_info_struct(png);
+    png_set_check_for_invalid_index(png, 0);
+    png_set_write_fn(png, &file, AppendTo, nullptr);
+    png_set_IHDR(png, info, 4, 1, 8, PNG_COLOR_TYPE_PALETTE, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
+                 PNG_FILTER_TYPE_DEFAULT);
+    const png_color palette[2]{};
+    png_set_PLTE(png, info, palette, 2);
+    png_write_info(png, info);
+    png_write_row(png, row.data());
+    png_write_end(png, info);
+    png_destroy_write_struct(&png, &info);
+    return file;
 }
 
 }  // namespace lacquer

@@ -15,8 +15,8 @@ struct Picture {
     std::string name;
     Bytes file;
     ImageFileInfo info;
-    std::vector<DWORD> pixels;  ///< straight, 0xAARRGGBB
-    int tolerance;              ///< of a colour channel
+    std::vector<uint32_t> pixels;  ///< straight, 0xAARRGGBB
+    int tolerance;                 ///< of a colour channel
 };
 
 /// Every colour type and depth of PNG, with and without a transparent colour, interlaced or not; JPEG in its colour
@@ -25,5 +25,8 @@ std::vector<Picture> Pictures();
 
 /// A JPEG of flat blocks whose Exif data, in either order of bytes, give an orientation.
 Picture TurnedJpeg(DWORD orientation, bool isLittleEndian);
+
+/// A PNG with a palette of two colours and pixels that index a third one.
+Bytes PngBeyondItsPalette();
 
 }  // namespace lacquer

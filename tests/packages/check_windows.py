@@ -58,9 +58,12 @@ def main(folder):
     dlls = {file.name for file in (tree / "bin").iterdir()}
     for dll in (tree / "bin").iterdir():
         needed = set(re.findall(r"DLL Name: (.+)", output(TOOLS + "objdump", "-p", dll)))
-        expect({each for each in needed - dlls if each.lower() not in WINDOWS} == set(), f"{dll.name} needs {needed - dlls}")
+        missing = {each for each in needed - dlls if each.lower() not in WINDOWS}
+        expect(not missing, f"{dll.name} needs {missing}")
         expect("no symbols" in subprocess.run([TOOLS + "nm", dll], capture_output=True, text=True).stderr, f"{dll.name} has symbols")
         expect(".debug_" not in output(TOOLS + "objdump", "-h", dll), f"{dll.name} is not stripped")
+    pages = (tree / "doc/api").glob("group*.html")
+    expect(any("DrawTexture9Grid" in page.read_text() for page in pages), "the pages of the declarations are missing")
     expect(version in (tree / "include/lacquer/version.h").read_text(), "version.h is of another version")
     expect((ROOT / "CHANGELOG.md").read_text().split("## ")[1].startswith(version), "CHANGELOG.md begins with another version")
 

@@ -6,16 +6,19 @@ typedef HGCANVAS Create(DWORD, DWORD, HGCANVAS);
 typedef int Draw(HGCANVAS, float, float, float, float);
 
 int main(int count, char **arguments) {
-    const char *names[] = {"velGraphic", "lacquer"};
-    HMODULE library = NULL;
-    for (int i = 0; count == 2 && i < 2; ++i) {
+    const char *names[] = {"velGraphic", "lacquer", "lacquer_image"};
+    HMODULE libraries[3] = {0};
+    for (int i = 0; count == 2 && i < 3; ++i) {
         char name[MAX_PATH], path[MAX_PATH];
         snprintf(name, sizeof name, "%s\\%s.dll", arguments[1], names[i]);
         GetFullPathNameA(name, sizeof path, path, NULL);
-        library = LoadLibraryExA(path, NULL, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS | LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR);
-        if (!library) return printf("%s: error %lu\n", path, GetLastError()) && 1;
+        libraries[i] = LoadLibraryExA(path, NULL, LOAD_LIBRARY_SEARCH_DEFAULT_DIRS | LOAD_LIBRARY_SEARCH_DLL_LOAD_DIR);
+        if (!libraries[i]) return printf("%s: error %lu\n", path, GetLastError()) && 1;
     }
-    Create *create = (Create *)(void *)GetProcAddress(library, "CreateCanvas");
-    Draw *draw = (Draw *)(void *)GetProcAddress(library, "DrawRectangle");
-    return create && draw && draw(create(4, 4, (HGCANVAS){0}), 1, 1, 2, 2) ? 0 : 1;
+    Create *create = (Create *)(void *)GetProcAddress(libraries[1], "CreateCanvas");
+    Draw *draw = (Draw *)(void *)GetProcAddress(libraries[1], "DrawRectangle");
+    return GetProcAddress(libraries[2], "LoadTextureFromData") && create && draw &&
+                   draw(create(4, 4, (HGCANVAS){0}), 1, 1, 2, 2)
+               ? 0
+               : 1;
 }

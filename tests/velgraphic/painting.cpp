@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <ctime>
 #include <tuple>
 
 namespace lacquer {
@@ -83,5 +84,39 @@ std::vector<WCHAR> Utf16(const std::string &ascii) {
     name.push_back(0);
     return name;
 }
+
+namespace {
+
+double ProcessorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
+
+double SecondsOfAPage() {
+    constexpr int kSide = 2000, kGlyphs = 20000, kFigures = 20;
+    Painting page(kSide, kSide);
+    velCanvasSetFontFaceName(page, Utf16("DejaVu Sans").data());
+    velCanvasSetTextSize(page, 12);
+    std::vector<WORD> glyphs;
+    std::vector<velPointF> places;
+    for (int i = 0; i < kGlyphs; ++i) {
+        glyphs.push_back(static_cast<WORD>(36 + i % 60));
+        places.push_back({static_cast<float>(i * 7919 % 8000) / 4, static_cast<float>(i * 10007 % kSide)});
+    }
+    const double start = ProcessorSeconds();
+    EXPECT_EQ(1, velCanvasDrawPosTextByGlyphs(page, glyphs.data(), kGlyphs, places.data()));
+    for (int i = 0; i < kFigures; ++i) {
+        const float at = static_cast<float>(40 * i);
+        EXPECT_EQ(1, velCanvasDrawEllipse(page, at, at, 800, 400));
+    }
+    return ProcessorSeconds() - start;
+}
+
+}  // namespace
+
+PageClock::PageClock() {
+    static const double page = SecondsOfAPage();
+    page_ = page;
+    start_ = ProcessorSeconds();
+}
+
+double PageClock::Pages() const { return (ProcessorSeconds() - start_) / page_; }
 
 }  // namespace lacquer

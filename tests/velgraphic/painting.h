@@ -64,4 +64,18 @@ void ExpectRefused(const std::string &what, const std::function<int(velCanvas *)
 /// A null-terminated name, as canvases take it.
 std::vector<WCHAR> Utf16(const std::string &ascii);
 
+/// Measures work in pages: one is the processor time, of all threads, in which this build draws a page of figures and
+/// small text on this machine. So a limit holds for slow machines and under sanitizers too.
+class PageClock {
+public:
+    static constexpr double kLong = 500;  ///< more than any call takes
+
+    PageClock();
+    double Pages() const;
+    bool IsLong() const { return Pages() > kLong; }
+
+private:
+    double page_, start_;
+};
+
 }  // namespace lacquer

@@ -269,9 +269,9 @@ TEST(VelTextRunTest, TheWorkOfARunIsBounded) {
     for (const Text &pattern : patterns) {
         Text text;
         while (text.size() + pattern.size() <= 65535) text += pattern;
-        const auto start = std::chrono::steady_clock::now();
+        const PageClock clock;
         EXPECT_EQ(1, velCanvasDrawTextRun(painting, Units(text), -1, 3, 20));
-        EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)) << "2 s where nothing else runs";
+        EXPECT_FALSE(clock.IsLong());
     }
 }
 

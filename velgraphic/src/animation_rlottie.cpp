@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cstdlib>
 #include <exception>
 #include <new>
 #include <string>
@@ -26,7 +27,7 @@ constexpr const char *kUnknown = "The renderer knows no such animation.";
 constexpr const char *kFar = "The frame reaches too far.";
 
 /// What the renderer may keep of frames that it has drawn, beside the one that it draws.
-constexpr double kMostKept = 256 << 20;
+constexpr double kMaxKept = 256 << 20;
 
 // Not through the renderer's cache of models: it goes by a key, and keeps what nobody uses any more.
 Model LoadModel(std::string json) { return rlottie::Animation::loadFromData(std::move(json), "", "", false); }
@@ -54,14 +55,39 @@ std::string WithoutDashes(std::string json, const CheckedAnimation &checked) {
     return result.append(json, at);
 }
 
+/// Whether so many threads can run at once, each with a stack and a heap. They are tried. What the system keeps of them
+/// when they end serves the next threads.
+bool ThreadsCanRun(size_t count) {
+    std::vector<std::thread> threads;
+    std::atomic<bool> mayEnd = false;
+    bool canRun = true;
+    try {
+        threads.reserve(count);
+        for (size_t i = 0; i < count; ++i) {
+            threads.emplace_back([&mayEnd] {
+                // The first allocation gives the thread its heap.
+                void *volatile piece = std::malloc(1);
+                std::free(piece);
+                mayEnd.wait(false);
+            });
+        }
+    } catch (const std::exception &) {
+        canRun = false;
+    }
+    mayEnd = true;
+    mayEnd.notify_all();
+    for (std::thread &thread : threads) thread.join();
+    return canRun;
+}
+
 /// The renderer's threads begin with its first shapes. If they can't, that ends the program; so they begin here, once
 /// there is room for them.
 bool HasThreads() {
     static std::atomic<bool> hasThreads = false;
     if (hasThreads) return true;
-    constexpr size_t kBytesPerThread = size_t{10} << 20;
+    constexpr size_t kShapesPerThread = size_t{1} << 20;
     const size_t count = std::max(1u, std::thread::hardware_concurrency());
-    if (!MemoryCanBeHad(count * kBytesPerThread)) return false;
+    if (!ThreadsCanRun(count) || !MemoryCanBeHad(count * kShapesPerThread)) return false;
     std::string shapes;
     for (size_t i = 0; i < 4 * count; ++i) {
         shapes += R"(,{"ty":"gr","it":[{"ty":"rc","p":{"k":[1,1]},"s":{"k":[2,2]}},{"ty":"fl","c":{"k":[1,1,1]}}]})";
@@ -136,7 +162,7 @@ velLottieInfo Animation::Info() const { return handle_->info; }
 
 const char *Animation::Prepare(size_t frame, int &width, int &height) {
     return Attempt([&]() -> const char * {
-        if (!handle_->tree || handle_->kept > kMostKept) {
+        if (!handle_->tree || handle_->kept > kMaxKept) {
             if (const char *refusal = handle_->Load()) return refusal;
         }
         if (!MemoryCanBeHad(static_cast<size_t>(handle_->preparing))) return kShort;

@@ -55,8 +55,8 @@ Bezier Bezier::Part(double from, double to) const {
 }
 
 double Bezier::Length() const {
-    constexpr int kMostHalvings = 24;  // sharp turns are short then
-    return LengthInHalves(*this, kMostHalvings);
+    constexpr int kMaxHalvings = 24;  // sharp turns are short then
+    return LengthInHalves(*this, kMaxHalvings);
 }
 
 }  // namespace lacquer::vel

@@ -33,7 +33,7 @@ private:
         MoveTo(start);
         figure.ForEach([this](Point to) { LineTo(to + view_.before); },
                        [this](const Point *p) {
-                           CurveTo({at_, p[0] + view_.before, p[1] + view_.before, p[2] + view_.before}, kMostHalvings);
+                           CurveTo({at_, p[0] + view_.before, p[1] + view_.before, p[2] + view_.before}, kMaxHalvings);
                        });
         LineTo(start);
     }

@@ -8,7 +8,7 @@
 namespace lacquer::vel {
 
 /// How often a curve is halved at most, to find the part of it that is seen. A double has no more digits than that.
-inline constexpr int kMostHalvings = 50;
+inline constexpr int kMaxHalvings = 50;
 
 /// Where the line from `a` to `b`, which lie on different sides, crosses a border across it: the other coordinate. The
 /// ends' own coordinates are multiplied first, not their distances from the border: a float times a float is exact.

@@ -77,7 +77,7 @@ private:
         cursor_.Restart();
         figure.ForEach([this](Point to) { LineTo(to + view_.before); },
                        [this](const Point *p) {
-                           CurveTo({at_, p[0] + view_.before, p[1] + view_.before, p[2] + view_.before}, kMostHalvings);
+                           CurveTo({at_, p[0] + view_.before, p[1] + view_.before, p[2] + view_.before}, kMaxHalvings);
                        });
         if (figure.isClosed) LineTo(start);
     }

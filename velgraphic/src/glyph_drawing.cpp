@@ -16,7 +16,7 @@ namespace {
 constexpr float kLargestOnPixels = 256;
 
 /// The bytes of coverage that are added up before they are painted: as many as stay in a processor's nearer memory.
-constexpr int64_t kMostCoverage = 1 << 16;
+constexpr int64_t kMaxCoverage = 1 << 16;
 
 bool StandsOnPixels(const State &state) { return state.smooth && state.textSize <= kLargestOnPixels; }
 
@@ -121,7 +121,7 @@ bool Text::ForEachSeen(Handle handle) const {
 /// No result when masks do not suit: a glyph is too large after all, or there are too many new ones.
 std::optional<bool> Text::DrawThroughMasks() {
     // Glyphs of all kinds and sizes could fill the memory while the call uses them.
-    constexpr size_t kMostNewBytes = size_t{32} << 20;
+    constexpr size_t kMaxNewBytes = size_t{32} << 20;
     Buffer<PlacedMask> masks;
     if (!masks.Reserve(glyphs_.size())) return false;
     size_t newBytes = 0;
@@ -132,8 +132,8 @@ std::optional<bool> Text::DrawThroughMasks() {
         const Spot spot = Spot::NearestTo(origin);
         const GlyphKey key{placement.face->Id(), state_.textSize, placement.glyph, static_cast<uint16_t>(spot.quarter)};
         const GlyphMask *mask = reader.Find(key, [&](GlyphMask &made) {
-            result = newBytes > kMostNewBytes ? MaskResult::TooLarge
-                                              : MakeGlyphMask(*placement.face, key, canvas_.Scratch(), made);
+            result = newBytes > kMaxNewBytes ? MaskResult::TooLarge
+                                             : MakeGlyphMask(*placement.face, key, canvas_.Scratch(), made);
             newBytes += made.Bytes();
             return result == MaskResult::Made;
         });
@@ -155,7 +155,7 @@ std::optional<bool> Text::DrawThroughMasks() {
     if (box.IsEmpty()) box = {visible_.left, visible_.top, visible_.left + 1, visible_.top + 1};
     const int64_t bytes = Coverage::BytesOf(box);
     Coverage coverage;
-    if (!coverage.Reserve(isWhole ? bytes : std::min(bytes, kMostCoverage))) return false;
+    if (!coverage.Reserve(isWhole ? bytes : std::min(bytes, kMaxCoverage))) return false;
     cairo_t *context = canvas_.BeginMasks(box);
     if (!context) return false;
     Paint(context, pieces, box, coverage);

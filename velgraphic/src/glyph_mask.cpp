@@ -14,8 +14,8 @@ namespace lacquer::vel {
 namespace {
 
 /// The largest side, and the most bytes, of a mask: an eighth of what the cache holds.
-constexpr int kMostSide = 4096;
-constexpr size_t kMostBytes = size_t{1} << 20;
+constexpr int kMaxSide = 4096;
+constexpr size_t kMaxBytes = size_t{1} << 20;
 
 /// The renderer counts in steps of this many to a pixel.
 double Rounded(double coordinate) { return std::nearbyint(coordinate * 256) / 256; }
@@ -34,9 +34,9 @@ MaskResult MakeGlyphMask(FontFace &face, const GlyphKey &key, Outline &scratch, 
     mask.box = PixelsTouched({Rounded(low), Rounded(high)});
     const int width = mask.box.right - mask.box.left, height = mask.box.bottom - mask.box.top;
     if (width == 0 || height == 0) return MaskResult::Made;
-    if (width > kMostSide || height > kMostSide) return MaskResult::TooLarge;
+    if (width > kMaxSide || height > kMaxSide) return MaskResult::TooLarge;
     mask.stride = (width + GlyphMask::kBlock - 1) & ~(GlyphMask::kBlock - 1);
-    if (mask.Bytes() > kMostBytes) return MaskResult::TooLarge;
+    if (mask.Bytes() > kMaxBytes) return MaskResult::TooLarge;
     mask.rows.reset(new (std::nothrow) uint8_t[mask.Bytes()]{});
     const Point offset{-1.0 * mask.box.left, -1.0 * mask.box.top};
     const auto cost = DrawingCost::OfFill(scratch, offset, {0, 0, width, height});

@@ -57,7 +57,7 @@ private:
 }  // namespace
 
 bool velGradient::AddStop(float offset, DWORD colour) {
-    if (stops_.Size() == kMostStops || !stops_.Append({offset, colour})) return false;
+    if (stops_.Size() == kMaxStops || !stops_.Append({offset, colour})) return false;
     Stop *stop = stops_.Data() + stops_.Size() - 1;
     for (; stop != stops_.begin() && stop[-1].offset > offset; --stop) std::swap(stop[-1], stop[0]);
     return true;
@@ -65,9 +65,9 @@ bool velGradient::AddStop(float offset, DWORD colour) {
 
 bool velGradient::SuitsRenderer(Point offset, const Clip &visible) const {
     // About a second, if every pixel lies between other stops than the one before; less to insert the stops.
-    constexpr double kMostSearched = 1.2e10, kInsertion = 60;
+    constexpr double kMaxSearched = 1.2e10, kInsertion = 60;
     const double stops = static_cast<double>(stops_.Size());
-    if (stops * (visible.Area() + kInsertion * stops) > kMostSearched) return false;
+    if (stops * (visible.Area() + kInsertion * stops) > kMaxSearched) return false;
 
     // Beyond this the renderer reduces the gradient and its coordinates, which it keeps in steps of 2^-16.
     constexpr double kLargest = 16383, kError = 0x1p-17;

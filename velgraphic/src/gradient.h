@@ -17,7 +17,7 @@ public:
     velGradient(Point first, Point second, double radius) : first_(first), second_(second), radius_(radius) {}
 
     /// How many stops a gradient has at most.
-    static constexpr size_t kMostStops = 100'000;
+    static constexpr size_t kMaxStops = 100'000;
 
     /// 0 <= offset <= 1. False when there are too many stops or memory is short.
     bool AddStop(float offset, DWORD colour);

@@ -72,7 +72,7 @@ public:
     /// Whether the renderer can draw the figures moved by `offset` as they are.
     bool SuitsRenderer(Point offset) const;
     /// Whether there are more lines and curves than are ever drawn.
-    bool IsTooLong() const { return verbs_.Size() > kMostVerbs; }
+    bool IsTooLong() const { return verbs_.Size() > kMaxVerbs; }
     /// At least the length of all lines and curves.
     double LengthAtMost() const;
 
@@ -96,7 +96,7 @@ public:
     }
 
 private:
-    static constexpr size_t kMostVerbs = 1'000'000;
+    static constexpr size_t kMaxVerbs = 1'000'000;
 
     bool Add(Verb verb, const Point *points);
 

@@ -9,8 +9,8 @@ namespace {
 
 constexpr int kSamples = 8;
 /// Together about a second.
-constexpr int64_t kMostRows = 600'000'000;
-constexpr size_t kMostEdges = 3'000'000;
+constexpr int64_t kMaxRows = 600'000'000;
+constexpr size_t kMaxEdges = 3'000'000;
 
 }  // namespace
 
@@ -33,7 +33,7 @@ void SampleMask::AddEdge(Point from, Point to) {
     const int32_t row = firstBelow(top.y), end = firstBelow(bottom.y);
     if (row >= end || std::min(top.x, bottom.x) > sampleColumns_) return;
     rowsOfEdges_ += end - row;
-    isWhole_ = isWhole_ && rowsOfEdges_ <= kMostRows && edges_.Size() < kMostEdges;
+    isWhole_ = isWhole_ && rowsOfEdges_ <= kMaxRows && edges_.Size() < kMaxEdges;
     if (!isWhole_) return;
     const double slope = (bottom.x - top.x) / (bottom.y - top.y);
     const double x = top.x + (row + 0.5 - top.y) * slope + 0.5;

@@ -114,9 +114,9 @@ private:
     /// The part of the circle around `at` that is passed when `from` is turned, clockwise on screen, to `to`: at most a
     /// half of it.
     void Fan(Point at, Point from, Point to) {
-        Point corners[kMostFan] = {at, at + from};
+        Point corners[kMaxFan] = {at, at + from};
         int count = 2;
-        for (Point p = from; count < kMostFan - 1; corners[count++] = at + p) {
+        for (Point p = from; count < kMaxFan - 1; corners[count++] = at + p) {
             p = {fanStep_.x * p.x - fanStep_.y * p.y, fanStep_.y * p.x + fanStep_.x * p.y};
             if (Cross(p, to) <= 0) break;
         }
@@ -124,7 +124,7 @@ private:
         mask_.AddPiece(corners, count);
     }
 
-    static constexpr int kMostFan = 520;  // half a circle in the smallest steps
+    static constexpr int kMaxFan = 520;  // half a circle in the smallest steps
 
     const StrokeForm &form_;
     const double half_;

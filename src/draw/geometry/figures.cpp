@@ -14,7 +14,7 @@
 namespace lacquer {
 namespace {
 
-constexpr int64_t kMostBlur = 1024;  ///< pixels
+constexpr int64_t kMaxBlur = 1024;  ///< pixels
 
 template <class... Numbers>
 bool AreNumbers(Numbers... numbers) {
@@ -82,7 +82,7 @@ bool IsDrawable(const ShadowStyle &style) {
 
 void DrawShadow(Canvas &canvas, const RECT &rect, const ShadowStyle &style, DWORD colour) {
     DrawShadow(canvas, ShapeOf(rect, RadiiOf(style.radii)),
-               {colour, style.offsetX * kUnits, style.offsetY * kUnits, LengthUnits(style.blur, 0, kMostBlur),
+               {colour, style.offsetX * kUnits, style.offsetY * kUnits, LengthUnits(style.blur, 0, kMaxBlur),
                 LengthUnits(style.spread, -kLongestLength, kLongestLength), PlaceOf(style.flags)});
 }
 

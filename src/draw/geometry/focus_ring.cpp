@@ -73,9 +73,9 @@ private:
     }
 
     void PaintPixels(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd) const {
-        BYTE cover[PartPainter::kMostCovered];
-        for (; x < xEnd; x += PartPainter::kMostCovered) {
-            const int count = static_cast<int>(std::min<int64_t>(PartPainter::kMostCovered, xEnd - x));
+        BYTE cover[PartPainter::kMaxCovered];
+        for (; x < xEnd; x += PartPainter::kMaxCovered) {
+            const int count = static_cast<int>(std::min<int64_t>(PartPainter::kMaxCovered, xEnd - x));
             BYTE any = 0;
             for (int i = 0; i < count; ++i) any |= cover[i] = ring_.At(x + i, y);
             if (any != 0) painter_.FillCovered(x, count, y, yEnd, cover);

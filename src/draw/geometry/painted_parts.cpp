@@ -44,8 +44,8 @@ PartPainter::PartPainter(const SurfaceView &view, int64_t left, int64_t top, con
       kernels_(ImageKernels()),
       isOpaque_(isOver_ && Alpha(fill_.colour & border_.colour) == 255) {
     if (!isOpaque_) return;
-    std::fill_n(words_[0], kMostCovered, fill_.colour);
-    std::fill_n(words_[1], kMostCovered, border_.colour);
+    std::fill_n(words_[0], kMaxCovered, fill_.colour);
+    std::fill_n(words_[1], kMaxCovered, border_.colour);
 }
 
 BYTE *PartPainter::PixelAt(int64_t x, int64_t y) const {
@@ -78,7 +78,7 @@ void PartPainter::Whole(const Part &part, int64_t x, int64_t xEnd, int64_t y, in
 
 /// The pixels as each fill makes them, and then their mix.
 void PartPainter::MixByFills(BYTE *pixels, int count, const BYTE *inner, const BYTE *border) const {
-    DWORD words[2][kMostCovered];
+    DWORD words[2][kMaxCovered];
     const Part *parts[2] = {&fill_, &border_};
     for (int i = 0; i < 2; ++i) {
         std::memcpy(words[i], pixels, static_cast<size_t>(count) * kPixelBytes);
@@ -146,11 +146,11 @@ void PartPainter::Evenly(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, BYTE 
     if (isOver_ && hasInner != hasBorder) {
         return OverEvenly(hasInner ? fill_ : border_, x, xEnd, y, yEnd, hasInner ? inner : border);
     }
-    BYTE inners[kMostCovered], borders[kMostCovered];
+    BYTE inners[kMaxCovered], borders[kMaxCovered];
     std::memset(inners, inner, sizeof inners);
     std::memset(borders, border, sizeof borders);
-    for (; x < xEnd; x += kMostCovered) {
-        Covered(x, static_cast<int>(std::min<int64_t>(kMostCovered, xEnd - x)), y, yEnd, inners, borders);
+    for (; x < xEnd; x += kMaxCovered) {
+        Covered(x, static_cast<int>(std::min<int64_t>(kMaxCovered, xEnd - x)), y, yEnd, inners, borders);
     }
 }
 

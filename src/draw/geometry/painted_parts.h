@@ -26,7 +26,7 @@ public:
     void BorderWhole(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd) const { Whole(border_, x, xEnd, y, yEnd); }
 
     /// Pixels of which parts are covered, `inner` by the fill and `border` by the border; every row alike.
-    static constexpr int kMostCovered = 64;
+    static constexpr int kMaxCovered = 64;
     void Covered(int64_t x, int count, int64_t y, int64_t yEnd, const BYTE *inner, const BYTE *border) const;
 
     /// The same for any number of pixels that the fill alone covers, and draws over.
@@ -56,8 +56,8 @@ private:
     bool isOver_;
     Part fill_, border_;
     const ImageTable &kernels_;
-    bool isOpaque_;                 ///< both parts replace what they cover
-    DWORD words_[2][kMostCovered];  ///< a run of each, then
+    bool isOpaque_;                ///< both parts replace what they cover
+    DWORD words_[2][kMaxCovered];  ///< a run of each, then
 };
 
 }  // namespace lacquer

@@ -26,11 +26,11 @@ Cover CoverAt(const CoverRow &row, int64_t x) {
 
 BYTE BorderOf(BYTE outer, BYTE inner) { return outer > inner ? static_cast<BYTE>(outer - inner) : BYTE{0}; }
 
-constexpr int kMostCovered = PartPainter::kMostCovered;
+constexpr int kMaxCovered = PartPainter::kMaxCovered;
 
 /// The covers of fill and border.
 struct Covers {
-    BYTE inner[kMostCovered], border[kMostCovered];
+    BYTE inner[kMaxCovered], border[kMaxCovered];
 
     void Compute(const CoverRow &outside, const CoverRow &inside, int64_t x, int count) {
         inside.Write(x, count, inner);
@@ -111,7 +111,7 @@ bool ShapePainter::PaintEnds(const CoverRow &outer, const CoverRow &inner, int64
     const int64_t left = leftEnd - outer.begin, right = outer.end - rightBegin;
     // A thin sliver may have its even middle outside what it covers.
     if (left < 0 || right < 0 || leftEnd > rightBegin) return false;
-    if (left > kMostCovered || right > kMostCovered) return false;
+    if (left > kMaxCovered || right > kMaxCovered) return false;
     if (outer.begin < visible_.left || outer.end > visible_.right) return false;
     const bool isMirror = left == right && outside_.Rect().IsSymmetricAcross();
     const BYTE inside = hasInside ? inner.flat : BYTE{0}, border = BorderOf(outer.flat, inside);
@@ -148,9 +148,9 @@ void ShapePainter::PaintAlike(const CoverRow &outer, const CoverRow &inner, int6
             x = xEnd;
             continue;
         }
-        for (; x < xEnd; x += kMostCovered) {
+        for (; x < xEnd; x += kMaxCovered) {
             Covers covers;
-            const int count = static_cast<int>(std::min<int64_t>(kMostCovered, xEnd - x));
+            const int count = static_cast<int>(std::min<int64_t>(kMaxCovered, xEnd - x));
             covers.Compute(outer, inner, x, count);
             painter_.Covered(x, count, y, yEnd, covers.inner, covers.border);
         }

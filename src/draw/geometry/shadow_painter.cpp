@@ -72,7 +72,7 @@ void ShadowPainter::Even(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, int32
 void ShadowPainter::Varying(int64_t x, int count, int64_t y, int64_t yEnd, const int32_t *shares) {
     ForEachPiece(x, x + count, y, yEnd,
                  [&](int64_t from, int64_t to, int64_t top, int64_t bottom, bool varies, BYTE cover) {
-                     BYTE covers[kMostVarying];
+                     BYTE covers[kMaxVarying];
                      const int length = static_cast<int>(to - from);
                      const int32_t *own = shares + (from - x);
                      const bool isInside = place_ == ShadowPlace::Inside;

@@ -22,8 +22,8 @@ public:
 
     void Even(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, int32_t share);
 
-    /// At most kMostVarying pixels.
-    static constexpr int kMostVarying = 512;
+    /// At most kMaxVarying pixels.
+    static constexpr int kMaxVarying = 512;
     void Varying(int64_t x, int count, int64_t y, int64_t yEnd, const int32_t *shares);
 
     /// Asks for pixels that will be painted soon.

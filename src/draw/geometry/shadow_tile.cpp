@@ -97,7 +97,7 @@ void ShadowTile::GatherSlabs(const CasterSide &side, bool isLeft, int64_t from, 
     int16_t cuts[2][kRows];  // transitions at a slab's ends, by row; the lower end is the next one's upper
     edge.Line(y_ * kPixel - side.Cut(from), rows_, cuts[from & 1]);
     for (int64_t i = from; i < to; ++i) {
-        if (gathered_ == kMostLines) AddGathered();
+        if (gathered_ == kMaxLines) AddGathered();
         int16_t *line = lines_ + ptrdiff_t{gathered_} * kLinePixels;
         edge.Line(start - side.EdgeOf(i), columns_, line);
         if (!isLeft) std::reverse(line, line + columns_);

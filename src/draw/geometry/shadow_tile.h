@@ -37,7 +37,7 @@ private:
     void AddGathered();
     void SetWhole();
 
-    static constexpr int kMostLines = 32;
+    static constexpr int kMaxLines = 32;
 
     const Caster &caster_;
     const ImageTable &kernels_;
@@ -45,10 +45,10 @@ private:
     int columns_ = 0, rows_ = 0;
     const PixelRange *wanted_ = nullptr;
     int32_t sums_[kRows][kColumns];
-    int32_t groups_[kRows];                    ///< by row: what is the same in all columns
-    int gathered_ = 0;                         ///< slabs whose products are still to be added
-    int16_t lines_[kMostLines * kLinePixels];  ///< transitions at their edges, by column
-    int16_t weights_[kRows][kMostLines];       ///< by row
+    int32_t groups_[kRows];                   ///< by row: what is the same in all columns
+    int gathered_ = 0;                        ///< slabs whose products are still to be added
+    int16_t lines_[kMaxLines * kLinePixels];  ///< transitions at their edges, by column
+    int16_t weights_[kRows][kMaxLines];       ///< by row
 };
 
 }  // namespace lacquer

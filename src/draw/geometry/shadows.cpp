@@ -117,7 +117,7 @@ void TileRows::PrefetchAhead(int row, int64_t x, int64_t xEnd) const {
 
 /// Columns in which one row stands for all.
 void PaintAlike(ShadowTile &tile, ShadowPainter &painter, const Band &columns, const Band &rows) {
-    int32_t shares[ShadowPainter::kMostVarying];
+    int32_t shares[ShadowPainter::kMaxVarying];
     int count = 0;
     for (int64_t x = columns.from; x < columns.to;) {
         const int width = static_cast<int>(std::min<int64_t>(ShadowTile::kColumns, columns.to - x));
@@ -126,7 +126,7 @@ void PaintAlike(ShadowTile &tile, ShadowPainter &painter, const Band &columns, c
         std::copy_n(tile.Row(0), width, shares + count);
         count += width;
         x += width;
-        if (count + ShadowTile::kColumns <= ShadowPainter::kMostVarying && x < columns.to) continue;
+        if (count + ShadowTile::kColumns <= ShadowPainter::kMaxVarying && x < columns.to) continue;
         painter.Varying(x - count, count, rows.from, rows.to, shares);
         count = 0;
     }
@@ -173,7 +173,7 @@ int32_t ShareOf(BYTE cover) { return static_cast<int32_t>(int64_t{kFullShadow} *
 
 /// Without a blur the shadow is the shape itself.
 void PaintSharp(ShadowPainter &painter, const RoundedRect &shape, const RECT &visible) {
-    int32_t shares[PartPainter::kMostCovered];
+    int32_t shares[PartPainter::kMaxCovered];
     const CoverShape covers(shape);
     for (int64_t y = visible.top; y < visible.bottom;) {
         const CoverRow row(covers, y);
@@ -186,8 +186,8 @@ void PaintSharp(ShadowPainter &painter, const RoundedRect &shape, const RECT &vi
             if (isOutside || (x >= row.flatBegin && x < row.flatEnd)) {
                 painter.Even(x, to, y, yEnd, isOutside ? 0 : ShareOf(row.flat));
             } else {
-                for (int64_t from = x; from < to; from += PartPainter::kMostCovered) {
-                    const int count = static_cast<int>(std::min<int64_t>(PartPainter::kMostCovered, to - from));
+                for (int64_t from = x; from < to; from += PartPainter::kMaxCovered) {
+                    const int count = static_cast<int>(std::min<int64_t>(PartPainter::kMaxCovered, to - from));
                     for (int i = 0; i < count; ++i) shares[i] = ShareOf(row.At(from + i));
                     painter.Varying(from, count, y, yEnd, shares);
                 }

@@ -8,9 +8,14 @@
 
 namespace lq {
 
-// Turns premultiplied pixels into straight ones, the reverse of NormalizeTexture: each channel becomes the smallest
-// that is premultiplied to the old one, or 255 where there is none. Colours under alpha 0 become 0. 32 bits per pixel.
-// False, with nothing changed, for a wrong handle and another depth.
+/// @addtogroup cpp
+/// @param texture the texture; a wrong handle is refused
+/// @return true for done; false, with nothing changed, for a wrong handle and for other depths than 32 bits per pixel
+/// @{
+
+/// Turns premultiplied pixels into straight ones, the reverse of NormalizeTexture. Each channel becomes the smallest
+/// that is premultiplied to the old one, or 255 where there is none; colours under alpha 0 become 0.
+/// @see NormalizeTexture
 inline bool Straighten(HGTEXTURE texture) noexcept {
     const auto pixels = Lock(texture);
     if (!pixels || pixels.BitsPerPixel() != 32) return false;
@@ -28,18 +33,24 @@ inline bool Straighten(HGTEXTURE texture) noexcept {
     return true;
 }
 
-// ColorizeTexture for premultiplied pixels, as loaded pictures have them: straightens, shifts hue, saturation and
-// lightness, and premultiplies again. With all three shifts 0 nothing changes. 32 bits per pixel. False, with nothing
-// changed, for a wrong handle and another depth.
+/// Shifts the colours of premultiplied pixels, as loaded pictures have them: straightens, calls ColorizeTexture, and
+/// premultiplies again. With all three shifts 0 nothing changes.
+/// @param hue the shift of the hue, 1 being half the circle
+/// @param saturation, lightness the shifts of these, -1 to 1: fractions of the way to the least or the greatest value
+/// @see ColorizeTexture
 inline bool Tint(HGTEXTURE texture, float hue, float saturation, float lightness) noexcept {
     return Straighten(texture) && ColorizeTexture(texture, hue, saturation, lightness) && NormalizeTexture(texture);
 }
 
-// Blurs all pixels of a canvas, alpha included, inside its clip, by a standard deviation of about `deviation` pixels:
-// within a quarter of it, between 2.7 and 290. A shadow's `blur` is twice the deviation. Strong blurs take less time
-// than weak ones, because they are made on a smaller copy. Each step rounds down: a few of 255 levels are lost. The
-// canvas must be at its initial origins. False, with nothing changed, for a wrong handle, a canvas made from a device
-// context, a deviation that is not a positive number and when memory is short.
+/// Blurs all pixels of a canvas, alpha included, inside its clip. Strong blurs take less time than weak ones, because
+/// they are made on a smaller copy. Each step rounds down: a few of 255 levels are lost.
+/// @param canvas the canvas, at its initial origins; a wrong handle, and a canvas made from a device context, are
+/// refused
+/// @param deviation the standard deviation, pixels, which is half the blur of a ShadowStyle. The blur is within a
+/// quarter of it, between 2.7 and 290.
+/// @return true for done; false, with nothing changed, for a deviation that is not a positive number, when memory is
+/// short, and for a canvas that is refused
+/// @see GaussianBlurCanvas
 inline bool Blur(HGCANVAS canvas, float deviation) noexcept {
     constexpr float kStep = 2.66f;  // standard deviation of one Gaussian blur of the library
     SIZE size{};
@@ -66,6 +77,8 @@ inline bool Blur(HGCANVAS canvas, float deviation) noexcept {
     SetCanvasFilter(canvas, filter);
     return done;
 }
+
+/// @}
 
 }  // namespace lq
 

@@ -1,4 +1,9 @@
-// Where a text may be broken into lines: a simple form of the usual rules, for labels and short paragraphs.
+/// @file
+/// Where a text may be broken into lines: a simple form of the usual rules, for labels and short paragraphs.
+///
+/// @par Threads
+/// Any thread may call it; one thread at a time works on an object.
+/// @since 0.1.0
 #ifndef LACQUER_LINE_BREAKS_HPP
 #define LACQUER_LINE_BREAKS_HPP
 
@@ -7,7 +12,8 @@
 #include <cstddef>
 #include <string_view>
 
-// A literal of UTF-16 for a TextView, and for every `const WCHAR *` of the C interface: LACQUER_TEXT("Hello").
+/// A literal of UTF-16 for a TextView, and for every `const WCHAR *` of the C interface: LACQUER_TEXT("Hello").
+/// @param literal the text in quotes
 #ifdef _WIN32
 #define LACQUER_TEXT(literal) L##literal
 #else
@@ -16,10 +22,13 @@
 
 namespace lq {
 
-// A text in UTF-16: L"..." on Windows and u"..." elsewhere. Halves of surrogate pairs count as characters.
+/// @addtogroup cpp
+/// @{
+
+/// A text in UTF-16: L"..." on Windows and u"..." elsewhere. Halves of surrogate pairs count as characters.
 using TextView = std::basic_string_view<WCHAR>;
 
-// The most units that a line can have.
+/// The most UTF-16 units that a line can have.
 inline constexpr size_t kLongestRun = 65535;
 
 namespace detail {
@@ -167,6 +176,8 @@ size_t LongestFit(TextView text, size_t begin, size_t end, MayBreakAt mayBreak, 
 }
 
 }  // namespace detail
+
+/// @}
 
 }  // namespace lq
 

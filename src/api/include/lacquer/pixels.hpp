@@ -1,4 +1,9 @@
-// Views of memory, and locks that give an object's pixels for as long as they live.
+/// @file
+/// Views of memory, and locks that give an object's pixels for as long as they live.
+///
+/// @par Threads
+/// Any thread may call it; one thread at a time works on an object.
+/// @since 0.1.0
 #ifndef LACQUER_PIXELS_HPP
 #define LACQUER_PIXELS_HPP
 
@@ -12,28 +17,48 @@
 
 namespace lq {
 
-// Some elements in a row, which belong to somebody else. In C++20 it is taken for a std::span wherever one is wanted.
+/// @addtogroup cpp
+/// @param rect the part that is locked, which must not be empty and must lie inside; null for everything, which a
+/// canvas made from a device context refuses
+/// @{
+
+/// Some elements in a row, which belong to somebody else. In C++20 it is taken for a std::span wherever one is wanted.
+/// @tparam Element their type, const where they are only read
 template <typename Element>
 class Span {
 public:
-    // No elements.
+    /// No elements.
     constexpr Span() noexcept = default;
 
-    // `size` elements from `begin` on.
+    /// Elements from a place on.
+    /// @param begin the first element; null when there are none
+    /// @param size how many there are
     constexpr Span(Element *begin, size_t size) noexcept : first(begin), count(size) {}
 
-    // All elements of an array.
+    /// All elements of an array.
+    /// @param array the array, which must stay
     template <size_t length>
     constexpr Span(Element (&array)[length]) noexcept : first(array), count(length) {}
 
-    // The first element, null without any; how many there are; whether there is none; for range-based loops.
+    /// The first element.
+    /// @return a pointer to it; null or beyond the end when there are no elements
     constexpr Element *data() const noexcept { return first; }
+    /// How many elements there are.
+    /// @return 0 and more
     constexpr size_t size() const noexcept { return count; }
+    /// Whether there are no elements.
+    /// @return false when there are some
     constexpr bool empty() const noexcept { return count == 0; }
+    /// Where a loop over the elements begins.
+    /// @return a pointer to the first element; null or beyond the end when there are no elements
     constexpr Element *begin() const noexcept { return first; }
+    /// Where a loop over the elements ends.
+    /// @return a pointer beyond the last element; null when there are no elements
     constexpr Element *end() const noexcept { return first + count; }
 
-    // Element `index`, which must be below size().
+    /// One element.
+    /// @param index its place, which must be below size()
+    /// @return the element; nothing is checked
     constexpr Element &operator[](size_t index) const noexcept { return first[index]; }
 
 private:
@@ -56,18 +81,24 @@ inline int UnlockBits(HGCANVAS canvas) { return UnlockCanvasBits(canvas); }
 
 }  // namespace detail
 
-// The pixels of an object, or of a rectangle of it, locked until the end of the scope. Made by lq::Lock. It must end
-// before the object does.
+/// The pixels of an object, or of a rectangle of it, locked until the end of the scope. Made by lq::Lock. It must end
+/// before the object does.
+/// @tparam Handle HGBITMAP, HGTEXTURE or HGCANVAS
 template <typename Handle>
 class PixelLock {
 public:
-    // Locks everything, or the rectangle `rect`, which must not be empty and must lie inside. A canvas made from a
-    // device context needs a rectangle. When the lock is refused it holds no pixels: false, size 0.
+    /// Locks everything, or a rectangle. When the lock is refused it holds no pixels: false, size 0.
+    /// @param handle the object; a wrong handle is refused
     explicit PixelLock(Handle handle, const RECT *rect = nullptr) noexcept {
         if (detail::LockBits(handle, &view, rect)) locked = handle;
     }
 
+    /// Takes over what another lock holds.
+    /// @param other the lock, which holds no pixels afterwards
     PixelLock(PixelLock &&other) noexcept : locked(other.locked), view(other.view) { other.Forget(); }
+    /// Ends this lock and takes over what another one holds.
+    /// @param other the lock, which holds no pixels afterwards
+    /// @return this lock
     PixelLock &operator=(PixelLock &&other) noexcept {
         if (this != &other) {
             Unlock();
@@ -77,19 +108,30 @@ public:
         }
         return *this;
     }
+    /// Ends the lock.
     ~PixelLock() { Unlock(); }
 
-    // Whether there are pixels.
+    /// Whether there are pixels.
+    /// @return false when the lock was refused or has ended
     explicit operator bool() const noexcept { return static_cast<bool>(locked); }
 
-    // The size in pixels, the distance of two rows in bytes, and the bits of one pixel; all 0 without pixels.
+    /// The width.
+    /// @return pixels; 0 without pixels
     LONG Width() const noexcept { return view.width; }
+    /// The height.
+    /// @return pixels; 0 without pixels
     LONG Height() const noexcept { return view.height; }
+    /// The distance of two rows.
+    /// @return bytes; 0 without pixels
     LONG Stride() const noexcept { return view.stride; }
+    /// The depth.
+    /// @return bits of one pixel; 0 without pixels
     WORD BitsPerPixel() const noexcept { return view.bitsPerPixel; }
 
-    // The pixels of row `y`, from the top. `Pixel` is DWORD (0xAARRGGBB) for 32 bits, RGBRecord for 24 and BYTE (an
-    // index) for 8. No pixels where `y` is outside, and where the size of `Pixel` is not that of the pixels.
+    /// The pixels of a row.
+    /// @tparam Pixel DWORD (0xAARRGGBB) for 32 bits, RGBRecord for 24 and BYTE (an index) for 8
+    /// @param y the row, from the top
+    /// @return the pixels; none where the row is outside, and where the size of `Pixel` is not that of the pixels
     template <typename Pixel = DWORD>
     Span<Pixel> Row(LONG y) const noexcept {
         if (y < 0 || y >= view.height || view.bitsPerPixel != 8 * sizeof(Pixel)) return {};
@@ -97,13 +139,15 @@ public:
         return {reinterpret_cast<Pixel *>(row), static_cast<size_t>(view.width)};
     }
 
-    // The palette of a bitmap or texture, words 0xAARRGGBB; empty when it has none, and for canvases.
+    /// The palette of a bitmap or texture.
+    /// @return words 0xAARRGGBB; empty when it has none, and for canvases
     Span<DWORD> Palette() const noexcept { return {view.palette, view.palette ? view.paletteCount : 0}; }
 
-    // The record of the C interface.
+    /// The record of the C interface.
+    /// @return the record; all 0 without pixels
     const SurfaceView &View() const noexcept { return view; }
 
-    // Ends the lock before the scope does; nothing without pixels.
+    /// Ends the lock before the scope does; nothing without pixels.
     void Unlock() noexcept {
         if (locked) detail::UnlockBits(locked);
         Forget();
@@ -119,16 +163,26 @@ private:
     SurfaceView view{};
 };
 
-// Locks a bitmap, texture or canvas, by owner or handle; see PixelLock.
+/// Locks a bitmap, by owner or handle.
+/// @param bitmap the bitmap; a wrong handle is refused
+/// @return the lock, which is false when it is refused
 [[nodiscard]] inline PixelLock<HGBITMAP> Lock(HGBITMAP bitmap, const RECT *rect = nullptr) noexcept {
     return PixelLock<HGBITMAP>(bitmap, rect);
 }
+/// Locks a texture, by owner or handle.
+/// @param texture the texture; a wrong handle is refused
+/// @return the lock, which is false when it is refused
 [[nodiscard]] inline PixelLock<HGTEXTURE> Lock(HGTEXTURE texture, const RECT *rect = nullptr) noexcept {
     return PixelLock<HGTEXTURE>(texture, rect);
 }
+/// Locks a canvas, by owner or handle.
+/// @param canvas the canvas; a wrong handle is refused
+/// @return the lock, which is false when it is refused
 [[nodiscard]] inline PixelLock<HGCANVAS> Lock(HGCANVAS canvas, const RECT *rect = nullptr) noexcept {
     return PixelLock<HGCANVAS>(canvas, rect);
 }
+
+/// @}
 
 }  // namespace lq
 

@@ -1,5 +1,10 @@
-// Text in a rectangle: lines broken where they are full, aligned, and cut with an ellipsis, over DrawTextRun and
-// MeasureTextRun. The canvas's font, colour and style draw it.
+/// @file
+/// Text in a rectangle: lines broken where they are full, aligned, and cut with an ellipsis, over DrawTextRun and
+/// MeasureTextRun. The canvas's font, colour and style draw it.
+///
+/// @par Threads
+/// Any thread may call it; one thread at a time works on an object.
+/// @since 0.1.0
 #ifndef LACQUER_TEXT_HPP
 #define LACQUER_TEXT_HPP
 
@@ -15,43 +20,62 @@
 
 namespace lq {
 
-// How a text stands in its rectangle.
+/// @addtogroup cpp
+/// @param canvas the canvas in whose font it is measured; a wrong handle is refused
+/// @param width of the rectangle, pixels; infinity for no limit
+/// @param height of the rectangle, pixels; infinity for no limit
+/// @{
+
+/// How a text stands in its rectangle.
 struct TextStyle {
-    enum class Align { Left, Centre, Right };
-    enum class VerticalAlign { Top, Middle, Bottom };
+    /// Where lines stand.
+    enum class Align {
+        Left,    ///< at the left edge
+        Centre,  ///< in the middle
+        Right    ///< at the right edge
+    };
+    /// Where all lines together stand.
+    enum class VerticalAlign {
+        Top,     ///< at the top edge
+        Middle,  ///< in the middle
+        Bottom   ///< at the bottom edge
+    };
 
-    Align align = Align::Left;
-    VerticalAlign vertical = VerticalAlign::Top;
-    bool wrap = true;      // whether lines that are too wide are broken
-    bool ellipsis = true;  // whether what does not fit is replaced by U+2026; otherwise it is drawn outside
-    int maxLines = 0;      // how many lines there may be; 0 for any number
+    Align align = Align::Left;                    ///< where lines stand
+    VerticalAlign vertical = VerticalAlign::Top;  ///< where all lines together stand
+    bool wrap = true;                             ///< whether lines that are too wide are broken
+    bool ellipsis = true;  ///< whether what does not fit is replaced by U+2026; otherwise it is drawn outside
+    int maxLines = 0;      ///< how many lines there may be; 0 for any number
 };
 
-// How much room a text takes.
+/// How much room a text takes.
 struct TextSize {
-    float width, height;  // pixels: the widest line; from the top of the first line to the bottom of the last
-    int lines;
-    bool complete;  // whether all of the text is shown, without an ellipsis or lines left out
+    float width;    ///< of the widest line, pixels
+    float height;   ///< from the top of the first line to the bottom of the last, pixels
+    int lines;      ///< how many there are
+    bool complete;  ///< whether all of the text is shown, without an ellipsis or lines left out
 };
 
-// A text, which belongs to somebody else and stays as long as this does, and how to set it.
-//
-// Lines end at line ends (U+000A, U+000D, both together, U+2028, U+2029). A line that is wider than the rectangle is
-// broken after spaces, after hyphens inside a word, and between Chinese, Japanese and Korean characters but not before
-// closing or after opening punctuation; a word that is wider than the rectangle, between characters. Spaces at the end
-// of a line take no room. Each line takes its direction from its own first strong character. An empty text is one empty
-// line.
+/// A text, which belongs to somebody else and stays as long as this does, and how to set it.
+///
+/// Lines end at line ends (U+000A, U+000D, both together, U+2028, U+2029). A line that is wider than the rectangle is
+/// broken after spaces, after hyphens inside a word, and between Chinese, Japanese and Korean characters but not before
+/// closing or after opening punctuation; a word that is wider than the rectangle, between characters. Spaces at the end
+/// of a line take no room. Each line takes its direction from its own first strong character. An empty text is one
+/// empty line.
 class Text {
 public:
-    // A text in UTF-16, and its style. Nothing is measured yet.
+    /// A text and its style. Nothing is measured yet.
+    /// @param text in UTF-16, which must stay
+    /// @param style how it is set
     explicit Text(TextView text, const TextStyle &style = {}) noexcept : units(text), setting(style) {}
 
-    // Calls `visit(TextView line, float width)` for each line from the top that a rectangle of `width` x `height`
-    // pixels shows (infinity: no limit). A line that was cut ends with the ellipsis and lasts for the call; the others
-    // are parts of the text, without the spaces at their ends. The height counts when there is an ellipsis, and leaves
-    // at least one line. `visit` returns whether to go on. Result: what was visited; none when the canvas refuses to
-    // measure (wrong handle, made from a device context, no such font, more than 65,535 units in a line that is not to
-    // be broken) and when memory is short.
+    /// Visits each line, from the top, that a rectangle shows. The height counts when there is an ellipsis, and leaves
+    /// at least one line.
+    /// @param visit called as `visit(TextView line, float width)`, returns whether to go on. A line that was cut ends
+    /// with the ellipsis and lasts for the call; the others are parts of the text, without the spaces at their ends.
+    /// @return what was visited; none when the canvas refuses to measure (wrong handle, made from a device context, no
+    /// such font, more than 65,535 units in a line that is not to be broken) and when memory is short
     template <typename Visit>
     std::optional<TextSize> ForEachLine(HGCANVAS canvas, float width, float height, Visit &&visit) const {
         float ascent = 0, descent = 0, lineHeight = 0;
@@ -82,15 +106,16 @@ public:
         return size;
     }
 
-    // How much room the text takes in a rectangle of `width` x `height` pixels; none as for ForEachLine. Nothing is
-    // drawn.
+    /// How much room the text takes in a rectangle. Nothing is drawn.
+    /// @return its size; none as for ForEachLine
     std::optional<TextSize> Measure(HGCANVAS canvas, float width = std::numeric_limits<float>::infinity(),
                                     float height = std::numeric_limits<float>::infinity()) const {
         return ForEachLine(canvas, width, height, [](TextView, float) { return true; });
     }
 
-    // Draws the text into the logical rectangle `box`. What is larger than the box reaches beyond it: see ScopedClip.
-    // False when a line can't be measured or drawn; those above it are drawn.
+    /// Draws the text. What is larger than the rectangle reaches beyond it: see ScopedClip.
+    /// @param box the rectangle, logical pixels
+    /// @return true for done; false when a line can't be measured or drawn: those above it are drawn
     bool Draw(HGCANVAS canvas, const RECT &box) const {
         const float width = static_cast<float>(box.right) - static_cast<float>(box.left);
         const float height = static_cast<float>(box.bottom) - static_cast<float>(box.top);
@@ -193,6 +218,8 @@ private:
     TextView units;
     TextStyle setting;
 };
+
+/// @}
 
 }  // namespace lq
 
