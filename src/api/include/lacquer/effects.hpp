@@ -1,5 +1,10 @@
-// Colour and blur in one call: what the filters of lacquer.h do to straight colours or in small steps, done for
-// loaded pictures and for blurs of any strength.
+/// @file
+/// Colour and blur in one call: what the filters of lacquer.h do to straight colours or in small steps, done for loaded
+/// pictures and for blurs of any strength.
+///
+/// @par Threads
+/// Any thread may call it; one thread at a time works on an object.
+/// @since 0.1.0
 #ifndef LACQUER_EFFECTS_HPP
 #define LACQUER_EFFECTS_HPP
 
@@ -36,7 +41,8 @@ inline bool Straighten(HGTEXTURE texture) noexcept {
 /// Shifts the colours of premultiplied pixels, as loaded pictures have them: straightens, calls ColorizeTexture, and
 /// premultiplies again. With all three shifts 0 nothing changes.
 /// @param hue the shift of the hue, 1 being half the circle
-/// @param saturation, lightness the shifts of these, -1 to 1: fractions of the way to the least or the greatest value
+/// @param saturation the shift of the saturation, -1 to 1: the fraction of the way to the least or the greatest value
+/// @param lightness the shift of the lightness, likewise
 /// @see ColorizeTexture
 inline bool Tint(HGTEXTURE texture, float hue, float saturation, float lightness) noexcept {
     return Straighten(texture) && ColorizeTexture(texture, hue, saturation, lightness) && NormalizeTexture(texture);
