@@ -4,55 +4,17 @@
 
 #include <benchmark/benchmark.h>
 
-#include <algorithm>
 #include <cstring>
 #include <string>
 #include <string_view>
-#include <vector>
 
-#include "pipeline/table/kernel_table.h"
+#include "kernel_input.h"
 #include "ratio.h"
 
 namespace {
 
 using namespace lacquer;
-
-/// Pixels without a handle: noise, premultiplied with an alpha of 128 or opaque.
-class Pixels {
-public:
-    Pixels(LONG width, LONG height, WORD bitsPerPixel)
-        : bytes_(static_cast<size_t>(width) * static_cast<size_t>(height) * (bitsPerPixel / 8u)), palette_(256) {
-        uint32_t state = 1;
-        for (size_t i = 0; i < bytes_.size(); ++i) {
-            state = state * 1664525u + 1013904223u;
-            const bool isAlpha = bitsPerPixel == 32 && i % 4 == 3;
-            bytes_[i] = static_cast<BYTE>(isAlpha ? 128 + (state >> 31) * 127 : state >> 25);
-        }
-        for (DWORD i = 0; i < 256; ++i) palette_[i] = 0x80000000u | i / 2 * 0x00010101u;
-        view_.width = width;
-        view_.height = height;
-        view_.stride = width * (bitsPerPixel / 8);
-        view_.bitsPerPixel = bitsPerPixel;
-        view_.bits = bytes_.data();
-        view_.palette = palette_.data();
-        view_.paletteCount = 256;
-    }
-    const SurfaceView *View() const { return &view_; }
-    size_t Size() const { return bytes_.size(); }
-
-private:
-    std::vector<BYTE> bytes_;
-    std::vector<DWORD> palette_;
-    SurfaceView view_ = {};
-};
-
-LONG SourceLength(const RowTraits &traits, LONG length) {
-    switch (traits.sampler) {
-        case SamplerKind::SameSize: return length;
-        case SamplerKind::Area: return length * 4;
-        default: return std::max<LONG>(1, length * 10 / 17);
-    }
-}
+using namespace lacquer::bench;
 
 void DrawRow(benchmark::State &state, Row row, WORD bitsPerPixel) {
     const RowTraits &traits = TraitsOf(row);
@@ -70,19 +32,6 @@ void DrawRow(benchmark::State &state, Row row, WORD bitsPerPixel) {
         },
         static_cast<double>(width) * height);
 }
-
-/// Calls a single slot's kernel with what it takes of two views, a colour and a weight.
-struct SlotCall {
-    const SurfaceView *dest, *source;
-
-    void operator()(FillKernel kernel) const { kernel(dest, kColour); }
-    void operator()(MixColorKernel kernel) const { kernel(dest, kColour, kWeight); }
-    void operator()(ConvertKernel kernel) const { kernel(dest, source); }
-    void operator()(MixKernel kernel) const { kernel(dest, source, kWeight); }
-
-    static constexpr DWORD kColour = 0x80402010;
-    static constexpr BYTE kWeight = 100;
-};
 
 template <class Kernel>
 void DrawSlot(benchmark::State &state, Kernel kernel, bool stretches) {

@@ -10,3 +10,6 @@ check_cxx_source_compiles("
 #include <emmintrin.h>
 int main() { return _mm_cvtsi128_si32(_mm_setzero_si128()); }" LACQUER_HAS_SSE2)
 cmake_dependent_option(LACQUER_TIERS "Add the faster tiers of kernels" ON LACQUER_HAS_SSE2 OFF)
+
+# LACQUER_WIDE: one more tier, for the registers of AVX2. A default build neither has nor asks for anything beyond SSE2.
+cmake_dependent_option(LACQUER_WIDE "Add the tier for AVX2" OFF LACQUER_TIERS OFF)

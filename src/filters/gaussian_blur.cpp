@@ -1,5 +1,5 @@
 // The Gaussian blur: rows into the scratch, columns back, twice. Both directions work on small pieces that are
-// converted to single precision once and then summed channel by channel, in loops that compilers turn into vector code.
+// converted to single precision once and then summed channel by channel.
 
 #include "filters/gaussian_blur.h"
 
@@ -8,40 +8,22 @@
 
 #include "core/locked.h"
 #include "core/surface_view.h"
-#include "filters/single_precision.h"
+#include "pipeline/filter/gaussian.h"
 #include "pipeline/pixel/pixel.h"
+#include "pipeline/table/image_table.h"
 
 namespace lacquer {
 namespace {
 
-constexpr int kReach = 3, kTaps = 2 * kReach + 1, kPasses = 2;
-
-/// By tap, from the first pixel before to the last one after.
-constexpr float kWeights[kTaps] = {0.11535f, 0.14147f, 0.1599f, 0.16656f, 0.1599f, 0.14147f, 0.11535f};
+constexpr int kReach = kGaussianReach, kTaps = kGaussianTaps, kPasses = 2;
 
 /// Pixels that are converted together; their floats stay in the first-level cache.
 constexpr LONG kPiece = 64;
 constexpr ptrdiff_t kPieceBytes = ptrdiff_t{kPiece} * kPixelBytes;
 
-void Widen(float *floats, const BYTE *bytes, ptrdiff_t count) {
-    for (ptrdiff_t i = 0; i < count; ++i) floats[i] = static_cast<float>(bytes[i]);
-}
+void Widen(float *floats, const BYTE *bytes, ptrdiff_t count) { ImageKernels().widenBytes(floats, bytes, count); }
 
-/// Each byte is the sum of its seven taps, in this order, truncated. The weights add up to less than 1, so no sum
-/// leaves the bytes' range.
-void SumTaps(BYTE *out, const float *const taps[kTaps], ptrdiff_t count) {
-    const float *a = taps[0], *b = taps[1], *c = taps[2], *d = taps[3], *e = taps[4], *f = taps[5], *g = taps[6];
-    for (ptrdiff_t i = 0; i < count; ++i) {
-        float sum = kWeights[0] * a[i];
-        sum = sum + kWeights[1] * b[i];
-        sum = sum + kWeights[2] * c[i];
-        sum = sum + kWeights[3] * d[i];
-        sum = sum + kWeights[4] * e[i];
-        sum = sum + kWeights[5] * f[i];
-        sum = sum + kWeights[6] * g[i];
-        out[i] = static_cast<BYTE>(static_cast<int>(sum));
-    }
-}
+void SumTaps(BYTE *out, const float *const taps[kTaps], ptrdiff_t count) { ImageKernels().sumTaps(out, taps, count); }
 
 /// Pixels `first` to `first + count` of a row, clamped into it, as floats.
 void WidenClamped(float *floats, const BYTE *row, LONG width, LONG first, LONG count) {

@@ -1,8 +1,19 @@
 # Disassembles LIBRARY with LISTER and fails on any instruction that a processor with nothing beyond SSE2 does not have.
+# With WIDE the functions of the namespace avx2 may have them; what is said of the others stays.
 
 cmake_minimum_required(VERSION 3.22)
 execute_process(COMMAND ${LISTER} -d --no-show-raw-insn ${LIBRARY} OUTPUT_VARIABLE listing COMMAND_ERROR_IS_FATAL ANY)
 # After the address binutils have a tab, LLVM's lister has blanks and a tab.
+if(WIDE)
+  # A function begins with an address and its name in angle brackets, and ends with an empty line.
+  string(REGEX REPLACE "\n[0-9a-f]+ <[^\n]*4avx2[^\n]*>:\n([^\n]+\n)+" "\n" others "${listing}")
+  string(LENGTH "${listing}" with)
+  string(LENGTH "${others}" without)
+  if(with EQUAL without OR NOT listing MATCHES "vzeroupper" OR NOT listing MATCHES "%ymm")
+    message(FATAL_ERROR "No kernels for AVX2 in ${LIBRARY}")
+  endif()
+  set(listing "${others}")
+endif()
 string(REGEX MATCHALL "[0-9a-f]+:[ \t]+[a-z][a-z0-9]*" lines "${listing}")
 string(REGEX REPLACE "[0-9a-f]+:[ \t]+" "" names "${lines}")
 list(LENGTH names total)

@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "kernel_check.h"
+#include "pipeline/filter/gaussian.h"
 #include "pipeline/shape/shadow.h"
 #include "pipeline/table/image_table.h"
 #include "pipeline/transform/turn.h"
@@ -15,7 +16,8 @@ const ImageTable &Base() {
     return table;
 }
 const ImageTable &Fast() {
-    static const ImageTable table = BuildImageTable({.mmx = true, .sse = true, .sse2 = true});
+    static const ImageTable table =
+        BuildImageTable({.mmx = true, .sse = true, .sse2 = true, .avx2 = CachedCpuFeatures().avx2});
     return table;
 }
 
@@ -93,6 +95,20 @@ struct RunInput {
 template <class Kernel>
 void CallRun(Kernel, const RunInput &, BYTE *, ptrdiff_t) {}
 void CallRun(FilterKernel kernel, const RunInput &, BYTE *run, ptrdiff_t count) { kernel(run, count); }
+void CallRun(WidenKernel kernel, const RunInput &, BYTE *run, ptrdiff_t count) {
+    std::vector<float> floats(static_cast<size_t>(count) * 4, -1);
+    kernel(floats.data(), run, count / 4 * 4);
+    for (ptrdiff_t i = 0; i < count / 4 * 4; ++i) run[i] = static_cast<BYTE>(floats[static_cast<size_t>(i)] == run[i]);
+}
+/// Taps of any floats: their order shows in the last bit.
+void CallRun(SumTapsKernel kernel, const RunInput &in, BYTE *run, ptrdiff_t count) {
+    std::vector<float> floats;
+    for (const int32_t share : in.shares) floats.push_back(static_cast<float>(std::abs(share) >> 2) * 0x1p-18f);
+    floats.resize(floats.size() + kGaussianTaps);
+    const float *taps[kGaussianTaps];
+    for (int k = 0; k < kGaussianTaps; ++k) taps[k] = floats.data() + k;
+    kernel(run, taps, count / 4 * 4);
+}
 void CallRun(MixPartsKernel kernel, const RunInput &in, BYTE *run, ptrdiff_t count) {
     kernel(run, in.fills.data(), in.borders.data(), in.inner.data(), in.outer.data(), count);
 }

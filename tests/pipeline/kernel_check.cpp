@@ -101,17 +101,21 @@ Overflow TableUnderTest::OverflowOf(const Kernel &kernel) const {
     return kernel.address(table) == kernel.address(BaseKernels(form)) ? Overflow::Carries : Overflow::Saturates;
 }
 
-const std::array<TableUnderTest, 6> &TablesUnderTest() {
+const std::vector<TableUnderTest> &TablesUnderTest() {
     const auto tableOf = [](const char *name, const CpuFeatures &features, int below) {
         return TableUnderTest{name, BuildKernelTable(features), WeightFormOf(features), below};
     };
-    static const std::array<TableUnderTest, 6> tables = {
-        TableUnderTest{"Base8", BaseKernels(WeightForm::Q8), WeightForm::Q8, -1},
-        TableUnderTest{"Base14", BaseKernels(WeightForm::Q14), WeightForm::Q14, 0},
-        tableOf("SSE2Alone", {.sse2 = true}, WeightFormOf({}) == WeightForm::Q8 ? 0 : 1),
-        tableOf("MMX", {.mmx = true}, 1),
-        tableOf("SSE", {.mmx = true, .sse = true}, 3),
-        tableOf("SSE2", {.mmx = true, .sse = true, .sse2 = true}, 4)};
+    static const std::vector<TableUnderTest> tables = [&] {
+        std::vector<TableUnderTest> result = {
+            TableUnderTest{"Base8", BaseKernels(WeightForm::Q8), WeightForm::Q8, -1},
+            TableUnderTest{"Base14", BaseKernels(WeightForm::Q14), WeightForm::Q14, 0},
+            tableOf("SSE2Alone", {.sse2 = true}, WeightFormOf({}) == WeightForm::Q8 ? 0 : 1),
+            tableOf("MMX", {.mmx = true}, 1),
+            tableOf("SSE", {.mmx = true, .sse = true}, 3),
+            tableOf("SSE2", {.mmx = true, .sse = true, .sse2 = true}, 4)};
+        if (CachedCpuFeatures().HasAllTiers()) result.push_back(tableOf("AVX2", CachedCpuFeatures(), 5));
+        return result;
+    }();
     return tables;
 }
 

@@ -58,9 +58,9 @@ struct TableUnderTest {
     Overflow OverflowOf(const Kernel &kernel) const;
 };
 
-/// The base tables of both weight forms, and those of processors with SSE2 alone, with MMX, SSE on top, and SSE2 on
-/// top.
-const std::array<TableUnderTest, 6> &TablesUnderTest();
+/// The base tables of both weight forms, and those of processors with SSE2 alone, with MMX, SSE on top, SSE2 on top,
+/// and AVX2 on top where this build and this processor have it.
+const std::vector<TableUnderTest> &TablesUnderTest();
 
 /// What a draw must do.
 struct Expected {

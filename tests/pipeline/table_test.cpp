@@ -49,6 +49,13 @@ TEST(KernelTable, EachTierReplacesItsEntriesAndNoOthers) {
     const KernelTable all = BuildKernelTable({.mmx = true, .sse = true, .sse2 = true});
     EXPECT_EQ(Differences(mmx, mmxSse), Entries({}, {7, 9}));
     EXPECT_EQ(Differences(mmxSse, all), std::vector<int>());
+    if (CachedCpuFeatures().HasAllTiers()) {
+        // All but what only moves words: the same-size copy of words, and the nearest copies, also of opaque pixels.
+        const int unchanged[] = {2, 18, 19, 20, 22, 36, 37, 38, 40};
+        std::vector<int> expected = Entries(allRows, {0, 1, 2, 3, 4, 7, 9, 10, 11, 12});
+        for (const int kernel : unchanged) std::erase(expected, kernel);
+        EXPECT_EQ(Differences(all, BuildKernelTable(CachedCpuFeatures())), expected);
+    }
 }
 
 TEST(KernelTable, WithoutTiersTheProcessorDecidesTheBicubicWeightsAlone) {

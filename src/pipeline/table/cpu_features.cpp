@@ -1,7 +1,9 @@
-// Processor features from CPUID leaf 1.
+// Processor features from CPUID.
 
 #include "pipeline/table/cpu_features.h"
 
+#include "pipeline/table/tier_avx2.h"
+#include "platform/avx2.h"
 #include "platform/cpuid.h"
 
 namespace lacquer {
@@ -10,7 +12,10 @@ CpuFeatures DetectCpuFeatures() {
     constexpr uint32_t kMmxBit = 1u << 23, kSseBit = 1u << 25, kSse2Bit = 1u << 26;
     uint32_t edx = 0;
     if (!ReadCpuidFeatureBits(edx)) return {};
-    return {.detected = true, .mmx = (edx & kMmxBit) != 0, .sse = (edx & kSseBit) != 0, .sse2 = (edx & kSse2Bit) != 0};
+    CpuFeatures features = {
+        .detected = true, .mmx = (edx & kMmxBit) != 0, .sse = (edx & kSseBit) != 0, .sse2 = (edx & kSse2Bit) != 0};
+    if constexpr (kHasAvx2Tier) features.avx2 = MayUseAvx2();
+    return features;
 }
 
 const CpuFeatures &CachedCpuFeatures() {

@@ -9,6 +9,9 @@ struct CpuFeatures {
     bool mmx = false;
     bool sse = false;
     bool sse2 = false;
+    bool avx2 = false;  ///< as well the operating system's consent; builds without LACQUER_WIDE do not ask
+
+    bool HasAllTiers() const { return mmx && sse && sse2 && avx2; }
 };
 
 /// Asks the processor, without any cache.

@@ -3,6 +3,7 @@
 #include "pipeline/table/image_table.h"
 
 #include "pipeline/filter/box_blur.h"
+#include "pipeline/filter/gaussian.h"
 #include "pipeline/filter/pixel_rules.h"
 #include "pipeline/memory/copy_rows.h"
 #include "pipeline/shape/cover.h"

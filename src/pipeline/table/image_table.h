@@ -17,6 +17,8 @@ struct PixelWalk;
 using CopyRowsKernel = void (*)(const SurfaceView &dest, const SurfaceView &source, ptrdiff_t bytes, ptrdiff_t rows);
 using TurnKernel = void (*)(const SurfaceView &dest, const PixelWalk &walk);
 using BlurKernel = void (*)(const SurfaceView &dest, const SurfaceView &source);
+using WidenKernel = void (*)(float *floats, const BYTE *bytes, ptrdiff_t count);
+using SumTapsKernel = void (*)(BYTE *out, const float *const *taps, ptrdiff_t count);
 using FilterKernel = void (*)(BYTE *words, ptrdiff_t count);
 using MixPartsKernel = void (*)(BYTE *pixels, const DWORD *fill, const DWORD *border, const BYTE *inner,
                                 const BYTE *outer, ptrdiff_t count);
@@ -35,6 +37,8 @@ using CoverSharesKernel = void (*)(const int32_t *shares, int count, bool ofRest
     KERNEL(TurnKernel, turnBytes, TurnBytes)                          \
     KERNEL(TurnKernel, turnWords, TurnWords)                          \
     KERNEL(BlurKernel, boxBlur, BlurBoxes)                            \
+    KERNEL(WidenKernel, widenBytes, WidenBytes)                       \
+    KERNEL(SumTapsKernel, sumTaps, SumTaps)                           \
     KERNEL(FilterKernel, makeGrey, FilterRun<GreyRule>)               \
     KERNEL(FilterKernel, premultiply, FilterRun<PremultiplyRule>)     \
     KERNEL(FilterKernel, invert, FilterRun<InvertRule>)               \

@@ -59,8 +59,8 @@ struct KernelTable {
     LACQUER_KERNEL_SLOTS(LACQUER_SLOT_FIELD)
 #undef LACQUER_SLOT_FIELD
 
-    KernelRow &operator[](Row row) { return rows[static_cast<std::size_t>(row)]; }
-    const KernelRow &operator[](Row row) const { return rows[static_cast<std::size_t>(row)]; }
+    constexpr KernelRow &operator[](Row row) { return rows[static_cast<std::size_t>(row)]; }
+    constexpr const KernelRow &operator[](Row row) const { return rows[static_cast<std::size_t>(row)]; }
 };
 
 /// The table for a processor: the base tier and over it the faster tiers that the processor and this build have.

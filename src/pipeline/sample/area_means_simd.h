@@ -1,53 +1,84 @@
 // Means of rectangles of words.
+#pragma once
 
-#include "pipeline/sample/area_sse2.h"
+#include "pipeline/pixel/pixel_simd.h"
+#include "pipeline/sample/area.h"
 
-namespace lacquer::sse2 {
-namespace {
+namespace lacquer::LACQUER_TIER {
+
+/// What has a faster form: footprints of up to this many pixels across and down.
+inline constexpr int64_t kLongestFootprint = 16;
+
+/// The words of the source that one row of means is made of.
+struct WordRows {
+    const BYTE *pixels;  ///< first row, column `firstColumn`
+    ptrdiff_t stride, firstColumn;
+};
+
+/// The blocks of whole pixels that a draw divides its source into.
+struct WholeRatio {
+    int columns = 0, rows = 0;  ///< 0 where it doesn't, or where the means have no such formula
+    uint32_t inverse = 0;       ///< sum × inverse >> 16 is a block's mean
+
+    WholeRatio(const SurfaceView &source, SIZE fullSize);
+};
 
 /// Sums of lanes and of their upper bytes; that of the lower bytes follows from them, modulo 2^16.
+template <Register V>
 struct LaneSums {
-    __m128i lanes, upper;
+    V lanes, upper;
 
-    explicit LaneSums(const BYTE *pixels) : lanes(LoadFour(pixels)), upper(UpperBytes(lanes)) {}
+    explicit LaneSums(V words) : lanes(words), upper(UpperBytes(words)) {}
 
-    void Add(const BYTE *pixels) {
-        const __m128i words = LoadFour(pixels);
-        lanes = _mm_add_epi16(lanes, words);
-        upper = _mm_add_epi16(upper, UpperBytes(words));
+    void Add(V words) {
+        lanes = AddLanes(lanes, words);
+        upper = AddLanes(upper, UpperBytes(words));
     }
 };
 
-/// The means of four blocks whose words' sums stand in a word each.
-__m128i MeansOf(__m128i lanes, __m128i upper, __m128i inverse) {
-    const __m128i lower = _mm_sub_epi16(lanes, _mm_slli_epi16(upper, 8));
-    return _mm_or_si128(_mm_mulhi_epu16(lower, inverse), _mm_slli_epi16(_mm_mulhi_epu16(upper, inverse), 8));
+/// The means of as many blocks as a register has words, each the sum of its words.
+template <Register V>
+V MeansOf(V lanes, V upper, V inverse) {
+    const V lower = SubtractLanes(lanes, ShiftLanesUp<8>(upper));
+    return Or(MultiplyLanesHigh(lower, inverse), ShiftLanesUp<8>(MultiplyLanesHigh(upper, inverse)));
 }
 
 /// Of two registers: the sums of neighbouring words.
-__m128i SumsOfPairs(__m128i a, __m128i b) { return _mm_add_epi16(PickWords<0, 2>(a, b), PickWords<1, 3>(a, b)); }
-
-/// Four blocks that are two pixels wide.
-__m128i MeansOfTwoColumns(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
-    LaneSums a(pixels), b(pixels + kRegisterBytes);
-    for (int y = 1; y < ratio.rows; ++y) {
-        pixels += source.stride;
-        a.Add(pixels);
-        b.Add(pixels + kRegisterBytes);
-    }
-    return MeansOf(SumsOfPairs(a.lanes, b.lanes), SumsOfPairs(a.upper, b.upper), EachLane(ratio.inverse));
+template <Register V>
+V SumsOfPairs(V a, V b) {
+    return AddLanes(PickWords<0, 2>(a, b), PickWords<1, 3>(a, b));
 }
 
-/// Four blocks whose width is a multiple of 4 pixels.
-__m128i MeansOfRegisters(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
+/// Blocks that are two pixels wide.
+template <Register V>
+V MeansOfTwoColumns(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
+    LaneSums<V> a(Load<V>(pixels)), b(Load<V>(pixels + kBytesOf<V>));
+    for (int y = 1; y < ratio.rows; ++y) {
+        pixels += source.stride;
+        a.Add(Load<V>(pixels));
+        b.Add(Load<V>(pixels + kBytesOf<V>));
+    }
+    return Reorder(MeansOf(SumsOfPairs(a.lanes, b.lanes), SumsOfPairs(a.upper, b.upper), EachLane<V>(ratio.inverse)));
+}
+
+/// 16 bytes of a block, and of each fourth block behind it that a register has room for.
+template <Register V>
+V LoadEachFourth(const BYTE *pixels, ptrdiff_t blockBytes) {
+    return BySixteens<V>([=](ptrdiff_t k) { return LoadFour(pixels + k * kRegisterPixels * blockBytes); });
+}
+
+/// Blocks whose width is a multiple of 4 pixels.
+template <Register V>
+V MeansOfRegisters(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
     const ptrdiff_t width = ptrdiff_t{ratio.columns} * kPixelBytes;
-    LaneSums a(pixels), b(pixels + width), c(pixels + 2 * width), d(pixels + 3 * width);
+    const auto load = [&](ptrdiff_t at) { return LoadEachFourth<V>(pixels + at, width); };
+    LaneSums<V> a(load(0)), b(load(width)), c(load(2 * width)), d(load(3 * width));
     const auto addRow = [&](ptrdiff_t first) {
         for (ptrdiff_t x = first; x < width; x += kRegisterBytes) {
-            a.Add(pixels + x);
-            b.Add(pixels + x + width);
-            c.Add(pixels + x + 2 * width);
-            d.Add(pixels + x + 3 * width);
+            a.Add(load(x));
+            b.Add(load(x + width));
+            c.Add(load(x + 2 * width));
+            d.Add(load(x + 3 * width));
         }
     };
     addRow(kRegisterBytes);
@@ -55,48 +86,56 @@ __m128i MeansOfRegisters(const BYTE *pixels, const WordRows &source, const Whole
         pixels += source.stride;
         addRow(0);
     }
-    const auto sums = [](__m128i ofA, __m128i ofB, __m128i ofC, __m128i ofD) {
+    const auto sums = [&](V ofA, V ofB, V ofC, V ofD) {
         return SumsOfPairs(SumsOfPairs(ofA, ofB), SumsOfPairs(ofC, ofD));
     };
     return MeansOf(sums(a.lanes, b.lanes, c.lanes, d.lanes), sums(a.upper, b.upper, c.upper, d.upper),
-                   EachLane(ratio.inverse));
+                   EachLane<V>(ratio.inverse));
 }
 
 /// Bytes of several registers: their means, rounded up at each of the steps that made them, and their sums modulo 256.
+template <Register V>
 struct RoundedMeans {
-    __m128i means, sums;
+    V means, sums;
 };
 
-RoundedMeans MeansOfBoth(__m128i a, __m128i b) { return {_mm_avg_epu8(a, b), _mm_add_epi8(a, b)}; }
+template <Register V>
+RoundedMeans<V> MeansOfBoth(V a, V b) {
+    return {MeansOfBytes(a, b), AddBytes(a, b)};
+}
 
-RoundedMeans MeansOfBoth(const RoundedMeans &a, const RoundedMeans &b) {
-    return {_mm_avg_epu8(a.means, b.means), _mm_add_epi8(a.sums, b.sums)};
+template <Register V>
+RoundedMeans<V> MeansOfBoth(const RoundedMeans<V> &a, const RoundedMeans<V> &b) {
+    return {MeansOfBytes(a.means, b.means), AddBytes(a.sums, b.sums)};
 }
 
 /// Of two groups: neighbouring words.
-RoundedMeans MeansOfPairs(const RoundedMeans &a, const RoundedMeans &b) {
-    return {_mm_avg_epu8(PickWords<0, 2>(a.means, b.means), PickWords<1, 3>(a.means, b.means)),
-            _mm_add_epi8(PickWords<0, 2>(a.sums, b.sums), PickWords<1, 3>(a.sums, b.sums))};
+template <Register V>
+RoundedMeans<V> MeansOfPairs(const RoundedMeans<V> &a, const RoundedMeans<V> &b) {
+    return {MeansOfBytes(PickWords<0, 2>(a.means, b.means), PickWords<1, 3>(a.means, b.means)),
+            AddBytes(PickWords<0, 2>(a.sums, b.sums), PickWords<1, 3>(a.sums, b.sums))};
 }
 
-/// Four blocks of 4 × 4 pixels, byte by byte. Four roundings make the mean up to 2 larger than floor(sum / 16), of
-/// which the sum's upper half byte is the lower one: it tells how much.
-__m128i MeansOfSixteen(const BYTE *pixels, const WordRows &source, const WholeRatio &) {
-    const auto columnMeans = [&](const BYTE *top) {
-        const auto row = [&](ptrdiff_t y) { return LoadFour(top + y * source.stride); };
+/// Blocks of 4 × 4 pixels, byte by byte. Four roundings make the mean up to 2 larger than floor(sum / 16), of which the
+/// sum's upper half byte is the lower one: it tells how much.
+template <Register V>
+V MeansOfSixteen(const BYTE *pixels, const WordRows &source, const WholeRatio &) {
+    const auto columnMeans = [&](ptrdiff_t block) {
+        const auto row = [&](ptrdiff_t y) {
+            return LoadEachFourth<V>(pixels + block * kRegisterBytes + y * source.stride, kRegisterBytes);
+        };
         return MeansOfBoth(MeansOfBoth(row(0), row(1)), MeansOfBoth(row(2), row(3)));
     };
-    const RoundedMeans a = columnMeans(pixels), b = columnMeans(pixels + kRegisterBytes);
-    const RoundedMeans c = columnMeans(pixels + 2 * kRegisterBytes), d = columnMeans(pixels + 3 * kRegisterBytes);
-    const RoundedMeans all = MeansOfPairs(MeansOfPairs(a, b), MeansOfPairs(c, d));
-    const __m128i excess = _mm_sub_epi8(all.means, _mm_srli_epi16(all.sums, 4));
-    return _mm_sub_epi8(all.means, _mm_and_si128(excess, _mm_set1_epi8(15)));
+    const RoundedMeans<V> all =
+        MeansOfPairs(MeansOfPairs(columnMeans(0), columnMeans(1)), MeansOfPairs(columnMeans(2), columnMeans(3)));
+    const V excess = SubtractBytes(all.means, ShiftLanesDown<4>(all.sums));
+    return SubtractBytes(all.means, And(excess, EachLane<V>(0x0F0F)));
 }
 
 /// The channels of one word in the lower four lanes.
-__m128i LanesOf(const BYTE *pixel) { return _mm_unpacklo_epi8(OneWord(LoadPixel(pixel)), _mm_setzero_si128()); }
+inline __m128i LanesOf(const BYTE *pixel) { return _mm_unpacklo_epi8(OneWord(LoadPixel(pixel)), _mm_setzero_si128()); }
 
-uint32_t MeanOfBlock(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
+inline uint32_t MeanOfBlock(const BYTE *pixels, const WordRows &source, const WholeRatio &ratio) {
     const __m128i zero = _mm_setzero_si128();
     const ptrdiff_t width = ptrdiff_t{ratio.columns} * kPixelBytes;
     __m128i sums = zero;
@@ -186,9 +225,7 @@ private:
     uint32_t weight_ = 0;
 };
 
-}  // namespace
-
-WholeRatio::WholeRatio(const SurfaceView &source, SIZE fullSize) {
+inline WholeRatio::WholeRatio(const SurfaceView &source, SIZE fullSize) {
     const Steps across = CornerSteps(source.width, fullSize.cx), down = CornerSteps(source.height, fullSize.cy);
     const int64_t wholeColumns = across.step >> 16, wholeRows = down.step >> 16;
     const bool isWhole = across.step == wholeColumns << 16 && down.step == wholeRows << 16;
@@ -203,23 +240,32 @@ WholeRatio::WholeRatio(const SurfaceView &source, SIZE fullSize) {
     inverse = static_cast<uint32_t>(rounded);
 }
 
-void MeansOfBlocks(BYTE *out, ptrdiff_t count, const WordRows &source, const WholeRatio &ratio) {
+/// The means of `count` blocks side by side, from the first column on.
+inline void MeansOfBlocks(BYTE *out, ptrdiff_t count, const WordRows &source, const WholeRatio &ratio) {
     const ptrdiff_t width = ptrdiff_t{ratio.columns} * kPixelBytes;
     const BYTE *pixels = source.pixels;
-    const auto forEachFour = [&](const auto &means) {
-        for (; count >= kRegisterPixels;
-             count -= kRegisterPixels, pixels += kRegisterPixels * width, out += kRegisterBytes) {
-            StoreFour(out, means(pixels, source, ratio));
+    const auto forEach = [&]<Register V>(V, const auto &means) {
+        for (; count >= kPixelsOf<V>; count -= kPixelsOf<V>, pixels += kPixelsOf<V> * width, out += kBytesOf<V>) {
+            Store(out, means.template operator()<V>(pixels, source, ratio));
         }
     };
-    if (ratio.columns == 2) forEachFour(MeansOfTwoColumns);
-    if (ratio.columns == 4 && ratio.rows == 4) forEachFour(MeansOfSixteen);
-    if (ratio.columns % kRegisterPixels == 0) forEachFour(MeansOfRegisters);
+    const auto forEachRegister = [&](const auto &means) {
+        forEach(Widest(), means);
+        if constexpr (!std::is_same_v<Widest, __m128i>) forEach(__m128i(), means);
+    };
+    if (ratio.columns == 2) {
+        forEachRegister([]<Register V>(const auto &...of) { return MeansOfTwoColumns<V>(of...); });
+    } else if (ratio.columns == 4 && ratio.rows == 4) {
+        forEachRegister([]<Register V>(const auto &...of) { return MeansOfSixteen<V>(of...); });
+    } else if (ratio.columns % kRegisterPixels == 0) {
+        forEachRegister([]<Register V>(const auto &...of) { return MeansOfRegisters<V>(of...); });
+    }
     for (; count > 0; --count, pixels += width, out += kPixelBytes) StorePixel(out, MeanOfBlock(pixels, source, ratio));
 }
 
-void MeansOfFootprints(BYTE *out, ptrdiff_t count, const WordRows &source, const Footprint *columns,
-                       const Footprint &rows) {
+/// The means of `count` footprints in a row.
+inline void MeansOfFootprints(BYTE *out, ptrdiff_t count, const WordRows &source, const Footprint *columns,
+                              const Footprint &rows) {
     const int height = rows.last - rows.first + 1;
     const RowGroup first(0, 1, rows.firstPart), between(1, height - 2, 65536), last(height - 1, 1, rows.lastPart);
     for (ptrdiff_t i = 0; i < count; ++i) {
@@ -231,4 +277,4 @@ void MeansOfFootprints(BYTE *out, ptrdiff_t count, const WordRows &source, const
     }
 }
 
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER

@@ -5,32 +5,49 @@
 //
 // where everything but fy belongs to one source row. So a draw that uses source rows several times prepares each row
 // once for a block's columns, and two prepared rows give a destination row. Other draws weight the four pixels
-// directly. Both work on four words at a time, blue and red apart from green and alpha, so that one register holds a
-// weight of all four. Lanes may wrap on the way: the mean itself is below 2^16.
+// directly. Both work on a register of words at a time, blue and red apart from green and alpha, so that one register
+// holds a weight of all of them. Lanes may wrap on the way: the mean itself is below 2^16.
 #pragma once
 
-#include "pipeline/pixel/pixel_sse2.h"
+#include "pipeline/pixel/pixel_simd.h"
 #include "pipeline/sample/bilinear.h"
 
-namespace lacquer::sse2 {
+namespace lacquer::LACQUER_TIER {
 
 /// Where the columns of a block find their taps.
 struct BilinearBlock {
-    ptrdiff_t inside;                               ///< the leading columns whose taps may be read at once
-    int nearBytes[kBlockColumns];                   ///< the byte of the near pixel in its row
-    alignas(16) uint32_t fractions[kBlockColumns];  ///< fx in both lanes
+    ptrdiff_t inside;              ///< the leading columns whose taps may be read at once
+    int nearBytes[kBlockColumns];  ///< the byte of the near pixel in its row
+    alignas(kBytesOf<Widest>) uint32_t fractions[kBlockColumns];  ///< fx in both lanes
 
     /// For columns at `first` and after it in steps. `pixelBytes`: of a source pixel; `tapBytes`: what is read at once.
-    void Set(const Steps &steps, int64_t first, ptrdiff_t count, int width, ptrdiff_t pixelBytes, ptrdiff_t tapBytes);
+    void Set(const Steps &steps, int64_t first, ptrdiff_t count, int width, ptrdiff_t pixelBytes, ptrdiff_t tapBytes) {
+        constexpr uint32_t kBothLanes = 0x00010001;
+        for (ptrdiff_t i = 0; i < count; ++i) {
+            const LinearTaps taps = LinearTapsAt(steps.At(first + i), width);
+            // Where one pixel is both taps it stands for one of two neighbours, so that these can be read at once: the
+            // first pixel for the near one, the last pixel for the far one.
+            const bool isOne = taps.farIndex == taps.nearIndex, isLast = isOne && taps.nearIndex > 0;
+            const int fraction = isLast ? 256 : isOne ? 0 : taps.fraction;
+            nearBytes[i] = static_cast<int>((taps.nearIndex - isLast) * pixelBytes);
+            fractions[i] = static_cast<uint32_t>(fraction) * kBothLanes;
+        }
+        // The columns that fill up the last register repeat the last one.
+        for (ptrdiff_t i = count; i % kPixelsOf<Widest> != 0; ++i) {
+            nearBytes[i] = nearBytes[count - 1];
+            fractions[i] = fractions[count - 1];
+        }
+        inside = std::upper_bound(nearBytes, nearBytes + count, width * pixelBytes - tapBytes) - nearBytes;
+    }
 };
 
 /// The taps of a block's columns.
 template <class Source>
 class BilinearColumns {
 public:
-    /// The near and the far words of four columns.
-    struct FourTaps {
-        __m128i nearWords, farWords;
+    /// The near and the far words of a register's columns.
+    struct TapWords {
+        Widest nearWords, farWords;
     };
 
     BilinearColumns(const SurfaceView &source, SIZE fullSize)
@@ -38,26 +55,24 @@ public:
 
     void Set(int64_t first, ptrdiff_t count) { block_.Set(across_, first, count, width_, kSourceBytes, kTapBytes); }
 
-    /// fx in both lanes of four columns.
-    __m128i FractionsAt(ptrdiff_t i) const {
-        return _mm_load_si128(reinterpret_cast<const __m128i *>(block_.fractions + i));
-    }
+    /// fx in both lanes of a register's columns.
+    Widest FractionsAt(ptrdiff_t i) const { return Load<Widest>(block_.fractions + i); }
 
     void PrefetchAt(const BYTE *pixels, ptrdiff_t i) const { PrefetchLine(pixels + block_.nearBytes[i]); }
 
-    /// Calls work(taps, i, left) for the block's first `count` columns, four at a time; taps(row, i) gives their taps,
-    /// `left` says how many columns are left where fewer than four are.
+    /// Calls work(taps, i, left) for the block's first `count` columns, a register's at a time; taps(row, i) gives
+    /// their taps, `left` is the number of columns that are left.
     template <class Prefetch, class Work>
-    void ForEachFour(ptrdiff_t count, const Prefetch &prefetch, const Work &work) const {
+    void ForEachRegister(ptrdiff_t count, const Prefetch &prefetch, const Work &work) const {
         const auto inside = [this](const BYTE *pixels, ptrdiff_t i) { return TapsInside(pixels, i); };
         const auto anywhere = [this](const BYTE *pixels, ptrdiff_t i) { return Taps(pixels, i); };
-        const ptrdiff_t end = std::min(block_.inside, count);
+        const ptrdiff_t end = block_.inside < count ? block_.inside - kPixelsOf<Widest> + 1 : count;
         ptrdiff_t i = 0;
-        for (; i + kRegisterPixels <= end; i += kRegisterPixels) {
+        for (; i < end; i += kPixelsOf<Widest>) {
             prefetch(i);
-            work(inside, i, kRegisterPixels);
+            work(inside, i, count - i);
         }
-        for (; i < count; i += kRegisterPixels) work(anywhere, i, count - i);
+        for (; i < count; i += kPixelsOf<Widest>) work(anywhere, i, count - i);
     }
 
 private:
@@ -65,38 +80,41 @@ private:
     /// What TapsInside reads.
     static constexpr ptrdiff_t kTapBytes = Source::kBitsPerPixel == 8 ? 2 : 8;
 
-    /// The pixels of the four columns from i on, and those that follow them; at the row's end the last one twice.
-    FourTaps Taps(const BYTE *pixels, ptrdiff_t i) const {
+    /// The pixels of the columns from i on, and those that follow them; at the row's end the last one twice.
+    TapWords Taps(const BYTE *pixels, ptrdiff_t i) const {
         const ptrdiff_t last = (width_ - 1) * kSourceBytes;
         return TapsOf(pixels, i, [last](ptrdiff_t pixel) { return std::min(pixel + kSourceBytes, last); });
     }
 
     /// The same for columns whose taps may be read at once.
-    FourTaps TapsInside(const BYTE *pixels, ptrdiff_t i) const {
+    TapWords TapsInside(const BYTE *pixels, ptrdiff_t i) const {
         if constexpr (Source::kBitsPerPixel == 8) {
             return TapsOf(pixels, i, [](ptrdiff_t pixel) { return pixel + kSourceBytes; });
         } else {
             const int *const bytes = block_.nearBytes + i;
-            const __m128i first = LoadTwoAndTwo(pixels + bytes[0], pixels + bytes[1]);
-            const __m128i second = LoadTwoAndTwo(pixels + bytes[2], pixels + bytes[3]);
+            const auto pairs = [&](ptrdiff_t k) { return LoadTwoAndTwo(pixels + bytes[k], pixels + bytes[k + 1]); };
+            const auto first = BySixteens<Widest>([&](ptrdiff_t k) { return pairs(4 * k); });
+            const auto second = BySixteens<Widest>([&](ptrdiff_t k) { return pairs(4 * k + 2); });
             if constexpr (Source::kBitsPerPixel == 32) {
                 return {PickWords<0, 2>(first, second), PickWords<1, 3>(first, second)};
             } else {
-                const __m128i next = PickWords<0, 2>(_mm_srli_epi64(first, 24), _mm_srli_epi64(second, 24));
-                const __m128i opaque = EachWord(kOpaque);
-                return {_mm_or_si128(PickWords<0, 2>(first, second), opaque), _mm_or_si128(next, opaque)};
+                const Widest next = PickWords<0, 2>(ShiftPairsDown<24>(first), ShiftPairsDown<24>(second));
+                const Widest opaque = EachWord<Widest>(kOpaque);
+                return {Or(PickWords<0, 2>(first, second), opaque), Or(next, opaque)};
             }
         }
     }
 
     template <class Next>
-    FourTaps TapsOf(const BYTE *pixels, ptrdiff_t i, const Next &next) const {
+    TapWords TapsOf(const BYTE *pixels, ptrdiff_t i, const Next &next) const {
         const auto read = pixels_.GetReader();
         const int *const bytes = block_.nearBytes + i;
-        const auto nearWord = [&](int k) { return read(pixels + bytes[k], 0); };
-        const auto farWord = [&](int k) { return read(pixels + next(bytes[k]), 0); };
-        return {FourWords(nearWord(0), nearWord(1), nearWord(2), nearWord(3)),
-                FourWords(farWord(0), farWord(1), farWord(2), farWord(3))};
+        const auto words = [](const auto &word) {
+            return BySixteens<Widest>(
+                [&](ptrdiff_t k) { return FourWords(word(4 * k), word(4 * k + 1), word(4 * k + 2), word(4 * k + 3)); });
+        };
+        return {words([&](ptrdiff_t k) { return read(pixels + bytes[k], 0); }),
+                words([&](ptrdiff_t k) { return read(pixels + next(bytes[k]), 0); })};
     }
 
     /// Two words from each of two places.
@@ -145,18 +163,18 @@ public:
     }
 
 private:
-    /// One source row at four columns, two channels of each: P, E and 256 P + fx E.
+    /// One source row at a register's columns, two channels of each: P, E and 256 P + fx E.
     struct Channels {
-        __m128i nearPixels, steps, blends;
+        Widest nearPixels, steps, blends;
     };
 
-    struct FourColumns {
+    struct Columns {
         Channels blueRed, greenAlpha;
     };
 
     struct Line {
         int row;
-        FourColumns columns[kBlockColumns / kRegisterPixels];
+        Columns columns[kBlockColumns / kPixelsOf<Widest>];
     };
 
     /// The two rows that a destination row needs are neighbours, so they have a line each.
@@ -165,52 +183,50 @@ private:
     /// The destination row between two prepared rows.
     class Mean {
     public:
-        explicit Mean(uint32_t fraction) : fy_(EachLane(fraction)), upperFy_(EachLane(fraction << 8)) {}
+        explicit Mean(uint32_t fraction) : fy_(EachLane<Widest>(fraction)), upperFy_(EachLane<Widest>(fraction << 8)) {}
 
-        __m128i operator()(const FourColumns &above, const FourColumns &below, __m128i fx) const {
-            const __m128i w11 = _mm_mulhi_epu16(fx, upperFy_);
+        Widest operator()(const Columns &above, const Columns &below, Widest fx) const {
+            const Widest w11 = MultiplyLanesHigh(fx, upperFy_);
             return JoinUpperBytes(Of(above.blueRed, below.blueRed, w11), Of(above.greenAlpha, below.greenAlpha, w11));
         }
 
     private:
-        __m128i Of(const Channels &above, const Channels &below, __m128i w11) const {
-            const __m128i down = _mm_mullo_epi16(_mm_sub_epi16(below.nearPixels, above.nearPixels), fy_);
-            const __m128i both = _mm_mullo_epi16(_mm_sub_epi16(below.steps, above.steps), w11);
-            return _mm_add_epi16(_mm_add_epi16(above.blends, down), both);
+        Widest Of(const Channels &above, const Channels &below, Widest w11) const {
+            const Widest down = MultiplyLanes(SubtractLanes(below.nearPixels, above.nearPixels), fy_);
+            const Widest both = MultiplyLanes(SubtractLanes(below.steps, above.steps), w11);
+            return AddLanes(AddLanes(above.blends, down), both);
         }
 
-        __m128i fy_, upperFy_;
+        Widest fy_, upperFy_;
     };
 
     /// Prepares a source row; given the prepared row above it, makes the destination row between them on the way, as
     /// the columns needn't be loaded again.
-    void Prepare(Line &line, int row, const Mean &mean, const FourColumns *above, BYTE *out) {
+    void Prepare(Line &line, int row, const Mean &mean, const Columns *above, BYTE *out) {
         line.row = row;
         const BYTE *const pixels = RowOf(source_, row);
         const BYTE *const next = RowOf(source_, std::min<int64_t>(row + 1, source_.height - 1));
-        FourColumns *prepared = line.columns;
-        columns_.ForEachFour(
+        Columns *prepared = line.columns;
+        columns_.ForEachRegister(
             count_, [&](ptrdiff_t i) { columns_.PrefetchAt(next, i); },
             [&](const auto &taps, ptrdiff_t i, ptrdiff_t left) {
-                const __m128i fx = columns_.FractionsAt(i);
-                const auto prepare = [&](__m128i nearPixels, __m128i farPixels) -> Channels {
-                    const __m128i steps = _mm_sub_epi16(farPixels, nearPixels);
-                    return {nearPixels, steps,
-                            _mm_add_epi16(_mm_slli_epi16(nearPixels, 8), _mm_mullo_epi16(steps, fx))};
+                const Widest fx = columns_.FractionsAt(i);
+                const auto prepare = [&](Widest nearPixels, Widest farPixels) -> Channels {
+                    const Widest steps = SubtractLanes(farPixels, nearPixels);
+                    return {nearPixels, steps, AddLanes(ShiftLanesUp<8>(nearPixels), MultiplyLanes(steps, fx))};
                 };
                 const auto [nearWords, farWords] = taps(pixels, i);
-                const FourColumns four = {prepare(LowerBytes(nearWords), LowerBytes(farWords)),
-                                          prepare(UpperBytes(nearWords), UpperBytes(farWords))};
+                const Columns four = {prepare(LowerBytes(nearWords), LowerBytes(farWords)),
+                                      prepare(UpperBytes(nearWords), UpperBytes(farWords))};
                 *prepared++ = four;
                 if (above) StoreSome(out + i * kPixelBytes, mean(*above++, four, fx), left);
             });
     }
 
-    void ReadPrepared(BYTE *out, ptrdiff_t count, const Mean &mean, const FourColumns *top,
-                      const FourColumns *bottom) const {
+    void ReadPrepared(BYTE *out, ptrdiff_t count, const Mean &mean, const Columns *top, const Columns *bottom) const {
         ptrdiff_t i = 0;
-        for (; i + kRegisterPixels <= count; i += kRegisterPixels)
-            StoreFour(out + i * kPixelBytes, mean(*top++, *bottom++, columns_.FractionsAt(i)));
+        for (; i + kPixelsOf<Widest> <= count; i += kPixelsOf<Widest>)
+            Store(out + i * kPixelBytes, mean(*top++, *bottom++, columns_.FractionsAt(i)));
         if (i < count) StoreSome(out + i * kPixelBytes, mean(*top, *bottom, columns_.FractionsAt(i)), count - i);
     }
 
@@ -237,8 +253,9 @@ public:
         next_ = next;
         nextRow_ = row + 1;
         const uint32_t fraction = rows.fraction;
-        const __m128i fy = EachLane(fraction), upperFy = EachLane(fraction << 8), upper = EachLane(256 - fraction);
-        columns_.ForEachFour(
+        const Widest fy = EachLane<Widest>(fraction), upperFy = EachLane<Widest>(fraction << 8),
+                     upper = EachLane<Widest>(256 - fraction);
+        columns_.ForEachRegister(
             count,
             [&](ptrdiff_t i) {
                 columns_.PrefetchAt(next.top, i);
@@ -246,19 +263,19 @@ public:
             },
             [&](const auto &taps, ptrdiff_t i, ptrdiff_t left) {
                 // The middle weights negated: the fewest steps from w11 to all four.
-                const __m128i fx = columns_.FractionsAt(i), w11 = _mm_mulhi_epu16(fx, upperFy);
-                const __m128i minus01 = _mm_sub_epi16(w11, fx), minus10 = _mm_sub_epi16(w11, fy);
-                const __m128i w00 = _mm_add_epi16(minus01, upper);
-                const auto sum = [&](__m128i p00, __m128i p01, __m128i p10, __m128i p11) {
-                    return _mm_add_epi16(_mm_sub_epi16(_mm_mullo_epi16(p00, w00), _mm_mullo_epi16(p01, minus01)),
-                                         _mm_sub_epi16(_mm_mullo_epi16(p11, w11), _mm_mullo_epi16(p10, minus10)));
+                const Widest fx = columns_.FractionsAt(i), w11 = MultiplyLanesHigh(fx, upperFy);
+                const Widest minus01 = SubtractLanes(w11, fx), minus10 = SubtractLanes(w11, fy);
+                const Widest w00 = AddLanes(minus01, upper);
+                const auto sum = [&](Widest p00, Widest p01, Widest p10, Widest p11) {
+                    return AddLanes(SubtractLanes(MultiplyLanes(p00, w00), MultiplyLanes(p01, minus01)),
+                                    SubtractLanes(MultiplyLanes(p11, w11), MultiplyLanes(p10, minus10)));
                 };
                 const auto [p00, p01] = taps(rows.top, i);
                 const auto [p10, p11] = taps(rows.bottom, i);
-                const __m128i greenAlpha = sum(UpperBytes(p00), UpperBytes(p01), UpperBytes(p10), UpperBytes(p11));
+                const Widest greenAlpha = sum(UpperBytes(p00), UpperBytes(p01), UpperBytes(p10), UpperBytes(p11));
                 // A whole lane is 256 × its upper byte + its lower byte; so is the sum, modulo 2^16, and no byte needs
                 // a mask.
-                const __m128i blueRed = _mm_sub_epi16(sum(p00, p01, p10, p11), _mm_slli_epi16(greenAlpha, 8));
+                const Widest blueRed = SubtractLanes(sum(p00, p01, p10, p11), ShiftLanesUp<8>(greenAlpha));
                 StoreSome(buffer + i * kPixelBytes, JoinUpperBytes(blueRed, greenAlpha), left);
             });
         return buffer;
@@ -283,4 +300,4 @@ private:
     int64_t nextRow_ = -1;
 };
 
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER

@@ -1,16 +1,16 @@
 // Sampling 1:1 in the faster tiers.
 #pragma once
 
-#include "pipeline/memory/copy_rows_sse2.h"
-#include "pipeline/pixel/source_pixels_sse2.h"
+#include "pipeline/memory/copy_rows_simd.h"
+#include "pipeline/pixel/source_pixels_simd.h"
 #include "pipeline/sample/same_size.h"
 
-namespace lacquer::sse2 {
+namespace lacquer::LACQUER_TIER {
 
 struct SourceRuns {
     template <class Reader>
     static void Expand(BYTE *out, Reader read, const BYTE *pixels, ptrdiff_t count) {
-        sse2::ExpandPixels(out, read, pixels, count);
+        LACQUER_TIER::ExpandPixels(out, read, pixels, count);
     }
     static constexpr auto Copy = CopyRows;
 
@@ -21,4 +21,4 @@ struct SourceRuns {
     }
 };
 
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER

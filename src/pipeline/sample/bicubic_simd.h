@@ -2,10 +2,10 @@
 // columns once, and four such rows, kept in a ring, give a destination row.
 #pragma once
 
-#include "pipeline/pixel/pixel_sse2.h"
+#include "pipeline/pixel/pixel_simd.h"
 #include "pipeline/sample/bicubic.h"
 
-namespace lacquer::sse2 {
+namespace lacquer::LACQUER_TIER {
 
 template <class Source>
 class BicubicFetch : public StretchFetch {
@@ -19,7 +19,7 @@ public:
           down_(CentredSteps(source.height, fullSize.cy)) {}
 
     void SetColumns(int64_t first, ptrdiff_t count) {
-        columns_ = (count + kRegisterPixels - 1) & -kRegisterPixels;
+        columns_ = (count + kPixelsOf<Widest> - 1) & -kPixelsOf<Widest>;
         for (ptrdiff_t i = 0; i < columns_; ++i) {
             // The columns that fill up the last register repeat the last one.
             const CubicTaps taps = CubicTapsAt<WeightsQ14>(across_.At(first + std::min(i, count - 1)), source_.width);
@@ -32,23 +32,23 @@ public:
 
     const BYTE *Read(int64_t row, BYTE *buffer, ptrdiff_t count) {
         const CubicTaps taps = CubicTapsAt<WeightsQ14>(down_.At(row), source_.height);
-        const __m128i *rows[4];
+        const Widest *rows[4];
         for (int i = 0; i < 4; ++i) rows[i] = Summed(taps.index[i]).sums;
         const WeightPairs weights = PairedWeights(taps);
-        const __m128i upper = weights.first, lower = weights.second;
-        const __m128i half = _mm_set1_epi32(1 << 19), opaque = EachWord(Source::kIsOpaque ? kOpaque : 0);
-        const auto channels = [&](__m128i first, __m128i second) {
-            const __m128i sum = _mm_add_epi32(_mm_madd_epi16(first, upper), _mm_madd_epi16(second, lower));
-            return _mm_srai_epi32(_mm_add_epi32(sum, half), 20);
+        const Widest upper = EachSixteen<Widest>(weights.first), lower = EachSixteen<Widest>(weights.second);
+        const Widest half = EachWord<Widest>(1 << 19), opaque = EachWord<Widest>(Source::kIsOpaque ? kOpaque : 0);
+        const auto channels = [&](Widest first, Widest second) {
+            const Widest sum = AddWords(AddProducts(first, upper), AddProducts(second, lower));
+            return ShiftSignedWordsDown<20>(AddWords(sum, half));
         };
-        const auto twoPixels = [&](ptrdiff_t i) {
-            const __m128i a = rows[0][i], b = rows[1][i], c = rows[2][i], d = rows[3][i];
-            return _mm_packs_epi32(channels(_mm_unpacklo_epi16(a, b), _mm_unpacklo_epi16(c, d)),
-                                   channels(_mm_unpackhi_epi16(a, b), _mm_unpackhi_epi16(c, d)));
+        const auto halfOfPixels = [&](ptrdiff_t i) {
+            const Widest a = rows[0][i], b = rows[1][i], c = rows[2][i], d = rows[3][i];
+            return PackWords(channels(LanesLow(a, b), LanesLow(c, d)), channels(LanesHigh(a, b), LanesHigh(c, d)));
         };
-        for (ptrdiff_t i = 0; i < count; i += kRegisterPixels) {
-            const __m128i words = _mm_packus_epi16(twoPixels(i / 2), twoPixels(i / 2 + 1));
-            StoreSome(buffer + i * kPixelBytes, _mm_or_si128(words, opaque), count - i);
+        for (ptrdiff_t i = 0; i < count; i += kPixelsOf<Widest>) {
+            const ptrdiff_t at = 2 * i / kPixelsOf<Widest>;
+            const Widest words = PackLanes(halfOfPixels(at), halfOfPixels(at + 1));
+            StoreSome(buffer + i * kPixelBytes, Or(words, opaque), count - i);
         }
         return buffer;
     }
@@ -65,10 +65,11 @@ private:
         bool inside;  ///< the four pixels are neighbours, and a register can be read there
     };
 
-    /// The sums of one source row for the block's columns, two pixels to a register.
+    /// The sums of one source row for the block's columns, two pixels to 16 bytes. Of the pixels that make a register
+    /// of words, a register has the first two of each four, and the next the last two.
     struct Line {
         int row;
-        __m128i sums[kBlockColumns / 2];
+        Widest sums[2 * kBlockColumns / kPixelsOf<Widest>];
     };
 
     static WeightPairs PairedWeights(const CubicTaps &taps) {
@@ -84,8 +85,10 @@ private:
         if (line.row == row) return line;
         line.row = row;
         const BYTE *const pixels = RowOf(source_, row);
-        for (ptrdiff_t i = 0; i < columns_; i += 2) {
-            line.sums[i / 2] = _mm_packs_epi32(SumTaps(pixels, taps_[i]), SumTaps(pixels, taps_[i + 1]));
+        Widest *sums = line.sums;
+        for (ptrdiff_t i = 0; i < columns_; i += kPixelsOf<Widest>) {
+            *sums++ = PackWords(SumTaps(pixels, taps_ + i), SumTaps(pixels, taps_ + i + 1));
+            *sums++ = PackWords(SumTaps(pixels, taps_ + i + 2), SumTaps(pixels, taps_ + i + 3));
         }
         return line;
     }
@@ -118,12 +121,18 @@ private:
                                 read(pixels, taps.index[3])));
     }
 
-    /// WeightsQ14::FinishRow of the row's four taps, for each channel.
-    __m128i SumTaps(const BYTE *pixels, const Taps &taps) const {
-        const __m128i zero = _mm_setzero_si128(), pairs = PairsOf(pixels, taps);
-        const __m128i sum = _mm_add_epi32(_mm_madd_epi16(_mm_unpacklo_epi8(pairs, zero), taps.weights.first),
-                                          _mm_madd_epi16(_mm_unpackhi_epi8(pairs, zero), taps.weights.second));
-        return _mm_srai_epi32(_mm_add_epi32(sum, _mm_set1_epi32(1 << 7)), 8);
+    /// WeightsQ14::FinishRow of the row's four taps, for each channel of a pixel and of each fourth one behind it that
+    /// a register has room for.
+    Widest SumTaps(const BYTE *pixels, const Taps *taps) const {
+        const auto eachFourth = [&](const auto &of) {
+            return BySixteens<Widest>([&](ptrdiff_t k) { return of(taps[4 * k]); });
+        };
+        const Widest pairs = eachFourth([&](const Taps &each) { return PairsOf(pixels, each); });
+        const Widest zero = EachWord<Widest>(0);
+        const Widest sum = AddWords(
+            AddProducts(BytesLow(pairs, zero), eachFourth([](const Taps &each) { return each.weights.first; })),
+            AddProducts(BytesHigh(pairs, zero), eachFourth([](const Taps &each) { return each.weights.second; })));
+        return ShiftSignedWordsDown<8>(AddWords(sum, EachWord<Widest>(1 << 7)));
     }
 
     const SurfaceView &source_;
@@ -134,4 +143,4 @@ private:
     Line lines_[4];
 };
 
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER

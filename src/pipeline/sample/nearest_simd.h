@@ -2,10 +2,10 @@
 // share is fetched once.
 #pragma once
 
-#include "pipeline/pixel/pixel_sse2.h"
+#include "pipeline/pixel/pixel_simd.h"
 #include "pipeline/sample/stretch.h"
 
-namespace lacquer::sse2 {
+namespace lacquer::LACQUER_TIER {
 
 template <class Source>
 class NearestFetch : public StretchFetch {
@@ -42,6 +42,11 @@ public:
             PrefetchBytes(next + begin, ptrdiff_t{columns_[count - 1]} * kSourceBytes - begin);
         }
         ptrdiff_t i = 0;
+        // The words are read again as whole registers, which must not wait for the halves of one.
+        for (; i + kPixelsOf<Widest> <= inside_; i += kPixelsOf<Widest>) {
+            const auto four = [&](ptrdiff_t k) { return FourAt(pixels, i + k * kRegisterPixels); };
+            Store(buffer + i * kPixelBytes, BySixteens<Widest>(four));
+        }
         for (; i + kRegisterPixels <= inside_; i += kRegisterPixels)
             StoreFour(buffer + i * kPixelBytes, FourAt(pixels, i));
         for (; i < count; ++i) StorePixel(buffer + i * kPixelBytes, read(pixels, columns_[i]));
@@ -74,4 +79,4 @@ private:
     uint32_t columns_[kBlockColumns];
 };
 
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER

@@ -2,34 +2,11 @@
 // that the sums are written once, for words.
 #pragma once
 
-#include "pipeline/pixel/source_pixels_sse2.h"
+#include "pipeline/pixel/source_pixels_simd.h"
 #include "pipeline/sample/area.h"
+#include "pipeline/sample/area_means_simd.h"
 
-namespace lacquer::sse2 {
-
-/// What has a faster form: footprints of up to this many pixels across and down.
-inline constexpr int64_t kLongestFootprint = 16;
-
-/// The words of the source that one row of means is made of.
-struct WordRows {
-    const BYTE *pixels;  ///< first row, column `firstColumn`
-    ptrdiff_t stride, firstColumn;
-};
-
-/// The blocks of whole pixels that a draw divides its source into.
-struct WholeRatio {
-    int columns = 0, rows = 0;  ///< 0 where it doesn't, or where the means have no such formula
-    uint32_t inverse = 0;       ///< sum × inverse >> 16 is a block's mean
-
-    WholeRatio(const SurfaceView &source, SIZE fullSize);
-};
-
-/// The means of `count` blocks side by side, from the first column on.
-void MeansOfBlocks(BYTE *out, ptrdiff_t count, const WordRows &source, const WholeRatio &ratio);
-
-/// The means of `count` footprints in a row.
-void MeansOfFootprints(BYTE *out, ptrdiff_t count, const WordRows &source, const Footprint *columns,
-                       const Footprint &rows);
+namespace lacquer::LACQUER_TIER {
 
 /// The footprints of a row, and the words under them.
 template <class Source>
@@ -71,7 +48,7 @@ private:
             BYTE *out = expanded_;
             for (int row = rows_.first; row <= rows_.last; ++row, out += kStride) {
                 const BYTE *const pixels = RowOf(source_, row) + first * kSourceBytes;
-                sse2::ExpandPixels(out, pixels_.GetReader(), pixels, end - first);
+                LACQUER_TIER::ExpandPixels(out, pixels_.GetReader(), pixels, end - first);
             }
             return {expanded_, kStride, first};
         }
@@ -147,4 +124,4 @@ private:
     Footprint columns_[kBlockColumns];
 };
 
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER

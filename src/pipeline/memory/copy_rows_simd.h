@@ -2,9 +2,9 @@
 #pragma once
 
 #include "pipeline/memory/copy_rows.h"
-#include "pipeline/memory/streaming_sse2.h"
+#include "pipeline/memory/streaming_simd.h"
 
-namespace lacquer::sse2 {
+namespace lacquer::LACQUER_TIER {
 
 /// As the base tier's.
 inline void CopyRows(const SurfaceView &dest, const SurfaceView &source, ptrdiff_t bytes, ptrdiff_t rows) {
@@ -12,4 +12,4 @@ inline void CopyRows(const SurfaceView &dest, const SurfaceView &source, ptrdiff
     lacquer::CopyRows(dest, source, bytes, rows);
 }
 
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER

@@ -1,16 +1,16 @@
 // The faster tiers' parts, by the names of the lists of rows and single slots.
 #pragma once
 
-#include "pipeline/combine/rules_sse2.h"
-#include "pipeline/combine/run_sse2.h"
-#include "pipeline/fill/fill_sse2.h"
-#include "pipeline/sample/area_sse2.h"
-#include "pipeline/sample/bicubic_sse2.h"
-#include "pipeline/sample/bilinear_sse2.h"
-#include "pipeline/sample/nearest_sse2.h"
-#include "pipeline/sample/same_size_sse2.h"
+#include "pipeline/combine/rules_simd.h"
+#include "pipeline/combine/run_simd.h"
+#include "pipeline/fill/fill_simd.h"
+#include "pipeline/sample/area_simd.h"
+#include "pipeline/sample/bicubic_simd.h"
+#include "pipeline/sample/bilinear_simd.h"
+#include "pipeline/sample/nearest_simd.h"
+#include "pipeline/sample/same_size_simd.h"
 
-namespace lacquer::sse2 {
+namespace lacquer::LACQUER_TIER {
 
 template <class Source, class EnlargingFetch>
 using AreaOr = Stretched<BlockFetch<Source>, FootprintFetch<Source>, AreaFetch<Source>, EnlargingFetch>;
@@ -27,10 +27,10 @@ struct Kit : Rules {
     template <class Source>
     using Area = AreaOr<Source, BicubicFetch<Source>>;
     template <class /*Source*/>
-    using OneColour = sse2::OneColour;
+    using OneColour = LACQUER_TIER::OneColour;
 
     template <class Rule>
-    using Combine = PerFour<Rule>;
+    using Combine = PerRegister<Rule>;
 };
 
 /// For processors without the finer bicubic weights.
@@ -39,4 +39,4 @@ struct CoarseKit : Kit {
     using Area = AreaOr<Source, lacquer::BicubicFetch<Source, WeightsQ8>>;
 };
 
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER

@@ -1,23 +1,26 @@
-// The turns of the SSE2 tier: square blocks of pixels are turned in registers, mirrored rows are read backwards.
-
-#include "pipeline/transform/turn_sse2.h"
+// The turns of the faster tiers: square blocks of pixels are turned in registers, mirrored rows are read backwards.
+#pragma once
 
 #include "pipeline/memory/lookahead.h"
-#include "pipeline/memory/streaming_sse2.h"
+#include "pipeline/memory/streaming_simd.h"
 #include "pipeline/transform/turn_tiles.h"
 
-namespace lacquer::sse2 {
-namespace {
+namespace lacquer::LACQUER_TIER {
 
 /// From so many bytes on a turn goes past the caches: earlier than a copy, as its stores jump from row to row.
-constexpr int64_t kLargeTurn = int64_t{4} << 20;
+inline constexpr int64_t kLargeTurn = int64_t{4} << 20;
 
 /// 32-bit pixels, four to a register.
-struct Words {
+struct TurnedWords {
     static constexpr size_t kBytes = 4;
     static constexpr LONG kRegister = 4, kBlock = 4;
 
     static __m128i Mirror(__m128i words) { return _mm_shuffle_epi32(words, _MM_SHUFFLE(0, 1, 2, 3)); }
+#ifdef LACQUER_WIDE_REGISTERS
+    static __m256i Mirror(__m256i words) {
+        return _mm256_permutevar8x32_epi32(words, _mm256_setr_epi32(7, 6, 5, 4, 3, 2, 1, 0));
+    }
+#endif
 
     /// Row i of a block, `inStep` after the one before, becomes column i.
     static void Turn(BYTE *out, ptrdiff_t outStep, const BYTE *in, ptrdiff_t inStep) {
@@ -33,7 +36,7 @@ struct Words {
 };
 
 /// 8-bit pixels, sixteen to a register.
-struct Bytes {
+struct TurnedBytes {
     static constexpr size_t kBytes = 1;
     static constexpr LONG kRegister = 16, kBlock = 8;
 
@@ -43,6 +46,13 @@ struct Bytes {
         const __m128i halves = _mm_shufflehi_epi16(_mm_shufflelo_epi16(pairs, kBackwards), kBackwards);
         return _mm_shuffle_epi32(halves, _MM_SHUFFLE(1, 0, 3, 2));
     }
+#ifdef LACQUER_WIDE_REGISTERS
+    static __m256i Mirror(__m256i bytes) {
+        const __m256i backwards =
+            EachSixteen<__m256i>(_mm_setr_epi8(15, 14, 13, 12, 11, 10, 9, 8, 7, 6, 5, 4, 3, 2, 1, 0));
+        return _mm256_permute4x64_epi64(_mm256_shuffle_epi8(bytes, backwards), _MM_SHUFFLE(1, 0, 3, 2));
+    }
+#endif
 
     static void Turn(BYTE *out, ptrdiff_t outStep, const BYTE *in, ptrdiff_t inStep) {
         const auto twoRows = [&](int i) {
@@ -115,8 +125,7 @@ void TurnStreaming(const SurfaceView &dest, const PixelWalk &walk) {
             TurnBlocks<Pixels>(tile, kLine, walk, {left, top, left + kTile, top + kTile});
             for (LONG y = 0; y < kTile; ++y) {
                 BYTE *const out = RowOf(dest, top + y) + left * ptrdiff_t{Pixels::kBytes};
-                for (ptrdiff_t i = 0; i < kLine; i += kRegisterBytes)
-                    StreamFour(out + i, LoadFour(tile + y * kLine + i));
+                for (ptrdiff_t i = 0; i < kLine; i += kRegisterBytes) Stream(out + i, LoadFour(tile + y * kLine + i));
             }
         }
     }
@@ -127,34 +136,33 @@ void TurnStreaming(const SurfaceView &dest, const PixelWalk &walk) {
 
 /// Mirrored rows: the source runs backwards under the destination's columns. `store` stores a register; `prepare` is
 /// told where the next row's lines lie in the source and in the destination.
-template <class Pixels, class Store, class Prepare>
-void MirrorRows(const SurfaceView &dest, const PixelWalk &walk, const Store &store, const Prepare &prepare) {
-    constexpr ptrdiff_t kStep = 4 * kRegisterBytes;
+template <class Pixels, class StoreRegister, class Prepare>
+void MirrorRows(const SurfaceView &dest, const PixelWalk &walk, const StoreRegister &store, const Prepare &prepare) {
     const ptrdiff_t bytes = dest.width * ptrdiff_t{Pixels::kBytes};
     for (LONG y = 0; y < dest.height; ++y) {
         BYTE *const out = RowOf(dest, y);
-        const BYTE *const last = walk.start + y * walk.perRow + Pixels::kBytes - kRegisterBytes;
-        const auto mirror = [&](ptrdiff_t i) { store(out + i, Pixels::Mirror(LoadFour(last - i))); };
+        const BYTE *const end = walk.start + y * walk.perRow + Pixels::kBytes;
+        const auto mirror = [&]<Register V>(V, ptrdiff_t i) {
+            store(out + i, Pixels::Mirror(Load<V>(end - i - kBytesOf<V>)));
+        };
         ptrdiff_t i = 0;
-        for (; i + kStep <= bytes; i += kStep) {
-            prepare(last + walk.perRow - i, out + dest.stride + i);
-            mirror(i);
-            mirror(i + kRegisterBytes);
-            mirror(i + 2 * kRegisterBytes);
-            mirror(i + 3 * kRegisterBytes);
+        for (; i + kCacheLineBytes <= bytes; i += kCacheLineBytes) {
+            prepare(end + walk.perRow - i - 1, out + dest.stride + i);
+            for (ptrdiff_t at = i; at < i + kCacheLineBytes; at += kBytesOf<Widest>) mirror(Widest(), at);
         }
-        for (; i + kRegisterBytes <= bytes; i += kRegisterBytes) mirror(i);
+        for (; i + kBytesOf<Widest> <= bytes; i += kBytesOf<Widest>) mirror(Widest(), i);
+        if (i + kRegisterBytes <= bytes) mirror(__m128i(), i);
     }
     MovePart<Pixels::kBytes>(dest, walk, {dest.width - dest.width % Pixels::kRegister, 0, dest.width, dest.height});
 }
 
 template <class Pixels>
 void MirrorPixels(const SurfaceView &dest, const PixelWalk &walk) {
-    const auto store = [](BYTE *out, __m128i pixels) { StoreFour(out, pixels); };
-    const auto stream = [](BYTE *out, __m128i pixels) { StreamFour(out, pixels); };
+    const auto store = [](BYTE *out, auto pixels) { Store(out, pixels); };
+    const auto stream = [](BYTE *out, auto pixels) { Stream(out, pixels); };
     if (!Lookahead::Pays(dest)) {
         MirrorRows<Pixels>(dest, walk, store, [](const BYTE *, const BYTE *) {});
-    } else if (StreamingPays(int64_t{dest.stride} * dest.height) && RowsAreAligned(dest, 16)) {
+    } else if (StreamingPays(int64_t{dest.stride} * dest.height) && RowsAreAligned(dest, kBytesOf<Widest>)) {
         MirrorRows<Pixels>(dest, walk, stream, [](const BYTE *in, const BYTE *) { PrefetchLine(in); });
         FinishStreaming();
     } else {
@@ -176,9 +184,7 @@ void TurnInRegisters(const SurfaceView &dest, const PixelWalk &walk) {
     }
 }
 
-}  // namespace
+inline void TurnBytes(const SurfaceView &dest, const PixelWalk &walk) { TurnInRegisters<TurnedBytes>(dest, walk); }
+inline void TurnWords(const SurfaceView &dest, const PixelWalk &walk) { TurnInRegisters<TurnedWords>(dest, walk); }
 
-void TurnBytes(const SurfaceView &dest, const PixelWalk &walk) { TurnInRegisters<Bytes>(dest, walk); }
-void TurnWords(const SurfaceView &dest, const PixelWalk &walk) { TurnInRegisters<Words>(dest, walk); }
-
-}  // namespace lacquer::sse2
+}  // namespace lacquer::LACQUER_TIER

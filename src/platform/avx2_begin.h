@@ -1,0 +1,9 @@
+// What follows, up to avx2_end.h, is compiled for AVX2: every function that is defined there, also from templates, and
+// none from headers that were included before.
+
+#if defined(__clang__)
+#pragma clang attribute push(__attribute__((target("avx2"))), apply_to = function)
+#elif defined(__GNUC__)
+#pragma GCC push_options
+#pragma GCC target("avx2")
+#endif
