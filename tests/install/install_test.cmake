@@ -33,7 +33,8 @@ endforeach()
 # The manual's programs are built as its first chapter says.
 if(EXISTS ${WORK}/prefix/include/lacquer/image.h)
   list(TRANSFORM options REPLACE "^${CONSUMER}$" ${MANUAL})
-  run(${CMAKE_COMMAND} ${options} -B ${WORK}/consumer/manual)
+  run(${CMAKE_COMMAND} ${options} -B ${WORK}/consumer/manual
+      -Dlacquer_image_DIR=${WORK}/prefix/lib/cmake/lacquer_image)
   run(${CMAKE_COMMAND} --build ${WORK}/consumer/manual)
 endif()
 
