@@ -30,6 +30,14 @@ foreach(way package static pkg-config)
   endforeach()
 endforeach()
 
+# The manual's programs are built as its first chapter says.
+if(EXISTS ${WORK}/prefix/include/lacquer/image.h)
+  list(TRANSFORM options REPLACE "^${CONSUMER}$" ${MANUAL})
+  run(${CMAKE_COMMAND} ${options} -B ${WORK}/consumer/manual
+      -Dlacquer_image_DIR=${WORK}/prefix/lib/cmake/lacquer_image)
+  run(${CMAKE_COMMAND} --build ${WORK}/consumer/manual)
+endif()
+
 # The files tell the version of the headers, which the consumers compared with that of the packages.
 file(STRINGS ${WORK}/prefix/include/lacquer/version.h version REGEX "LACQUER_VERSION_STRING")
 string(REGEX REPLACE "^.*\"(.*)\"" "\\1" version "${version}")

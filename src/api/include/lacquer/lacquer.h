@@ -33,6 +33,7 @@
 
 #ifdef _WIN32
 #include <windows.h>
+#undef DeleteBitmap /* <windowsx.h> has a macro of this name: include it before this header, not after it */
 #else
 #include <lacquer/win32_types.h>
 #endif

@@ -1,5 +1,6 @@
 /// @file
-/// Lacquer for C++17: owners, locks, scopes, skins and text, header-only, over the C interface of <lacquer/lacquer.h>.
+/// Lacquer for C++17: owners, locks, scopes, effects, skins and text, header-only, over the C interface of
+/// <lacquer/lacquer.h>.
 ///
 /// - Namespace `lq`. The library's own code is in `lacquer`, with classes of its own called Canvas, Texture and so on.
 ///   A program that links the library statically would have two classes of each name if this layer were there, too.
@@ -22,6 +23,7 @@
 #ifndef LACQUER_LACQUER_HPP
 #define LACQUER_LACQUER_HPP
 
+#include <lacquer/effects.hpp>
 #include <lacquer/objects.hpp>
 #include <lacquer/pixels.hpp>
 #include <lacquer/scopes.hpp>
@@ -30,7 +32,7 @@
 #include <velgraphic/velgraphic.hpp>
 
 /// @defgroup cpp C++ layer
-/// Owners, locks, scopes, skins and text in the namespace `lq`, over the C interface: <lacquer/lacquer.hpp> and
-/// <velgraphic/velgraphic.hpp>.
+/// Owners, locks, scopes, effects, skins and text in the namespace `lq`, over the C interface: <lacquer/lacquer.hpp>
+/// and <velgraphic/velgraphic.hpp>.
 
 #endif

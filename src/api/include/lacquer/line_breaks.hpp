@@ -12,6 +12,14 @@
 #include <cstddef>
 #include <string_view>
 
+/// A literal of UTF-16 for a TextView, and for every `const WCHAR *` of the C interface: LACQUER_TEXT("Hello").
+/// @param literal the text in quotes
+#ifdef _WIN32
+#define LACQUER_TEXT(literal) L##literal
+#else
+#define LACQUER_TEXT(literal) u##literal
+#endif
+
 namespace lq {
 
 /// @addtogroup cpp

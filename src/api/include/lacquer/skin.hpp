@@ -60,6 +60,22 @@ struct SkinPiece {
         return SIZE{static_cast<LONG>(width), static_cast<LONG>(height)};
     }
 
+    /// The scale at which the margins fit side by side. A nine-grid that is smaller than its margins shows only what
+    /// its corners have outside; drawn at this scale it looks whole.
+    /// @param dest where the piece is to be drawn, logical pixels
+    /// @param scale the largest scale wanted
+    /// @return the scale for Draw: `scale`, or the one below it at which the margins fit into `dest`; never fails
+    /// @see Draw
+    float FittingScale(const RECT &dest, float scale = 1) const noexcept {
+        const auto fitted = [](float most, double room, double wanted) {
+            return wanted > 0 && room < wanted * most ? static_cast<float>(room / wanted) : most;
+        };
+        const float fitting = fitted(scale, static_cast<double>(dest.right) - dest.left,
+                                     static_cast<double>(margins.left) + margins.right);
+        return fitted(fitting, static_cast<double>(dest.bottom) - dest.top,
+                      static_cast<double>(margins.top) + margins.bottom);
+    }
+
     /// Draws a state.
     /// @param canvas the canvas that is drawn on; a wrong handle is refused
     /// @param dest where, logical pixels

@@ -1,13 +1,13 @@
-/* The smallest whole program: a canvas, a texture with half-transparent pixels, one draw, and a picture file (PPM). */
+/* The smallest whole program: a canvas, a texture with half-transparent pixels, one draw, and a picture file. */
+#include <lacquer/image.h>
 #include <lacquer/lacquer.h>
-#include <stdio.h>
 
 int main(void) {
     const HGCANVAS canvas = CreateCanvas(160, 96, (HGCANVAS){0}); /* its pixels are transparent black */
     const HGTEXTURE disc = CreateTexture(64, 64);                 /* its pixels are not cleared */
 
     const RECT all = {0, 0, 160, 96};
-    FillSolidRect(canvas, 0xFFF4EEDD, &all);
+    FillSolidRect(canvas, 0xFFF4EEDD, &all); /* 0xAARRGGBB */
 
     SurfaceView pixels;
     if (!LockTextureBits(disc, &pixels, NULL)) return 1;
@@ -24,18 +24,8 @@ int main(void) {
     SetTextureFilter(disc, (DWORD)LACQUER_DRAW_OVER << 24); /* drawn by its own alpha */
     DrawTexture(canvas, &place, disc, LACQUER_BILINEAR);    /* 1:1 here, sampled where sizes differ */
 
-    FILE *file = fopen("first_picture.ppm", "wb");
-    if (!file || !LockCanvasBits(canvas, &pixels, NULL)) return 1;
-    fprintf(file, "P6 %d %d 255\n", (int)pixels.width, (int)pixels.height);
-    row = pixels.bits;
-    for (int y = 0; y < pixels.height; ++y, row += pixels.stride / 4) {
-        for (int x = 0; x < pixels.width; ++x) {
-            const BYTE rgb[] = {(BYTE)(row[x] >> 16), (BYTE)(row[x] >> 8), (BYTE)row[x]};
-            fwrite(rgb, 1, sizeof rgb, file);
-        }
-    }
-    UnlockCanvasBits(canvas);
+    const int saved = SaveCanvasAsPng(canvas, "first_picture.png", 0);
     DeleteTexture(disc);
     DeleteCanvas(canvas);
-    return fclose(file) != 0;
+    return saved ? 0 : 1;
 }
