@@ -47,50 +47,46 @@ struct Pair {
     V first, second;
 };
 
-/// Name and instruction of each operation on two registers, and on a register and a number of bits.
-#define LACQUER_OPERATIONS(OPERATION)         \
-    OPERATION(AddBytes, add_epi8)             \
-    OPERATION(AddBytesUpTo255, adds_epu8)     \
-    OPERATION(SubtractBytes, sub_epi8)        \
-    OPERATION(MeansOfBytes, avg_epu8)         \
-    OPERATION(MaxOfBytes, max_epu8)           \
-    OPERATION(AddLanes, add_epi16)            \
-    OPERATION(SubtractLanes, sub_epi16)       \
-    OPERATION(MultiplyLanes, mullo_epi16)     \
-    OPERATION(MultiplyLanesHigh, mulhi_epu16) \
-    OPERATION(AddProducts, madd_epi16)        \
-    OPERATION(AddWords, add_epi32)            \
-    OPERATION(AreWordsEqual, cmpeq_epi32)     \
-    OPERATION(BytesLow, unpacklo_epi8)        \
-    OPERATION(BytesHigh, unpackhi_epi8)       \
-    OPERATION(LanesLow, unpacklo_epi16)       \
-    OPERATION(LanesHigh, unpackhi_epi16)      \
-    OPERATION(PackLanes, packus_epi16)        \
-    OPERATION(PackWords, packs_epi32)
-#define LACQUER_SHIFTS(SHIFT)               \
-    SHIFT(ShiftLanesUp, slli_epi16)         \
-    SHIFT(ShiftLanesDown, srli_epi16)       \
-    SHIFT(ShiftWordsUp, slli_epi32)         \
-    SHIFT(ShiftWordsDown, srli_epi32)       \
-    SHIFT(ShiftSignedWordsDown, srai_epi32) \
-    SHIFT(ShiftPairsDown, srli_epi64)
-
-#define LACQUER_OPERATION(name, instruction) \
-    inline __m128i name(__m128i a, __m128i b) { return _mm_##instruction(a, b); }
-#define LACQUER_SHIFT(name, instruction)    \
+#define LACQUER_OPERATION(V, name, instruction) \
+    inline V name(V a, V b) { return instruction(a, b); }
+#define LACQUER_SHIFT(V, name, instruction) \
     template <int kBits>                    \
-    inline __m128i name(__m128i a) {        \
-        return _mm_##instruction(a, kBits); \
+    inline V name(V a) {                    \
+        return instruction(a, kBits);       \
     }
-LACQUER_OPERATIONS(LACQUER_OPERATION)
-LACQUER_SHIFTS(LACQUER_SHIFT)
-#undef LACQUER_OPERATION
-#undef LACQUER_SHIFT
+/// Name and instruction of each operation on two registers, and on a register and a number of bits; of AndNot the first
+/// register is turned over.
+#define LACQUER_OPERATIONS(V, prefix, bits)                      \
+    LACQUER_OPERATION(V, AddBytes, prefix##add_epi8)             \
+    LACQUER_OPERATION(V, AddBytesUpTo255, prefix##adds_epu8)     \
+    LACQUER_OPERATION(V, SubtractBytes, prefix##sub_epi8)        \
+    LACQUER_OPERATION(V, MeansOfBytes, prefix##avg_epu8)         \
+    LACQUER_OPERATION(V, MaxOfBytes, prefix##max_epu8)           \
+    LACQUER_OPERATION(V, AddLanes, prefix##add_epi16)            \
+    LACQUER_OPERATION(V, SubtractLanes, prefix##sub_epi16)       \
+    LACQUER_OPERATION(V, MultiplyLanes, prefix##mullo_epi16)     \
+    LACQUER_OPERATION(V, MultiplyLanesHigh, prefix##mulhi_epu16) \
+    LACQUER_OPERATION(V, AddProducts, prefix##madd_epi16)        \
+    LACQUER_OPERATION(V, AddWords, prefix##add_epi32)            \
+    LACQUER_OPERATION(V, AreWordsEqual, prefix##cmpeq_epi32)     \
+    LACQUER_OPERATION(V, BytesLow, prefix##unpacklo_epi8)        \
+    LACQUER_OPERATION(V, BytesHigh, prefix##unpackhi_epi8)       \
+    LACQUER_OPERATION(V, LanesLow, prefix##unpacklo_epi16)       \
+    LACQUER_OPERATION(V, LanesHigh, prefix##unpackhi_epi16)      \
+    LACQUER_OPERATION(V, PackLanes, prefix##packus_epi16)        \
+    LACQUER_OPERATION(V, PackWords, prefix##packs_epi32)         \
+    LACQUER_OPERATION(V, And, prefix##and_si##bits)              \
+    LACQUER_OPERATION(V, AndNot, prefix##andnot_si##bits)        \
+    LACQUER_OPERATION(V, Or, prefix##or_si##bits)                \
+    LACQUER_OPERATION(V, Xor, prefix##xor_si##bits)              \
+    LACQUER_SHIFT(V, ShiftLanesUp, prefix##slli_epi16)           \
+    LACQUER_SHIFT(V, ShiftLanesDown, prefix##srli_epi16)         \
+    LACQUER_SHIFT(V, ShiftWordsUp, prefix##slli_epi32)           \
+    LACQUER_SHIFT(V, ShiftWordsDown, prefix##srli_epi32)         \
+    LACQUER_SHIFT(V, ShiftSignedWordsDown, prefix##srai_epi32)   \
+    LACQUER_SHIFT(V, ShiftPairsDown, prefix##srli_epi64)
 
-inline __m128i And(__m128i a, __m128i b) { return _mm_and_si128(a, b); }
-inline __m128i AndNot(__m128i notThis, __m128i b) { return _mm_andnot_si128(notThis, b); }
-inline __m128i Or(__m128i a, __m128i b) { return _mm_or_si128(a, b); }
-inline __m128i Xor(__m128i a, __m128i b) { return _mm_xor_si128(a, b); }
+LACQUER_OPERATIONS(__m128i, _mm_, 128)
 
 /// A value in every word, or in every lane.
 template <Register V = __m128i>
@@ -194,22 +190,7 @@ inline __m128i LanesOfBytes<__m128i>(const BYTE *bytes) {
 
 #ifdef LACQUER_WIDE_REGISTERS
 
-#define LACQUER_OPERATION(name, instruction) \
-    inline __m256i name(__m256i a, __m256i b) { return _mm256_##instruction(a, b); }
-#define LACQUER_SHIFT(name, instruction)       \
-    template <int kBits>                       \
-    inline __m256i name(__m256i a) {           \
-        return _mm256_##instruction(a, kBits); \
-    }
-LACQUER_OPERATIONS(LACQUER_OPERATION)
-LACQUER_SHIFTS(LACQUER_SHIFT)
-#undef LACQUER_OPERATION
-#undef LACQUER_SHIFT
-
-inline __m256i And(__m256i a, __m256i b) { return _mm256_and_si256(a, b); }
-inline __m256i AndNot(__m256i notThis, __m256i b) { return _mm256_andnot_si256(notThis, b); }
-inline __m256i Or(__m256i a, __m256i b) { return _mm256_or_si256(a, b); }
-inline __m256i Xor(__m256i a, __m256i b) { return _mm256_xor_si256(a, b); }
+LACQUER_OPERATIONS(__m256i, _mm256_, 256)
 
 template <>
 inline __m256i EachWord<__m256i>(uint32_t word) {
@@ -268,6 +249,10 @@ inline __m256i LanesOfBytes<__m256i>(const BYTE *bytes) {
 }
 
 #endif
+
+#undef LACQUER_OPERATIONS
+#undef LACQUER_OPERATION
+#undef LACQUER_SHIFT
 
 template <Register V>
 Pair<V> LoadPair(const BYTE *pixels) {
