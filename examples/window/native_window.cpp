@@ -31,25 +31,25 @@ void NativeWindow::Create(const wchar_t *name, const wchar_t *title, DWORD style
     if (window_ == nullptr) throw std::runtime_error("CreateWindowExW failed");
 }
 
-LRESULT NativeWindow::Handle(UINT message, WPARAM wide, LPARAM lengthy) {
-    return DefWindowProcW(window_, message, wide, lengthy);
+LRESULT NativeWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    return DefWindowProcW(window_, message, wParam, lParam);
 }
 
-LRESULT CALLBACK NativeWindow::Procedure(HWND window, UINT message, WPARAM wide, LPARAM lengthy) {
+LRESULT CALLBACK NativeWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message == WM_NCCREATE) {
-        auto *created = static_cast<NativeWindow *>(reinterpret_cast<CREATESTRUCTW *>(lengthy)->lpCreateParams);
+        auto *created = static_cast<NativeWindow *>(reinterpret_cast<CREATESTRUCTW *>(lParam)->lpCreateParams);
         created->window_ = window;
         SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(created));
     }
     auto *self = reinterpret_cast<NativeWindow *>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (self == nullptr || failure) return DefWindowProcW(window, message, wide, lengthy);
+    if (self == nullptr || failure) return DefWindowProcW(window, message, wParam, lParam);
     if (message == WM_NCDESTROY) {
         self->window_ = nullptr;
         SetWindowLongPtrW(window, GWLP_USERDATA, 0);
-        return DefWindowProcW(window, message, wide, lengthy);
+        return DefWindowProcW(window, message, wParam, lParam);
     }
     try {
-        return self->Handle(message, wide, lengthy);
+        return self->Handle(message, wParam, lParam);
     } catch (...) {
         failure = std::current_exception();
         PostQuitMessage(1);

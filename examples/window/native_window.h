@@ -23,10 +23,10 @@ protected:
                 HWND owner);
 
     /// What the window does with a message; here, what the system does with it.
-    virtual LRESULT Handle(UINT message, WPARAM wide, LPARAM lengthy);
+    virtual LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
 
 private:
-    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM lengthy);
+    static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
     HWND window_ = nullptr;
 };

@@ -21,9 +21,9 @@ SkinnedWindow::SkinnedWindow(const Skin &skin, const Lottie &animation, Scene &s
     ThrowFailure();
 }
 
-LRESULT SkinnedWindow::Handle(UINT message, WPARAM wide, LPARAM lengthy) {
-    if (const auto result = HandleFrame(message, lengthy)) return *result;
-    if (HandleMouse(message, wide, lengthy) || HandleKey(message, wide)) {
+LRESULT SkinnedWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+    if (const auto result = HandleFrame(message, lParam)) return *result;
+    if (HandleMouse(message, wParam, lParam) || HandleKey(message, wParam)) {
         Update();
         return 0;
     }
@@ -31,37 +31,37 @@ LRESULT SkinnedWindow::Handle(UINT message, WPARAM wide, LPARAM lengthy) {
         case WM_ERASEBKGND: return 1;  // every pixel is painted
         case WM_PAINT: Paint(); return 0;
         case WM_SIZE:
-            if (wide != SIZE_MINIMIZED) Resize({GET_X_LPARAM(lengthy), GET_Y_LPARAM(lengthy)});
+            if (wParam != SIZE_MINIMIZED) Resize({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
             return 0;
-        case WM_DPICHANGED: ChangeDpi(HIWORD(wide), *reinterpret_cast<const RECT *>(lengthy)); return 0;
+        case WM_DPICHANGED: ChangeDpi(HIWORD(wParam), *reinterpret_cast<const RECT *>(lParam)); return 0;
         case WM_DESTROY: PostQuitMessage(0); return 0;
-        default: return NativeWindow::Handle(message, wide, lengthy);
+        default: return NativeWindow::Handle(message, wParam, lParam);
     }
 }
 
 /// The skin takes the place of the system's frame.
-std::optional<LRESULT> SkinnedWindow::HandleFrame(UINT message, LPARAM lengthy) {
+std::optional<LRESULT> SkinnedWindow::HandleFrame(UINT message, LPARAM lParam) {
     switch (message) {
         case WM_NCCALCSIZE:  // the client area is the whole window
         case WM_NCPAINT: return 0;
         case WM_NCACTIVATE: return TRUE;
         case WM_NCHITTEST: {
-            POINT position{GET_X_LPARAM(lengthy), GET_Y_LPARAM(lengthy)};
+            POINT position{GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
             ScreenToClient(handle(), &position);
             return HitCode(scene_.AreaAt(position));
         }
         case WM_GETMINMAXINFO:
-            LimitSize(handle(), px_(Scene::kLeastSize), *reinterpret_cast<MINMAXINFO *>(lengthy));
+            LimitSize(handle(), px_(Scene::kLeastSize), *reinterpret_cast<MINMAXINFO *>(lParam));
             return 0;
         default: return std::nullopt;
     }
 }
 
-bool SkinnedWindow::HandleMouse(UINT message, WPARAM wide, LPARAM lengthy) {
+bool SkinnedWindow::HandleMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_MOUSEMOVE:
             TrackMouse();
-            scene_.MoveTo({GET_X_LPARAM(lengthy), GET_Y_LPARAM(lengthy)});
+            scene_.MoveTo({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
             return true;
         case WM_MOUSELEAVE:
             isTracking_ = false;
@@ -77,15 +77,15 @@ bool SkinnedWindow::HandleMouse(UINT message, WPARAM wide, LPARAM lengthy) {
             ReleaseCapture();
             return true;
         case WM_CAPTURECHANGED: scene_.Cancel(); return true;
-        case WM_MOUSEWHEEL: scene_.Scroll(wheel_.Turn(GET_WHEEL_DELTA_WPARAM(wide))); return true;
+        case WM_MOUSEWHEEL: scene_.Scroll(wheel_.Turn(GET_WHEEL_DELTA_WPARAM(wParam))); return true;
         default: return false;
     }
 }
 
-bool SkinnedWindow::HandleKey(UINT message, WPARAM wide) {
+bool SkinnedWindow::HandleKey(UINT message, WPARAM wParam) {
     if (message == WM_KILLFOCUS) scene_.Cancel();
     if (message != WM_KEYDOWN && message != WM_KEYUP) return message == WM_KILLFOCUS;
-    const std::optional<Key> key = KeyOf(wide, GetKeyState(VK_SHIFT) < 0);
+    const std::optional<Key> key = KeyOf(wParam, GetKeyState(VK_SHIFT) < 0);
     if (!key) return false;
     if (message == WM_KEYUP) {
         scene_.KeyUp(*key);

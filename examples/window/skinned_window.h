@@ -25,12 +25,12 @@ public:
     const SplashWindow *splash() const { return splash_.get(); }
 
 protected:
-    LRESULT Handle(UINT message, WPARAM wide, LPARAM lengthy) override;
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
-    std::optional<LRESULT> HandleFrame(UINT message, LPARAM lengthy);
-    bool HandleMouse(UINT message, WPARAM wide, LPARAM lengthy);
-    bool HandleKey(UINT message, WPARAM wide);
+    std::optional<LRESULT> HandleFrame(UINT message, LPARAM lParam);
+    bool HandleMouse(UINT message, WPARAM wParam, LPARAM lParam);
+    bool HandleKey(UINT message, WPARAM wParam);
     void Place();
     void Resize(SIZE size);
     void ChangeDpi(WORD dpi, const RECT &place);

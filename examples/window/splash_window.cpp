@@ -25,11 +25,11 @@ SplashWindow::SplashWindow(const Skin &skin, const Lottie &animation, HWND owner
     SetTimer(handle(), kTimer, kFramePause, nullptr);
 }
 
-LRESULT SplashWindow::Handle(UINT message, WPARAM wide, LPARAM lengthy) {
+LRESULT SplashWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_TIMER: ShowFrame(); return 0;
         case WM_LBUTTONUP: DestroyWindow(handle()); return 0;
-        default: return NativeWindow::Handle(message, wide, lengthy);
+        default: return NativeWindow::Handle(message, wParam, lParam);
     }
 }
 

@@ -16,7 +16,7 @@ public:
     const Canvas &canvas() const { return canvas_; }
 
 protected:
-    LRESULT Handle(UINT message, WPARAM wide, LPARAM lengthy) override;
+    LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam) override;
 
 private:
     void ShowFrame();

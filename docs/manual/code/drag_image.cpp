@@ -32,10 +32,10 @@ HWND ShowDragImage(HWND owner, const lq::Canvas &image, POINT corner) {
     return window;
 }
 
-LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM lengthy) {
+LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto *self = reinterpret_cast<Window *>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (!self) return DefWindowProcW(window, message, wide, lengthy);
-    const POINT mouse = {GET_X_LPARAM(lengthy), GET_Y_LPARAM(lengthy)};
+    if (!self) return DefWindowProcW(window, message, wParam, lParam);
+    const POINT mouse = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
     POINT corner = {mouse.x - self->grip.cx, mouse.y - self->grip.cy};
     switch (message) {
         case WM_LBUTTONDOWN:
@@ -72,7 +72,7 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM length
             return 0;
         }
         case WM_DESTROY: PostQuitMessage(0); return 0;
-        default: return DefWindowProcW(window, message, wide, lengthy);
+        default: return DefWindowProcW(window, message, wParam, lParam);
     }
 }
 

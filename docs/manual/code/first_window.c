@@ -21,11 +21,11 @@ static void Paint(void) {
     DrawTextRun(canvas, L"Hello, Lacquer", -1, 48, 72);
 }
 
-static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM lengthy) {
+static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_SIZE:
             DeleteCanvas(canvas);
-            canvas = CreateSystemCanvas(LOWORD(lengthy), HIWORD(lengthy), (HGCANVAS){0});
+            canvas = CreateSystemCanvas(LOWORD(lParam), HIWORD(lParam), (HGCANVAS){0});
             Paint();
             InvalidateRect(window, NULL, FALSE);
             return 0;
@@ -43,7 +43,7 @@ static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM
             DeleteCanvas(canvas);
             PostQuitMessage(0);
             return 0;
-        default: return DefWindowProcW(window, message, wide, lengthy);
+        default: return DefWindowProcW(window, message, wParam, lParam);
     }
 }
 

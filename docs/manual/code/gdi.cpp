@@ -48,9 +48,9 @@ bool ShapeWindow(HWND window, HGTEXTURE picture) {
 // For a window of a process that is aware of each monitor's DPI: 1 at 96 DPI, 1.5 at 144, and so on.
 float ScaleOf(HWND window) { return lq::ScaleForDpi(GetDpiForWindow(window)); }
 
-LRESULT OnDpiChanged(HWND window, LPARAM suggested) {
+LRESULT OnDpiChanged(HWND window, LPARAM lParam) {
     // The system suggests where the window should be now. WM_SIZE follows, and makes a canvas of the new size.
-    const RECT *place = reinterpret_cast<const RECT *>(suggested);
+    const RECT *place = reinterpret_cast<const RECT *>(lParam);
     SetWindowPos(window, nullptr, place->left, place->top, place->right - place->left, place->bottom - place->top,
                  SWP_NOZORDER | SWP_NOACTIVATE);
     return 0;
@@ -66,9 +66,9 @@ bool DrawOnContext(HDC dc, HGTEXTURE icon, int x, int y) {
 }
 // [/dc]
 
-LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM suggested) {
-    if (message == WM_DPICHANGED) return OnDpiChanged(window, suggested);
-    return DefWindowProcW(window, message, wide, suggested);
+LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_DPICHANGED) return OnDpiChanged(window, lParam);
+    return DefWindowProcW(window, message, wParam, lParam);
 }
 
 // Makes a window, shapes it, moves it to another DPI, and draws on its context. False when something did not work.

@@ -45,10 +45,10 @@ void Update(HWND window, Window &self, Change change) {
     if (self.button.State() != before) InvalidateRect(window, &kPlace, FALSE);
 }
 
-LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM lengthy) {
+LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     auto *self = reinterpret_cast<Window *>(GetWindowLongPtrW(window, GWLP_USERDATA));
-    if (!self) return DefWindowProcW(window, message, wide, lengthy);
-    const POINT mouse = {GET_X_LPARAM(lengthy), GET_Y_LPARAM(lengthy)};
+    if (!self) return DefWindowProcW(window, message, wParam, lParam);
+    const POINT mouse = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
     switch (message) {
         case WM_MOUSEMOVE: {
             TRACKMOUSEEVENT leave = {sizeof leave, TME_LEAVE, window, 0};
@@ -75,7 +75,7 @@ LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM length
             return 0;
         }
         case WM_DESTROY: PostQuitMessage(0); return 0;
-        default: return DefWindowProcW(window, message, wide, lengthy);
+        default: return DefWindowProcW(window, message, wParam, lParam);
     }
 }
 

@@ -35,11 +35,11 @@ bool Show(HWND window, const lq::Canvas &canvas, BYTE opacity) {
     return UpdateLayeredWindow(window, nullptr, nullptr, &size, GetCanvasHandle(canvas), &corner, 0, &blend, ULW_ALPHA);
 }
 
-LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wide, LPARAM lengthy) {
+LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
         case WM_LBUTTONUP: DestroyWindow(window); return 0;
         case WM_DESTROY: PostQuitMessage(0); return 0;
-        default: return DefWindowProcW(window, message, wide, lengthy);
+        default: return DefWindowProcW(window, message, wParam, lParam);
     }
 }
 
