@@ -16,7 +16,7 @@ namespace lacquer::examples {
 namespace {
 
 constexpr DWORD kColours = 0xFFFFFF;
-constexpr DWORD kPatience = 10000;  // milliseconds; the system may bring a painted window to the screen later
+constexpr DWORD kPatience = 60000;  // milliseconds; the system may bring a painted window to the screen later
 
 /// Handles what the system has sent.
 void Pump() {

@@ -19,7 +19,7 @@ constexpr POINT kPlace = {200, 160};            // where the window is put
 constexpr int kTolerance = 24;                  // text differs by fonts and their renderer
 constexpr COLORREF kGround = RGB(46, 125, 79);  // behind the window
 
-bool Await(const std::function<bool()> &condition, std::chrono::seconds patience = std::chrono::seconds(20)) {
+bool Await(const std::function<bool()> &condition, std::chrono::seconds patience = std::chrono::seconds(60)) {
     const auto end = std::chrono::steady_clock::now() + patience;
     do {
         if (condition()) return true;
@@ -95,7 +95,7 @@ bool Run(std::string command) {
     if (!CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr, &start, &process))
         return false;
     DWORD result = 1;
-    WaitForSingleObject(process.hProcess, 20000);
+    WaitForSingleObject(process.hProcess, 60000);
     GetExitCodeProcess(process.hProcess, &result);
     return result == 0;
 }
@@ -151,7 +151,7 @@ int main(int count, char **arguments) {
     }
     PostMessageW(window, WM_CLOSE, 0, 0);
     DWORD result = 1;
-    WaitForSingleObject(process.hProcess, 20000);
+    WaitForSingleObject(process.hProcess, 60000);
     GetExitCodeProcess(process.hProcess, &result);
     std::printf("%s ended with %d\n", arguments[1], static_cast<int>(result));
     if (result == STILL_ACTIVE) TerminateProcess(process.hProcess, 1);
