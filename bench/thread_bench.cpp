@@ -33,6 +33,7 @@ double Throughput(int count, LONG side) {
     std::atomic<bool> begins = false, ends = false;
     std::atomic<long> draws = 0;
     std::vector<std::thread> threads;
+    threads.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) threads.emplace_back([&] { draws += PaintUntil(ends, begins, side); });
     const Clock::time_point start = Clock::now();
     begins = true;
@@ -50,7 +51,7 @@ void ThreadsPaintTheirOwn(benchmark::State &state) {
     const auto side = static_cast<LONG>(state.range(1));
     const int cores = std::min(count, std::max(1, static_cast<int>(std::thread::hardware_concurrency())));
     std::vector<double> gains;
-    for (auto _ : state) gains.push_back(Throughput(count, side) / Throughput(1, side) / cores);
+    for ([[maybe_unused]] auto _ : state) gains.push_back(Throughput(count, side) / Throughput(1, side) / cores);
     std::nth_element(gains.begin(), gains.begin() + static_cast<std::ptrdiff_t>(gains.size() / 2), gains.end());
     state.counters["of_cores"] = gains[gains.size() / 2];
 }

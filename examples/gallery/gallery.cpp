@@ -65,11 +65,12 @@ void DrawSpecimen(const Canvas &canvas, const RECT &rect, const Texture &piece, 
 
 void CutToAlpha(const Canvas &layer) {
     const auto pixels = Locked(layer);
-    for (int y = 0; y < pixels.Height(); ++y)
-        for (int x = 0; x < pixels.Width(); ++x) {
-            auto *pixel = reinterpret_cast<BYTE *>(&pixels.Row(y)[x]);
+    for (int y = 0; y < pixels.Height(); ++y) {
+        for (DWORD &word : pixels.Row(y)) {
+            auto *pixel = reinterpret_cast<BYTE *>(&word);
             for (int channel = 0; channel < 3; ++channel) pixel[channel] = std::min(pixel[channel], pixel[3]);
         }
+    }
 }
 
 Texture Straightened(const Texture &texture, const RECT *part) {

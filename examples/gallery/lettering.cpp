@@ -1,5 +1,6 @@
 // lettering.png: colours painted through a mask. The three thirds of a pixel have coverages of their own, so that a
 // screen with striped pixels shows finer edges; beside it the same mask with one coverage for all three.
+#include <algorithm>
 #include <array>
 
 #include "gallery/gallery.h"
@@ -23,8 +24,10 @@ Bitmap WithOneCoverage(const Bitmap &mask) {
     Bitmap copy = Need(Bitmap::Create(static_cast<DWORD>(size.cx), static_cast<DWORD>(size.cy)), "CreateMemBitmap");
     const auto from = Locked(mask);
     const auto to = Locked(copy);
-    for (int y = 0; y < size.cy; ++y)
-        for (int x = 0; x < size.cx; ++x) to.Row(y)[x] = (from.Row(y)[x] >> 8 & 255) * 0x01010101;
+    for (int y = 0; y < size.cy; ++y) {
+        std::ranges::transform(from.Row(y), to.Row(y).begin(),
+                               [](DWORD word) { return (word >> 8 & 255) * 0x01010101; });
+    }
     return copy;
 }
 

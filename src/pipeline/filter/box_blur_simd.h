@@ -72,7 +72,8 @@ inline void BlurBoxes(const SurfaceView &dest, const SurfaceView &source) {
         BYTE *const out = RowOf(dest, y);
         const BoxRows around(source, y);
         BlurPixel(out, around, source.width, 0);
-        const bool isDone = BlurInside<Widest>(out, around, inside) || BlurInside<__m128i>(out, around, inside);
+        bool isDone = BlurInside<Widest>(out, around, inside);
+        if constexpr (!std::is_same_v<Widest, __m128i>) isDone = isDone || BlurInside<__m128i>(out, around, inside);
         for (LONG x = isDone ? inside : 1; x < columns; ++x) BlurPixel(out, around, source.width, x);
     }
 }
