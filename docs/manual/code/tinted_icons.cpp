@@ -10,7 +10,8 @@ namespace {
 constexpr int kSide = 32, kCount = 3;
 const RECT kSheet = {0, 0, kSide *kCount, kSide};
 
-// Three white icons in a row: a tick, a cross and a bell. A white PNG file with alpha does the same service.
+// Three white icons in a row: a tick, a cross and a bell. A white PNG file with alpha works, too: load it with
+// lq::LoadTexture, and write copy.Draw(texture, kSheet) in place of copy.Blend.
 lq::Canvas WhiteIcons() {
     lq::Canvas sheet = lq::Canvas::Create(kSide * kCount, kSide);
     sheet.SetDrawMode(LACQUER_DRAW_OVER);

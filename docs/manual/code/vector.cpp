@@ -62,7 +62,7 @@ bool Text() {
     // [text_box]
     const lq::Text text(
         LACQUER_TEXT("A text in a box is broken into lines where they are full. "
-                     "What does not fit into the box ends with three dots, and nothing is drawn outside."));
+                     "What does not fit into the box ends with three dots."));
     text.Draw(canvas, {16, 48, 240, 100});
     // [/text_box]
 
