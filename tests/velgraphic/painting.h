@@ -68,7 +68,7 @@ std::vector<WCHAR> Utf16(const std::string &ascii);
 /// small text on this machine. So a limit holds for slow machines and under sanitizers too.
 class PageClock {
 public:
-    static constexpr double kLong = 500;  ///< more than any call takes
+    static constexpr double kLong = 1000;  ///< more than any call takes
 
     PageClock();
     double Pages() const;
