@@ -28,8 +28,8 @@ namespace {
 
 using Bytes = std::vector<BYTE>;
 
-constexpr uint64_t kMostBytes = 16 << 20;
-constexpr int kMostSeconds = 20, kMostFailures = 10;
+constexpr uint64_t kMaxBytes = 16 << 20;
+constexpr int kMaxSeconds = 20, kMaxFailures = 10;
 
 struct Options {
     uint64_t seed = 1, seconds = 3;
@@ -62,7 +62,7 @@ void CheckBitmap(const lq::Bitmap &bitmap, const ImageFileInfo &info, DWORD flag
     const bool turns = (flags & LACQUER_IMAGE_KEEP_ORIENTATION) != 0 && info.orientation > 4;
     Expect(lock.Width() == static_cast<LONG>(turns ? info.height : info.width), "the width is the one that was told");
     Expect(lock.Height() == static_cast<LONG>(turns ? info.width : info.height), "the height is the one that was told");
-    Expect(uint64_t{info.width} * info.height * 4 <= kMostBytes, "limits hold");
+    Expect(uint64_t{info.width} * info.height * 4 <= kMaxBytes, "limits hold");
     const bool keepsDepth = (flags & LACQUER_IMAGE_KEEP_DEPTH) != 0;
     Expect(lock.BitsPerPixel() == (keepsDepth ? info.bitsPerPixel : 32), "the depth is the one that was told");
     if (lock.BitsPerPixel() != 32 || (flags & LACQUER_IMAGE_STRAIGHT) != 0) return;
@@ -83,7 +83,7 @@ bool RunFile(std::span<const BYTE> file, DWORD flags, Progress &progress) {
     const lq::Span<const BYTE> bytes(exact.data(), exact.size());
     const auto info = lq::ReadImageInfo(bytes);
     Expect(info.has_value() == (ImageLastStatus() == LACQUER_IMAGE_DONE), "the status tells the result");
-    const lq::Bitmap bitmap = lq::LoadBitmapOf(bytes, {flags, 0, kMostBytes});
+    const lq::Bitmap bitmap = lq::LoadBitmapOf(bytes, {flags, 0, kMaxBytes});
     Expect(static_cast<bool>(bitmap) == (ImageLastStatus() == LACQUER_IMAGE_DONE), "the status tells the result");
     Expect(static_cast<bool>(bitmap) == (*ImageLastError() == 0), "a refusal has a reason");
     progress.calls += 2;
@@ -159,7 +159,7 @@ Bytes Damaged(const std::vector<Bytes> &seeds, uint64_t seed, uint64_t index, DW
 
 void RunFrom(const Options &options, const std::vector<Bytes> &seeds, double until, Progress &progress) {
     while (Now() < until) {
-        const itimerval limit{{0, 0}, {kMostSeconds, 0}};
+        const itimerval limit{{0, 0}, {kMaxSeconds, 0}};
         setitimer(ITIMER_VIRTUAL, &limit, nullptr);
         DWORD flags = 0;
         const Bytes file = Damaged(seeds, options.seed, progress.files, flags);
@@ -171,7 +171,7 @@ void RunFrom(const Options &options, const std::vector<Bytes> &seeds, double unt
 int RunAll(const Options &options, const std::vector<Bytes> &seeds, Progress &progress) {
     const double until = Now() + static_cast<double>(options.seconds);
     int failures = 0;
-    for (; failures < kMostFailures; ++failures) {
+    for (; failures < kMaxFailures; ++failures) {
         std::fflush(stdout);
         const pid_t child = fork();
         if (child == 0) {

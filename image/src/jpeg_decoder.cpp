@@ -18,7 +18,7 @@ namespace lacquer::image {
 namespace {
 
 /// Encoders write about ten. Thousands, which cost nothing to write, would keep the decoder busy for hours.
-constexpr int kMostScans = 100;
+constexpr int kMaxScans = 100;
 
 /// What the decoder takes whatever the size, and room for rounding up to whole blocks.
 constexpr uint64_t kSmallMemory = 4 << 20;
@@ -102,7 +102,7 @@ void OnEnd(j_decompress_ptr /*jpeg*/) {}
 
 void OnProgress(j_common_ptr jpeg) {
     Reader &reader = ReaderOf(jpeg);
-    if (reader.jpeg.input_scan_number <= kMostScans) return;
+    if (reader.jpeg.input_scan_number <= kMaxScans) return;
     Refuse(reader.fault, LACQUER_IMAGE_TOO_LARGE, "The JPEG file has too many scans.");
     OnError(jpeg);
 }

@@ -25,6 +25,7 @@ constexpr void ApplySse2Tier(KernelTable &table, WeightForm weights) {
     weights == WeightForm::Q14 ? SetRows<Kit, true>(table) : SetRows<CoarseKit, true>(table);
 }
 
+#if LACQUER_WIDE
 constexpr KernelTable TableOfAllTiers() {
     KernelTable table = BaseTable<WeightsQ14>();
     ApplyMmxTier(table);
@@ -32,11 +33,14 @@ constexpr KernelTable TableOfAllTiers() {
     ApplySse2Tier(table, WeightForm::Q14);
     return table;
 }
+#endif
 
 }  // namespace
 }  // namespace sse2
 
+#if LACQUER_WIDE
 constinit const KernelTable kSse2Kernels = sse2::TableOfAllTiers();
+#endif
 
 void ApplyTiers(KernelTable &table, const CpuFeatures &features) {
     if (features.mmx) sse2::ApplyMmxTier(table);
