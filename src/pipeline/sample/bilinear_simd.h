@@ -131,7 +131,7 @@ private:
 
 /// The way with prepared rows.
 template <class Source>
-class PreparedBilinearFetch : public StretchFetch {
+class PreparedBilinearFetch : public StretchFetch<> {
 public:
     using Pixels = Source;
 
@@ -239,7 +239,7 @@ private:
 
 /// The direct way.
 template <class Source>
-class DirectBilinearFetch : public StretchFetch {
+class DirectBilinearFetch : public StretchFetch<> {
 public:
     using Pixels = Source;
 

@@ -9,11 +9,12 @@
 #include "pipeline/sample/bilinear_simd.h"
 #include "pipeline/sample/nearest_simd.h"
 #include "pipeline/sample/same_size_simd.h"
+#include "pipeline/sample/stretch_simd.h"
 
 namespace lacquer::LACQUER_TIER {
 
 template <class Source, class EnlargingFetch>
-using AreaOr = Stretched<BlockFetch<Source>, FootprintFetch<Source>, AreaFetch<Source>, EnlargingFetch>;
+using AreaOr = StreamingStretched<BlockFetch<Source>, FootprintFetch<Source>, AreaFetch<Source>, EnlargingFetch>;
 
 struct Kit : Rules {
     template <class Source>
@@ -21,9 +22,9 @@ struct Kit : Rules {
     template <class Source>
     using Nearest = Stretched<NearestFetch<Source>>;
     template <class Source>
-    using Bilinear = Stretched<PreparedBilinearFetch<Source>, DirectBilinearFetch<Source>>;
+    using Bilinear = StreamingStretched<PreparedBilinearFetch<Source>, DirectBilinearFetch<Source>>;
     template <class Source>
-    using Bicubic = Stretched<BicubicFetch<Source>>;
+    using Bicubic = StreamingStretched<BicubicFetch<Source>>;
     template <class Source>
     using Area = AreaOr<Source, BicubicFetch<Source>>;
     template <class /*Source*/>
