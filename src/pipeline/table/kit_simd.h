@@ -7,6 +7,7 @@
 #include "pipeline/sample/area_simd.h"
 #include "pipeline/sample/bicubic_simd.h"
 #include "pipeline/sample/bilinear_simd.h"
+#include "pipeline/sample/linear_simd.h"
 #include "pipeline/sample/nearest_simd.h"
 #include "pipeline/sample/same_size_simd.h"
 #include "pipeline/sample/stretch_simd.h"
@@ -22,7 +23,8 @@ struct Kit : Rules {
     template <class Source>
     using Nearest = Stretched<NearestFetch<Source>>;
     template <class Source>
-    using Bilinear = StreamingStretched<PreparedBilinearFetch<Source>, DirectBilinearFetch<Source>>;
+    using Bilinear =
+        StreamingStretched<ColumnBilinearFetch<Source>, PreparedBilinearFetch<Source>, DirectBilinearFetch<Source>>;
     template <class Source>
     using Bicubic = StreamingStretched<BicubicFetch<Source>>;
     template <class Source>
