@@ -66,8 +66,8 @@ public:
         cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
     }
     void Blend(const Place &place, std::uint32_t colour) override { FillColour(place, colour); }
-    void Picture(Piece piece, const Place &place) override { DrawWhole(piece, place, CAIRO_EXTEND_NONE); }
-    void Stretch(Piece piece, const Place &place) override { DrawWhole(piece, place, CAIRO_EXTEND_PAD); }
+    void Picture(Piece piece, const Place &place) override { DrawWhole(piece, place); }
+    void Stretch(Piece piece, const Place &place) override { DrawWhole(piece, place); }
     void NineGrid(Piece piece, const Place &place, int scale) override {
         const CutPiece &cut = Of(piece);
         const Margins &margins = cut.margins;
@@ -76,7 +76,7 @@ public:
         for (std::size_t y = 0; y < 3; ++y) {
             for (std::size_t x = 0; x < 3; ++x) {
                 const Place cell{across[x], down[y], across[x + 1] - across[x], down[y + 1] - down[y]};
-                Draw(cut.cells[y * 3 + x], cell, CAIRO_EXTEND_PAD);
+                Draw(cut.cells[y * 3 + x], cell);
             }
         }
     }
@@ -119,7 +119,7 @@ private:
         cairo_set_source_rgba(context_, channel(16), channel(8), channel(0), channel(24));
         FillPlace(place);
     }
-    void Draw(const Source &source, const Place &place, cairo_extend_t extend) const {
+    void Draw(const Source &source, const Place &place) const {
         const double stepX = static_cast<double>(source.width) / place.width;
         const double stepY = static_cast<double>(source.height) / place.height;
         const bool isSameSize = source.width == place.width && source.height == place.height;
@@ -127,14 +127,14 @@ private:
         cairo_matrix_init(&matrix, stepX, 0, 0, stepY, -place.x * stepX, -place.y * stepY);
         cairo_pattern_set_matrix(source.pattern, &matrix);
         cairo_pattern_set_filter(source.pattern, isSameSize ? CAIRO_FILTER_NEAREST : CAIRO_FILTER_BILINEAR);
-        cairo_pattern_set_extend(source.pattern, isSameSize ? CAIRO_EXTEND_NONE : extend);
+        cairo_pattern_set_extend(source.pattern, isSameSize ? CAIRO_EXTEND_NONE : CAIRO_EXTEND_PAD);
         cairo_set_source(context_, source.pattern);
         FillPlace(place);
     }
-    void DrawWhole(Piece piece, const Place &place, cairo_extend_t extend) const {
+    void DrawWhole(Piece piece, const Place &place) const {
         const CutPiece &cut = Of(piece);
         if (cut.isOpaque) cairo_set_operator(context_, CAIRO_OPERATOR_SOURCE);
-        Draw(cut.whole, place, extend);
+        Draw(cut.whole, place);
         cairo_set_operator(context_, CAIRO_OPERATOR_OVER);
     }
 

@@ -20,7 +20,7 @@ public:
         for (const PieceOfSkin &picture : pictures) {
             const auto format = picture.isOpaque ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied;
             QImage image(reinterpret_cast<const uchar *>(picture.pixels.data()), picture.width, picture.height,
-                         picture.width * 4, format);
+                         qsizetype{picture.width} * 4, format);
             pieces_.push_back({image, QBrush(image), picture.margins});
         }
     }

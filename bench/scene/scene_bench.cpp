@@ -100,7 +100,7 @@ void PrintHead(const char *title, const Painters &painters) {
 }
 
 /// Each library rounds on its own, once for each layer. What is drawn elsewhere, sampled otherwise or left out shows.
-constexpr double kMostMean = 0.7, kMostFar = 0.0005;
+constexpr double kMostMean = 0.6, kMostFar = 0.0001;
 constexpr int kFarLevels = 6;
 
 void CheckLikeness(const ScenePainter &ours, const ScenePainter &peer) {

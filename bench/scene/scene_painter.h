@@ -53,8 +53,8 @@ std::unique_ptr<ScenePainter> MakeLacquerPainter(int width, int height, Pictures
 std::unique_ptr<ScenePainter> MakeCairoPainter(int width, int height, Pictures pictures);
 std::unique_ptr<ScenePainter> MakeQtPainter(int width, int height, Pictures pictures);
 
-/// Calls a function on a thread on which Qt, too, paints without others: handing high pictures over to them costs it a
-/// fifth of the processor's time.
+/// Calls a function on a thread on which Qt paints alone. From others it hands parts of high pictures to a pool of
+/// threads, for up to half as much processor time again.
 void CallWithoutMoreThreads(const std::function<void()> &call);
 
 }  // namespace lacquer::bench
