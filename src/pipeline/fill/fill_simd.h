@@ -30,7 +30,7 @@ struct Coloured {
 /// Shorter runs cost less than the start of a string store. Registers of 32 bytes are faster than it in the caches.
 inline bool StringPays(ptrdiff_t count) {
     constexpr int64_t kStartBytes = 2048;
-    return count * kPixelBytes >= (kBytesOf<Widest> > kRegisterBytes ? memoryLimits.stringBytes : kStartBytes);
+    return count * kPixelBytes >= (kBytesOf<Widest> > kRegisterBytes ? memoryLimits.secondLevelBytes : kStartBytes);
 }
 
 /// Runs from here on are worth finding a register's boundary.

@@ -11,7 +11,7 @@ namespace lacquer {
 /// No pixel depends on these.
 struct MemoryLimits {
     int64_t lookaheadPixels;    ///< of an image whose pixels are asked for ahead of their turn
-    int64_t stringBytes;        ///< of a fill for which the processor's string store is as fast as wide registers
+    int64_t secondLevelBytes;   ///< of the second-level cache
     int64_t streamedBytes;      ///< of a result that goes past the caches
     int64_t streamedCopyBytes;  ///< the same for copies and mirrors, which take memory in its order
 };

@@ -1,6 +1,9 @@
 // The faster tiers' parts, by the names of the lists of rows and single slots.
 #pragma once
 
+#include <type_traits>
+
+#include "pipeline/combine/over_runs_simd.h"
 #include "pipeline/combine/rules_simd.h"
 #include "pipeline/combine/run_simd.h"
 #include "pipeline/fill/fill_simd.h"
@@ -33,7 +36,7 @@ struct Kit : Rules {
     using OneColour = LACQUER_TIER::OneColour;
 
     template <class Rule>
-    using Combine = PerRegister<Rule>;
+    using Combine = std::conditional_t<std::is_same_v<Rule, OverRule>, OverRuns, PerRegister<Rule>>;
 };
 
 /// For processors without the finer bicubic weights.
