@@ -23,7 +23,7 @@ struct OverRule : PlainRule {
         return AddBytesUpTo255(s, Scale(d, InverseAlpha(s)));
     }
     template <Register V>
-    Pair<V> operator()(const Pair<V> &s, const Pair<V> &d) const {
+    Pair<V> operator()(const Pair<V> &s, const Pair<V> &d) const requires kPairsShareAlphas {
         const Pair<V> kept = Scale(d, SubtractLanes(EachLane<V>(256), AlphasOf(s)));
         return {AddBytesUpTo255(s.first, kept.first), AddBytesUpTo255(s.second, kept.second)};
     }
@@ -37,7 +37,7 @@ public:
         return OverRule()(Scale(s, EachLane<V>(factor_)), d);
     }
     template <Register V>
-    Pair<V> operator()(const Pair<V> &s, const Pair<V> &d) const {
+    Pair<V> operator()(const Pair<V> &s, const Pair<V> &d) const requires kPairsShareAlphas {
         const V factors = EachLane<V>(factor_);
         return OverRule()(Pair<V>{Scale(s.first, factors), Scale(s.second, factors)}, d);
     }

@@ -20,13 +20,13 @@ struct GreyRule {
 struct PremultiplyRule {
     /// With a channel of 255 in its place, alpha is one more channel to scale: 255 × (alpha + 1) >> 8 is alpha.
     template <Register V>
-    Pair<V> operator()(const Pair<V> &c) const {
+    Pair<V> operator()(const Pair<V> &c) const requires kPairsShareAlphas {
         const V opaque = EachWord<V>(kOpaque);
         return Scale(Pair<V>{Or(c.first, opaque), Or(c.second, opaque)}, AddLanes(AlphasOf(c), EachLane<V>(1)));
     }
     template <Register V>
     V operator()(V c) const {
-        return (*this)(Pair<V>{c, c}).first;
+        return Scale(Or(c, EachWord<V>(kOpaque)), AddLanes(AlphaLanes(c), EachLane<V>(1)));
     }
 };
 
