@@ -91,10 +91,10 @@ void ShadowPainter::Varying(int64_t x, const PixelRange &range, int64_t y, int64
                  });
 }
 
-PixelRange ShadowPainter::Narrowed(int64_t x, int columns, int64_t y) {
-    if (place_ == ShadowPlace::AroundAndUnder) return {0, columns};
+PixelRange ShadowPainter::Narrowed(int64_t x, const PixelRange &range, int64_t y) {
+    if (place_ == ShadowPlace::AroundAndUnder) return range;
     const CoverSpan &row = SpanAt(y);
-    int64_t from = x, to = x + columns;
+    int64_t from = x + range.from, to = x + range.to;
     if (place_ == ShadowPlace::Inside) {
         from = std::max(from, row.begin);
         to = std::min(to, row.end);

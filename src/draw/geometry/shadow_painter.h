@@ -33,9 +33,11 @@ public:
     /// Asks for pixels that will be painted soon.
     void Prefetch(int64_t x, ptrdiff_t count, int64_t y) const { painter_.Prefetch(x, count, y); }
 
-    /// Which of `columns` pixels from x on, counted from there, shadow may be painted into; empty when the first is not
-    /// below the second.
-    PixelRange Narrowed(int64_t x, int columns, int64_t y);
+    /// Which pixels of a range, counted from x, shadow may be painted into.
+    PixelRange Narrowed(int64_t x, const PixelRange &range, int64_t y);
+
+    /// The share of which nothing is painted.
+    int32_t Nothing() const { return place_ == ShadowPlace::Inside ? kFullShadow : 0; }
 
 private:
     template <class Paint>

@@ -25,14 +25,14 @@ void PrefetchAhead(const ShadowPainter &painter, const ShadowRows &rows, int row
 /// The pixels of `columns` from x on that shadow may be painted into, in a row or in its mirror image.
 PixelRange WantedOf(ShadowPainter &painter, const ShadowRows &rows, int row, int64_t x, int columns) {
     PixelRange wanted{0, 0};
-    rows.ForEachImage(row, [&](int64_t y) { wanted = wanted.With(painter.Narrowed(x, columns, y)); });
+    rows.ForEachImage(row, [&](int64_t y) { wanted = wanted.With(painter.Narrowed(x, {0, columns}, y)); });
     return wanted;
 }
 
-void PaintRow(ShadowPainter &painter, const ShadowRows &rows, int row, int64_t x, int columns, const int32_t *shares,
-              const PixelRange &wanted) {
+void PaintRow(ShadowPainter &painter, const ShadowRows &rows, int row, int64_t x, const PixelRange &wanted,
+              const int32_t *shares) {
     painter.Take(shares, wanted);
-    rows.ForEachImage(row, [&](int64_t y) { painter.Varying(x, painter.Narrowed(x, columns, y), y, y + 1); });
+    rows.ForEachImage(row, [&](int64_t y) { painter.Varying(x, painter.Narrowed(x, wanted, y), y, y + 1); });
 }
 
 }  // namespace
@@ -50,7 +50,7 @@ void PaintTiles(ShadowTile &tile, ShadowPainter &painter, const ShadowRows &rows
         tile.Compute(x, rows.First(), columns, rows.Count(), wanted);
         for (int row = 0; row < rows.Count(); ++row) {
             PrefetchAhead(painter, rows, row, x, xEnd);
-            if (!wanted[row].IsEmpty()) PaintRow(painter, rows, row, x, columns, tile.Row(row), wanted[row]);
+            if (!wanted[row].IsEmpty()) PaintRow(painter, rows, row, x, wanted[row], tile.Row(row));
         }
     }
 }
@@ -60,12 +60,15 @@ void PaintTiles(SmoothTile &tile, ShadowPainter &painter, const ShadowRows &rows
         const int columns = static_cast<int>(std::min<int64_t>(SmoothTile::kColumns, xEnd - x));
         tile.Compute(x, rows.First(), columns, rows.Count());
         for (int row = 0; row < rows.Count(); ++row) {
-            const PixelRange wanted = WantedOf(painter, rows, row, x, columns);
+            PixelRange wanted = WantedOf(painter, rows, row, x, columns);
             if (wanted.IsEmpty()) continue;
-            if (row + 1 < rows.Count())
+            const int32_t *shares = tile.Row(row, &wanted);
+            if (wanted.IsEmpty()) continue;
+            if (row + 1 < rows.Count()) {
                 rows.ForEachImage(row + 1,
                                   [&](int64_t y) { painter.Prefetch(x + wanted.from, wanted.to - wanted.from, y); });
-            PaintRow(painter, rows, row, x, columns, tile.Row(row, wanted), wanted);
+            }
+            PaintRow(painter, rows, row, x, wanted, shares);
         }
     }
 }

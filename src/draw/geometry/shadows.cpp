@@ -67,7 +67,7 @@ void PaintRows(Tile &tile, ShadowPainter &painter, const Caster &caster, const R
 
 void PaintBlurred(ShadowPainter &painter, const Caster &caster, const RECT &visible) {
     ShadowTile tile(caster);
-    SmoothTile smoothTile(caster, tile);
+    SmoothTile smoothTile(caster, tile, painter.Nothing());
     const bool isSmooth = SmoothTile::Suits(caster.Edge());
     const int tileRows = isSmooth ? SmoothTile::kRows : ShadowTile::kRows;
     const std::optional<int64_t> mirror = caster.MirrorDown();

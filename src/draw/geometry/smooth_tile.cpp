@@ -3,12 +3,15 @@
 #include "draw/geometry/smooth_tile.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 namespace lacquer {
 namespace {
 
 constexpr int kWayBits = 12, kWay = 1 << kWayBits;
 constexpr int kLineBits = 14, kLeftOut = 28 - kLineBits;  ///< of a share, which is in 2^-28
+
+constexpr int32_t kUnseen = kFullShadow / 600;  ///< less than half of 1/255
 
 int16_t LineShare(int32_t share) { return static_cast<int16_t>((share + (1 << (kLeftOut - 1))) >> kLeftOut); }
 
@@ -42,34 +45,42 @@ void SmoothTile::MakeLine(int64_t knotRow) {
     const int32_t *knots = knots_.Row(static_cast<int>(knotRow - firstRow_));
     const int before = firstColumn_.way * kStep / kWay, way = firstColumn_.way % (kWay / kStep);
     for (int i = 0; i + 1 < grid_.columns; ++i) {
-        const int from = LineShare(knots[i]), change = LineShare(knots[i + 1]) - from;
-        const int first = from * kWay + change * way + kWay / 2;
+        const int share = LineShare(knots[i]), change = LineShare(knots[i + 1]) - share;
+        const int start = share * kWay + change * way + kWay / 2;
         for (int j = 0; j < kStep; ++j) {
-            line[i * kStep + j] = static_cast<int16_t>((first + change * j * (kWay / kStep)) >> kWayBits);
+            line[i * kStep + j] = static_cast<int16_t>((start + change * j * (kWay / kStep)) >> kWayBits);
         }
     }
+    int first = 0, last = grid_.columns;
+    const auto isUnseen = [&](int knot) { return std::abs(knots[knot] - nothing_) < kUnseen; };
+    while (first < last && isUnseen(first)) ++first;
+    while (first < last && isUnseen(last - 1)) --last;
+    seen_[knotRow & 1] = first < last ? PixelRange{(first - 1) * kStep - before, last * kStep - before} : PixelRange{};
     for (int x = 0; x < columns_; x += kLinePixels) {
         std::copy_n(line + before + x, std::min(kLinePixels, columns_ - x), lines_[x / kLinePixels][knotRow & 1]);
     }
     lineRows_[knotRow & 1] = knotRow;
 }
 
-const int32_t *SmoothTile::Row(int row, const PixelRange &wanted) {
+const int32_t *SmoothTile::Row(int row, PixelRange *wanted) {
     const auto [knot, way] = PlaceOf(y_ + row, caster_.MiddleDown());
     for (const int64_t knotRow : {knot, knot + 1}) {
         if (lineRows_[knotRow & 1] != knotRow) MakeLine(knotRow);
     }
+    const auto [from, to] = seen_[0].With(seen_[1]);
+    *wanted = {std::max(wanted->from, from), std::min(wanted->to, to)};
+    if (wanted->IsEmpty()) return shares_;
     // Together they are what lines leave out.
     constexpr int kUnit = (1 << kLeftOut) / kWay;
     int16_t weights[2];
     weights[knot & 1] = static_cast<int16_t>(kUnit * (kWay - way));
     weights[(knot + 1) & 1] = static_cast<int16_t>(kUnit * way);
-    std::fill(shares_ + wanted.from, shares_ + wanted.to, 0);
-    for (int x = wanted.from & -kLinePixels; x < wanted.to; x += kLinePixels) {
-        kernels_.addLines(shares_ + x, lines_[x / kLinePixels][0], weights, 2, std::max(0, wanted.from - x),
-                          std::min(kLinePixels, wanted.to - x));
+    std::fill(shares_ + wanted->from, shares_ + wanted->to, 0);
+    for (int x = wanted->from & -kLinePixels; x < wanted->to; x += kLinePixels) {
+        kernels_.addLines(shares_ + x, lines_[x / kLinePixels][0], weights, 2, std::max(0, wanted->from - x),
+                          std::min(kLinePixels, wanted->to - x));
     }
-    caster_.SetWhole(x_, y_ + row, wanted, shares_);
+    caster_.SetWhole(x_, y_ + row, *wanted, shares_);
     return shares_;
 }
 

@@ -18,14 +18,16 @@ public:
     /// Whether a blur is wide enough.
     static bool Suits(const GaussianEdge &edge) { return edge.Deviation() >= kStep * kSpacing; }
 
-    /// `knots` keeps them, and has to live as long.
-    SmoothTile(const Caster &caster, ShadowTile &knots) : caster_(caster), kernels_(ImageKernels()), knots_(knots) {}
+    /// `knots` keeps them, and has to live as long. Of shares as good as `nothing`, 0 or kFullShadow, nothing is seen.
+    SmoothTile(const Caster &caster, ShadowTile &knots, int32_t nothing)
+        : caster_(caster), kernels_(ImageKernels()), knots_(knots), nothing_(nothing) {}
 
     /// Prepares `rows` rows of `columns` pixels from (x, y) on.
     void Compute(int64_t x, int64_t y, int columns, int rows);
 
-    /// Shares of kFullShadow for the wanted pixels of a row, until the next call. Rows are best asked for in order.
-    const int32_t *Row(int row, const PixelRange &wanted);
+    /// Shares of kFullShadow for the wanted pixels of a row, until the next call; takes those at both ends from
+    /// `wanted` of which nothing is seen. Rows are best asked for in order.
+    const int32_t *Row(int row, PixelRange *wanted);
 
 private:
     static constexpr int64_t kSpacing = kStep * GaussianEdge::kPixel;
@@ -43,6 +45,7 @@ private:
     const Caster &caster_;
     const ImageTable &kernels_;
     ShadowTile &knots_;
+    const int32_t nothing_;
     int64_t x_ = 0, y_ = 0;
     int columns_ = 0;
     Place firstColumn_{};
@@ -50,6 +53,7 @@ private:
     int64_t firstRow_ = 0;                    ///< of knots
     int64_t lineRows_[2];                     ///< which rows of knots `lines_` holds
     int16_t lines_[kPieces][2][kLinePixels];  ///< even rows of knots first, at every pixel
+    PixelRange seen_[2];                      ///< pixels of which `lines_` may have something
     int32_t shares_[kPieces * kLinePixels];
 };
 
