@@ -60,15 +60,19 @@ void PaintTiles(SmoothTile &tile, ShadowPainter &painter, const ShadowRows &rows
         const int columns = static_cast<int>(std::min<int64_t>(SmoothTile::kColumns, xEnd - x));
         tile.Compute(x, rows.First(), columns, rows.Count());
         for (int row = 0; row < rows.Count(); ++row) {
-            PixelRange wanted = WantedOf(painter, rows, row, x, columns);
+            const PixelRange wanted = WantedOf(painter, rows, row, x, columns);
             if (wanted.IsEmpty()) continue;
-            const int32_t *shares = tile.Row(row, &wanted);
-            if (wanted.IsEmpty()) continue;
+            const auto seen = tile.GoTo(row, wanted);
+            const PixelRange all = seen.all, full = seen.full;
+            if (all.IsEmpty()) continue;
             if (row + 1 < rows.Count()) {
-                rows.ForEachImage(row + 1,
-                                  [&](int64_t y) { painter.Prefetch(x + wanted.from, wanted.to - wanted.from, y); });
+                rows.ForEachImage(row + 1, [&](int64_t y) { painter.Prefetch(x + all.from, all.to - all.from, y); });
             }
-            PaintRow(painter, rows, row, x, wanted, shares);
+            for (const PixelRange &part : {PixelRange{all.from, full.from}, PixelRange{full.to, all.to}}) {
+                if (!part.IsEmpty()) PaintRow(painter, rows, row, x, part, tile.Shares(part));
+            }
+            if (full.IsEmpty()) continue;
+            rows.ForEachImage(row, [&](int64_t y) { painter.Even(x + full.from, x + full.to, y, y + 1, kFullShadow); });
         }
     }
 }

@@ -51,36 +51,53 @@ void SmoothTile::MakeLine(int64_t knotRow) {
             line[i * kStep + j] = static_cast<int16_t>((start + change * j * (kWay / kStep)) >> kWayBits);
         }
     }
-    int first = 0, last = grid_.columns;
-    const auto isUnseen = [&](int knot) { return std::abs(knots[knot] - nothing_) < kUnseen; };
-    while (first < last && isUnseen(first)) ++first;
-    while (first < last && isUnseen(last - 1)) --last;
-    seen_[knotRow & 1] = first < last ? PixelRange{(first - 1) * kStep - before, last * kStep - before} : PixelRange{};
+    seen_[knotRow & 1] = FindSeen(knots);
     for (int x = 0; x < columns_; x += kLinePixels) {
         std::copy_n(line + before + x, std::min(kLinePixels, columns_ - x), lines_[x / kLinePixels][knotRow & 1]);
     }
     lineRows_[knotRow & 1] = knotRow;
 }
 
-const int32_t *SmoothTile::Row(int row, PixelRange *wanted) {
-    const auto [knot, way] = PlaceOf(y_ + row, caster_.MiddleDown());
+/// Pixels between knots that are all of one kind: a shape's shares rise and fall once.
+SmoothTile::Seen SmoothTile::FindSeen(const int32_t *knots) const {
+    const int count = grid_.columns, before = firstColumn_.way * kStep / kWay;
+    const auto firstOf = [=](int32_t share, bool isNear, int knot) {
+        while (knot < count && (std::abs(knots[knot] - share) < kUnseen) != isNear) ++knot;
+        return knot;
+    };
+    int last = count;
+    const int first = firstOf(nothing_, false, 0), full = firstOf(kFullShadow, true, 0);
+    while (last > first && std::abs(knots[last - 1] - nothing_) < kUnseen) --last;
+    if (first == last) return {};
+    const int afterFull = firstOf(kFullShadow, false, full);
+    return {{(first - 1) * kStep - before, last * kStep - before},
+            {full * kStep - before, (afterFull - 1) * kStep - before}};
+}
+
+SmoothTile::Seen SmoothTile::GoTo(int row, const PixelRange &wanted) {
+    row_ = y_ + row;
+    const int64_t knot = PlaceOf(row_, caster_.MiddleDown()).knot;
     for (const int64_t knotRow : {knot, knot + 1}) {
         if (lineRows_[knotRow & 1] != knotRow) MakeLine(knotRow);
     }
-    const auto [from, to] = seen_[0].With(seen_[1]);
-    *wanted = {std::max(wanted->from, from), std::min(wanted->to, to)};
-    if (wanted->IsEmpty()) return shares_;
+    const PixelRange all = seen_[0].all.With(seen_[1].all).CutTo(wanted);
+    const PixelRange full = seen_[0].full.CutTo(seen_[1].full).CutTo(all);
+    return {all, full.IsEmpty() ? PixelRange{all.to, all.to} : full};
+}
+
+const int32_t *SmoothTile::Shares(const PixelRange &range) {
+    const auto [knot, way] = PlaceOf(row_, caster_.MiddleDown());
     // Together they are what lines leave out.
     constexpr int kUnit = (1 << kLeftOut) / kWay;
     int16_t weights[2];
     weights[knot & 1] = static_cast<int16_t>(kUnit * (kWay - way));
     weights[(knot + 1) & 1] = static_cast<int16_t>(kUnit * way);
-    std::fill(shares_ + wanted->from, shares_ + wanted->to, 0);
-    for (int x = wanted->from & -kLinePixels; x < wanted->to; x += kLinePixels) {
-        kernels_.addLines(shares_ + x, lines_[x / kLinePixels][0], weights, 2, std::max(0, wanted->from - x),
-                          std::min(kLinePixels, wanted->to - x));
+    std::fill(shares_ + range.from, shares_ + range.to, 0);
+    for (int x = range.from & -kLinePixels; x < range.to; x += kLinePixels) {
+        kernels_.addLines(shares_ + x, lines_[x / kLinePixels][0], weights, 2, std::max(0, range.from - x),
+                          std::min(kLinePixels, range.to - x));
     }
-    caster_.SetWhole(x_, y_ + row, *wanted, shares_);
+    caster_.SetWhole(x_, row_, range, shares_);
     return shares_;
 }
 

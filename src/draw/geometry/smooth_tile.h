@@ -25,9 +25,16 @@ public:
     /// Prepares `rows` rows of `columns` pixels from (x, y) on.
     void Compute(int64_t x, int64_t y, int columns, int rows);
 
-    /// Shares of kFullShadow for the wanted pixels of a row, until the next call; takes those at both ends from
-    /// `wanted` of which nothing is seen. Rows are best asked for in order.
-    const int32_t *Row(int row, PixelRange *wanted);
+    /// Of a row's wanted pixels those of which something may be seen, and inside them those as good as full of shadow.
+    struct Seen {
+        PixelRange all, full;
+    };
+
+    /// Goes to a row; best in order.
+    Seen GoTo(int row, const PixelRange &wanted);
+
+    /// The row's shares of kFullShadow, until the next call.
+    const int32_t *Shares(const PixelRange &range);
 
 private:
     static constexpr int64_t kSpacing = kStep * GaussianEdge::kPixel;
@@ -41,6 +48,7 @@ private:
     static Place PlaceOf(int64_t pixel, int64_t middle);
 
     void MakeLine(int64_t knotRow);
+    Seen FindSeen(const int32_t *knots) const;
 
     const Caster &caster_;
     const ImageTable &kernels_;
@@ -53,7 +61,8 @@ private:
     int64_t firstRow_ = 0;                    ///< of knots
     int64_t lineRows_[2];                     ///< which rows of knots `lines_` holds
     int16_t lines_[kPieces][2][kLinePixels];  ///< even rows of knots first, at every pixel
-    PixelRange seen_[2];                      ///< pixels of which `lines_` may have something
+    Seen seen_[2];                            ///< in `lines_`
+    int64_t row_ = 0;                         ///< the one gone to
     int32_t shares_[kPieces * kLinePixels];
 };
 

@@ -42,6 +42,8 @@ struct PixelRange {
 
     bool IsEmpty() const { return from >= to; }
 
+    PixelRange CutTo(const PixelRange &other) const { return {std::max(from, other.from), std::min(to, other.to)}; }
+
     /// From the first pixel of both to the last one.
     PixelRange With(const PixelRange &other) const {
         if (IsEmpty() || other.IsEmpty()) return IsEmpty() ? other : *this;
