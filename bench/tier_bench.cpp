@@ -80,6 +80,14 @@ void CompareRuns(benchmark::State &state, const Change &change) {
     });
 }
 
+void CompareTurns(benchmark::State &state, DWORD code, WORD depth) {
+    const LONG width = static_cast<LONG>(state.range(0)), height = static_cast<LONG>(state.range(1));
+    const Pixels source(width, height, depth);
+    const Pixels dest = SwapsSides(code) ? Pixels(height, width, depth) : Pixels(width, height, depth);
+    Compare(state, ImageKernels(), Sse2ImageKernels(), static_cast<double>(width) * height,
+            [&](const ImageTable &table) { TurnView(table, *dest.View(), *source.View(), code); });
+}
+
 benchmark::internal::Benchmark *AtAllSizes(benchmark::internal::Benchmark *bench) {
     for (const int64_t width : {3, 7, 15, 16, 64, 256, 1024}) bench->Args({width, width < 64 ? 16 : width});
     return bench->Args({3840, 2160})->UseManualTime();
@@ -108,12 +116,13 @@ int main(int argc, char **argv) {
             benchmark::RegisterBenchmark(name, [change](benchmark::State &state) { CompareRuns(state, change); }));
     };
     images("boxBlur", [](const ImageTable &t, const SurfaceView &to, const SurfaceView &from) { t.boxBlur(to, from); });
-    images("mirror", [](const ImageTable &t, const SurfaceView &to, const SurfaceView &from) {
-        TurnView(t, to, from, LACQUER_FLIP_HORIZONTAL);
-    });
-    images("rotate180", [](const ImageTable &t, const SurfaceView &to, const SurfaceView &from) {
-        TurnView(t, to, from, LACQUER_ROTATE_180);
-    });
+    for (const WORD depth : {WORD{8}, WORD{32}}) {
+        const std::string suffix = depth == 8 ? "/8bit" : "/32bit";
+        const std::pair<const char *, DWORD> turns[] = {
+            {"mirror", LACQUER_FLIP_HORIZONTAL}, {"rotate90", LACQUER_ROTATE_90}, {"rotate180", LACQUER_ROTATE_180}};
+        for (const auto &[name, code] : turns)
+            AtAllSizes(benchmark::RegisterBenchmark((std::string(name) + suffix).c_str(), CompareTurns, code, depth));
+    }
     images("gaussian", [](const ImageTable &t, const SurfaceView &to, const SurfaceView &from) {
         // One row's sums, with its seven taps in one place.
         static float floats[16384];

@@ -16,4 +16,12 @@ inline constexpr bool kIsX86 = false;
 /// Result: false when the processor has no such instruction; `edx` is then left as it was.
 bool ReadCpuidFeatureBits(uint32_t &edx);
 
+/// In bytes; 0 where the processor does not tell.
+struct CacheSizes {
+    int64_t second = 0, third = 0;
+};
+
+/// The sizes of the data caches, by CPUID leaf 4 or, on processors that have it, leaf 0x8000001D.
+CacheSizes ReadCacheSizes();
+
 }  // namespace lacquer

@@ -22,12 +22,22 @@ TestImage KeyedSource(Random &random, SIZE size, int depth) {
     return source;
 }
 
-/// What a draw is made of, and whether its sizes differ and only a part of it is visible.
+/// A few pixels that are all alike, premultiplied or not, or all but the last.
+TestImage AlikeSource(Random &random, int depth) {
+    TestImage source(3, 2, depth);
+    source.Fill(random);
+    const uint32_t pixel = random.Of({random.Word(), random.PremultipliedWord(), 0x80402010u, 0x00102030u});
+    source.FillBy([&](int x, int y) { return x + y < 3 || random.Coin() ? pixel : pixel ^ 0x01; });
+    return source;
+}
+
+/// What a draw is made of, and whether its sizes differ, its source is small and its pixels alike, and only a part of
+/// it is visible.
 struct Draw {
     DWORD mode, kernelMode;
     BYTE alpha;
     int depth;
-    bool stretch, clipped;
+    bool stretch, alike, clipped;
 };
 
 /// Which sampler a stretched draw gets, and which rule.
@@ -49,12 +59,14 @@ std::pair<SamplerKind, CombineKind> Selected(const Draw &draw) {
 }
 
 testing::AssertionResult DrawsAsSelected(const Draw &draw) {
-    Random random = CaseRandom(draw.stretch ? 1 : 0);
+    static int number = 0;
+    Random random = CaseRandom(number++);
     TestImage dest(21, 9);
     dest.Fill(random);
     const SIZE full = draw.clipped ? SIZE{40, 30} : SIZE{21, 9};
     const POINT offset = draw.clipped ? POINT{11, 13} : POINT{0, 0};
-    const TestImage source = KeyedSource(random, draw.stretch ? SIZE{57, 31} : full, draw.depth);
+    const TestImage source = draw.alike ? AlikeSource(random, draw.depth)
+                                        : KeyedSource(random, draw.stretch ? SIZE{57, 31} : full, draw.depth);
     const auto [sampler, combine] = Selected(draw);
     const DWORD key = draw.depth == 24 ? kKeyColour | 0xFF000000 : kKeyColour;
     const CpuFeatures &features = CachedCpuFeatures();
@@ -76,8 +88,8 @@ TEST(Dispatch, PicksSamplerAndRule) {
     for (const DWORD mode : {0u, 1u, 2u, 3u, 4u, 5u, 6u, 7u, 255u}) {
         for (const DWORD kernelMode : {0u, 1u, 2u, 4u, 5u, 77u}) {
             for (const BYTE alpha : {BYTE{0}, BYTE{100}, BYTE{255}}) {
-                for (int i = 0; i < 12; ++i) {
-                    const Draw draw{mode, kernelMode, alpha, kDepths[i % 3], i % 6 >= 3, i >= 6};
+                for (int i = 0; i < 90; ++i) {
+                    const Draw draw{mode, kernelMode, alpha, kDepths[i % 3], i % 9 >= 3, i % 9 >= 6, i % 18 >= 9};
                     EXPECT_TRUE(DrawsAsSelected(draw)) << mode << ' ' << kernelMode << ' ' << int{alpha} << ' ' << i;
                 }
             }
@@ -130,7 +142,9 @@ TEST(Dispatch, RefusesNullViewsAndDrawsNothingForWhatHasNoKernel) {
     for (const POINT offset :
          {POINT{-1, 0}, POINT{0, -1}, POINT{1, 0}, POINT{0, 1}, POINT{INT32_MAX, 0}, POINT{0, INT32_MIN}}) {
         expectNothing(destView, sourceView, {.parameter = 200, .fullSize = {8, 8}, .visibleOffset = offset}, true);
-        EXPECT_EQ(BlitSubRect(&destView, &sourceView, {8, 8}, offset, 0, 0, 255), 1);
+        for (const SurfaceView &from : {sourceView, source.View({0, 0, 1, 1})}) {
+            EXPECT_EQ(BlitSubRect(&destView, &from, {8, 8}, offset, 0, 0, 255), 1);
+        }
         EXPECT_TRUE(dest == before) << offset.x << ", " << offset.y;
     }
 }

@@ -43,12 +43,13 @@ TEST(ImageTable, TurnsAndBlursAndCopiesAreThoseOfTheBase) {
     for (int number = 0; number < 300 / kSlice; ++number) {
         SCOPED_TRACE(testing::Message() << "case " << number);
         Random random = CaseRandom(number);
+        SetAnyLimits(random);
         const int width = random.Between(1, 70), height = random.Between(1, number % 10 ? 70 : 300);
         for (const int depth : {8, 32}) {
             const TestImage source = RandomSource(random, width, height, depth, false);
             for (DWORD code = LACQUER_ROTATE_90; code <= LACQUER_TRANSVERSE; ++code) {
                 const SIZE size = SwapsSides(code) ? SIZE{height, width} : SIZE{width, height};
-                const TestImage ground(size.cx, size.cy, depth, random.Between(0, 3), random.Between(0, 3));
+                const TestImage ground = RandomGround(random, size.cx, size.cy, depth);
                 ASSERT_TRUE(
                     AreEqual(ground, [&](const ImageTable &table,
                                          const SurfaceView &view) { TurnView(table, view, source.View(), code); }))

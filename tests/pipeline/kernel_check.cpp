@@ -4,6 +4,7 @@
 
 #include <cstring>
 
+#include "pipeline/memory/limits.h"
 #include "pipeline/table/base_table.h"
 
 namespace lacquer {
@@ -173,6 +174,17 @@ testing::AssertionResult DrawsAsModel(const TableUnderTest &table, const Kernel 
 }
 
 Random CaseRandom(int number) { return Random(static_cast<uint32_t>(number + GTEST_FLAG_GET(random_seed)) + 1); }
+
+TestImage RandomGround(Random &random, int width, int height, int bitsPerPixel) {
+    const int rest = width * (bitsPerPixel / 8) % 64;
+    if (random.Coin()) return TestImage(width, height, bitsPerPixel, (64 - rest) % 64);
+    return TestImage(width, height, bitsPerPixel, random.Between(0, 9), random.Between(0, 3));
+}
+
+void SetAnyLimits(Random &random) {
+    const auto limit = [&random] { return random.Of({1, 1000, 1 << 30}); };
+    memoryLimits = {limit(), limit(), limit(), limit()};
+}
 
 TestImage RandomSource(Random &random, int width, int height, int bitsPerPixel, bool premultiplied) {
     TestImage source(width, height, bitsPerPixel, random.Between(0, 7), random.Between(0, 3));

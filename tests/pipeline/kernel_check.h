@@ -93,6 +93,12 @@ TestImage RandomSource(Random &random, int width, int height, int bitsPerPixel, 
 /// A parameter for a kernel's rule.
 uint32_t RandomParameter(Random &random, CombineKind combine, const TestImage &source);
 
+/// An image to draw into, every other one with rows at lines of the cache.
+TestImage RandomGround(Random &random, int width, int height, int bitsPerPixel = 32);
+
+/// From now on images of any size may take any of the ways through memory that large ones take.
+void SetAnyLimits(Random &random);
+
 /// How many times shorter the largest loops are: 1, but under a sanitizer or an emulator.
 inline constexpr int kSlice = LACQUER_TEST_SLICE;
 

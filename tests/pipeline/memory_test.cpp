@@ -5,14 +5,16 @@
 
 #include "allocation_count.h"
 #include "kernel_check.h"
+#include "pipeline/memory/limits.h"
 
 namespace lacquer {
 namespace {
 
 /// Copies that go past the caches, at any alignment and with any gap between the rows; where the two sides overlap, as
 /// if the whole source had been read first.
-TEST(Memory, HugeCopiesAreWhole) {
-    constexpr LONG kWidth = 1453, kHeight = 1459;
+TEST(Memory, StreamedCopiesAreWhole) {
+    constexpr LONG kWidth = 1453, kHeight = 59;
+    memoryLimits.streamedCopyBytes = 1;
     Random random = CaseRandom(3);
     std::vector<BYTE> bytes((kWidth + 9) * kHeight * 8);
     for (BYTE &byte : bytes) byte = static_cast<BYTE>(random.Word());

@@ -57,7 +57,8 @@ TEST_P(Sampling, MatchesTheModelForRandomGeometry) {
             size = {shown.cx * ratio.cx, shown.cy * ratio.cy};
         }
         const TestImage source = RandomSource(random, size.cx, size.cy, kernel.depth);
-        TestImage dest(shown.cx, shown.cy, 32, random.Between(0, 9), random.Between(0, 3));
+        TestImage dest = RandomGround(random, shown.cx, shown.cy);
+        SetAnyLimits(random);
         RowArguments arguments{.parameter = RandomParameter(random, kernel.combine, source)};
         const auto [width, left] = RandomWindow(random, shown.cx, isArea);
         const auto [height, top] = RandomWindow(random, shown.cy, isArea);
@@ -72,18 +73,6 @@ TEST_P(Sampling, MatchesTheModelForRandomGeometry) {
         }
     }
     RebuildStretchWeights(1);
-}
-
-/// Images that are drawn in pieces, with the caches filled beforehand; neither side is a multiple of a piece.
-TEST_P(Sampling, DrawsLargeImagesAsSmallOnes) {
-    const Kernel &kernel = AllKernels()[GetParam()];
-    if (!kernel.IsSameSize()) return;
-    Random random = CaseRandom(0);
-    const TestImage source = RandomSource(random, 523, 257, kernel.depth);
-    TestImage dest(523, 257, 32, 8);
-    dest.Fill(random);
-    ASSERT_TRUE(DrawsAsModel(TablesUnderTest().back(), kernel, dest, source,
-                             {.parameter = RandomParameter(random, kernel.combine, source)}));
 }
 
 /// Draws by the area sampler of this processor.

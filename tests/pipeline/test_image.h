@@ -3,11 +3,23 @@
 #pragma once
 
 #include <cstring>
+#include <new>
 #include <vector>
 
 #include "pipeline/words.h"
 
 namespace lacquer {
+
+/// Blocks that begin with a line of the cache.
+template <class T>
+struct LineAllocator {
+    using value_type = T;
+    static constexpr std::align_val_t kLine{64};
+
+    T *allocate(std::size_t count) { return static_cast<T *>(::operator new(count * sizeof(T), kLine)); }
+    void deallocate(T *block, std::size_t) { ::operator delete(block, kLine); }
+    bool operator==(const LineAllocator &) const { return true; }
+};
 
 class TestImage {
 public:
@@ -65,7 +77,7 @@ private:
     }
 
     int width_, height_, bitsPerPixel_, stride_, misalignment_;
-    std::vector<BYTE> block_;
+    std::vector<BYTE, LineAllocator<BYTE>> block_;
     std::vector<DWORD> palette_;
 };
 

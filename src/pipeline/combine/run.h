@@ -20,7 +20,9 @@ struct PerPixel : Rule {
     using Rule::Rule;
     explicit PerPixel(const Rule &rule) : Rule(rule) {}
 
+    /// Whether the destination's words don't matter, and whether the source's need only be written there.
     static constexpr bool Copies() { return Rule::kCopies; }
+    static constexpr bool IsInPlace() { return Rule::kCopies; }
 
     void Run(BYTE *dest, const BYTE *source, ptrdiff_t count) const {
         const Rule rule = *this;

@@ -7,14 +7,16 @@
 
 namespace lacquer {
 
-/// Refers to a rule for runs that lives longer, or to none where the rule copies: a fetch then writes into the
+/// Refers to a rule for runs that lives longer, or to none where the rule copies in place: a fetch then writes into the
 /// destination itself.
 class RunRef {
 public:
     template <class Combine>
-    explicit RunRef(const Combine &combine) : combine_(&combine), run_(Combine::kCopies ? nullptr : &RunOf<Combine>) {}
+    explicit RunRef(const Combine &combine)
+        : combine_(&combine), run_(Combine::IsInPlace() ? nullptr : &RunOf<Combine>), copies_(Combine::Copies()) {}
 
-    bool Copies() const { return run_ == nullptr; }
+    bool Copies() const { return copies_; }
+    bool IsInPlace() const { return run_ == nullptr; }
 
     void Run(BYTE *dest, const BYTE *source, ptrdiff_t count) const { run_(combine_, dest, source, count); }
 
@@ -26,6 +28,7 @@ private:
 
     const void *combine_;
     void (*run_)(const void *, BYTE *, const BYTE *, ptrdiff_t);
+    bool copies_;
 };
 
 }  // namespace lacquer

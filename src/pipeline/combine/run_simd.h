@@ -2,13 +2,14 @@
 #pragma once
 
 #include "pipeline/pixel/pixel_simd.h"
+#include "platform/inline.h"
 
 namespace lacquer::LACQUER_TIER {
 
 /// As the base tier's, for a formula that takes registers of any width. It may take pairs of them, too, where they
 /// share work; both forms give the same words.
 template <class Formula, class... Source>
-inline void MapRun(BYTE *dest, ptrdiff_t count, Formula formula, const Source *...sources) {
+LACQUER_INLINE void MapRun(BYTE *dest, ptrdiff_t count, Formula formula, const Source *...sources) {
     const auto mapPair = [&formula](const auto &...pair) -> Pair<Widest> {
         if constexpr (requires { formula(pair...); }) {
             return formula(pair...);
@@ -41,9 +42,11 @@ struct PerRegister : Rule {
     using Rule::Rule;
     explicit PerRegister(const Rule &rule) : Rule(rule) {}
 
+    /// Whether the destination's words don't matter, and whether the source's need only be written there.
     static constexpr bool Copies() { return Rule::kCopies; }
+    static constexpr bool IsInPlace() { return Rule::kCopies; }
 
-    void Run(BYTE *dest, const BYTE *source, ptrdiff_t count) const {
+    LACQUER_INLINE void Run(BYTE *dest, const BYTE *source, ptrdiff_t count) const {
         const Rule rule = *this;
         LACQUER_TIER::MapRun(dest, count, rule, source);
     }

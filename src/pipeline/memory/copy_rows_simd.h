@@ -8,7 +8,8 @@ namespace lacquer::LACQUER_TIER {
 
 /// As the base tier's.
 inline void CopyRows(const SurfaceView &dest, const SurfaceView &source, ptrdiff_t bytes, ptrdiff_t rows) {
-    if (StreamingPays(int64_t{bytes} * rows)) return MoveRows(dest, source, bytes, rows, StreamBytes);
+    if (int64_t{bytes} * rows >= memoryLimits.streamedCopyBytes)
+        return MoveRows(dest, source, bytes, rows, StreamBytes);
     lacquer::CopyRows(dest, source, bytes, rows);
 }
 

@@ -1,6 +1,7 @@
 // Bringing pixels into the nearest cache before their turn comes.
 #pragma once
 
+#include "pipeline/memory/limits.h"
 #include "pipeline/memory/runs.h"
 #include "platform/prefetch.h"
 
@@ -17,7 +18,7 @@ public:
     static constexpr ptrdiff_t kPiecePixels = 256;
 
     /// Smaller images stay in the caches from one use to the next.
-    static bool Pays(const Runs &runs) { return runs.length * runs.count >= 1 << 17; }
+    static bool Pays(const Runs &runs) { return runs.length * runs.count >= memoryLimits.lookaheadPixels; }
     static bool Pays(const SurfaceView &view) { return Pays(RunsOf(view, false)); }
 
     /// Does nothing unless `enabled`.

@@ -5,14 +5,12 @@
 #include <algorithm>
 #include <cstring>
 
+#include "pipeline/memory/limits.h"
 #include "pipeline/memory/view_rows.h"
 #include "pipeline/pixel/pixel_simd.h"
 #include "platform/prefetch.h"
 
 namespace lacquer::LACQUER_TIER {
-
-/// Whether a result of so many bytes should go past the caches.
-constexpr bool StreamingPays(int64_t bytes) { return bytes >= int64_t{8} << 20; }
 
 /// `out` is a multiple of the register's size.
 inline void Stream(BYTE *out, __m128i words) { _mm_stream_si128(reinterpret_cast<__m128i *>(out), words); }
@@ -22,6 +20,14 @@ inline void Stream(BYTE *out, __m256i words) { _mm256_stream_si256(reinterpret_c
 
 /// Lets streamed stores be seen in order with those that follow.
 inline void FinishStreaming() { _mm_sfence(); }
+
+/// Copies words to a multiple of the register's size, past the caches but for the last ones. FinishStreaming is the
+/// caller's.
+inline void StreamWords(BYTE *dest, const BYTE *source, ptrdiff_t count) {
+    const ptrdiff_t bytes = count * kPixelBytes, whole = bytes - bytes % kBytesOf<Widest>;
+    for (ptrdiff_t i = 0; i < whole; i += kBytesOf<Widest>) Stream(dest + i, Load<Widest>(source + i));
+    std::memcpy(dest + whole, source + whole, static_cast<size_t>(bytes - whole));
+}
 
 /// Copies bytes past the caches, and ends with FinishStreaming; bytes that overlap are moved as usual.
 inline void StreamBytes(BYTE *dest, const BYTE *source, ptrdiff_t count) {

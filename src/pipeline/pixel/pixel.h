@@ -62,6 +62,12 @@ constexpr uint32_t AddModulo(uint32_t a, uint32_t b) {
 /// The colours of one word with the alpha of another.
 constexpr uint32_t WithAlphaOf(uint32_t alpha, uint32_t colours) { return (alpha & kOpaque) | (colours & kColours); }
 
+/// Whether no channel exceeds alpha.
+constexpr bool IsPremultiplied(uint32_t word) {
+    const uint32_t alpha = Alpha(word);
+    return (word & 0xFF) <= alpha && (word >> 8 & 0xFF) <= alpha && (word >> 16 & 0xFF) <= alpha;
+}
+
 /// Straight colours multiplied by their alpha: c × (A + 1) >> 8.
 constexpr uint32_t Premultiplied(uint32_t word) { return WithAlphaOf(word, Scale(word, Alpha(word) + 1)); }
 

@@ -110,6 +110,8 @@ template <>
 inline __m128i Load<__m128i>(const void *from) {
     return _mm_loadu_si128(static_cast<const __m128i *>(from));
 }
+/// Whether all bits of a comparison's result are set.
+inline bool AreAll(__m128i results) { return _mm_movemask_epi8(results) == 0xFFFF; }
 inline void Store(void *to, __m128i words) { _mm_storeu_si128(static_cast<__m128i *>(to), words); }
 inline void StoreHalf(void *to, __m128i words) { _mm_storel_epi64(static_cast<__m128i *>(to), words); }
 
@@ -205,6 +207,7 @@ template <>
 inline __m256i Load<__m256i>(const void *from) {
     return _mm256_loadu_si256(static_cast<const __m256i *>(from));
 }
+inline bool AreAll(__m256i results) { return _mm256_movemask_epi8(results) == -1; }
 inline void Store(void *to, __m256i words) { _mm256_storeu_si256(static_cast<__m256i *>(to), words); }
 inline void StoreHalf(void *to, __m256i words) { Store(to, _mm256_castsi256_si128(words)); }
 inline __m256i Reorder(__m256i words) { return _mm256_permute4x64_epi64(words, _MM_SHUFFLE(3, 1, 2, 0)); }

@@ -55,7 +55,7 @@ private:
 };
 
 template <class Source>
-class AreaFetch : public StretchFetch {
+class AreaFetch : public StretchFetch<> {
 public:
     using Pixels = Source;
 

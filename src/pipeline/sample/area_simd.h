@@ -63,7 +63,7 @@ private:
 
 /// The way of draws that divide the source into blocks of whole pixels.
 template <class Source>
-class BlockFetch : public StretchFetch {
+class BlockFetch : public StretchFetch<> {
 public:
     using Pixels = Source;
 
@@ -91,7 +91,7 @@ private:
 
 /// The way of other draws.
 template <class Source>
-class FootprintFetch : public StretchFetch {
+class FootprintFetch : public StretchFetch<> {
 public:
     using Pixels = Source;
 

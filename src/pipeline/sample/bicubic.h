@@ -46,7 +46,7 @@ CubicTaps CubicTapsAt(int64_t position, int size) {
 }
 
 template <class Source, class Weights>
-class BicubicFetch : public StretchFetch {
+class BicubicFetch : public StretchFetch<> {
 public:
     using Pixels = Source;
 

@@ -8,7 +8,7 @@
 namespace lacquer::LACQUER_TIER {
 
 template <class Source>
-class BicubicFetch : public StretchFetch {
+class BicubicFetch : public StretchFetch<> {
 public:
     using Pixels = Source;
 

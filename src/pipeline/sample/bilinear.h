@@ -27,7 +27,7 @@ inline uint32_t MixFour(uint32_t p00, uint32_t p01, uint32_t p10, uint32_t p11, 
 }
 
 template <class Source>
-class BilinearFetch : public StretchFetch {
+class BilinearFetch : public StretchFetch<> {
 public:
     using Pixels = Source;
 

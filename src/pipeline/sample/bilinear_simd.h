@@ -11,6 +11,7 @@
 
 #include "pipeline/pixel/pixel_simd.h"
 #include "pipeline/sample/bilinear.h"
+#include "pipeline/sample/linear_simd.h"
 
 namespace lacquer::LACQUER_TIER {
 
@@ -131,7 +132,7 @@ private:
 
 /// The way with prepared rows.
 template <class Source>
-class PreparedBilinearFetch : public StretchFetch {
+class PreparedBilinearFetch : public StretchFetch<> {
 public:
     using Pixels = Source;
 
@@ -239,7 +240,7 @@ private:
 
 /// The direct way.
 template <class Source>
-class DirectBilinearFetch : public StretchFetch {
+class DirectBilinearFetch : public StretchFetch<> {
 public:
     using Pixels = Source;
 
@@ -253,6 +254,10 @@ public:
         next_ = next;
         nextRow_ = row + 1;
         const uint32_t fraction = rows.fraction;
+        if (fraction == 0) {
+            ReadRow(rows.top, next.top, buffer, count);
+            return buffer;
+        }
         const Widest fy = EachLane<Widest>(fraction), upperFy = EachLane<Widest>(fraction << 8),
                      upper = EachLane<Widest>(256 - fraction);
         columns_.ForEachRegister(
@@ -282,6 +287,16 @@ public:
     }
 
 private:
+    /// A destination row of one source row; `next` will be needed soon.
+    void ReadRow(const BYTE *pixels, const BYTE *next, BYTE *buffer, ptrdiff_t count) const {
+        columns_.ForEachRegister(
+            count, [&](ptrdiff_t i) { columns_.PrefetchAt(next, i); },
+            [&](const auto &taps, ptrdiff_t i, ptrdiff_t left) {
+                const auto [nearWords, farWords] = taps(pixels, i);
+                StoreSome(buffer + i * kPixelBytes, MixTwo(nearWords, farWords, columns_.FractionsAt(i)), left);
+            });
+    }
+
     /// The source rows of a destination row, and fy.
     struct Rows {
         const BYTE *top, *bottom;

@@ -9,7 +9,7 @@
 
 namespace lacquer {
 
-/// Pixels that a fetch is asked for at a time, unless it fetches nothing; a run of them stays in the first-level cache.
+/// Pixels that a fetch is asked for at a time, unless it copies in place; a run of them stays in the first-level cache.
 inline constexpr int kBlockColumns = 512;
 
 /// How a draw goes over the destination.
@@ -27,7 +27,7 @@ struct DrawPlan {
 /// has written them, which are untouched since.
 template <class Fetch, class Combine>
 void DrawTiles(const SurfaceView &dest, const SurfaceView &source, const DrawArea &area, const Combine &combine) {
-    const bool copies = combine.Copies();
+    const bool copies = combine.Copies(), inPlace = combine.IsInPlace();
     const auto [runs, tiles] = Fetch::PlanOf(dest, source, copies);
     const bool looksAhead = !copies && Lookahead::Pays(runs);
     Lookahead destAhead(dest, runs, tiles, looksAhead), sourceAhead(source, runs, tiles, looksAhead && Fetch::kInOrder);
@@ -45,8 +45,8 @@ void DrawTiles(const SurfaceView &dest, const SurfaceView &source, const DrawAre
                     destAhead.Advance();
                     if constexpr (Fetch::kInOrder) sourceAhead.Advance();
                 }
-                const BYTE *const words = fetch.Read(firstRow + run, copies ? out : buffer, columns);
-                if (!copies) {
+                const BYTE *const words = fetch.Read(firstRow + run, inPlace ? out : buffer, columns);
+                if (!inPlace) {
                     combine.Run(out, words, columns);
                 } else if (words != out) {
                     std::memmove(out, words, static_cast<size_t>(columns) * kPixelBytes);

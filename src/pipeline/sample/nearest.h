@@ -6,7 +6,7 @@
 namespace lacquer {
 
 template <class Source>
-class NearestFetch : public StretchFetch {
+class NearestFetch : public StretchFetch<> {
 public:
     using Pixels = Source;
 

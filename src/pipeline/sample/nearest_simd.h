@@ -7,8 +7,11 @@
 
 namespace lacquer::LACQUER_TIER {
 
+/// Most screens are no wider.
+inline constexpr int kRowColumns = 4096;
+
 template <class Source>
-class NearestFetch : public StretchFetch {
+class NearestFetch : public StretchFetch<kRowColumns> {
 public:
     using Pixels = Source;
 
@@ -76,7 +79,7 @@ private:
     ptrdiff_t inside_ = 0;        ///< the leading columns that FourAt may read
     const BYTE *row_ = nullptr;   ///< the source row read last
     const BYTE *last_ = nullptr;  ///< where it was written
-    uint32_t columns_[kBlockColumns];
+    uint32_t columns_[kRowColumns];
 };
 
 }  // namespace lacquer::LACQUER_TIER

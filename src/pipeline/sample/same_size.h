@@ -15,10 +15,10 @@ struct BaseRuns {
     }
     static constexpr auto Copy = CopyRows;
 
-    /// How a walk over 32-bit pixels knows its rule.
-    template <class Combine>
-    static RunRef Known(const Combine &combine) {
-        return RunRef(combine);
+    /// Calls walk(rule) with the form in which a walk over 32-bit pixels knows its rule.
+    template <class Combine, class Walk>
+    static void WithRule(const Combine &combine, const Runs & /*source*/, const Walk &walk) {
+        walk(RunRef(combine));
     }
 };
 
@@ -75,11 +75,11 @@ struct SameSize {
             Copy(dest, source, runs);
         } else if constexpr (!Fetch::kIsWords) {
             DrawTiles<Fetch>(dest, source, area, RunRef(combine));
-        } else if (Lookahead::Pays(runs)) {
-            DrawTiles<Fetch>(dest, source, area, SourceRuns::Known(combine));
         } else {
-            const auto &known = SourceRuns::Known(combine);
-            for (ptrdiff_t y = 0; y < runs.count; ++y) known.Run(RowOf(dest, y), RowOf(source, y), runs.length);
+            SourceRuns::WithRule(combine, runs, [&](const auto &rule) {
+                if (Lookahead::Pays(runs)) return DrawTiles<Fetch>(dest, source, area, rule);
+                for (ptrdiff_t y = 0; y < runs.count; ++y) rule.Run(RowOf(dest, y), RowOf(source, y), runs.length);
+            });
         }
     }
 

@@ -7,13 +7,16 @@
 
 namespace lacquer {
 
-/// The walk goes down blocks of columns, so that a fetch finds what belongs to a block's columns once for all rows.
+/// The walk goes down blocks of columns, so that a fetch finds what belongs to a block's columns once for all rows. A
+/// fetch that keeps little for a column may take more of them in a copy in place: memory is fastest in the order of
+/// rows.
+template <int kCopiedColumns = kBlockColumns>
 struct StretchFetch {
     static constexpr bool kInOrder = false;
 
-    static DrawPlan PlanOf(const SurfaceView &dest, const SurfaceView & /*source*/, bool /*copies*/) {
+    static DrawPlan PlanOf(const SurfaceView &dest, const SurfaceView & /*source*/, bool copies) {
         const Runs rows = RunsOf(dest, false);
-        return {rows, {kBlockColumns, rows.count}};
+        return {rows, {copies ? kCopiedColumns : kBlockColumns, rows.count}};
     }
 };
 

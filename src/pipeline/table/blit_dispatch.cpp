@@ -2,6 +2,8 @@
 
 #include "pipeline/table/blit_dispatch.h"
 
+#include <optional>
+
 #include "pipeline/pixel/pixel.h"
 #include "pipeline/sample/draw_area.h"
 
@@ -59,6 +61,26 @@ DWORD KeyWord(const SurfaceView &source, DWORD modeWord) {
     return source.bitsPerPixel == 24 ? colour | kOpaque : colour;
 }
 
+/// The colour of a source that is stretched so far that looking at its pixels costs little, if they are all alike: the
+/// means of them are that colour, too. Premultiplied ones only, for which all rules of one name are the same.
+std::optional<DWORD> OneColourOf(const SurfaceView &dest, const SurfaceView &source, const RowArguments &arguments) {
+    constexpr int64_t kEnlarged = 16;
+    if (int64_t{dest.width} * dest.height < kEnlarged * source.width * source.height) return {};
+    const bool isPart = arguments.fullSize.cx != 0;
+    const DrawArea area = isPart ? DrawArea{arguments.fullSize, arguments.visibleOffset} : WholeArea(dest);
+    if (!CanDraw(dest, source, 32, area)) return {};
+    if (arguments.kernelMode == LACQUER_BICUBIC || arguments.kernelMode == LACQUER_AREA) return {};
+    const DWORD colour = LoadPixel(RowOf(source, 0));
+    if (!IsPremultiplied(colour)) return {};
+    for (LONG y = 0; y < source.height; ++y) {
+        const BYTE *const row = RowOf(source, y);
+        DWORD others = 0;
+        for (LONG x = 0; x < source.width; ++x) others |= LoadPixel(row + ptrdiff_t{x} * kPixelBytes) ^ colour;
+        if (others != 0) return {};
+    }
+    return colour;
+}
+
 int Draw(const Rows &rows, bool sameSize, const SurfaceView &dest, const SurfaceView &source, DWORD modeWord,
          BYTE alpha, RowArguments arguments) {
     const auto call = [&](const RowChoice &choice) {
@@ -69,15 +91,20 @@ int Draw(const Rows &rows, bool sameSize, const SurfaceView &dest, const Surface
     if (mode == LACQUER_DRAW_BEHIND) return call(rows.behind);
     if (mode == LACQUER_DRAW_MODULATE) return call(rows.modulate);
     if (alpha == 0) return 1;
+    // A filtered stretch of pixels with alpha has no key: it is drawn over.
+    const bool hasKey = sameSize || source.bitsPerPixel == 24 || arguments.kernelMode == LACQUER_NEAREST;
+    const bool isKeyed = mode == LACQUER_DRAW_COLOR_KEY && hasKey && alpha == 255;
+    if (const auto colour = sameSize || isKeyed ? std::nullopt : OneColourOf(dest, source, arguments)) {
+        const bool copies = alpha == 255 && mode != LACQUER_DRAW_OVER && mode != LACQUER_DRAW_COLOR_KEY;
+        return FillView(&dest, Scale(*colour, alpha + 1u), ModeWord(copies ? LACQUER_DRAW_COPY : LACQUER_DRAW_OVER));
+    }
     if (alpha < 255) {
         arguments.parameter = alpha;
         return call(rows.constAlpha);
     }
     if (mode == LACQUER_DRAW_OVER) return call(rows.over);
     if (mode == LACQUER_DRAW_COLOR_KEY) {
-        // A filtered stretch of pixels with alpha has no key: it is drawn over.
-        const bool keyed = sameSize || source.bitsPerPixel == 24 || arguments.kernelMode == LACQUER_NEAREST;
-        if (!keyed) return call(rows.over);
+        if (!isKeyed) return call(rows.over);
         arguments.parameter = KeyWord(source, modeWord);
         return call(rows.colorKey);
     }

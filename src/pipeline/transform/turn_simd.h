@@ -7,9 +7,6 @@
 
 namespace lacquer::LACQUER_TIER {
 
-/// From so many bytes on a turn goes past the caches: earlier than a copy, as its stores jump from row to row.
-inline constexpr int64_t kLargeTurn = int64_t{4} << 20;
-
 /// 32-bit pixels, four to a register.
 struct TurnedWords {
     static constexpr size_t kBytes = 4;
@@ -162,7 +159,8 @@ void MirrorPixels(const SurfaceView &dest, const PixelWalk &walk) {
     const auto stream = [](BYTE *out, auto pixels) { Stream(out, pixels); };
     if (!Lookahead::Pays(dest)) {
         MirrorRows<Pixels>(dest, walk, store, [](const BYTE *, const BYTE *) {});
-    } else if (StreamingPays(int64_t{dest.stride} * dest.height) && RowsAreAligned(dest, kBytesOf<Widest>)) {
+    } else if (int64_t{dest.stride} * dest.height >= memoryLimits.streamedCopyBytes &&
+               RowsAreAligned(dest, kBytesOf<Widest>)) {
         MirrorRows<Pixels>(dest, walk, stream, [](const BYTE *in, const BYTE *) { PrefetchLine(in); });
         FinishStreaming();
     } else {
@@ -177,7 +175,8 @@ template <class Pixels>
 void TurnInRegisters(const SurfaceView &dest, const PixelWalk &walk) {
     if (walk.perColumn == -ptrdiff_t{Pixels::kBytes}) {
         MirrorPixels<Pixels>(dest, walk);
-    } else if (int64_t{dest.stride} * dest.height >= kLargeTurn && RowsAreAligned(dest, kCacheLineBytes)) {
+    } else if (int64_t{dest.stride} * dest.height >= memoryLimits.streamedBytes &&
+               RowsAreAligned(dest, kCacheLineBytes)) {
         TurnStreaming<Pixels>(dest, walk);
     } else {
         TurnPixels<Pixels>(dest, walk);
