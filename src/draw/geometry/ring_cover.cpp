@@ -87,16 +87,21 @@ BYTE RingCover::At(int64_t x, int64_t y) const {
 void RingCover::Write(int64_t x, int count, int64_t y, BYTE *out) const {
     // From one pixel to the next, along each side and inwards.
     constexpr int64_t kAlong[] = {kPixel, 0, -kPixel, 0}, kInwards[] = {0, -kPixel, 0, kPixel};
-    const int64_t x0 = x << 16, y0 = y << 16, y1 = (y + 1) << 16;
-    const std::array<Box, 4> runs = InSides({x0, x0 + count * kPixel, y0, y1});
-    for (size_t side = 0; side < 4; ++side) {
-        const bool isInSide = IsInSide(runs[side], LengthOf(side));
-        if (!isInSide && !IsInCorner(InCorner(runs[side]))) continue;
-        Box box = InSides({x0, x0 + kPixel, y0, y1})[side];
+    size_t side = 0;
+    for (Box box : InSides({x << 16, (x + count) << 16, y << 16, (y + 1) << 16})) {
+        const bool isInSide = IsInSide(box, LengthOf(side));
+        if (!isInSide && !IsInCorner(InCorner(box))) {
+            ++side;
+            continue;
+        }
+        const int64_t along = kAlong[side], inwards = kInwards[side];
+        // The first pixel of the run.
+        box = {along < 0 ? box.a1 - kPixel : box.a0, along > 0 ? box.a0 + kPixel : box.a1,
+               inwards < 0 ? box.b1 - kPixel : box.b0, inwards > 0 ? box.b0 + kPixel : box.b1};
         for (int i = 0; i < count; ++i) {
             out[i] = CoverOf(isInSide ? SideArea(box, LengthOf(side), starts_[side])
                                       : CornerArea(InCorner(box), CornerStart(side)));
-            box = {box.a0 + kAlong[side], box.a1 + kAlong[side], box.b0 + kInwards[side], box.b1 + kInwards[side]};
+            box = {box.a0 + along, box.a1 + along, box.b0 + inwards, box.b1 + inwards};
         }
         return;
     }
