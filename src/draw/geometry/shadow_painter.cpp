@@ -9,7 +9,7 @@
 namespace lacquer {
 
 const CoverRow &ShadowPainter::RowAt(int64_t y) {
-    KnownRow &known = rows_[IsLower(y)];
+    auto &known = rows_[IsLower(y)];
     if (!known.row || known.y != y) {
         known.row.emplace(rect_, y);
         known.y = y;
@@ -19,9 +19,12 @@ const CoverRow &ShadowPainter::RowAt(int64_t y) {
 
 /// Tiles beside each other ask for the same rows.
 const CoverSpan &ShadowPainter::SpanAt(int64_t y) {
-    KnownSpan &known = spans_[IsLower(y)][y & (kKnownSpans - 1)];
-    if (known.y != y) known = {y, RowAt(y)};
-    return known.span;
+    auto &known = spans_[IsLower(y)][y & (kKnownSpans - 1)];
+    if (known.y != y) {
+        known.span = RowAt(y);
+        known.y = y;
+    }
+    return *known.span;
 }
 
 /// Where the rectangle covers so much, nothing is painted.

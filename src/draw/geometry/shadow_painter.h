@@ -55,18 +55,18 @@ private:
     const int32_t *shares_ = nullptr;
     BYTE covers_[kMaxVarying];  ///< what the shares come to where the rectangle takes nothing
 
-    /// The last rows of the rectangle's upper and of its lower half: a row and its mirror image are asked for in turn.
-    struct KnownRow {
+    /// The rectangle's upper and lower half keep their last rows apart: a row and its mirror image take turns.
+    bool IsLower(int64_t y) const { return y >= middle_; }
+    const int64_t middle_;
+    struct {
         std::optional<CoverRow> row;
         int64_t y = 0;
     } rows_[2];
-    static constexpr int64_t kKnownSpans = 256;
-    struct KnownSpan {
+    static constexpr int64_t kKnownSpans = 128;
+    struct {
         int64_t y = INT64_MIN;
-        CoverSpan span;
+        std::optional<CoverSpan> span;
     } spans_[2][kKnownSpans];  ///< by the last bits of y
-    const int64_t middle_;
-    bool IsLower(int64_t y) const { return y >= middle_; }
 };
 
 }  // namespace lacquer

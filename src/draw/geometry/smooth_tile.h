@@ -13,7 +13,7 @@ namespace lacquer {
 class SmoothTile {
 public:
     static constexpr int kStep = 8;
-    static constexpr int kColumns = (ShadowTile::kColumns - 2) * kStep, kRows = (ShadowTile::kRows - 2) * kStep;
+    static constexpr int kColumns = (ShadowTile::kColumns - 2) * kStep, kRows = (ShadowTile::kRows / 2 - 1) * kStep;
 
     /// Whether a blur is wide enough.
     static bool Suits(const GaussianEdge &edge) { return edge.Deviation() >= kStep * kSpacing; }
