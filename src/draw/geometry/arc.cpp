@@ -12,13 +12,13 @@ namespace lacquer {
 int64_t SegmentArea(int64_t du, int64_t dv, const ArcRadius &radius) {
     const auto squared = static_cast<uint64_t>(du * du + dv * dv);
     if (squared == 0) return 0;
-    // With x = half the chord / radius the area is chord² x / 6 (1 + 3/10 x² + 9/56 x⁴ + ...).
-    const int64_t x = static_cast<int64_t>(RoughRoot(squared)) * (radius.inverse >> 15) >> 16;  // in 2^-31
-    const int64_t x2 = x * x >> 31;
-    const int64_t series = (int64_t{1} << 31) + x2 * 3 / 10 + (x2 * x2 >> 31) * 9 / 56;
+    // With x = half the chord / radius the area is chord² x / 6 (1 + 3/10 x² + 9/56 x⁴ + ...). Nothing is negative.
+    const uint64_t x = RoughRoot(squared) * (static_cast<uint64_t>(radius.inverse) >> 15) >> 16;  // in 2^-31
+    const uint64_t x2 = x * x >> 31;
+    const uint64_t series = (uint64_t{1} << 31) + x2 * 3 / 10 + (x2 * x2 >> 31) * 9 / 56;
     const int shift = std::max(0, static_cast<int>(std::bit_width(squared)) - 33);
-    const int64_t first = (static_cast<int64_t>(squared >> shift) * x >> 31) / 6;
-    return (first * series >> 31) << shift;
+    const uint64_t first = ((squared >> shift) * x >> 31) / 6;
+    return static_cast<int64_t>((first * series >> 31) << shift);
 }
 
 Circle::Circle(int64_t radius) : radius_(ArcRadiusOf(radius << 8)), squared_(radius * radius) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "draw/geometry/integer_root.h"
+#include "pipeline/shape/shadow.h"
 
 namespace lacquer {
 namespace {
@@ -120,12 +121,14 @@ std::optional<int64_t> Caster::MirrorDown() const {
     return (shape_.top + shape_.bottom) / kPixel - 1;
 }
 
-void Caster::FindWhole(int64_t y, int64_t *begin, int64_t *end) const {
-    *begin = *end = 0;
+void Caster::SetWhole(int64_t x, int64_t y, const PixelRange &columns, int32_t *shares) const {
     const int64_t above = y * kPixel - edge_.Reach(), below = (y + 1) * kPixel + edge_.Reach();
     if (above < top_ || below > bottom_) return;
-    *begin = PixelAfter(std::max(left_.At(above), left_.At(below)) + edge_.Reach());
-    *end = FirstPixel(-std::max(right_.At(above), right_.At(below)) - edge_.Reach());
+    int64_t begin = x + columns.from, end = x + columns.to;
+    if (end * kPixel <= shape_.left + edge_.Reach() || begin * kPixel >= shape_.right - edge_.Reach()) return;
+    begin = std::max(begin, PixelAfter(std::max(left_.At(above), left_.At(below)) + edge_.Reach()));
+    end = std::min(end, FirstPixel(-std::max(right_.At(above), right_.At(below)) - edge_.Reach()));
+    for (; begin < end; ++begin) shares[begin - x] = kFullShadow;
 }
 
 }  // namespace lacquer

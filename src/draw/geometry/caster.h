@@ -7,6 +7,7 @@
 #include "draw/geometry/caster_side.h"
 #include "draw/geometry/gaussian_edge.h"
 #include "draw/geometry/rounded_rect.h"
+#include "draw/geometry/units.h"
 
 namespace lacquer {
 
@@ -40,13 +41,13 @@ public:
     /// The sum of the rows of which one mirrors the other, if the shape is symmetric.
     std::optional<int64_t> MirrorDown() const;
 
-    /// False when none of these columns has a pixel that is nothing but shadow.
-    bool MayBeWhole(int64_t x, int64_t xEnd) const {
-        return (xEnd << 16) - edge_.Reach() > shape_.left && (x << 16) + edge_.Reach() < shape_.right;
-    }
+    /// Where the middle of the shape is: no mirror changes its distances.
+    int64_t MiddleAcross() const { return (shape_.left + shape_.right) / 2; }
+    int64_t MiddleDown() const { return (shape_.top + shape_.bottom) / 2; }
 
-    /// The pixels of a row that are nothing but shadow: with the blur's reach around them they lie in the caster.
-    void FindWhole(int64_t y, int64_t *begin, int64_t *end) const;
+    /// Sets the shares of pixels that are nothing but shadow: with the blur's reach around them they lie in the caster.
+    /// They are in row y; `shares` begins with that of pixel x.
+    void SetWhole(int64_t x, int64_t y, const PixelRange &columns, int32_t *shares) const;
 
 private:
     void CutOverlap();

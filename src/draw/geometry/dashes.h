@@ -23,7 +23,12 @@ public:
 
     /// The mean of it for `count` stretches of one length that begin evenly spaced; they are short.
     int64_t MeanBetween(int64_t from, int64_t spacing, int count, int64_t length) const {
-        int64_t sum = 0, beginPeriod = 0, endPeriod = 0;
+        // Mostly they all lie in one dash, or in one gap.
+        const int64_t place = InPeriod(ScaledPlace(from), &period_);
+        const int64_t end = place + (spacing * (count - 1) / count + length) * count_;
+        if (end <= scaledDash_) return length;
+        if (place >= scaledDash_ && end <= line_) return 0;
+        int64_t sum = 0, beginPeriod = period_, endPeriod = period_;
         for (int i = 0; i < count; ++i) {
             const int64_t begin = from + spacing * i / count;
             sum += ScaledBefore(begin + length, &endPeriod) - ScaledBefore(begin, &beginPeriod);
@@ -38,18 +43,20 @@ private:
     int64_t ScaledPlace(int64_t position) const { return (position + line_) * count_ + scaledDash_ / 2; }
 
     /// Most positions lie in the period of the one before.
-    int64_t ScaledBefore(int64_t position, int64_t *period) const {
-        const int64_t place = ScaledPlace(position);
+    int64_t InPeriod(int64_t place, int64_t *period) const {
         if (static_cast<uint64_t>(place - *period * line_) >= static_cast<uint64_t>(line_)) *period = place / line_;
-        return *period * scaledDash_ + std::min(place - *period * line_, scaledDash_);
+        return place - *period * line_;
     }
 
-    int64_t ScaledBefore(int64_t position) const {
-        int64_t period = 0;
-        return ScaledBefore(position, &period);
+    int64_t ScaledBefore(int64_t position, int64_t *period) const {
+        const int64_t place = InPeriod(ScaledPlace(position), period);
+        return *period * scaledDash_ + std::min(place, scaledDash_);
     }
+
+    int64_t ScaledBefore(int64_t position) const { return ScaledBefore(position, &period_); }
 
     int64_t line_, count_, scaledDash_;
+    mutable int64_t period_ = 0;  ///< that of the last position
 };
 
 }  // namespace lacquer

@@ -3,6 +3,7 @@
 #include "draw/geometry/focus_ring.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "draw/fill.h"
 #include "draw/geometry/ring_cover.h"
@@ -26,15 +27,25 @@ public:
         const int64_t reach = std::max(shape.radii[0], style.width);
         left_ = std::clamp<int64_t>(PixelFrom(shape.left + reach), visible.left, visible.right);
         right_ = std::clamp<int64_t>(PixelAt(shape.right - reach), left_, visible.right);
-        top_ = PixelFrom(shape.top + reach);
-        bottom_ = PixelAt(shape.bottom - reach);
+        top_ = std::clamp<int64_t>(PixelFrom(shape.top + reach), visible.top, visible.bottom);
+        bottom_ = std::clamp<int64_t>(PixelAt(shape.bottom - reach), top_, visible.bottom);
     }
 
     void Paint() const {
-        for (int64_t y = visible_.top; y < visible_.bottom; ++y) PaintEnds(y);
+        // Where the corners meet there are no sides.
+        const bool hasSides = left_ < right_ && top_ < bottom_;
+        const int64_t top = hasSides ? top_ : visible_.bottom, bottom = hasSides ? bottom_ : visible_.bottom;
+        for (const auto &[x, xEnd] : {std::pair<int64_t, int64_t>{visible_.left, left_}, {right_, visible_.right}}) {
+            PaintBlock(x, xEnd, visible_.top, top);
+            PaintBlock(x, xEnd, bottom, visible_.bottom);
+        }
+        for (int64_t y = top; y < bottom; ++y) {
+            PaintSide(shape_.left, shape_.left + width_, y);
+            PaintSide(shape_.right - width_, shape_.right, y);
+        }
         for (int64_t y = visible_.top; y < visible_.bottom;) {
             const int64_t yEnd = std::min<int64_t>(AlikeUntil(y), visible_.bottom);
-            PaintPixels(left_, right_, y, yEnd);
+            if (ring_.BlockOf(left_, right_, y, yEnd) != RingBlock::kNothing) PaintPixels(left_, right_, y, yEnd);
             y = yEnd;
         }
     }
@@ -51,14 +62,28 @@ private:
         return y + 1;
     }
 
-    /// The row's pixels left and right of the part between the corners.
-    void PaintEnds(int64_t y) const {
-        if (y < top_ || y >= bottom_ || left_ == right_) {
-            PaintPixels(visible_.left, left_, y, y + 1);
-            PaintPixels(right_, visible_.right, y, y + 1);
+    /// Part of a corner: what differs from pixel to pixel is cut down to small blocks.
+    void PaintBlock(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd) const {
+        if (x >= xEnd || y >= yEnd) return;
+        const int64_t width = xEnd - x, height = yEnd - y;
+        const bool isSmall = width <= kSmallBlock && height <= kSmallBlock;
+        switch (isSmall ? RingBlock::kVarying : ring_.BlockOf(x, xEnd, y, yEnd)) {
+            case RingBlock::kNothing: return;
+            case RingBlock::kWhole: return painter_.FillWhole(x, xEnd, y, yEnd);
+            case RingBlock::kAlikeDown: return PaintPixels(x, xEnd, y, yEnd);
+            case RingBlock::kAlikeAcross:
+                for (; y < yEnd; ++y) painter_.Evenly(x, xEnd, y, y + 1, CoverAt(x, y), 0);
+                return;
+            case RingBlock::kVarying: break;
+        }
+        if (isSmall) {
+            for (; y < yEnd; ++y) PaintPixels(x, xEnd, y, y + 1);
+        } else if (width > height) {
+            PaintBlock(x, x + width / 2, y, yEnd);
+            PaintBlock(x + width / 2, xEnd, y, yEnd);
         } else {
-            PaintSide(shape_.left, shape_.left + width_, y);
-            PaintSide(shape_.right - width_, shape_.right, y);
+            PaintBlock(x, xEnd, y, y + height / 2);
+            PaintBlock(x, xEnd, y + height / 2, yEnd);
         }
     }
 
@@ -68,19 +93,28 @@ private:
         const int64_t x = inView(PixelAt(from)), xEnd = inView(PixelFrom(to));
         const int64_t even = inView(PixelFrom(from)), evenEnd = std::max(even, inView(PixelAt(to)));
         PaintPixels(x, even, y, y + 1);
-        if (even < evenEnd) painter_.Evenly(even, evenEnd, y, y + 1, ring_.At(even, y), 0);
+        if (even < evenEnd) painter_.Evenly(even, evenEnd, y, y + 1, CoverAt(even, y), 0);
         PaintPixels(evenEnd, xEnd, y, y + 1);
     }
 
+    BYTE CoverAt(int64_t x, int64_t y) const {
+        BYTE cover = 0;
+        ring_.Write(x, 1, y, &cover);
+        return cover;
+    }
+
     void PaintPixels(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd) const {
-        BYTE cover[PartPainter::kMaxCovered];
-        for (; x < xEnd; x += PartPainter::kMaxCovered) {
-            const int count = static_cast<int>(std::min<int64_t>(PartPainter::kMaxCovered, xEnd - x));
-            BYTE any = 0;
-            for (int i = 0; i < count; ++i) any |= cover[i] = ring_.At(x + i, y);
-            if (any != 0) painter_.FillCovered(x, count, y, yEnd, cover);
+        BYTE cover[kMaxRun];
+        for (; x < xEnd; x += kMaxRun) {
+            const int count = static_cast<int>(std::min<int64_t>(kMaxRun, xEnd - x));
+            ring_.Write(x, count, y, cover);
+            if (std::any_of(cover, cover + count, [](BYTE c) { return c != 0; }))
+                painter_.FillCovered(x, count, y, yEnd, cover);
         }
     }
+
+    static constexpr int kMaxRun = 512;
+    static constexpr int64_t kSmallBlock = 8;
 
     const PartPainter &painter_;
     const RingCover ring_;

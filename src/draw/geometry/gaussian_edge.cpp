@@ -94,11 +94,11 @@ int GaussianEdge::At(int64_t distance) const {
     return Mean(distance, Integral(distance), Integral(distance + kPixel));
 }
 
-void GaussianEdge::Line(int64_t distance, int count, int16_t *out) const {
+void GaussianEdge::Line(int64_t distance, int64_t spacing, int count, int16_t *out) const {
     int i = 0;
-    for (; i < count && distance + kPixel <= -reach_; ++i, distance += kPixel) out[i] = -kHalf;
+    for (; i < count && distance + kPixel <= -reach_; ++i, distance += spacing) out[i] = -kHalf;
     if (isWide_) {
-        for (; i < count && distance < reach_; ++i, distance += kPixel) {
+        for (; i < count && distance < reach_; ++i, distance += spacing) {
             out[i] = static_cast<int16_t>(AtMiddle(distance));
         }
     } else if (i < count && distance < reach_) {

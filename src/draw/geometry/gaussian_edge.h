@@ -24,8 +24,12 @@ public:
     /// and exactly ±kHalf beyond the reach.
     int At(int64_t distance) const;
 
-    /// The same for `count` pixels that follow each other.
-    void Line(int64_t distance, int count, int16_t *out) const;
+    /// The same for `count` pixels that begin `spacing` after each other: one pixel, or more where the blur is so wide
+    /// that the edge IsWide().
+    void Line(int64_t distance, int64_t spacing, int count, int16_t *out) const;
+
+    /// The value in a pixel's middle is its mean.
+    bool IsWide() const { return isWide_; }
 
 private:
     int AtMiddle(int64_t distance) const;
@@ -33,7 +37,7 @@ private:
     int Mean(int64_t distance, int64_t from, int64_t to) const;
 
     int64_t reach_;
-    bool isWide_;      ///< so wide that the value in a pixel's middle is its mean
+    bool isWide_;
     int64_t scale_;    ///< from distances to steps of the table, 2^-44 of one
     int shift_;        ///< what keeps the quotient by a pixel's steps inside 64 bits
     int64_t inverse_;  ///< 2^48 / a pixel's steps

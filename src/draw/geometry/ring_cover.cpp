@@ -12,6 +12,8 @@
 namespace lacquer {
 namespace {
 
+constexpr int64_t kPixel = 65536;
+
 constexpr int kSlices = 16;    ///< of the mitres in which two sides meet
 constexpr int kStretches = 8;  ///< of a pixel far from its corner's centre
 constexpr int kArcs = 6;       ///< of each part of a pixel's way through a corner
@@ -53,39 +55,94 @@ RingCover::RingCover(const RoundedRect &shape, int64_t width, int64_t dash, int6
       across_(right_ - left_ - 2 * corner_),
       down_(bottom_ - top_ - 2 * corner_),
       arc_(ArcLength(lineRadius_)),
+      starts_{arc_ / 2, arc_ / 2 + across_ + arc_, arc_ / 2 + across_ + down_ + 2 * arc_,
+              arc_ / 2 + 2 * across_ + down_ + 3 * arc_},
       dashes_(LineLength(shape, width), dash << 8, gap << 8),
       outer_(outerRadius_ >> 8),
       inner_(innerRadius_ >> 8) {}
 
-BYTE RingCover::At(int64_t x, int64_t y) const {
-    // Sides: along them clockwise, and inwards. Corners: from the circle's centre, clockwise.
-    const int64_t x0 = x << 16, x1 = (x + 1) << 16, y0 = y << 16, y1 = (y + 1) << 16;
+std::array<RingCover::Box, 4> RingCover::InSides(const Box &box) const {
     const int64_t leftEnd = left_ + corner_, topEnd = top_ + corner_;
     const int64_t rightEnd = right_ - corner_, bottomEnd = bottom_ - corner_;
-    const int64_t topStart = arc_ / 2, rightStart = topStart + across_ + arc_;
-    const int64_t bottomStart = rightStart + down_ + arc_, leftStart = bottomStart + across_ + arc_;
-    const int64_t reach = std::max(corner_, width_);
-    const bool isLeft = x0<left_ + reach, isRight = x1> right_ - reach;
-    int64_t area = 0;
-    if (y0 < top_ + reach) {
-        area += SideArea({x0 - leftEnd, x1 - leftEnd, y0 - top_, y1 - top_}, across_, topStart);
-        if (isLeft) area += CornerArea({leftEnd - x1, leftEnd - x0, topEnd - y1, topEnd - y0}, -arc_ / 2);
-        if (isRight) area += CornerArea({topEnd - y1, topEnd - y0, x0 - rightEnd, x1 - rightEnd}, topStart + across_);
-    }
-    if (y1 > bottom_ - reach) {
-        area += SideArea({rightEnd - x1, rightEnd - x0, bottom_ - y1, bottom_ - y0}, across_, bottomStart);
-        if (isRight) {
-            area += CornerArea({x0 - rightEnd, x1 - rightEnd, y0 - bottomEnd, y1 - bottomEnd}, rightStart + down_);
-        }
-        if (isLeft)
-            area += CornerArea({y0 - bottomEnd, y1 - bottomEnd, leftEnd - x1, leftEnd - x0}, bottomStart + across_);
-    }
-    if (isLeft) area += SideArea({bottomEnd - y1, bottomEnd - y0, x0 - left_, x1 - left_}, down_, leftStart);
-    if (isRight) area += SideArea({y0 - topEnd, y1 - topEnd, right_ - x1, right_ - x0}, down_, rightStart);
-    return static_cast<BYTE>(std::min<int64_t>(255, (area * 255 + (int64_t{1} << 31)) >> 32));
+    return {{{box.a0 - leftEnd, box.a1 - leftEnd, box.b0 - top_, box.b1 - top_},
+             {box.b0 - topEnd, box.b1 - topEnd, right_ - box.a1, right_ - box.a0},
+             {rightEnd - box.a1, rightEnd - box.a0, bottom_ - box.b1, bottom_ - box.b0},
+             {bottomEnd - box.b1, bottomEnd - box.b0, box.a0 - left_, box.a1 - left_}}};
 }
 
-/// `box`: a along the side from where it begins, b from the outer edge. A wide ring's sides meet in mitres.
+BYTE RingCover::At(int64_t x, int64_t y) const {
+    const int64_t reach = std::max(corner_, width_);
+    int64_t area = 0;
+    size_t side = 0;
+    for (const Box &box : InSides({x << 16, (x + 1) << 16, y << 16, (y + 1) << 16})) {
+        if (box.b0 < reach) {
+            area += SideArea(box, LengthOf(side), starts_[side]);
+            if (box.a0 < 0) area += CornerArea(InCorner(box), CornerStart(side));
+        }
+        ++side;
+    }
+    return CoverOf(area);
+}
+
+void RingCover::Write(int64_t x, int count, int64_t y, BYTE *out) const {
+    // From one pixel to the next, along each side and inwards.
+    constexpr int64_t kAlong[] = {kPixel, 0, -kPixel, 0}, kInwards[] = {0, -kPixel, 0, kPixel};
+    size_t side = 0;
+    for (Box box : InSides({x << 16, (x + count) << 16, y << 16, (y + 1) << 16})) {
+        const bool isInSide = IsInSide(box, LengthOf(side));
+        if (!isInSide && !IsInCorner(InCorner(box))) {
+            ++side;
+            continue;
+        }
+        const int64_t along = kAlong[side], inwards = kInwards[side];
+        // The first pixel of the run.
+        box = {along < 0 ? box.a1 - kPixel : box.a0, along > 0 ? box.a0 + kPixel : box.a1,
+               inwards < 0 ? box.b1 - kPixel : box.b0, inwards > 0 ? box.b0 + kPixel : box.b1};
+        for (int i = 0; i < count; ++i) {
+            out[i] = CoverOf(isInSide ? SideArea(box, LengthOf(side), starts_[side])
+                                      : CornerArea(InCorner(box), CornerStart(side)));
+            box = {box.a0 + along, box.a1 + along, box.b0 + inwards, box.b1 + inwards};
+        }
+        return;
+    }
+    for (int i = 0; i < count; ++i) out[i] = At(x + i, y);
+}
+
+RingBlock RingCover::BlockOf(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd) const {
+    bool isInside = true;
+    size_t side = 0;
+    for (const Box &box : InSides({x << 16, xEnd << 16, y << 16, yEnd << 16})) {
+        const Box corner = InCorner(box);
+        if (IsInSide(box, LengthOf(side))) {
+            return side % 2 == 0 ? RingBlock::kAlikeDown : RingBlock::kAlikeAcross;
+        }
+        if (IsInCorner(corner)) return CornerBlockOf(corner, CornerStart(side));
+        isInside &= box.b0 >= width_ && (corner.a1 <= 0 || corner.b1 <= 0);
+        ++side;
+    }
+    return isInside ? RingBlock::kNothing : RingBlock::kVarying;
+}
+
+/// `box`: inside the corner's square.
+RingBlock RingCover::CornerBlockOf(const Box &box, int64_t start) const {
+    if (lineRadius_ == 0) {
+        if (!dashes_.Contains(start)) return RingBlock::kNothing;
+        const int64_t inset = corner_ - outerRadius_, a = box.a1 - inset, b = box.b1 - inset;
+        return a <= 0 || b <= 0 || Distance(a, b) < outerRadius_ ? RingBlock::kWhole : RingBlock::kVarying;
+    }
+    const int64_t nearest = Distance(box.a0, box.b0), farthest = Distance(box.a1, box.b1);
+    if (farthest <= innerRadius_ || nearest >= outerRadius_) return RingBlock::kNothing;
+    // The pixels' own areas may take a little more of the line into account than they see.
+    const Box wider{std::max<int64_t>(0, box.a0 - kPixel), box.a1 + kPixel, std::max<int64_t>(0, box.b0 - kPixel),
+                    box.b1 + kPixel};
+    const int64_t first = PlaceOf(wider.a1, wider.b0, start), last = PlaceOf(wider.a0, wider.b1, start);
+    const int64_t dashed = dashes_.Between(first, last);
+    if (dashed == 0) return RingBlock::kNothing;
+    const bool isBetween = nearest >= innerRadius_ && farthest < outerRadius_;
+    return isBetween && dashed >= last - first ? RingBlock::kWhole : RingBlock::kVarying;
+}
+
+/// A wide ring's sides meet in mitres.
 int64_t RingCover::SideArea(const Box &box, int64_t length, int64_t start) const {
     int64_t area = 0;
     const Box straight = box.CutTo(0, length, 0, std::min(corner_, width_));
@@ -109,7 +166,6 @@ int64_t RingCover::SideArea(const Box &box, int64_t length, int64_t start) const
     return area;
 }
 
-/// `box`: a towards the arc's beginning, b towards its end.
 int64_t RingCover::CornerArea(const Box &whole, int64_t start) const {
     const Box box = whole.CutTo(0, corner_, 0, corner_);
     if (box.IsEmpty()) return 0;
@@ -119,8 +175,7 @@ int64_t RingCover::CornerArea(const Box &whole, int64_t start) const {
     const int64_t from = std::max(innerRadius_, nearest), to = std::min(outerRadius_, farthest);
     if (from >= to) return 0;
     // Most pixels lie in one dash, or in one gap.
-    const int64_t first = start + (AngleOf(box.a1, box.b0) * lineRadius_ >> kAngleBits);
-    const int64_t last = start + (AngleOf(box.a0, box.b1) * lineRadius_ >> kAngleBits);
+    const int64_t first = PlaceOf(box.a1, box.b0, start), last = PlaceOf(box.a0, box.b1, start);
     const int64_t dashed = dashes_.Between(first, last);
     if (dashed == 0) return 0;
     if (dashed >= last - first) {
@@ -138,10 +193,15 @@ bool RingCover::IsFar(const Box &box) const {
            box.a1 * box.a1 + box.b1 * box.b1 <= outerRadius_ * outerRadius_ && lineRadius_ >= kFar;
 }
 
+/// Where the centre line is nearest to a point of a corner whose arc begins at `start`.
+int64_t RingCover::PlaceOf(int64_t a, int64_t b, int64_t start) const {
+    return start + (AngleOf(a, b) * lineRadius_ >> kAngleBits);
+}
+
 /// In stretches along the side that turns more of the angle: what each crosses of the centre line is known exactly.
 int64_t RingCover::FarArea(const Box &box, int64_t start) const {
     const int64_t a = (box.a0 + box.a1) / 2, b = (box.b0 + box.b1) / 2, squared = (a * a + b * b) >> 16;
-    const int64_t place = start + (AngleOf(a, b) * lineRadius_ >> kAngleBits);
+    const int64_t place = PlaceOf(a, b, start);
     const int64_t length = lineRadius_ * std::max(a, b) / squared, spread = lineRadius_ * std::min(a, b) / squared;
     const int64_t first = place - length / 2 - spread * (kStretches - 1) / (int64_t{2} * kStretches);
     return (dashes_.MeanBetween(first, spread, kStretches, length) << 32) / length;

@@ -106,8 +106,14 @@ void ShapePainter::PaintRows(const CoverRow &outer, const CoverRow &inner, int64
 /// not visible from end to end.
 bool ShapePainter::PaintEnds(const CoverRow &outer, const CoverRow &inner, int64_t y, int64_t mirrored) const {
     const bool hasInside = inner.begin < inner.end;
-    const int64_t leftEnd = hasInside ? std::max(outer.flatBegin, inner.flatBegin) : outer.flatBegin;
-    const int64_t rightBegin = hasInside ? std::min(outer.flatEnd, inner.flatEnd) : outer.flatEnd;
+    int64_t leftEnd = hasInside ? std::max(outer.flatBegin, inner.flatBegin) : outer.flatBegin;
+    int64_t rightBegin = hasInside ? std::min(outer.flatEnd, inner.flatEnd) : outer.flatEnd;
+    // Four pixels take no longer than one: both ends take some of the middle.
+    constexpr int64_t kFour = 4;
+    if (rightBegin - leftEnd >= 2 * kFour) {
+        leftEnd += (outer.begin - leftEnd) & (kFour - 1);
+        rightBegin -= (rightBegin - outer.end) & (kFour - 1);
+    }
     const int64_t left = leftEnd - outer.begin, right = outer.end - rightBegin;
     // A thin sliver may have its even middle outside what it covers.
     if (left < 0 || right < 0 || leftEnd > rightBegin) return false;

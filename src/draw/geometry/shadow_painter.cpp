@@ -9,18 +9,22 @@
 namespace lacquer {
 
 const CoverRow &ShadowPainter::RowAt(int64_t y) {
-    if (!row_ || rowAt_ != y) {
-        row_.emplace(rect_, y);
-        rowAt_ = y;
+    auto &known = rows_[IsLower(y)];
+    if (!known.row || known.y != y) {
+        known.row.emplace(rect_, y);
+        known.y = y;
     }
-    return *row_;
+    return *known.row;
 }
 
 /// Tiles beside each other ask for the same rows.
 const CoverSpan &ShadowPainter::SpanAt(int64_t y) {
-    auto &known = spans_[y & (kKnownSpans - 1)];
-    if (known.y != y) known = {y, RowAt(y)};
-    return known.span;
+    auto &known = spans_[IsLower(y)][y & (kKnownSpans - 1)];
+    if (known.y != y) {
+        known.span = RowAt(y);
+        known.y = y;
+    }
+    return *known.span;
 }
 
 /// Where the rectangle covers so much, nothing is painted.
@@ -69,28 +73,31 @@ void ShadowPainter::Even(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, int32
     });
 }
 
-void ShadowPainter::Varying(int64_t x, int count, int64_t y, int64_t yEnd, const int32_t *shares) {
-    ForEachPiece(x, x + count, y, yEnd,
+void ShadowPainter::Take(const int32_t *shares, const PixelRange &range) {
+    shares_ = shares;
+    ImageKernels().coverShares(shares + range.from, range.to - range.from, place_ == ShadowPlace::Inside,
+                               covers_ + range.from);
+}
+
+void ShadowPainter::Varying(int64_t x, const PixelRange &range, int64_t y, int64_t yEnd) {
+    ForEachPiece(x + range.from, x + range.to, y, yEnd,
                  [&](int64_t from, int64_t to, int64_t top, int64_t bottom, bool varies, BYTE cover) {
-                     BYTE covers[kMaxVarying];
-                     const int length = static_cast<int>(to - from);
-                     const int32_t *own = shares + (from - x);
-                     const bool isInside = place_ == ShadowPlace::Inside;
-                     if (!varies && cover == (isInside ? 255 : 0)) {
-                         ImageKernels().coverShares(own, length, isInside, covers);
-                     } else {
-                         for (int i = 0; i < length; ++i) {
-                             covers[i] = CoverOf(own[i], varies ? RowAt(top).At(from + i) : cover);
-                         }
+                     const auto first = from - x, count = to - from;
+                     if (!varies && IsAll(cover)) {
+                         return painter_.FillCovered(from, count, top, bottom, covers_ + first);
                      }
-                     painter_.FillCovered(from, length, top, bottom, covers);
+                     BYTE covers[kMaxVarying];
+                     for (int64_t i = 0; i < count; ++i) {
+                         covers[i] = CoverOf(shares_[first + i], varies ? RowAt(top).At(from + i) : cover);
+                     }
+                     painter_.FillCovered(from, count, top, bottom, covers);
                  });
 }
 
-PixelRange ShadowPainter::Narrowed(int64_t x, int columns, int64_t y) {
-    if (place_ == ShadowPlace::AroundAndUnder) return {0, columns};
+PixelRange ShadowPainter::Narrowed(int64_t x, const PixelRange &range, int64_t y) {
+    if (place_ == ShadowPlace::AroundAndUnder) return range;
     const CoverSpan &row = SpanAt(y);
-    int64_t from = x, to = x + columns;
+    int64_t from = x + range.from, to = x + range.to;
     if (place_ == ShadowPlace::Inside) {
         from = std::max(from, row.begin);
         to = std::min(to, row.end);

@@ -18,20 +18,26 @@ enum class ShadowPlace { Around, Inside, AroundAndUnder };
 class ShadowPainter {
 public:
     ShadowPainter(const PartPainter &painter, const RoundedRect &rect, ShadowPlace place)
-        : painter_(painter), rect_(rect), place_(place) {}
+        : painter_(painter), rect_(rect), place_(place), middle_(PixelAt(rect.top + rect.bottom) / 2) {}
 
     void Even(int64_t x, int64_t xEnd, int64_t y, int64_t yEnd, int32_t share);
 
-    /// At most kMaxVarying pixels.
-    static constexpr int kMaxVarying = 512;
-    void Varying(int64_t x, int count, int64_t y, int64_t yEnd, const int32_t *shares);
+    /// Takes shares that every call of Varying uses until the next ones are taken. Those inside the range count, of the
+    /// first kMaxVarying.
+    static constexpr int kMaxVarying = 1024;
+    void Take(const int32_t *shares, const PixelRange &range);
+
+    /// `range`: of the shares; the first of them is that of pixel x.
+    void Varying(int64_t x, const PixelRange &range, int64_t y, int64_t yEnd);
 
     /// Asks for pixels that will be painted soon.
     void Prefetch(int64_t x, ptrdiff_t count, int64_t y) const { painter_.Prefetch(x, count, y); }
 
-    /// Which of `columns` pixels from x on, counted from there, shadow may be painted into; empty when the first is not
-    /// below the second.
-    PixelRange Narrowed(int64_t x, int columns, int64_t y);
+    /// Which pixels of a range, counted from x, shadow may be painted into.
+    PixelRange Narrowed(int64_t x, const PixelRange &range, int64_t y);
+
+    /// The share of which nothing is painted.
+    int32_t Nothing() const { return place_ == ShadowPlace::Inside ? kFullShadow : 0; }
 
 private:
     template <class Paint>
@@ -40,18 +46,27 @@ private:
     const CoverSpan &SpanAt(int64_t y);
     const CoverRow &RowAt(int64_t y);
     bool IsNone(BYTE cover) const;
+    bool IsAll(BYTE cover) const { return cover == (place_ == ShadowPlace::Inside ? 255 : 0); }
     BYTE CoverOf(int32_t share, BYTE rect) const;
 
     const PartPainter &painter_;
     const CoverShape rect_;
     const ShadowPlace place_;
-    std::optional<CoverRow> row_;  ///< the last one that was asked for
-    int64_t rowAt_ = 0;
+    const int32_t *shares_ = nullptr;
+    BYTE covers_[kMaxVarying];  ///< what the shares come to where the rectangle takes nothing
+
+    /// The rectangle's upper and lower half keep their last rows apart: a row and its mirror image take turns.
+    bool IsLower(int64_t y) const { return y >= middle_; }
+    const int64_t middle_;
+    struct {
+        std::optional<CoverRow> row;
+        int64_t y = 0;
+    } rows_[2];
     static constexpr int64_t kKnownSpans = 128;
     struct {
         int64_t y = INT64_MIN;
-        CoverSpan span;
-    } spans_[kKnownSpans];  ///< those of the last rows, by the last bits of y
+        std::optional<CoverSpan> span;
+    } spans_[2][kKnownSpans];  ///< by the last bits of y
 };
 
 }  // namespace lacquer

@@ -28,16 +28,18 @@ int64_t FirstFailing(int64_t low, int64_t high, const Test &test) {
 }  // namespace
 
 void ShadowTile::Compute(int64_t x, int64_t y, int columns, int rows, const PixelRange *wanted) {
-    x_ = x;
-    y_ = y;
-    columns_ = columns;
-    rows_ = rows;
+    ComputeGrid({x * kPixel, y * kPixel, kPixel, columns, rows}, wanted);
+    for (int row = 0; row < rows; ++row) caster_.SetWhole(x, y + row, wanted[row], sums_[row]);
+}
+
+void ShadowTile::ComputeGrid(const ShadowGrid &grid, const PixelRange *wanted) {
+    grid_ = grid;
     wanted_ = wanted;
-    std::fill_n(groups_, rows, 0);
+    std::fill_n(groups_, grid.rows, 0);
     const Felt left = FindFelt(caster_.Left(), true), right = FindFelt(caster_.Right(), false);
     AddGroups(caster_.Left(), left);
     AddGroups(caster_.Right(), right);
-    for (int row = 0; row < rows; ++row) std::fill_n(sums_[row], columns, groups_[row]);
+    for (int row = 0; row < grid.rows; ++row) std::fill_n(sums_[row], grid.columns, groups_[row]);
     for (const bool isLeft : {true, false}) {
         const CasterSide &side = isLeft ? caster_.Left() : caster_.Right();
         const Felt &felt = isLeft ? left : right;
@@ -46,14 +48,13 @@ void ShadowTile::Compute(int64_t x, int64_t y, int columns, int rows, const Pixe
         GatherSlabs(side, isLeft, felt.lowerFelt, felt.lowerEnd);
     }
     AddGathered();
-    SetWhole();
 }
 
 ShadowTile::Felt ShadowTile::FindFelt(const CasterSide &side, bool isLeft) const {
     const int64_t reach = caster_.Edge().Reach();
-    const int64_t above = y_ * kPixel - reach, below = (y_ + rows_) * kPixel + reach;
-    const int64_t nearLimit = (isLeft ? x_ : -(x_ + columns_)) * kPixel - reach;
-    const int64_t farLimit = (isLeft ? x_ + columns_ : -x_) * kPixel + reach;
+    const int64_t above = grid_.y - reach, below = grid_.YEnd() + reach;
+    const int64_t nearLimit = (isLeft ? grid_.x : -grid_.XEnd()) - reach;
+    const int64_t farLimit = (isLeft ? grid_.XEnd() : -grid_.x) + reach;
     const auto isBefore = [&](int64_t i) { return side.EdgeOf(i) <= nearLimit; };
     const auto isNotBefore = [&](int64_t i) { return side.EdgeOf(i) > nearLimit; };
     const auto isBeyond = [&](int64_t i) { return side.EdgeOf(i) >= farLimit; };
@@ -81,38 +82,43 @@ void ShadowTile::AddGroups(const CasterSide &side, const Felt &felt) {
     AddGroup(side, felt.lowerEnd, felt.last, -GaussianEdge::kHalf);
 }
 
+/// The transition at a slab's end, by row.
+void ShadowTile::LineDown(int64_t cut, int16_t *out) const {
+    caster_.Edge().Line(grid_.y - cut, grid_.spacing, grid_.rows, out);
+}
+
 /// Slabs with one transition in all of the tile.
 void ShadowTile::AddGroup(const CasterSide &side, int64_t from, int64_t to, int transition) {
     if (from >= to) return;
     int16_t top[kRows], bottom[kRows];
-    caster_.Edge().Line(y_ * kPixel - side.Cut(from), rows_, top);
-    caster_.Edge().Line(y_ * kPixel - side.Cut(to), rows_, bottom);
-    for (int row = 0; row < rows_; ++row) groups_[row] += (top[row] - bottom[row]) * transition;
+    LineDown(side.Cut(from), top);
+    LineDown(side.Cut(to), bottom);
+    for (int row = 0; row < grid_.rows; ++row) groups_[row] += (top[row] - bottom[row]) * transition;
 }
 
 void ShadowTile::GatherSlabs(const CasterSide &side, bool isLeft, int64_t from, int64_t to) {
     if (from >= to) return;
-    const GaussianEdge &edge = caster_.Edge();
-    const int64_t start = (isLeft ? x_ : -(x_ + columns_)) * kPixel;
+    const int64_t start = isLeft ? grid_.x : -grid_.XEnd();
     int16_t cuts[2][kRows];  // transitions at a slab's ends, by row; the lower end is the next one's upper
-    edge.Line(y_ * kPixel - side.Cut(from), rows_, cuts[from & 1]);
+    LineDown(side.Cut(from), cuts[from & 1]);
     for (int64_t i = from; i < to; ++i) {
         if (gathered_ == kMaxLines) AddGathered();
         int16_t *line = lines_ + ptrdiff_t{gathered_} * kLinePixels;
-        edge.Line(start - side.EdgeOf(i), columns_, line);
-        if (!isLeft) std::reverse(line, line + columns_);
+        caster_.Edge().Line(start - side.EdgeOf(i), grid_.spacing, grid_.columns, line);
+        if (!isLeft) std::reverse(line, line + grid_.columns);
         const int16_t *top = cuts[i & 1];
         int16_t *bottom = cuts[(i + 1) & 1];
-        edge.Line(y_ * kPixel - side.Cut(i + 1), rows_, bottom);
-        for (int row = 0; row < rows_; ++row) weights_[row][gathered_] = static_cast<int16_t>(top[row] - bottom[row]);
+        LineDown(side.Cut(i + 1), bottom);
+        for (int row = 0; row < grid_.rows; ++row)
+            weights_[row][gathered_] = static_cast<int16_t>(top[row] - bottom[row]);
         ++gathered_;
     }
 }
 
 /// Adds the slabs' lines to every row that feels them.
 void ShadowTile::AddGathered() {
-    for (int row = 0; row < rows_; ++row) {
-        if (wanted_[row].from >= wanted_[row].to) continue;
+    for (int row = 0; row < grid_.rows; ++row) {
+        if (wanted_[row].IsEmpty()) continue;
         const int16_t *weights = weights_[row];
         int first = 0, end = gathered_;
         while (first < end && weights[first] == 0) ++first;
@@ -122,17 +128,6 @@ void ShadowTile::AddGathered() {
                           wanted_[row].from, wanted_[row].to);
     }
     gathered_ = 0;
-}
-
-void ShadowTile::SetWhole() {
-    if (!caster_.MayBeWhole(x_, x_ + columns_)) return;
-    for (int row = 0; row < rows_; ++row) {
-        int64_t begin = 0, end = 0;
-        caster_.FindWhole(y_ + row, &begin, &end);
-        begin = std::max<int64_t>(begin - x_, wanted_[row].from);
-        end = std::min<int64_t>(end - x_, wanted_[row].to);
-        for (int64_t x = begin; x < end; ++x) sums_[row][x] = kFullShadow;
-    }
 }
 
 }  // namespace lacquer

@@ -10,6 +10,15 @@
 
 namespace lacquer {
 
+/// Places on the canvas in 1/65536 pixel: those of pixels in columns and rows that begin `spacing` after each other.
+struct ShadowGrid {
+    int64_t x, y, spacing;
+    int columns, rows;
+
+    int64_t XEnd() const { return x + (columns - 1) * spacing + GaussianEdge::kPixel; }
+    int64_t YEnd() const { return y + (rows - 1) * spacing + GaussianEdge::kPixel; }
+};
+
 /// Up to kColumns × kRows pixels, made slab by slab. Lives on the stack: 26 KB.
 class ShadowTile {
 public:
@@ -21,6 +30,9 @@ public:
     /// not wanted may be left out.
     void Compute(int64_t x, int64_t y, int columns, int rows, const PixelRange *wanted);
 
+    /// The same for the pixels of a grid; what is nothing but shadow comes close to kFullShadow.
+    void ComputeGrid(const ShadowGrid &grid, const PixelRange *wanted);
+
     /// Shares of kFullShadow.
     const int32_t *Row(int row) const { return sums_[row]; }
 
@@ -31,18 +43,17 @@ private:
     };
 
     Felt FindFelt(const CasterSide &side, bool isLeft) const;
+    void LineDown(int64_t cut, int16_t *out) const;
     void AddGroups(const CasterSide &side, const Felt &felt);
     void AddGroup(const CasterSide &side, int64_t from, int64_t to, int transition);
     void GatherSlabs(const CasterSide &side, bool isLeft, int64_t from, int64_t to);
     void AddGathered();
-    void SetWhole();
 
     static constexpr int kMaxLines = 32;
 
     const Caster &caster_;
     const ImageTable &kernels_;
-    int64_t x_ = 0, y_ = 0;
-    int columns_ = 0, rows_ = 0;
+    ShadowGrid grid_{};
     const PixelRange *wanted_ = nullptr;
     int32_t sums_[kRows][kColumns];
     int32_t groups_[kRows];                   ///< by row: what is the same in all columns

@@ -7,7 +7,7 @@
 #include <optional>
 
 #include "draw/fill.h"
-#include "draw/geometry/shadow_tile.h"
+#include "draw/geometry/shadow_rows.h"
 #include "draw/geometry/visible_part.h"
 #include "pipeline/pixel/pixel.h"
 
@@ -35,86 +35,6 @@ void ForEachBand(const ShadowSpan &span, int64_t from, int64_t to, const Visit &
     }
 }
 
-/// Each row of a tile lies in another part of memory: it is asked for so many rows before.
-constexpr int kRowsAhead = 8;
-
-/// Rows of which every one is computed, at most as many as a tile has, and those that mirror them.
-class TileRows {
-public:
-    /// Row y is mirrored by row `mirror` − y, where that lies inside `visible`.
-    TileRows(ShadowTile &tile, ShadowPainter &painter, const RECT &visible, int64_t y, int64_t yEnd,
-             std::optional<int64_t> mirror)
-        : tile_(tile),
-          painter_(painter),
-          visible_(visible),
-          y_(y),
-          count_(static_cast<int>(yEnd - y)),
-          mirror_(mirror) {}
-
-    void Paint(const Band &columns) {
-        for (int64_t x = columns.from; x < columns.to; x += ShadowTile::kColumns) PaintTile(x, columns.to);
-    }
-
-    /// Calls paint(row, y) for each of them.
-    template <class Paint>
-    void ForEach(const Paint &paint) const {
-        for (int row = 0; row < count_; ++row) {
-            paint(row, y_ + row);
-            if (HasMirror(row)) paint(row, *mirror_ - y_ - row);
-        }
-    }
-
-private:
-    bool HasMirror(int row) const {
-        if (!mirror_) return false;
-        const int64_t mirrored = *mirror_ - y_ - row;
-        return mirrored != y_ + row && mirrored >= visible_.top && mirrored < visible_.bottom;
-    }
-
-    void PaintTile(int64_t x, int64_t xEnd);
-    void PrefetchAhead(int row, int64_t x, int64_t xEnd) const;
-
-    ShadowTile &tile_;
-    ShadowPainter &painter_;
-    const RECT &visible_;
-    const int64_t y_;
-    const int count_;
-    const std::optional<int64_t> mirror_;
-};
-
-void TileRows::PaintTile(int64_t x, int64_t xEnd) {
-    const int columns = static_cast<int>(std::min<int64_t>(ShadowTile::kColumns, xEnd - x));
-    PixelRange wanted[ShadowTile::kRows];
-    std::fill_n(wanted, count_, PixelRange{columns, 0});
-    bool isAnyWanted = false;
-    ForEach([&](int row, int64_t y) {
-        const PixelRange own = painter_.Narrowed(x, columns, y);
-        if (own.from >= own.to) return;
-        wanted[row] = {std::min(wanted[row].from, own.from), std::max(wanted[row].to, own.to)};
-        isAnyWanted = true;
-    });
-    if (!isAnyWanted) return;
-    tile_.Compute(x, y_, columns, count_, wanted);
-    ForEach([&](int row, int64_t y) {
-        PrefetchAhead(row, x, xEnd);
-        const auto [from, to] = painter_.Narrowed(x, columns, y);
-        if (from < to) painter_.Varying(x + from, to - from, y, y + 1, tile_.Row(row) + from);
-    });
-}
-
-/// After a tile's last rows come the first ones of the tile beside it.
-void TileRows::PrefetchAhead(int row, int64_t x, int64_t xEnd) const {
-    int ahead = row + kRowsAhead;
-    if (ahead >= count_) {
-        ahead -= count_;
-        x += ShadowTile::kColumns;
-    }
-    if (ahead >= count_ || x >= xEnd) return;
-    const ptrdiff_t columns = std::min<int64_t>(ShadowTile::kColumns, xEnd - x);
-    painter_.Prefetch(x, columns, y_ + ahead);
-    if (HasMirror(ahead)) painter_.Prefetch(x, columns, *mirror_ - y_ - ahead);
-}
-
 /// Columns in which one row stands for all.
 void PaintAlike(ShadowTile &tile, ShadowPainter &painter, const Band &columns, const Band &rows) {
     int32_t shares[ShadowPainter::kMaxVarying];
@@ -127,15 +47,18 @@ void PaintAlike(ShadowTile &tile, ShadowPainter &painter, const Band &columns, c
         count += width;
         x += width;
         if (count + ShadowTile::kColumns <= ShadowPainter::kMaxVarying && x < columns.to) continue;
-        painter.Varying(x - count, count, rows.from, rows.to, shares);
+        painter.Take(shares, {0, count});
+        painter.Varying(x - count, {0, count}, rows.from, rows.to);
         count = 0;
     }
 }
 
-void PaintRows(ShadowPainter &painter, const Caster &caster, const RECT &visible, TileRows rows) {
+/// Rows in which every pixel may differ, made by one of the two kinds of tiles.
+template <class Tile>
+void PaintRows(Tile &tile, ShadowPainter &painter, const Caster &caster, const RECT &visible, const ShadowRows &rows) {
     ForEachBand(caster.Columns(), visible.left, visible.right, [&](const Band &columns) {
-        if (columns.kind == Band::kSide) return rows.Paint(columns);
-        rows.ForEach([&](int, int64_t y) {
+        if (columns.kind == Band::kSide) return PaintTiles(tile, painter, rows, columns.from, columns.to);
+        rows.ForEachDown([&](int64_t y) {
             const bool isOutside = columns.kind == Band::kOutside;
             painter.Even(columns.from, columns.to, y, y + 1, isOutside ? 0 : caster.RowShare(y));
         });
@@ -144,11 +67,18 @@ void PaintRows(ShadowPainter &painter, const Caster &caster, const RECT &visible
 
 void PaintBlurred(ShadowPainter &painter, const Caster &caster, const RECT &visible) {
     ShadowTile tile(caster);
+    SmoothTile smoothTile(caster, tile, painter.Nothing());
+    const bool isSmooth = SmoothTile::Suits(caster.Edge());
+    const int tileRows = isSmooth ? SmoothTile::kRows : ShadowTile::kRows;
     const std::optional<int64_t> mirror = caster.MirrorDown();
     const auto paintRows = [&](int64_t y, int64_t yEnd, std::optional<int64_t> mirrorOf) {
-        for (; y < yEnd; y += ShadowTile::kRows) {
-            PaintRows(painter, caster, visible,
-                      {tile, painter, visible, y, std::min(y + ShadowTile::kRows, yEnd), mirrorOf});
+        for (; y < yEnd; y += tileRows) {
+            const ShadowRows rows(visible, y, std::min(y + tileRows, yEnd), mirrorOf);
+            if (isSmooth) {
+                PaintRows(smoothTile, painter, caster, visible, rows);
+            } else {
+                PaintRows(tile, painter, caster, visible, rows);
+            }
         }
     };
     ForEachBand(caster.Rows(), visible.top, visible.bottom, [&](const Band &rows) {
@@ -189,7 +119,8 @@ void PaintSharp(ShadowPainter &painter, const RoundedRect &shape, const RECT &vi
                 for (int64_t from = x; from < to; from += PartPainter::kMaxCovered) {
                     const int count = static_cast<int>(std::min<int64_t>(PartPainter::kMaxCovered, to - from));
                     for (int i = 0; i < count; ++i) shares[i] = ShareOf(row.At(from + i));
-                    painter.Varying(from, count, y, yEnd, shares);
+                    painter.Take(shares, {0, count});
+                    painter.Varying(from, {0, count}, y, yEnd);
                 }
             }
             x = to;

@@ -39,6 +39,16 @@ constexpr int64_t PixelFrom(int64_t units) { return (units + kUnits - 1) >> 8; }
 /// Some pixels of a row, counted from a first one; none when `from` is not below `to`.
 struct PixelRange {
     int from, to;
+
+    bool IsEmpty() const { return from >= to; }
+
+    PixelRange CutTo(const PixelRange &other) const { return {std::max(from, other.from), std::min(to, other.to)}; }
+
+    /// From the first pixel of both to the last one.
+    PixelRange With(const PixelRange &other) const {
+        if (IsEmpty() || other.IsEmpty()) return IsEmpty() ? other : *this;
+        return {std::min(from, other.from), std::max(to, other.to)};
+    }
 };
 
 }  // namespace lacquer

@@ -66,6 +66,7 @@ struct Pair {
     LACQUER_OPERATION(V, SubtractLanes, prefix##sub_epi16)       \
     LACQUER_OPERATION(V, MultiplyLanes, prefix##mullo_epi16)     \
     LACQUER_OPERATION(V, MultiplyLanesHigh, prefix##mulhi_epu16) \
+    LACQUER_OPERATION(V, SignedProductHigh, prefix##mulhi_epi16) \
     LACQUER_OPERATION(V, AddProducts, prefix##madd_epi16)        \
     LACQUER_OPERATION(V, AddWords, prefix##add_epi32)            \
     LACQUER_OPERATION(V, AreWordsEqual, prefix##cmpeq_epi32)     \

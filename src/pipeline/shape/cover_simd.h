@@ -28,20 +28,20 @@ private:
 };
 
 /// A premultiplied colour drawn over parts of words. d × (256 − w) + s × w is 256 d + (s − d) × w in 16 bits, and s
-/// never carries.
+/// never carries. s − d is the colour less d × alpha / 256, which is rounded up.
 class ColourPartlyOver {
 public:
     explicit ColourPartlyOver(DWORD colour) : colour_(colour) {}
 
     template <Register V>
     V operator()(V d, V weights) const {
-        const V colour = EachWord<V>(colour_), keep = EachLane<V>(256 - Alpha(colour_));
-        const auto sum = [&](V ofColour, V low, V high) {
-            const V drawn = AddLanes(ofColour, MultiplyLanesHigh(high, keep));
-            return AddLanes(high, MultiplyLanes(SubtractLanes(drawn, low), weights));
+        const V colour = EachWord<V>(colour_), taken = EachLane<V>(0 - 2 * Alpha(colour_));
+        const auto sum = [&](V ofColour, V high) {
+            const V change = AddLanes(ofColour, SignedProductHigh(ShiftLanesDown<1>(high), taken));
+            return AddLanes(high, MultiplyLanes(change, weights));
         };
-        return JoinUpperBytes(sum(LowerBytes(colour), LowerBytes(d), ShiftLanesUp<8>(d)),
-                              sum(UpperBytes(colour), UpperBytes(d), And(d, EachLane<V>(0xFF00))));
+        return JoinUpperBytes(sum(LowerBytes(colour), ShiftLanesUp<8>(d)),
+                              sum(UpperBytes(colour), And(d, EachLane<V>(0xFF00))));
     }
 
 private:
@@ -111,6 +111,18 @@ inline void DrawParts(BYTE *pixels, DWORD fill, DWORD border, const BYTE *inner,
 
 inline void DrawCovered(BYTE *pixels, DWORD colour, const BYTE *cover, ptrdiff_t count) {
     const ColourPartlyOver over(colour);
+    // A register full of covers is spread at once.
+    constexpr ptrdiff_t kCovers = kBytesOf<Widest>, kPairBytes = 2 * kBytesOf<Widest>;
+    for (; count >= kCovers; count -= kCovers, cover += kCovers) {
+        const Widest covers = Reorder(Load<Widest>(cover)), zero = EachWord<Widest>(0);
+        for (const Widest lanes : {BytesLow(covers, zero), BytesHigh(covers, zero)}) {
+            const Widest weights = Reorder(WeightsOf(lanes));
+            const auto [first, second] = LoadPair<Widest>(pixels);
+            StorePair<Widest>(pixels,
+                              {over(first, LanesLow(weights, weights)), over(second, LanesHigh(weights, weights))});
+            pixels += kPairBytes;
+        }
+    }
     ChangeRun(pixels, count, [&](auto d, const auto &at) { return over(d, at.Weights(cover)); });
 }
 
