@@ -7,6 +7,8 @@
 #else
 #include "common/png_file.h"
 #endif
+#include <fstream>
+
 #include "common/skin.h"
 
 namespace lacquer::examples {
@@ -31,6 +33,15 @@ inline std::vector<DWORD> PixelsOf(const Canvas &canvas) {
     std::vector<DWORD> result;
     for (int y = 0; y < pixels.Height(); ++y) result.insert(result.end(), pixels.Row(y).begin(), pixels.Row(y).end());
     return result;
+}
+
+/// Writes words, without their alpha, as a picture for who wants to look at it. Result: its name.
+inline std::string WritePicture(const std::string &name, int width, const std::vector<DWORD> &words) {
+    std::ofstream file(name + ".ppm", std::ios::binary);
+    file << "P6 " << width << ' ' << words.size() / static_cast<std::size_t>(width) << " 255\n";
+    for (const DWORD word : words)
+        file << static_cast<char>(word >> 16) << static_cast<char>(word >> 8) << static_cast<char>(word);
+    return name + ".ppm";
 }
 
 }  // namespace lacquer::examples
