@@ -1,8 +1,6 @@
 // Vector drawing on canvases: the state and its stack, pixels that move, pixels that others change, far coordinates,
 // and the few functions that no picture of the gallery shows.
 
-#include <thread>
-
 #include "scene.h"
 
 namespace lacquer {
@@ -127,17 +125,6 @@ TEST(VectorPixels, ChangedByOthersAreSeen) {
         }
         EXPECT_TRUE(Same(cleared, PixelsOn(canvas))) << "cleared again";
     }
-}
-
-TEST(VectorPixels, OfTwoCanvasesAreDrawnByTwoThreads) {
-    const OwnedCanvas first = PlainCanvas(), second = PlainCanvas();
-    const auto draw = [](HGCANVAS canvas) {
-        for (int i = 0; i < 50; ++i) EXPECT_EQ(1, DrawCircle(canvas, 12.5f, 11.25f, 9.5f));
-    };
-    std::thread other(draw, HGCANVAS(first));
-    draw(second);
-    other.join();
-    EXPECT_TRUE(Same(PixelsOn(first), PixelsOn(second)));
 }
 
 TEST(VectorInput, FarCoordinatesDrawNothingElsewhere) {
