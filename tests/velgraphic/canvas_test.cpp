@@ -8,14 +8,10 @@
 
 #include "painting.h"
 
-extern "C" DWORD PaintFromC(void);
-
 namespace lacquer {
 namespace {
 
 constexpr uint32_t kBlack = 0xFF000000, kGreen = 0xFF00FF00;
-
-TEST(VelCanvasTest, PaintsFromC) { EXPECT_EQ(0xFF336699u, PaintFromC()); }
 
 TEST(VelCanvasTest, RefusesBitmapsThatItCannotDrawOn) {
     alignas(8) uint32_t pixels[16] = {};

@@ -21,7 +21,7 @@ constexpr double kMaxPages = 200;
 #ifdef LACQUER_HEAP_OF_SANITIZER
 constexpr long kMaxKilobytes = 2'000'000;
 #else
-constexpr long kMaxKilobytes = 400'000;
+constexpr long kMaxKilobytes = 200'000;
 #endif
 
 /// Writes one of a family of animations by its seed.

@@ -152,7 +152,9 @@ TEST_F(VelLottieTest, LeavesPicturesOut) {
 }
 
 TEST_F(VelLottieTest, ReadsFiles) {
-    for (const char *missing : {"velgraphic_\xC3\xA4nimation.json", ".", "", "\xFF\xFE"}) {
+    EXPECT_EQ(nullptr, velLottieCreateFromData(nullptr, 10));
+    for (const char *missing :
+         {static_cast<const char *>(nullptr), "velgraphic_\xC3\xA4nimation.json", ".", "", "\xFF\xFE"}) {
         EXPECT_EQ(nullptr, velLottieCreateFromFile(missing));
     }
     // By way of its own bytes the name is another one on Windows, so this file's name is plain.
@@ -186,6 +188,8 @@ TEST_F(VelLottieTest, RefusesWhatIsNoAnimationOrWouldTakeForEver) {
         {"nested groups", AnimationOf(nested)},
         {"copies", AnimationOf(RedSquare() + repeated(100000))},
         {"copies of copies", AnimationOf(RedSquare() + repeated(300) + repeated(300))},
+        {"copies side by side",
+         AnimationOf(Group(RedSquare() + repeated(10000)) + "," + Group(RedSquare() + repeated(10000)))},
         {"nested copies", AnimationOf(Group(Group(RedSquare() + repeated(900)) + repeated(900)))},
         {"contains itself, spelt otherwise", Composition("", asset("a", "{'ty':0,'re\\u0066Id':'a','ks':{}}"))},
         {"contains itself", Composition(use("a"), asset("a", use("b")) + "," + asset("b", use("a")))},

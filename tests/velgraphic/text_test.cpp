@@ -276,25 +276,5 @@ TEST(VelTextTest, NoTextTakesLong) {
     }
 }
 
-TEST(VelTextTest, FontsAndGlyphsComeOutAsOnANewCanvas) {
-    // More faces than a canvas keeps, and glyphs that share places in a face's memory; also cut off at an edge.
-    Painting used(kSize, 32);
-    for (const char *family : {"DejaVu Sans", "DejaVu Serif", "DejaVu Sans Mono"}) {
-        for (const DWORD style : {0u, 1u, 2u, 3u}) {
-            for (const int glyph : {36, 36 + 256, 36 + 512, 127, 36}) {
-                const WORD word = static_cast<WORD>(glyph);
-                const velPointF origin{static_cast<float>(glyph % 50 - 4), 20};
-                Painting fresh(kSize, 32);
-                used.Fill(0);
-                for (const Painting *each : {&used, &fresh}) {
-                    SetFont(*each, 14, style, family);
-                    EXPECT_EQ(1, velCanvasDrawPosTextByGlyphs(*each, &word, 1, &origin));
-                }
-                EXPECT_EQ(fresh.Pixels(), used.Pixels()) << family << ' ' << style << ' ' << glyph;
-            }
-        }
-    }
-}
-
 }  // namespace
 }  // namespace lacquer
