@@ -13,13 +13,9 @@ Painting::Painting(int width, int height, uint32_t background)
     : width_(width),
       height_(height),
       pixels_(static_cast<size_t>(width) * static_cast<size_t>(height), background),
-      canvas_(velCanvasCreate()) {
-    velBitmap *bitmap = velBitmapCreateFromData(pixels_.data(), width, height, width * 4);
-    EXPECT_EQ(1, velCanvasSetBitmap(canvas_, bitmap));
-    EXPECT_EQ(1, velBitmapDestroy(bitmap));
+      canvas_(lq::VectorCanvas::Create()) {
+    EXPECT_TRUE(canvas_.DrawInto(pixels_.data(), width, height, width * 4));
 }
-
-Painting::~Painting() { velCanvasDestroy(canvas_); }
 
 void Painting::Fill(uint32_t pixel) { std::ranges::fill(pixels_, pixel); }
 
@@ -49,7 +45,7 @@ bool Painting::IsEmpty() const {
 
 velRectF Path::Bounds() const {
     velRectF bounds{};
-    EXPECT_EQ(1, velPathGetBounds(path_, &bounds));
+    EXPECT_EQ(1, velPathGetBounds(*this, &bounds));
     return bounds;
 }
 
