@@ -7,6 +7,7 @@
 #else
 #include "common/png_file.h"
 #endif
+#include <algorithm>
 #include <fstream>
 
 #include "common/skin.h"
@@ -26,6 +27,13 @@ inline Image ReadReference(const std::string &name) { return ReadPng(ReferencePa
 #endif
 
 inline Skin LoadSkin() { return Skin(ReadAsset); }
+
+/// Every pixel becomes a word that nothing is painted with: what has lost it afterwards was painted.
+constexpr DWORD kPoison = 0xFF01FE02;
+inline void FillWithPoison(const Canvas &canvas) {
+    const auto pixels = Locked(canvas);
+    for (int y = 0; y < pixels.Height(); ++y) std::ranges::fill(pixels.Row(y), kPoison);
+}
 
 /// All pixels of a canvas, row by row.
 inline std::vector<DWORD> PixelsOf(const Canvas &canvas) {

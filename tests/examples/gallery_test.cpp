@@ -50,9 +50,7 @@ int LargestDifference(DWORD a, DWORD b) {
 /// Whether there is a library that draws animations.
 bool HasAnimations() {
     constexpr std::string_view kNothing = R"({"v":"5.5.2","fr":30,"ip":0,"op":1,"w":8,"h":8,"layers":[]})";
-    velLottie *animation = velLottieCreateFromData(kNothing.data(), kNothing.size());
-    velLottieDestroy(animation);
-    return animation != nullptr;
+    return static_cast<bool>(Lottie::FromData(kNothing));
 }
 
 bool IsWriting() { return std::getenv("LACQUER_WRITE_DIGESTS") != nullptr; }

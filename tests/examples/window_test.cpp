@@ -152,17 +152,13 @@ protected:
         Inputs inputs;
         RECT limits = Box(0, 0, 600, 420);
     };
-    /// What a step paints shows by poison: what has lost it afterwards was painted.
+    /// What a step paints shows by poison.
     void ExpectChanges(const std::vector<Step> &steps) {
-        constexpr DWORD poison = 0xFF01FE02;
         for (const auto &[name, inputs, limits] : steps) {
-            {
-                const auto pixels = Locked(window->canvas());
-                for (LONG y = 0; y < pixels.Height(); ++y) std::ranges::fill(pixels.Row(y), poison);
-            }
+            FillWithPoison(window->canvas());
             Watch(name, [&, &sent = inputs] { Send(sent); });
             const std::vector<DWORD> painted = PixelsOf(window->canvas());
-            const RECT bounds = Difference(painted, std::vector<DWORD>(painted.size(), poison), scene.size().cx);
+            const RECT bounds = Difference(painted, std::vector<DWORD>(painted.size(), kPoison), scene.size().cx);
             EXPECT_TRUE(!IsEmpty(bounds) && bounds.left >= limits.left && bounds.top >= limits.top &&
                         bounds.right <= limits.right && bounds.bottom <= limits.bottom)
                 << name << " painted " << bounds.left << ", " << bounds.top << " to " << bounds.right << ", "

@@ -164,7 +164,7 @@ std::string Hostile::Write() {
 /// Loads and draws two frames. Result: whether any was drawn, for the process to end with.
 int Play(const std::string &json) {
     Painting painting(1024, 1024);
-    velLottie *const lottie = velLottieCreateFromData(json.data(), json.size());
+    const lq::Lottie lottie = lq::Lottie::FromData(json);
     int drawn = 0;
     for (const float frame : {0.0f, 5.0f}) drawn |= velLottieDraw(painting, lottie, frame, 0, 0, 1024, 1024);
     return drawn;
