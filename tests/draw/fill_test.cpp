@@ -1,4 +1,4 @@
-// Fills: premultiplying, the fills that do nothing, every rule of combining, clip and origins.
+// Fills: those that do nothing, every rule of combining, clip and origins.
 
 #include "rounds.h"
 
@@ -8,23 +8,6 @@ namespace {
 constexpr HGCANVAS kNoCanvas{};
 
 DWORD ModeWord(DWORD mode) { return mode << 24 | 0x00ABCDEF; }
-
-TEST(Fills, PremultiplyStraightColours) {
-    const std::pair<DWORD, DWORD> colours[] = {{0x80FF0000, 0x80800000},
-                                               {0xFF123456, 0xFF123456},
-                                               {0x00FFFFFF, 0x00000000},
-                                               {0x7F80FF01, 0x7F407F00},
-                                               {0xFEFF0180, 0xFEFE007F}};
-    const RECT whole{0, 0, 2, 2};
-    for (const auto &[straight, premultiplied] : colours) {
-        const OwnedCanvas copied(CreateCanvas(2, 2, kNoCanvas)), drawn(CreateCanvas(2, 2, kNoCanvas));
-        EXPECT_EQ(1, FillSolidRectEx(copied, straight, &whole, 0));
-        EXPECT_EQ(1, FillSolidRect(drawn, straight, &whole));
-        for (const OwnedCanvas *canvas : {&copied, &drawn}) {
-            EXPECT_EQ(std::vector<uint32_t>(4, premultiplied), PixelsIn(*canvas)) << std::hex << straight;
-        }
-    }
-}
 
 TEST(Fills, WithoutEffectSucceedOnAnyHandle) {
     struct Case {
@@ -61,24 +44,6 @@ TEST(Fills, FollowTheirFormulasInsideClipAndOrigins) {
         round.Expect(TestCanvas(CanvasKind::Memory, 1, 1, 0).Pixels(), {0, 0, 1, 1}, round.clip,
                      [&](uint32_t, uint32_t d) { return Filled(mode, colour, d); });
     });
-}
-
-TEST(Fills, GradientsOfOneColourAreSolid) {
-    const RECT part{2, 1, 7, 6};
-    const TestCanvas solid(CanvasKind::Memory, 8, 8, 5);
-    EXPECT_EQ(1, FillSolidRect(solid, 0x80FF8001, &part));
-    const auto expectSolid = [&](DWORD to, int direction) {
-        const TestCanvas canvas(CanvasKind::Memory, 8, 8, 5);
-        EXPECT_EQ(1, FillGradualRect(canvas, 0x80FF8001, to, &part, direction));
-        EXPECT_TRUE(Same(solid.Pixels(), canvas.Pixels())) << direction;
-    };
-    expectSolid(0x80FF8001, 1);
-    expectSolid(0x80FF8000, 2);  // equal once premultiplied
-    for (const int direction : {0, 3, -1}) expectSolid(0xFF000000, direction);
-    EXPECT_EQ(1, FillGradualRect(kNoCanvas, 0x00FFFFFF, 0x00123456, &part, 1)) << "both are transparent black";
-    for (const int direction : {0, 1}) {
-        EXPECT_EQ(0, FillGradualRect(kNoCanvas, 0xFFFFFFFF, 0xFF123456, &part, direction));
-    }
 }
 
 }  // namespace

@@ -35,17 +35,8 @@ int OwnedRegion::Kind() const {
     return GetRgnBox(handle_, &box);
 }
 
-void Picture::Fill(uint32_t value) const {
-    for (int i = 0; i < Width() * Height(); ++i) At(i, 0) = value;
-}
-
 void Picture::Number(uint32_t first) const {
     for (int i = 0; i < Width() * Height(); ++i) At(i, 0) = first + static_cast<uint32_t>(i);
-}
-
-std::vector<uint32_t> Picture::Words() const {
-    const auto *words = reinterpret_cast<const uint32_t *>(Bytes());
-    return std::vector<uint32_t>(words, words + Width() * Height());
 }
 
 HDC StaleDC() {

@@ -8,6 +8,7 @@
 
 #include "platform/platform.h"
 #include "support/memory_dc.h"
+#include "support/pixels.h"
 
 // For failure messages.
 bool operator==(const RECT &first, const RECT &second);
@@ -76,9 +77,9 @@ public:
     uint32_t &At(int x, int y) const { return reinterpret_cast<uint32_t *>(Bytes())[y * Width() + x]; }
 
     /// 32 bits per pixel: every pixel becomes `value`; or the words first, first + 1, ... in memory order.
-    void Fill(uint32_t value) const;
+    void Fill(uint32_t value) const { FillWith(view_, value); }
     void Number(uint32_t first = 0) const;
-    std::vector<uint32_t> Words() const;
+    std::vector<uint32_t> Words() const { return PixelsOf(view_); }
 
 private:
     const Dib dib_;

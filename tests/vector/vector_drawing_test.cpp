@@ -62,8 +62,8 @@ TEST(VectorState, BelongsToOneCanvasAndItsStackToTheCaller) {
     }
     for (int i = 0; i < 3; ++i) EXPECT_EQ(0, Restore(canvas)) << "as many as were saved";
     first.Draw(kRed);
-    velGradient *gradient = GradientCreateLinear(0, 0, 30, 0);
-    EXPECT_EQ(1, GradientAddColorStop(gradient, 0, kGreen));
+    velGradient *gradient = GradientCreateLinear(0, 0, 90, 0);
+    for (const uint32_t colour : {kGreen, kBlue}) EXPECT_EQ(1, GradientAddColorStop(gradient, 0.5f, colour));
     EXPECT_EQ(1, SetGradient(canvas, gradient));
     EXPECT_EQ(1, GradientDestroy(gradient));
     EXPECT_EQ(1, FillGradualRect(canvas, kRed, kBlue, &gradualRect, 2));
