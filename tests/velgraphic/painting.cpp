@@ -55,6 +55,26 @@ void UseGradient(velCanvas *canvas, velGradient *gradient, std::initializer_list
     EXPECT_EQ(1, velGradientDestroy(gradient));
 }
 
+int Differing(const Painting &a, const Painting &b, int tolerance, uint32_t mask) {
+    int count = 0;
+    for (size_t i = 0; i < a.Pixels().size(); ++i) {
+        int largest = 0;
+        for (int shift = 0; shift < 32; shift += 8) {
+            const auto channel = [&](const Painting &of) {
+                return static_cast<int>((of.Pixels()[i] & mask) >> shift & 255);
+            };
+            largest = std::max(largest, std::abs(channel(a) - channel(b)));
+        }
+        count += largest > tolerance;
+    }
+    return count;
+}
+
+void SetFont(velCanvas *canvas, const char *family, float size, DWORD style) {
+    ASSERT_TRUE(velCanvasSetFontFaceName(canvas, Utf16(family).data()) && velCanvasSetTextSize(canvas, size) &&
+                velCanvasSetFontStyle(canvas, style));
+}
+
 void ExpectBox(const Painting &painting, const RECT &expected) {
     const RECT box = painting.Box();
     EXPECT_EQ(std::tie(expected.left, expected.top, expected.right, expected.bottom),
@@ -88,8 +108,7 @@ double ProcessorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PE
 double SecondsOfAPage() {
     constexpr int kSide = 2000, kGlyphs = 20000, kFigures = 20;
     Painting page(kSide, kSide);
-    velCanvasSetFontFaceName(page, Utf16("DejaVu Sans").data());
-    velCanvasSetTextSize(page, 12);
+    SetFont(page, kSans, 12);
     std::vector<WORD> glyphs;
     std::vector<velPointF> places;
     for (int i = 0; i < kGlyphs; ++i) {

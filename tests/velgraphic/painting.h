@@ -46,6 +46,12 @@ struct Path : lq::Path {
 /// Sets a gradient and then gives it its stops; afterwards it is the canvas's alone.
 void UseGradient(velCanvas *canvas, velGradient *gradient, std::initializer_list<std::pair<float, DWORD>> stops);
 
+/// How many pixels differ by more than `tolerance` in one of the channels that `mask` has.
+int Differing(const Painting &a, const Painting &b, int tolerance, uint32_t mask = 0xFFFFFFFF);
+
+constexpr const char *kSans = "DejaVu Sans", *kSerif = "DejaVu Serif";
+void SetFont(velCanvas *canvas, const char *family, float size = 16, DWORD style = 0);
+
 /// What is drawn reaches to these edges.
 void ExpectBox(const Painting &painting, const RECT &expected);
 
