@@ -53,6 +53,20 @@ TEST(MixCanvas, MixesEveryChannelWithoutClipping) {
     });
 }
 
+TEST(MixCanvas, DrawsNothingFromWhatCannotBeLocked) {
+    const TestCanvas dest(CanvasKind::Memory, 40, 36, 1), source(CanvasKind::Memory, 25, 22, 2),
+        foreign(CanvasKind::FromDC, 25, 22, 4);
+    const Picture before = dest.Pixels();
+    const RECT part{3, 3, 20, 20}, away{40, 0, 50, 10};
+    for (const RECT &outside : {RECT{-1, 0, 10, 10}, RECT{0, 0, 26, 10}, RECT{9, 9, 2, 2}}) {
+        EXPECT_EQ(1, BlendCanvas(dest, &part, source, &outside, 255));
+        EXPECT_EQ(1, MixCanvas(dest, &part, source, &outside, 128));
+    }
+    EXPECT_EQ(1, BlendCanvas(dest, &away, source, &part, 255));
+    EXPECT_EQ(1, MixCanvas(dest, nullptr, foreign, nullptr, 77)) << "it has no whole to lock";
+    EXPECT_TRUE(Same(before, dest.Pixels()));
+}
+
 TEST(MixCanvasWithColor, AddsAColourThatIsWeightedAlready) {
     const RECT part{4, 3, 30, 33};
     for (const DWORD value : {0u, 1u, 128u, 255u, 0x180u, 0xFFFFFF00u}) {

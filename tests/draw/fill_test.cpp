@@ -46,5 +46,23 @@ TEST(Fills, FollowTheirFormulasInsideClipAndOrigins) {
     });
 }
 
+TEST(Fills, GradientsOfOneColourAreSolid) {
+    const RECT part{2, 1, 7, 6};
+    const TestCanvas solid(CanvasKind::Memory, 8, 8, 5);
+    EXPECT_EQ(1, FillSolidRect(solid, 0x80FF8001, &part));
+    const auto expectSolid = [&](DWORD to, int direction) {
+        const TestCanvas canvas(CanvasKind::Memory, 8, 8, 5);
+        EXPECT_EQ(1, FillGradualRect(canvas, 0x80FF8001, to, &part, direction));
+        EXPECT_TRUE(Same(solid.Pixels(), canvas.Pixels())) << direction;
+    };
+    expectSolid(0x80FF8001, 1);
+    expectSolid(0x80FF8000, 2);  // equal once premultiplied
+    for (const int direction : {0, 3, -1}) expectSolid(0xFF000000, direction);
+    EXPECT_EQ(1, FillGradualRect(kNoCanvas, 0x00FFFFFF, 0x00123456, &part, 1)) << "both are transparent black";
+    for (const int direction : {0, 1}) {
+        EXPECT_EQ(0, FillGradualRect(kNoCanvas, 0xFFFFFFFF, 0xFF123456, &part, direction));
+    }
+}
+
 }  // namespace
 }  // namespace lacquer

@@ -13,7 +13,7 @@ CpuFeatures FeaturesOf(unsigned bits) {
 }
 
 /// In how many kernels two tables differ: three for each row, by depth, and the single slots.
-long Differences(const KernelTable &a, const KernelTable &b) {
+std::ptrdiff_t Differences(const KernelTable &a, const KernelTable &b) {
     return std::count_if(AllKernels().begin(), AllKernels().end(),
                          [&](const Kernel &kernel) { return kernel.address(a) != kernel.address(b); });
 }

@@ -143,6 +143,14 @@ void ExpectBounds(const Path &path, float left, float top, float right, float bo
     for (int i = 0; i < 4; ++i) EXPECT_NEAR(expected[i], bounds[i], 1e-3f) << i;
 }
 
+TEST(VelPathTest, BoundsAreThoseOfTheCurvesThemselves) {
+    // Both extremes lie between its ends: at the roots of the derivative, (10 -+ sqrt(37)) / 21.
+    Path path;
+    EXPECT_TRUE(velPathMoveTo(path, 1, 0) && velPathBezierCurveTo(path, 1, -30, 1, 40, 1, 0));
+    const auto heightAt = [](double t) { return static_cast<float>(3 * t * (1 - t) * (-30 * (1 - t) + 40 * t)); };
+    ExpectBounds(path, 1, heightAt((10 - std::sqrt(37.0)) / 21), 1, heightAt((10 + std::sqrt(37.0)) / 21));
+}
+
 TEST(VelPathTest, OvalCurvesTakeTheArcThatTheFlagsName) {
     const struct {
         float radiusX, radiusY, rotation;
