@@ -197,6 +197,18 @@ TEST(CppTest, SkinsDrawAsTheCCallsDo) {
     EXPECT_FALSE(piece.Draw(lq::Canvas::Create(9, 9), dest)) << "without a sheet";
 }
 
+TEST(CppTest, BlursAreTheSameInEveryDrawMode) {
+    lq::Canvas over = lq::Canvas::Create(60, 8), copied = lq::Canvas::Create(60, 8);
+    over.SetDrawMode(LACQUER_DRAW_OVER);
+    for (lq::Canvas *canvas : {&over, &copied}) {
+        canvas->Fill({30, 0, 60, 8}, 0x80FFFFFF);
+        EXPECT_TRUE(lq::Blur(*canvas, 7));
+    }
+    EXPECT_EQ(PixelsOf(copied), PixelsOf(over));
+    DWORD filter = 0;
+    EXPECT_TRUE(GetCanvasFilter(over, &filter) && filter == static_cast<DWORD>(LACQUER_DRAW_OVER) << 24);
+}
+
 class CppTextTest : public testing::Test {
 protected:
     void SetUp() override { ASSERT_TRUE(canvas.SetFont(Units(u"DejaVu Sans").c_str(), 16)); }
