@@ -4,7 +4,6 @@
 #include <lacquer/image.hpp>
 
 #include <algorithm>
-#include <cstring>
 #include <filesystem>
 #include <iterator>
 #include <set>

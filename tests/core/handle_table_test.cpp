@@ -8,7 +8,6 @@
 #include <bit>
 #include <optional>
 #include <thread>
-#include <vector>
 
 namespace lacquer {
 namespace {

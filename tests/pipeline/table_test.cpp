@@ -1,4 +1,4 @@
-// The table as a whole: which tier replaces what.
+// The table as a whole: how much each tier replaces.
 
 #include <algorithm>
 
