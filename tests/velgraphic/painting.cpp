@@ -70,9 +70,10 @@ int Differing(const Painting &a, const Painting &b, int tolerance, uint32_t mask
     return count;
 }
 
+// The name comes last: it keeps the style and the size.
 void SetFont(velCanvas *canvas, const char *family, float size, DWORD style) {
-    ASSERT_TRUE(velCanvasSetFontFaceName(canvas, Utf16(family).data()) && velCanvasSetTextSize(canvas, size) &&
-                velCanvasSetFontStyle(canvas, style));
+    ASSERT_TRUE(velCanvasSetFontStyle(canvas, style) && velCanvasSetTextSize(canvas, size) &&
+                velCanvasSetFontFaceName(canvas, Utf16(family).data()));
 }
 
 void ExpectBox(const Painting &painting, const RECT &expected) {
