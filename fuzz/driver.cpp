@@ -8,6 +8,7 @@
 
 #include "children.h"
 #include "program.h"
+#include "tables.h"
 
 namespace fuzz {
 namespace {
@@ -18,12 +19,13 @@ constexpr const char *kUsage =
     "  --groups surfaces,vector,text,contexts,gdi   the calls that they are made of\n"
     "  --print      writes every call\n"
     "  --report     counts the calls of each function\n"
+    "  --tables     compares the kernel tables of different processors\n"
     "  --digests    writes a checksum after every call, to compare with another system's\n";
 
 struct Options {
     uint64_t seed = 1, first = 0, programs = UINT64_MAX;
     double seconds = 0;
-    bool print = false, report = false, digests = false;
+    bool print = false, report = false, tables = false, digests = false;
     std::vector<std::filesystem::path> files;
     Rules rules;
 };
@@ -49,16 +51,24 @@ Program ProgramAt(const Options &options, uint64_t index) {
 /// error stream.
 void RunOne(const Options &options, uint64_t index, const Program &program, Progress &progress) {
     LimitTime();
-    uint64_t number = 0;
-    RunProgram(program, options.rules, options.print ? &std::cout : nullptr, [&](const CallReport &call) {
-        auto &counts = progress.rows[&call.row - Calls().data()];
-        ++progress.calls;
-        ++counts.calls;
-        counts.done += call.done;
-        if (!options.digests) return;
-        std::cout << index << ' ' << number++ << ' ' << call.row.name << (call.done ? " done " : " refused ")
-                  << std::hex << call.results << ' ' << call.pixels << std::dec << '\n';
-    });
+    if (options.tables) {
+        for (unsigned group = 0; group < kTableGroups; ++group) {
+            if (!options.files.empty() || index % kTableGroups == group) {
+                progress.calls += CompareTables(group, program, options.rules);
+            }
+        }
+    } else {
+        uint64_t number = 0;
+        RunProgram(program, options.rules, options.print ? &std::cout : nullptr, [&](const CallReport &call) {
+            auto &counts = progress.rows[&call.row - Calls().data()];
+            ++progress.calls;
+            ++counts.calls;
+            counts.done += call.done;
+            if (!options.digests) return;
+            std::cout << index << ' ' << number++ << ' ' << call.row.name << (call.done ? " done " : " refused ")
+                      << std::hex << call.results << ' ' << call.pixels << std::dec << '\n';
+        });
+    }
 #ifndef _WIN32
     if (lseek(STDERR_FILENO, 0, SEEK_CUR) > 0) std::abort();
 #endif
@@ -102,6 +112,7 @@ int RunAll(const Options &options, uint64_t end, double until, Progress &progres
         ++failures;
         Options printing = options;
         printing.print = true;
+        printing.tables = false;
         const Program program = Reduced(options, ProgramAt(options, progress.program), progress);
         const std::string name = "failed-" + std::to_string(options.seed) + "-" + std::to_string(progress.program);
         WriteFile(name, program);
@@ -141,8 +152,10 @@ int Main(int count, char **arguments) {
         {"--programs", [&](const char *value) { options.programs = number(value); }},
         {"--seconds", [&](const char *value) { options.seconds = std::strtod(value, nullptr); }},
         {"--groups", [&](const char *value) { options.rules.groups = GroupsNamed(value); }}};
-    const std::map<std::string, bool *> switches = {
-        {"--print", &options.print}, {"--report", &options.report}, {"--digests", &options.digests}};
+    const std::map<std::string, bool *> switches = {{"--print", &options.print},
+                                                    {"--report", &options.report},
+                                                    {"--tables", &options.tables},
+                                                    {"--digests", &options.digests}};
     for (int i = 1; i < count; ++i) {
         const std::string argument = arguments[i];
         if (const auto setting = settings.find(argument); setting != settings.end()) {

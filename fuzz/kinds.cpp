@@ -61,7 +61,8 @@ DWORD ChooseWord(Call &call) { return call.choices.Seldom(64) ? call.choices.Wor
 
 DWORD ChooseKernelMode(Call &call) {
     constexpr DWORD kModes[] = {0, 0, 1, 1, 4, 4, 5, 5, 2, 3, 6, 0xFFFFFFFF};
-    return call.choices.OneOf(kModes);
+    const DWORD mode = call.choices.OneOf(kModes);
+    return call.world.rules.fineWeights || (mode != 4 && mode != 5) ? mode : 1;
 }
 
 DWORD ChooseModeWord(Call &call) {

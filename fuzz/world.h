@@ -89,6 +89,7 @@ inline DWORD Premultiplied(DWORD pixel) {
 /// What a program may do.
 struct Rules {
     bool comparable = false;  ///< only what has one right result: pixels are premultiplied, draws don't overlap
+    bool fineWeights = true;  ///< bicubic samplers are used
     bool plainGdi = false;    ///< GDI is called as its callers should, with numbers of a usual size
     unsigned groups = ~0u;    ///< of calls; see calls.h
 };
