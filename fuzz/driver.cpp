@@ -1,25 +1,14 @@
 // The seeded driver: runs programs, counts calls, and reduces a program that fails to the calls that it takes.
 
 #include <algorithm>
-#include <chrono>
-#include <cstdio>
-#include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <functional>
-#include <iostream>
 #include <iterator>
 #include <map>
-#include <string>
 
+#include "children.h"
 #include "program.h"
 #include "tables.h"
-#ifndef _WIN32
-#include <sys/mman.h>
-#include <sys/time.h>
-#include <sys/wait.h>
-#include <unistd.h>
-#endif
 
 namespace fuzz {
 namespace {
@@ -49,8 +38,6 @@ struct Progress {
     } rows[512];
 };
 
-double Now() { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); }
-
 Program ReadProgram(const std::filesystem::path &path) {
     std::ifstream file(path, std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
@@ -63,11 +50,7 @@ Program ProgramAt(const Options &options, uint64_t index) {
 /// Runs one program under the rules of the options. Ends the process when it takes too long or writes to the standard
 /// error stream.
 void RunOne(const Options &options, uint64_t index, const Program &program, Progress &progress) {
-#ifndef _WIN32
-    constexpr int kMaxSeconds = 20;
-    const itimerval limit{{0, 0}, {kMaxSeconds, 0}};
-    setitimer(ITIMER_VIRTUAL, &limit, nullptr);
-#endif
+    LimitTime();
     if (options.tables) {
         for (unsigned group = 0; group < kTableGroups; ++group) {
             if (!options.files.empty() || index % kTableGroups == group) {
@@ -99,28 +82,6 @@ void RunFrom(const Options &options, uint64_t end, double until, Progress &progr
     }
 }
 
-#ifndef _WIN32
-
-/// Runs `work` in a child. Result: whether the child ended as it should.
-template <class Work>
-bool Succeeds(bool quiet, Work work) {
-    std::cout.flush();
-    std::FILE *const errors = std::tmpfile();
-    const pid_t child = fork();
-    if (child == 0) {
-        dup2(fileno(errors), STDERR_FILENO);
-        work();
-        std::cout.flush();
-        std::exit(0);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    std::rewind(errors);
-    for (int next; !quiet && (next = std::fgetc(errors)) != EOF;) std::fputc(next, stderr);
-    std::fclose(errors);
-    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
-}
-
 /// Leaves calls out as long as the program fails still.
 Program Reduced(const Options &options, Program program, Progress &progress) {
     Options quiet = options;
@@ -146,7 +107,6 @@ Program Reduced(const Options &options, Program program, Progress &progress) {
 
 /// Runs everything in children, so that one failing program does not hide the next. Result: how many failed.
 int RunAll(const Options &options, uint64_t end, double until, Progress &progress) {
-    constexpr int kMaxFailures = 10;
     int failures = 0;
     while (failures < kMaxFailures && !Succeeds(false, [&] { RunFrom(options, end, until, progress); })) {
         ++failures;
@@ -155,33 +115,12 @@ int RunAll(const Options &options, uint64_t end, double until, Progress &progres
         printing.tables = false;
         const Program program = Reduced(options, ProgramAt(options, progress.program), progress);
         const std::string name = "failed-" + std::to_string(options.seed) + "-" + std::to_string(progress.program);
-        std::ofstream(name, std::ios::binary)
-            .write(reinterpret_cast<const char *>(program.data()), static_cast<std::streamsize>(program.size()));
+        WriteFile(name, program);
         std::cout << "program " << progress.program << " fails; " << name << " has what is left of it:" << std::endl;
         Succeeds(false, [&] { RunOne(printing, progress.program, program, progress); });
         ++progress.program;
     }
     return failures;
-}
-
-#else
-
-int RunAll(const Options &options, uint64_t end, double until, Progress &progress) {
-    RunFrom(options, end, until, progress);
-    return 0;
-}
-
-#endif
-
-/// In memory that children share.
-Progress &MakeProgress() {
-#ifdef _WIN32
-    static Progress progress{};
-    return progress;
-#else
-    void *memory = mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    return *new (memory) Progress{};
-#endif
 }
 
 void Report(const Options &options, const Progress &progress, double seconds) {
@@ -237,7 +176,7 @@ int Main(int count, char **arguments) {
     }
     if (options.digests) options.rules.comparable = options.rules.plainGdi = true;
     if (options.seconds == 0 && options.programs == UINT64_MAX) options.programs = 1000;
-    Progress &progress = MakeProgress();
+    Progress &progress = Shared<Progress>();
     const double start = Now();
     uint64_t end = options.files.size();
     if (options.files.empty()) {

@@ -60,10 +60,6 @@ struct Picture {
         for (uint32_t &pixel : pixels) pixel = static_cast<uint32_t>(NextRandom(state)) & 0xFF7F7F7F;
     }
     const BITMAPINFO *Info() const { return reinterpret_cast<const BITMAPINFO *>(&info); }
-    void Write(std::ostream &out) const {
-        out << "{" << info.header.biWidth << " x " << info.header.biHeight << ", " << info.header.biBitCount
-            << " bits, " << info.header.biClrUsed << " colours}";
-    }
     struct {
         BITMAPINFOHEADER header{};
         RGBQUAD colours[256];
@@ -89,7 +85,6 @@ struct Scans : Picture {
     std::tuple<UINT, UINT, const void *, const BITMAPINFO *, UINT> Value() const {
         return {first, count, pixels.data(), Info(), DIB_RGB_COLORS};
     }
-    void Write(std::ostream &out) const { Picture::Write(out << first << ", " << count << ", bits, "); }
     UINT first = 0, count = 0;
 };
 
@@ -107,7 +102,6 @@ struct RegionData {
     std::tuple<std::nullptr_t, DWORD, const RGNDATA *> Value() const {
         return {nullptr, static_cast<DWORD>(bytes.size()), reinterpret_cast<const RGNDATA *>(bytes.data())};
     }
-    void Write(std::ostream &out) const { WriteItems(out << bytes.size() << ", ", rects); }
     std::vector<RECT> rects;
     std::vector<char> bytes;
 };

@@ -1,25 +1,15 @@
 // Picture files that are damaged at random, and what loading them must keep to. The seeds are small files of every kind
 // and those of the folders that are named. The same arguments give the same files.
 
-#include <sys/mman.h>
-#include <sys/time.h>
-#include <sys/wait.h>
-#include <unistd.h>
 #include <lacquer/image.hpp>
 
 #include <algorithm>
-#include <chrono>
-#include <cstdio>
-#include <cstdlib>
-#include <cstring>
 #include <filesystem>
-#include <fstream>
 #include <iterator>
 #include <set>
 #include <span>
-#include <string>
-#include <vector>
 
+#include "children.h"
 #include "choices.h"
 #include "image/pictures.h"
 
@@ -29,7 +19,6 @@ namespace {
 using Bytes = std::vector<BYTE>;
 
 constexpr uint64_t kMaxBytes = 16 << 20;
-constexpr int kMaxSeconds = 20, kMaxFailures = 10;
 
 struct Options {
     uint64_t seed = 1, seconds = 3;
@@ -40,8 +29,6 @@ struct Options {
 struct Progress {
     uint64_t files, loaded, calls;
 };
-
-double Now() { return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count(); }
 
 void Expect(bool isKept, const char *rule) {
     if (isKept) return;
@@ -159,8 +146,7 @@ Bytes Damaged(const std::vector<Bytes> &seeds, uint64_t seed, uint64_t index, DW
 
 void RunFrom(const Options &options, const std::vector<Bytes> &seeds, double until, Progress &progress) {
     while (Now() < until) {
-        const itimerval limit{{0, 0}, {kMaxSeconds, 0}};
-        setitimer(ITIMER_VIRTUAL, &limit, nullptr);
+        LimitTime();
         DWORD flags = 0;
         const Bytes file = Damaged(seeds, options.seed, progress.files, flags);
         RunFile(file, flags, progress);
@@ -173,19 +159,11 @@ int RunAll(const Options &options, const std::vector<Bytes> &seeds, Progress &pr
     int failures = 0;
     for (; failures < kMaxFailures; ++failures) {
         std::fflush(stdout);
-        const pid_t child = fork();
-        if (child == 0) {
-            RunFrom(options, seeds, until, progress);
-            std::exit(0);
-        }
-        int status = 0;
-        waitpid(child, &status, 0);
-        if (WIFEXITED(status) && WEXITSTATUS(status) == 0) break;
+        if (Succeeds(false, [&] { RunFrom(options, seeds, until, progress); })) break;
         DWORD flags = 0;
         const Bytes file = Damaged(seeds, options.seed, progress.files, flags);
         const std::string name = "failed-image-" + std::to_string(options.seed) + "-" + std::to_string(progress.files);
-        std::ofstream(name, std::ios::binary)
-            .write(reinterpret_cast<const char *>(file.data()), static_cast<std::streamsize>(file.size()));
+        WriteFile(name, file);
         std::printf("%s has a file that fails with the flags %u\n", name.c_str(), static_cast<unsigned>(flags));
         ++progress.files;
     }
@@ -196,8 +174,7 @@ int Main(int count, char **arguments) {
     Options options;
     std::vector<Bytes> seeds;
     for (const lacquer::Picture &picture : lacquer::Pictures()) seeds.push_back(picture.file);
-    void *memory = mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
-    Progress &progress = *new (memory) Progress{};
+    Progress &progress = Shared<Progress>();
     const std::vector<std::string> words(arguments + 1, arguments + count);
     for (size_t i = 0; i < words.size(); ++i) {
         if (words[i] == "--whole") {

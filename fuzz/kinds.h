@@ -14,13 +14,6 @@ namespace fuzz {
 
 // ---- Numbers
 
-template <class Items>
-void WriteItems(std::ostream &out, const Items &items) {
-    out << '{';
-    for (const auto &item : items) WriteValue(out, item), out << ", ";
-    out << '}';
-}
-
 template <class Number, Number (*kChoose)(Call &)>
 struct Chosen {
     explicit Chosen(Call &call) : number(kChoose(call)) {}
@@ -250,16 +243,7 @@ struct List {
         for (Item &item : items) item = kChoose(call);
         count = call.choices.Seldom(4) && (isNull || items.empty()) ? -1 : static_cast<int>(items.size());
     }
-    const Item *Items() const { return isNull ? nullptr : items.data(); }
-    std::tuple<const Item *, int> Value() const { return {Items(), count}; }
-    void Write(std::ostream &out) const {
-        if (isNull) {
-            out << '0';
-        } else {
-            WriteItems(out, items);
-        }
-        out << ", " << count;
-    }
+    std::tuple<const Item *, int> Value() const { return {isNull ? nullptr : items.data(), count}; }
     bool isNull;
     std::vector<Item> items;
     int count = 0;

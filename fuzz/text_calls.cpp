@@ -44,10 +44,6 @@ struct Glyphs {
     std::tuple<const WORD *, int, const velPointF *> Value() const {
         return {how == 0 ? nullptr : glyphs.data(), count, how == 1 ? nullptr : positions.data()};
     }
-    void Write(std::ostream &out) const {
-        WriteItems(out, glyphs);
-        WriteItems(out << ", " << count << ", ", positions);
-    }
     int count, how = 0;
     std::vector<WORD> glyphs;
     std::vector<velPointF> positions;
@@ -64,10 +60,6 @@ struct Text {
     }
     std::tuple<const WCHAR *, int, WORD *, velPointF *> Value() {
         return {units.data(), static_cast<int>(units.size()), glyphs.data(), hasAdvances ? advances.data() : nullptr};
-    }
-    void Write(std::ostream &out) const {
-        WriteItems(out, units);
-        out << ", " << units.size() << ", glyphs, " << (hasAdvances ? "advances" : "0");
     }
     void After(Call &call) {
         if (call.done) call.digest.AddBytes(glyphs.data(), glyphs.size() * sizeof(WORD));
@@ -107,10 +99,6 @@ struct String {
                                                                                      : how < 48  ? length / 2
                                                                                                  : length};
     }
-    void Write(std::ostream &out) const {
-        WriteItems(out, std::vector<WCHAR>(units.begin(), units.end()));
-        out << ", " << std::get<1>(Value());
-    }
     std::u16string units;
     int how;
 };
@@ -122,7 +110,6 @@ struct Room {
     std::tuple<WORD *, velPointF *, int> Value() {
         return {how == 0 ? nullptr : glyphs, how == 1 ? nullptr : positions, how == 2 ? -1 : capacity};
     }
-    void Write(std::ostream &out) const { out << "glyphs, positions, " << capacity; }
     void After(Call &call) {
         if (call.done) call.digest.AddBytes(glyphs, sizeof glyphs);
     }
@@ -146,7 +133,6 @@ struct Animation {
         if (how == 255) json.resize(call.choices.Below(static_cast<uint32_t>(json.size())));
     }
     std::tuple<const char *, size_t> Value() const { return {json.data(), json.size()}; }
-    void Write(std::ostream &out) const { out << "R\"(" << json << ")\", " << json.size(); }
     std::string json;
 };
 

@@ -38,14 +38,6 @@ TEST_P(AliasTest, DeletingOneEmptiesTheCanvasForGood) {
     }
 }
 
-TEST_P(AliasTest, WhoseTextureTakesThePixelsLeavesTheCanvasEmpty) {
-    const OwnedCanvas canvas(Create());
-    const OwnedTexture taken(BitmapToTexture(GetBitmap(canvas)));
-    EXPECT_EQ(20u, PixelsIn(taken).size());
-    SurfaceView view{};
-    EXPECT_EQ(0, LockCanvasBits(canvas, &view, nullptr));
-}
-
 TEST(HandleEntryTest, TheTableNamesButNeverOwns) {
     const OwnedCanvas canvas(CreateCanvas(2, 2, {}));
     const HGBITMAP alias = GetBitmap(canvas);

@@ -7,8 +7,6 @@
 namespace lacquer {
 namespace {
 
-constexpr uint32_t kColours = 0xFFFFFF;
-
 using Point = Size;
 
 /// What `get` tells of a canvas or of a device context.
@@ -80,24 +78,6 @@ TEST_P(CanvasTest, OriginsAreExchanged) {
         EXPECT_EQ((Point{5, 6}), OriginOf(GetViewportOrgEx, dc));
         EXPECT_EQ((Point{9, -10}), OriginOf(GetWindowOrgEx, dc));
     }
-}
-
-TEST_P(CanvasTest, GdiAndTheLibraryDrawOnTheSamePixels) {
-    const OwnedCanvas canvas(Create(6, 6));
-    FillWithNoise(ViewOf(canvas), 5);
-    const std::vector<uint32_t> before = PixelsIn(canvas);
-    HDC dc = GetCanvasHandle(canvas);
-    ASSERT_NE(nullptr, dc);
-    EXPECT_EQ(dc, GetCanvasHandle(canvas));
-    EXPECT_EQ(before, PixelsIn(canvas)) << "the move into a DIB section keeps the pixels";
-    EXPECT_TRUE(PatBlt(dc, 1, 2, 3, 2, WHITENESS));
-    GdiFlush();
-    // What GDI makes of alpha is its own affair.
-    EXPECT_EQ(kColours, PixelAt(ViewOf(canvas), 3, 3) & kColours);
-    EXPECT_EQ(before[22], PixelAt(ViewOf(canvas), 4, 3));
-    const RECT place{4, 4, 6, 6};
-    EXPECT_EQ(1, FillSolidRect(canvas, 0xFF123456, &place));
-    EXPECT_EQ(0x563412u, GetPixel(dc, 5, 4));
 }
 
 TEST(CanvasParentTest, MayBeSharedOrItselfAndIsGoneUnderEveryHandleWhenItEnds) {

@@ -31,15 +31,6 @@ protected:
     SurfaceView view_{};
 };
 
-TEST_F(DcCanvasTest, HasNoSurface) {
-    EXPECT_EQ((Size{-7, -8}), SizeOf(canvas_)) << "it has none";
-    EXPECT_FALSE(GetBitmap(canvas_) || GetTexture(canvas_) || CanvasToBitmap(canvas_) || CanvasToTexture(canvas_));
-    EXPECT_TRUE(IsLive(canvas_));
-    EXPECT_EQ(0, SetCanvasFilter(canvas_, 5));
-    EXPECT_EQ(0u, FilterOf(canvas_));
-    EXPECT_EQ(static_cast<HDC>(dc_), GetCanvasHandle(canvas_));
-}
-
 /// A context, and a rectangle of it in device coordinates.
 struct Situation {
     WORD depth;

@@ -57,13 +57,9 @@ bool NothingCanBeMade() {
 
 bool NothingIsFound() {
     SurfaceView view{};
-    DWORD filter = 0;
     const bool found = LACQUER_CALL(LockBitmapBits)(alive.bitmap, &view, nullptr) != 0 ||
-                       LACQUER_CALL(GetTextureFilter)(alive.texture, &filter) != 0 ||
-                       LACQUER_CALL(GetCanvasParent)(alive.canvas) || LACQUER_CALL(GetBitmap)(alive.system) ||
-                       LACQUER_CALL(SetCanvasParent)(alive.system, alive.canvas) != 0 ||
+                       LACQUER_CALL(GetCanvasParent)(alive.canvas) || LACQUER_CALL(CanvasToBitmap)(alive.canvas) ||
                        LACQUER_CALL(DrawBitmap)(alive.canvas, &kRect, alive.bitmap, 0) != 0 ||
-                       LACQUER_CALL(CanvasToBitmap)(alive.canvas) || LACQUER_CALL(BitmapToTexture)(alive.bitmap) ||
                        LACQUER_CALL(e_DelHandleEntry)(nullptr, static_cast<DWORD>(alive.bitmap.value)) != 0;
     LACQUER_CALL(ReleaseBitmap)(alive.alias);
     LACQUER_CALL(ReleaseCanvas)(alive.parent);

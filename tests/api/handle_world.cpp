@@ -26,19 +26,14 @@ HandleWorld::HandleWorld() {
     entry_ = e_NewHandleEntry(nullptr, 9, &entry_);
     // Its pixels must outlive it.
     static DWORD pixels[16];
-    velBitmap *bitmap = velBitmapCreateFromData(pixels, 4, 4, 16);
-    velCanvasSetBitmap(companion_, bitmap);
-    velBitmapDestroy(bitmap);
-    velPathAddRectangle(path_, 0, 0, 2, 2);
+    companion_.DrawInto(pixels, 4, 4, 16);
+    path_.AddRectangle(0, 0, 2, 2);
 }
 
 HandleWorld::~HandleWorld() {
     ReleaseCanvas(canvasAlias_);
     ReleaseBitmap(bitmapAlias_);
     e_DelHandleEntry(nullptr, entry_);
-    velCanvasDestroy(companion_);
-    velPathDestroy(path_);
-    velGradientDestroy(gradient_);
 }
 
 uintptr_t HandleWorld::Valid(char letter, size_t argument) const {
@@ -49,9 +44,9 @@ uintptr_t HandleWorld::Valid(char letter, size_t argument) const {
         case 'p': return canvasAlias_.value;
         case 'a': return bitmapAlias_.value;
         case 'D': return reinterpret_cast<uintptr_t>(static_cast<HDC>(dc_));
-        case 'V': return reinterpret_cast<uintptr_t>(companion_);
-        case 'P': return reinterpret_cast<uintptr_t>(path_);
-        case 'G': return reinterpret_cast<uintptr_t>(gradient_);
+        case 'V': return reinterpret_cast<uintptr_t>(companion_.Handle());
+        case 'P': return reinterpret_cast<uintptr_t>(path_.Handle());
+        case 'G': return reinterpret_cast<uintptr_t>(gradient_.Handle());
         default: return entry_;
     }
 }

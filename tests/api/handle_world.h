@@ -1,6 +1,8 @@
 // Objects of every type, which calls are made with and which wrong handles must not touch, and the wrong handles.
 #pragma once
 
+#include <velgraphic/velgraphic.hpp>
+
 #include <array>
 #include <vector>
 
@@ -49,9 +51,9 @@ private:
     HGCANVAS canvasAlias_{};
     HGBITMAP bitmapAlias_{};
     DWORD entry_ = 0;
-    velCanvas *const companion_ = velCanvasCreate();
-    velPath *const path_ = velPathCreate();
-    velGradient *const gradient_ = velGradientCreateLinear(0, 0, 1, 1);
+    lq::VectorCanvas companion_ = lq::VectorCanvas::Create();
+    lq::Path path_ = lq::Path::Create();
+    const lq::Gradient gradient_ = lq::Gradient::Linear(0, 0, 1, 1);
 };
 
 }  // namespace lacquer

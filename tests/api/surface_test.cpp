@@ -44,7 +44,7 @@ bool HasKernel(DWORD depth) { return depth == 8 || depth == 24 || depth == 32; }
 template <class Functions>
 class SurfaceTest : public testing::Test {
 protected:
-    using Object = Owned<typename Functions::Handle, Functions::Delete>;
+    using Object = lq::Owner<typename Functions::Handle, Functions::Delete>;
     /// Products of textures are in memory always, those of bitmaps where the bitmap is.
     static constexpr bool kKeepsStorage = std::is_same_v<typename Functions::Handle, HGBITMAP>;
 
@@ -191,20 +191,6 @@ TYPED_TEST(SurfaceTest, CopiesOfEqualFormatsArePlainOthersConvertToWords) {
                 EXPECT_EQ(alike && destFormat.palette > 0 ? PaletteOf(sourceView) : palette, PaletteOf(destView));
                 EXPECT_EQ(alike || converts ? kFilter : kOtherFilter, FilterOf(dest));
             }
-        }
-    }
-}
-
-TYPED_TEST(SurfaceTest, CopiesWithinOneMayOverlap) {
-    for (const Format &format : {Format{8, 16}, Format{24}, Format{32}}) {
-        for (LONG i = 0; i < 9; ++i) {
-            const LONG dx = i % 3 - 1, dy = i / 3 - 1;
-            const auto object = TestFixture::Make(format, kWidth, kHeight, 3);
-            const std::vector<uint32_t> before = PixelsIn(object);
-            const RECT from{1, 1, kWidth - 1, kHeight - 1},
-                to{from.left + dx, from.top + dy, from.right + dx, from.bottom + dy};
-            EXPECT_EQ(1, TypeParam::Copy(object, &to, object, &from));
-            EXPECT_EQ(Placed(before, to, before, from), PixelsIn(object)) << dx << ' ' << dy;
         }
     }
 }

@@ -54,17 +54,6 @@ TEST_F(SliceTest, AnEmptyListKeepsTheOldIndex) {
     EXPECT_EQ((Size{-7, -8}), SizeOf(never)) << "an empty list is a list";
 }
 
-TEST_F(SliceTest, AnyRectanglesAreKeptAsACopy) {
-    std::vector<RECT> many(5000, {INT_MIN, INT_MIN, INT_MAX, INT_MAX});
-    many[4711] = {5, 6, 1, 2};
-    EXPECT_EQ(5000u, SetTextureSlice(texture_, 5000, many.data()));
-    many.assign(5000, {});
-    EXPECT_EQ((Size{INT_MAX, INT_MAX}), SizeOf(texture_));
-    EXPECT_EQ(4999, SetTextureCurSlice(texture_, 4711));
-    EXPECT_EQ(Rect(5, 6, 1, 2), SliceOf(texture_));
-    EXPECT_EQ((Size{-4, -4}), SizeOf(texture_));
-}
-
 TEST(TextureTest, KeepsItsLayoutRecordByteForByteAndItsProductsHaveNone) {
     const OwnedTexture texture = NoisyTexture(6, 4, 1);
     const RECT slice{0, 0, 2, 2};

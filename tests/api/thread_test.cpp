@@ -81,30 +81,6 @@ TEST(ThreadTest, EachPaintsItsOwnPicturesFromSharedSources) {
     });
 }
 
-TEST(ThreadTest, StormsOfObjectsLeaveTheTableInOrder) {
-    InThreads(kThreads, [](int thread) {
-        const auto seed = static_cast<uint32_t>(thread);
-        for (DWORD i = 0; i < 300; ++i) {
-            const OwnedCanvas child = NoisyCanvas(4 + i % 3, 4, seed);
-            const HGCANVAS parent = CreateCanvas(2 + i % 5, 3, child);
-            EXPECT_EQ(1, SetCanvasParent(child, parent));
-            const HGCANVAS alias = GetCanvasParent(child);
-            const HGBITMAP pixels = GetBitmap(alias), kept = GetBitmap(child);
-            EXPECT_EQ(ViewOf(parent).bits, ViewOf(pixels).bits);
-            EXPECT_EQ(PixelsIn(child), PixelsIn(kept));
-            if (i % 3 == 0) ReleaseCanvas(alias);
-            const HGBITMAP became = i % 2 == 0 ? CanvasToBitmap(parent) : HGBITMAP{};
-            if (i % 2 != 0) DeleteCanvas(parent);
-            EXPECT_FALSE(IsLive(parent) || IsLive(alias) || GetCanvasParent(child));
-            EXPECT_EQ(i % 2 == 0, IsLive(pixels));
-            const OwnedTexture texture(i % 2 == 0 ? BitmapToTexture(became) : CreateTexture(3, 3));
-            EXPECT_FALSE(IsLive(pixels));
-            EXPECT_TRUE(IsLive(kept) && IsLive(texture));
-            ReleaseBitmap(kept);
-        }
-    });
-}
-
 TEST(ThreadTest, NoHandleOfADeadParentIsEverGivenOutOrKept) {
     const OwnedCanvas child(CreateCanvas(2, 2, {})), other(CreateCanvas(2, 2, {}));
     HGCANVAS parent{}, given{};

@@ -8,13 +8,11 @@
 #include <bit>
 #include <optional>
 #include <thread>
-#include <vector>
 
 namespace lacquer {
 namespace {
 
 constexpr int kCanvas = 1, kBitmap = 2, kTexture = 3;
-constexpr uint32_t kUsableSlots = 32767;
 
 int objects[4];
 
@@ -55,32 +53,6 @@ TEST(HandleTableTest, ReusesTheSlotFreedLastThenTheLowestFreeOne) {
     EXPECT_EQ(0x02030002u, table.NewHandleEntry(kTexture, &objects[1]));
     EXPECT_EQ(0x02030005u, table.NewHandleEntry(kTexture, &objects[1]));
     EXPECT_EQ(0x01030007u, table.NewHandleEntry(kTexture, &objects[1]));
-}
-
-TEST(HandleTableTest, GenerationsWrapAfter256Frees) {
-    OpenTable table;
-    for (uint32_t i = 1; i < 260; ++i) {
-        const uint32_t handle = table.NewHandleEntry(kBitmap, &objects[0]);
-        EXPECT_EQ((i & 0xFF) << 24 | 0x20001, handle);
-        EXPECT_TRUE(table.DelHandleEntry(handle));
-        EXPECT_FALSE(table.DelHandleEntry(handle));
-    }
-}
-
-TEST(HandleTableTest, HoldsEveryUsableSlotAndNoMore) {
-    OpenTable table;
-    std::vector<uint32_t> handles;
-    while (const uint32_t handle = table.NewHandleEntry(kBitmap, &objects[0])) {
-        ASSERT_LT(handles.size(), kUsableSlots);
-        handles.push_back(handle);
-    }
-    ASSERT_EQ(kUsableSlots, handles.size());
-    EXPECT_EQ(0u, table.NewHandleEntry(kTexture, &objects[1]));
-    EXPECT_EQ(&objects[0], table.LookupHandleEntry(0x01020000 | kUsableSlots));
-    // The next free slot may lie below or above the hint.
-    for (const size_t i : {30000u, 7u, 15000u}) EXPECT_TRUE(table.DelHandleEntry(handles[i]));
-    for (const uint32_t index : {15001u, 8u, 30001u, 0u})
-        EXPECT_EQ(index, IndexOf(table.NewHandleEntry(kCanvas, &objects[2])));
 }
 
 TEST(HandleTableTest, RevokeFreesTheHandlesOfOneObjectWhicheverWereFreedBefore) {

@@ -1,4 +1,4 @@
-// Fills: premultiplying, the fills that do nothing, every rule of combining, clip and origins.
+// Fills: those that do nothing, every rule of combining, clip and origins.
 
 #include "rounds.h"
 
@@ -8,23 +8,6 @@ namespace {
 constexpr HGCANVAS kNoCanvas{};
 
 DWORD ModeWord(DWORD mode) { return mode << 24 | 0x00ABCDEF; }
-
-TEST(Fills, PremultiplyStraightColours) {
-    const std::pair<DWORD, DWORD> colours[] = {{0x80FF0000, 0x80800000},
-                                               {0xFF123456, 0xFF123456},
-                                               {0x00FFFFFF, 0x00000000},
-                                               {0x7F80FF01, 0x7F407F00},
-                                               {0xFEFF0180, 0xFEFE007F}};
-    const RECT whole{0, 0, 2, 2};
-    for (const auto &[straight, premultiplied] : colours) {
-        const OwnedCanvas copied(CreateCanvas(2, 2, kNoCanvas)), drawn(CreateCanvas(2, 2, kNoCanvas));
-        EXPECT_EQ(1, FillSolidRectEx(copied, straight, &whole, 0));
-        EXPECT_EQ(1, FillSolidRect(drawn, straight, &whole));
-        for (const OwnedCanvas *canvas : {&copied, &drawn}) {
-            EXPECT_EQ(std::vector<uint32_t>(4, premultiplied), PixelsIn(*canvas)) << std::hex << straight;
-        }
-    }
-}
 
 TEST(Fills, WithoutEffectSucceedOnAnyHandle) {
     struct Case {

@@ -93,15 +93,11 @@ TEST_F(SceneTest, ScrollingPaintsTheStripThatComesIntoSight) {
     EXPECT_EQ(std::ranges::count_if(PixelsOf(list.canvas()), isClear), 0);
 
     list.Place(layout, controls);
-    constexpr DWORD poison = 0xFF01FE02;
     list.Reveal(0);
-    {
-        const auto pixels = Locked(list.canvas());
-        for (LONG y = 0; y < pixels.Height(); ++y) std::ranges::fill(pixels.Row(y), poison);
-    }
+    FillWithPoison(list.canvas());
     EXPECT_TRUE(list.Scroll(2));
     const RECT rows = layout.Rows();
-    EXPECT_EQ(std::ranges::count(PixelsOf(list.canvas()), poison),
+    EXPECT_EQ(std::ranges::count(PixelsOf(list.canvas()), kPoison),
               (rows.right - rows.left) * (rows.bottom - rows.top - 2 * px(24)));
 }
 

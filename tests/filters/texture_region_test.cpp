@@ -3,17 +3,13 @@
 #include <algorithm>
 #include <ctime>
 #include <limits>
-#include <memory>
 
 #include "models.h"
 
 namespace lacquer {
 namespace {
 
-struct RegionDeleter {
-    void operator()(HRGN region) const { DeleteObject(region); }
-};
-using Region = std::unique_ptr<std::remove_pointer_t<HRGN>, RegionDeleter>;
+using Region = lq::Owner<HRGN, DeleteObject>;
 
 Region RegionOf(HGTEXTURE texture, const RECT *rect = nullptr) { return Region(CreateTextureRgn(texture, rect)); }
 
@@ -26,12 +22,12 @@ Region RegionOf(HGTEXTURE texture, const RECT *rect = nullptr) { return Region(C
         const Region row(CreateRectRgn(0, 0, 0, 0)), pixel(CreateRectRgn(0, 0, 0, 0));
         for (LONG x = 0; x < shown.width; ++x) {
             if (shown.At(x, y) == 0) continue;
-            SetRectRgn(pixel.get(), x, y, x + 1, y + 1);
-            CombineRgn(row.get(), row.get(), pixel.get(), RGN_OR);
+            SetRectRgn(pixel, x, y, x + 1, y + 1);
+            CombineRgn(row, row, pixel, RGN_OR);
         }
-        CombineRgn(expected.get(), expected.get(), row.get(), RGN_OR);
+        CombineRgn(expected, expected, row, RGN_OR);
     }
-    if (region && EqualRgn(region.get(), expected.get())) return ::testing::AssertionSuccess();
+    if (region && EqualRgn(region, expected)) return ::testing::AssertionSuccess();
     return ::testing::AssertionFailure() << shown.width << " x " << shown.height;
 }
 
@@ -113,16 +109,16 @@ TEST(TextureRegion, CostsLittleMoreThanItsRuns) {
 TEST(TextureRegion, IsRefusedElsewhere) {
     const OwnedTexture texture = OverTexture(Striped(10, 10, 2));
     const RECT empty{4, 4, 4, 6};
-    EXPECT_EQ(nullptr, RegionOf(texture, &empty));
+    EXPECT_FALSE(RegionOf(texture, &empty));
     for (const DWORD filter : {kOver, DWORD{0}}) {
         SetTextureFilter(texture, filter);
-        for (const RECT &rect : kOutside) EXPECT_EQ(nullptr, RegionOf(texture, &rect));
+        for (const RECT &rect : kOutside) EXPECT_FALSE(RegionOf(texture, &rect));
     }
-    EXPECT_NE(nullptr, RegionOf(texture, &empty)) << "of an opaque one it is empty";
+    EXPECT_TRUE(RegionOf(texture, &empty)) << "of an opaque one it is empty";
     for (const WORD bits : std::initializer_list<WORD>{4, 16, 48}) {
         const OwnedTexture other(CreateTextureEx(6, 6, bits, 0));
         SetTextureFilter(other, kOver);
-        EXPECT_EQ(nullptr, RegionOf(other)) << bits;
+        EXPECT_FALSE(RegionOf(other)) << bits;
     }
 }
 

@@ -13,8 +13,6 @@
 #include "pictures.h"
 #include "support/pixels.h"
 
-extern "C" int LoadFromC(void);
-
 namespace lacquer {
 namespace {
 
@@ -247,7 +245,7 @@ TEST(Image, CallsThatMakeNoSenseAreRefused) {
     EXPECT_EQ(9u, length);
     std::thread([] { EXPECT_EQ(LACQUER_IMAGE_DONE, ImageLastStatus()); }).join();
     EXPECT_EQ(LACQUER_IMAGE_BAD_ARGUMENT, ImageLastStatus());
-    EXPECT_EQ(1, LoadFromC());
+    EXPECT_TRUE(lq::LoadTexture(SpanOf(file)));
     EXPECT_STREQ("", ImageLastError());
 }
 

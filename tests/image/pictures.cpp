@@ -27,8 +27,9 @@ void AppendTo(png_structp png, png_bytep bytes, size_t count) {
     file.insert(file.end(), bytes, bytes + count);
 }
 
-/// `isKeyed`: with a transparent colour, that of the first pixel, or transparent entries of the palette.
-Picture Png(int type, int depth, bool isInterlaced, bool isKeyed) {
+/// `isKeyed`: with a transparent colour, that of the first pixel, or transparent entries of the palette. `isShort`: the
+/// largest index has no entry in the palette.
+Picture Png(int type, int depth, bool isInterlaced, bool isKeyed, bool isShort = false) {
     const bool isIndexed = type == PNG_COLOR_TYPE_PALETTE, hasColour = (type & PNG_COLOR_MASK_COLOR) != 0;
     const bool hasAlpha = (type & PNG_COLOR_MASK_ALPHA) != 0;
     const DWORD most = (1u << depth) - 1, colours = hasColour && !isIndexed ? 3 : 1, channels = colours + hasAlpha;
@@ -52,9 +53,12 @@ Picture Png(int type, int depth, bool isInterlaced, bool isKeyed) {
         palette[i] = {static_cast<png_byte>(word), static_cast<png_byte>(word >> 8), static_cast<png_byte>(word >> 16)};
         alphas[i] = static_cast<png_byte>(isKeyed && i % 3 == 0 ? word >> 24 : 255);
     }
-    if (isIndexed) png_set_PLTE(png, info, palette, static_cast<int>(most + 1));
-    png_color_16 key{};
     const auto sample = [&](DWORD i, DWORD channel) { return Deep(i, channel) >> (16 - depth); };
+    DWORD entries = isShort ? 0 : most + 1;
+    for (DWORD i = 0; i < kWidth * kHeight; ++i) entries = std::max<DWORD>(entries, sample(i, 0));
+    png_set_check_for_invalid_index(png, 0);
+    if (isIndexed) png_set_PLTE(png, info, palette, static_cast<int>(entries));
+    png_color_16 key{};
     key.red = key.gray = static_cast<png_uint_16>(sample(0, 0));
     key.green = static_cast<png_uint_16>(sample(0, 1));
     key.blue = static_cast<png_uint_16>(sample(0, 2));
@@ -291,21 +295,6 @@ Picture TurnedJpeg(DWORD orientation, bool isLittleEndian) {
     return picture;
 }
 
-Bytes PngBeyondItsPalette() {
-    Bytes file, row(4, 2);
-    png_structp png = png_create_write_struct(PNG_LIBPNG_VER_STRING, nullptr, nullptr, nullptr);
-    png_infop info = png_create_info_struct(png);
-    png_set_check_for_invalid_index(png, 0);
-    png_set_write_fn(png, &file, AppendTo, nullptr);
-    png_set_IHDR(png, info, 4, 1, 8, PNG_COLOR_TYPE_PALETTE, PNG_INTERLACE_NONE, PNG_COMPRESSION_TYPE_DEFAULT,
-                 PNG_FILTER_TYPE_DEFAULT);
-    const png_color palette[2]{};
-    png_set_PLTE(png, info, palette, 2);
-    png_write_info(png, info);
-    png_write_row(png, row.data());
-    png_write_end(png, info);
-    png_destroy_write_struct(&png, &info);
-    return file;
-}
+Bytes PngBeyondItsPalette() { return Png(PNG_COLOR_TYPE_PALETTE, 8, false, false, true).file; }
 
 }  // namespace lacquer

@@ -26,7 +26,7 @@ std::vector<Picture> Pictures();
 /// A JPEG of flat blocks whose Exif data, in either order of bytes, give an orientation.
 Picture TurnedJpeg(DWORD orientation, bool isLittleEndian);
 
-/// A PNG with a palette of two colours and pixels that index a third one.
+/// A PNG with pixels that index one colour more than its palette has.
 Bytes PngBeyondItsPalette();
 
 }  // namespace lacquer

@@ -6,7 +6,7 @@
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
-#include <velgraphic/velgraphic.h>
+#include <velgraphic/velgraphic.hpp>
 
 #include <cmath>
 #include <cstdio>
@@ -22,16 +22,14 @@ constexpr int kSide = 512;
 uint32_t pixels[kSide * kSide];
 
 int DrawPolygon(velCanvas *canvas) {
-    velPath *path = velPathCreate();
+    const lq::Path path = lq::Path::Create();
     bool isBuilt = path && velPathMoveTo(path, 500, 256);
     for (int i = 1; i < 300; ++i) {
         // Each point lies across from the one before.
         const float angle = static_cast<float>(i) * 2.9f;
         isBuilt = isBuilt && velPathLineTo(path, 256 + 244 * std::cos(angle), 256 + 244 * std::sin(angle));
     }
-    const int result = isBuilt && velPathClose(path) && velCanvasDrawPath(canvas, path);
-    velPathDestroy(path);
-    return result;
+    return isBuilt && velPathClose(path) && velCanvasDrawPath(canvas, path);
 }
 
 int DrawText(velCanvas *canvas) {
@@ -56,22 +54,19 @@ int DrawRun(velCanvas *canvas) {
 int DrawRunAgain(velCanvas *canvas) { return DrawRun(canvas); }
 
 int DrawGradient(velCanvas *canvas) {
-    velGradient *gradient = velGradientCreateRadial(256, 256, 200);
+    const lq::Gradient gradient = lq::Gradient::Radial(256, 256, 200);
     bool isBuilt = gradient && velCanvasSetGradient(canvas, gradient);
     for (DWORD i = 0; i <= 20; ++i) {
         isBuilt = isBuilt && velGradientAddColorStop(gradient, static_cast<float>(i) / 20, 0xFF000000 | i * 0x050A0B);
     }
-    velGradientDestroy(gradient);
     return isBuilt && velCanvasDrawCircle(canvas, 256, 256, 250);
 }
 
 const std::string richAnimation = RichAnimation();
 
 int DrawAnimation(velCanvas *canvas) {
-    velLottie *lottie = velLottieCreateFromData(richAnimation.data(), richAnimation.size());
-    const int result = lottie && velLottieDraw(canvas, lottie, 7, 0, 0, kSide, kSide);
-    velLottieDestroy(lottie);
-    return result;
+    const lq::Lottie lottie = lq::Lottie::FromData(richAnimation);
+    return lottie && velLottieDraw(canvas, lottie, 7, 0, 0, kSide, kSide);
 }
 
 const struct {
@@ -142,9 +137,8 @@ TEST(AddressSpaceTest, DrawingRefusesWithLittleLeft) {
     constexpr int kAmounts = 200, kMaxCrashes = 4;
     for (const auto &kind : kKinds) {
         if (kind.draw == DrawAnimation && !ExpectsAnimations()) continue;
-        velCanvas *canvas = velCanvasCreate();
-        velBitmap *bitmap = velBitmapCreateFromData(pixels, kSide, kSide, kSide * 4);
-        ASSERT_TRUE(velCanvasSetBitmap(canvas, bitmap) && velCanvasSetDrawStyle(canvas, kind.style) &&
+        lq::VectorCanvas canvas = lq::VectorCanvas::Create();
+        ASSERT_TRUE(canvas.DrawInto(pixels, kSide, kSide, kSide * 4) && velCanvasSetDrawStyle(canvas, kind.style) &&
                     velCanvasSetStrokeWidth(canvas, 9));
         if (kind.draw == DrawRunAgain) {
             velTextExtent extent{};
@@ -160,8 +154,6 @@ TEST(AddressSpaceTest, DrawingRefusesWithLittleLeft) {
         std::printf("%s: %d of %d crashed, %d were drawn\n", kind.name, crashed, kAmounts, drawn);
         EXPECT_LE(crashed, kMaxCrashes) << kind.name;
         EXPECT_GT(drawn, 0) << kind.name;
-        velBitmapDestroy(bitmap);
-        velCanvasDestroy(canvas);
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include "calls.h"
 
+#include <velgraphic/velgraphic.hpp>
+
 #include <string>
 
 #include "support/objects.h"
@@ -87,12 +89,8 @@ namespace {
 template <int (*use)(velCanvas *)>
 uint64_t OnVelCanvas(Arguments) {
     static DWORD pixels[32 * 32];
-    velCanvas *canvas = velCanvasCreate();
-    velBitmap *bitmap = velBitmapCreateFromData(pixels, 32, 32, 128);
-    const bool result = velCanvasSetBitmap(canvas, bitmap) && use(canvas);
-    velBitmapDestroy(bitmap);
-    velCanvasDestroy(canvas);
-    return result;
+    lq::VectorCanvas canvas = lq::VectorCanvas::Create();
+    return canvas.DrawInto(pixels, 32, 32, 128) && use(canvas);
 }
 
 int DrawText(velCanvas *canvas) {
@@ -109,11 +107,9 @@ int DrawText(velCanvas *canvas) {
 
 int DrawAnimation(velCanvas *canvas) {
     static const std::string json = RichAnimation();
-    velLottie *lottie = velLottieCreateFromData(json.data(), json.size());
+    const lq::Lottie lottie = lq::Lottie::FromData(json);
     velLottieInfo info{};
-    const int result = lottie && velLottieGetInfo(lottie, &info) && velLottieDraw(canvas, lottie, 7, 0, 0, 32, 32);
-    velLottieDestroy(lottie);
-    return result;
+    return lottie && velLottieGetInfo(lottie, &info) && velLottieDraw(canvas, lottie, 7, 0, 0, 32, 32);
 }
 
 /// A region of more runs than are gathered at once.

@@ -1,7 +1,6 @@
 // Making and describing the objects of the tests.
 #include "gdi_objects.h"
 
-#include <cstdlib>
 #include <cstring>
 
 bool operator==(const RECT &first, const RECT &second) {
@@ -36,40 +35,8 @@ int OwnedRegion::Kind() const {
     return GetRgnBox(handle_, &box);
 }
 
-HBITMAP NewSection(int width, int height, WORD bitsPerPixel, void **bits, const std::vector<RGBQUAD> &colours) {
-    struct {
-        BITMAPINFOHEADER header;
-        RGBQUAD colours[256];
-    } info{};
-    info.header = HeaderOf(width, height, bitsPerPixel).bmiHeader;
-    for (size_t i = 0; i < colours.size(); ++i) info.colours[i] = colours[i];
-    return CreateDIBSection(nullptr, reinterpret_cast<BITMAPINFO *>(&info), DIB_RGB_COLORS, bits, nullptr, 0);
-}
-
-Picture::Picture(int width, int height, WORD bitsPerPixel, const std::vector<RGBQUAD> &colours)
-    : width_(width), height_(std::abs(height)), isTopDown_(height < 0) {
-    void *bits = nullptr;
-    bitmap_ = NewSection(width, height, bitsPerPixel, &bits, colours);
-    bytes_ = static_cast<uint8_t *>(bits);
-    previous_ = SelectObject(dc_, bitmap_);
-}
-
-Picture::~Picture() {
-    SelectObject(dc_, previous_);
-    DeleteObject(bitmap_);
-}
-
-void Picture::Fill(uint32_t value) const {
-    for (int i = 0; i < width_ * height_; ++i) At(i, 0) = value;
-}
-
 void Picture::Number(uint32_t first) const {
-    for (int i = 0; i < width_ * height_; ++i) At(i, 0) = first + static_cast<uint32_t>(i);
-}
-
-std::vector<uint32_t> Picture::Words() const {
-    const auto *words = reinterpret_cast<const uint32_t *>(bytes_);
-    return std::vector<uint32_t>(words, words + width_ * height_);
+    for (int i = 0; i < Width() * Height(); ++i) At(i, 0) = first + static_cast<uint32_t>(i);
 }
 
 HDC StaleDC() {

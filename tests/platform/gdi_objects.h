@@ -1,13 +1,14 @@
 // GDI objects that clean up after a test.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <ostream>
 #include <utility>
 #include <vector>
 
 #include "platform/platform.h"
+#include "support/memory_dc.h"
+#include "support/pixels.h"
 
 // For failure messages.
 bool operator==(const RECT &first, const RECT &second);
@@ -53,11 +54,6 @@ private:
     HDC handle_;
 };
 
-/// The header of a DIB without a colour table.
-inline BITMAPINFO HeaderOf(LONG width, LONG height, WORD bitsPerPixel) {
-    return {{sizeof(BITMAPINFOHEADER), width, height, 1, bitsPerPixel, BI_RGB, 0, 0, 0, 0, 0}, {}};
-}
-
 /// What GetObjectW tells of a bitmap.
 inline BITMAP DescriptionOf(HGDIOBJ bitmap) {
     BITMAP description{};
@@ -65,42 +61,30 @@ inline BITMAP DescriptionOf(HGDIOBJ bitmap) {
     return description;
 }
 
-/// A DIB section; `height` is negative for a top-down one. Below 16 bits per pixel the colour table has the colours
-/// given, and black after them.
-HBITMAP NewSection(int width, int height, WORD bitsPerPixel, void **bits = nullptr,
-                   const std::vector<RGBQUAD> &colours = {});
-
 /// A memory device context with a DIB section selected into it.
 class Picture {
 public:
-    Picture(int width, int height, WORD bitsPerPixel = 32, const std::vector<RGBQUAD> &colours = {});
-    ~Picture();
-    Picture(const Picture &) = delete;
-    Picture &operator=(const Picture &) = delete;
+    Picture(int width, int height, WORD bitsPerPixel = 32, const std::vector<RGBQUAD> &colours = {})
+        : dib_(width, -height, bitsPerPixel, colours) {}
 
     operator HDC() const { return dc_; }
-    HBITMAP Bitmap() const { return bitmap_; }
-    uint8_t *Bytes() const { return bytes_; }
-    int Width() const { return width_; }
-    int Height() const { return height_; }
-    /// Where a pixel of the picture is in memory order.
-    size_t IndexOf(int x, int y) const { return static_cast<size_t>((isTopDown_ ? y : height_ - 1 - y) * width_ + x); }
+    HBITMAP Bitmap() const { return dib_.Handle(); }
+    uint8_t *Bytes() const { return static_cast<uint8_t *>(view_.bits); }
+    int Width() const { return view_.width; }
+    int Height() const { return view_.height; }
 
     /// A 32-bit pixel, y counted in memory order.
-    uint32_t &At(int x, int y) const { return reinterpret_cast<uint32_t *>(bytes_)[y * width_ + x]; }
+    uint32_t &At(int x, int y) const { return reinterpret_cast<uint32_t *>(Bytes())[y * Width() + x]; }
 
     /// 32 bits per pixel: every pixel becomes `value`; or the words first, first + 1, ... in memory order.
-    void Fill(uint32_t value) const;
+    void Fill(uint32_t value) const { FillWith(view_, value); }
     void Number(uint32_t first = 0) const;
-    std::vector<uint32_t> Words() const;
+    std::vector<uint32_t> Words() const { return PixelsOf(view_); }
 
 private:
-    OwnedDC dc_;
-    int width_, height_;
-    bool isTopDown_;
-    HBITMAP bitmap_;
-    HGDIOBJ previous_;
-    uint8_t *bytes_ = nullptr;
+    const Dib dib_;
+    const MemoryDC dc_{dib_.Handle()};
+    const SurfaceView view_ = dib_.View();
 };
 
 /// A handle that was valid once: its object is deleted.

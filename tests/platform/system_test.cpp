@@ -1,9 +1,8 @@
-// What the library uses of USER and the kernel: rectangles, MulDiv, critical sections, global memory.
+// What the library uses of USER and the kernel: rectangles, MulDiv, global memory.
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <string>
-#include <thread>
 
 #include "gdi_objects.h"
 #include "support/refusals.h"
@@ -65,25 +64,6 @@ TEST(Kernel, MulDivRoundsHalvesAwayFromZero) {
         EXPECT_EQ(MulDiv(number, numerator, denominator), result)
             << number << " x " << numerator << " / " << denominator;
     }
-}
-
-TEST(Kernel, CriticalSectionsAreRecursiveAndExclude) {
-    CRITICAL_SECTION section{};
-    InitializeCriticalSectionEx(&section, 0, CRITICAL_SECTION_NO_DEBUG_INFO);
-    int counter = 0;
-    const auto work = [&] {
-        for (int i = 0; i < 20000; ++i) {
-            EnterCriticalSection(&section);
-            EXPECT_NE(TryEnterCriticalSection(&section), FALSE);
-            ++counter;
-            LeaveCriticalSection(&section);
-            LeaveCriticalSection(&section);
-        }
-    };
-    std::thread other(work);
-    work();
-    other.join();
-    EXPECT_EQ(counter, 40000);
 }
 
 TEST(Kernel, GlobalMemoryGrowsAndKeepsItsContents) {

@@ -4,26 +4,23 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace lacquer {
 
-Dib::Dib(int width, int height, WORD bitsPerPixel) {
-    // With room for the colour table of an 8-bit bitmap, all black.
+HBITMAP NewSection(int width, int height, WORD bitsPerPixel, void **bits, const std::vector<RGBQUAD> &colours) {
     struct {
         BITMAPINFOHEADER header;
         RGBQUAD colours[256];
-    } info{};
-    info.header.biSize = sizeof(BITMAPINFOHEADER);
-    info.header.biWidth = width;
-    info.header.biHeight = -height;
-    info.header.biPlanes = 1;
-    info.header.biBitCount = bitsPerPixel;
-    info.header.biCompression = BI_RGB;
-    void *bits = nullptr;
-    handle_ = CreateDIBSection(nullptr, reinterpret_cast<const BITMAPINFO *>(&info), DIB_RGB_COLORS, &bits, nullptr, 0);
-    EXPECT_NE(nullptr, handle_);
+    } info{HeaderOf(width, height, bitsPerPixel).bmiHeader, {}};
+    std::copy(colours.begin(), colours.end(), info.colours);
+    return CreateDIBSection(nullptr, reinterpret_cast<BITMAPINFO *>(&info), DIB_RGB_COLORS, bits, nullptr, 0);
 }
 
-Dib::~Dib() { DeleteObject(handle_); }
+Dib::Dib(int width, int height, WORD bitsPerPixel, const std::vector<RGBQUAD> &colours)
+    : handle_(NewSection(width, -height, bitsPerPixel, nullptr, colours)) {
+    EXPECT_NE(nullptr, handle_);
+}
 
 SurfaceView Dib::View() const {
     SurfaceView view{};

@@ -6,13 +6,25 @@
 #include <lacquer/headless_gdi.h>
 #endif
 
+#include <vector>
+
 namespace lacquer {
+
+/// The header of a DIB without a colour table.
+inline BITMAPINFO HeaderOf(LONG width, LONG height, WORD bitsPerPixel) {
+    return {{sizeof(BITMAPINFOHEADER), width, height, 1, bitsPerPixel, BI_RGB, 0, 0, 0, 0, 0}, {}};
+}
+
+/// A DIB section, or null; `height` is negative for a top-down one. Below 16 bits per pixel the colour table has the
+/// colours given, and black after them.
+HBITMAP NewSection(int width, int height, WORD bitsPerPixel, void **bits = nullptr,
+                   const std::vector<RGBQUAD> &colours = {});
 
 /// A DIB section. Positive heights make it top-down, negative ones bottom-up.
 class Dib {
 public:
-    Dib(int width, int height, WORD bitsPerPixel = 32);
-    ~Dib();
+    Dib(int width, int height, WORD bitsPerPixel = 32, const std::vector<RGBQUAD> &colours = {});
+    ~Dib() { DeleteObject(handle_); }
     Dib(const Dib &) = delete;
     Dib &operator=(const Dib &) = delete;
 
@@ -22,7 +34,7 @@ public:
     SurfaceView View() const;
 
 private:
-    HBITMAP handle_ = nullptr;
+    const HBITMAP handle_;
 };
 
 /// A memory device context, with a bitmap selected that outlives it.

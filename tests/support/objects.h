@@ -7,29 +7,15 @@
 #include <lacquer/headless_gdi.h>
 #endif
 
-#include <utility>
+#include <velgraphic/owner.hpp>
 
 #include "support/pixels.h"
 
 namespace lacquer {
 
-/// An object that is deleted with its owner, through the handle it has then.
-template <class Handle, void (*Delete)(Handle)>
-class Owned {
-public:
-    explicit Owned(Handle handle) : handle_(handle) { EXPECT_TRUE(handle) << "no handle"; }
-    Owned(Owned &&other) noexcept : handle_(std::exchange(other.handle_, Handle{})) {}
-    ~Owned() { Delete(handle_); }
-
-    operator Handle() const { return handle_; }
-
-private:
-    Handle handle_;
-};
-
-using OwnedBitmap = Owned<HGBITMAP, DeleteBitmap>;
-using OwnedTexture = Owned<HGTEXTURE, DeleteTexture>;
-using OwnedCanvas = Owned<HGCANVAS, DeleteCanvas>;
+using OwnedBitmap = lq::Owner<HGBITMAP, DeleteBitmap>;
+using OwnedTexture = lq::Owner<HGTEXTURE, DeleteTexture>;
+using OwnedCanvas = lq::Owner<HGCANVAS, DeleteCanvas>;
 
 inline int LockAny(HGBITMAP handle, SurfaceView *out) { return LockBitmapBitsEx(handle, out, nullptr); }
 inline int LockAny(HGTEXTURE handle, SurfaceView *out) { return LockTextureBitsEx(handle, out, nullptr); }

@@ -8,14 +8,10 @@
 
 #include "painting.h"
 
-extern "C" DWORD PaintFromC(void);
-
 namespace lacquer {
 namespace {
 
-constexpr uint32_t kBlack = 0xFF000000, kGreen = 0xFF00FF00;
-
-TEST(VelCanvasTest, PaintsFromC) { EXPECT_EQ(0xFF336699u, PaintFromC()); }
+constexpr uint32_t kBlack = 0xFF000000;
 
 TEST(VelCanvasTest, RefusesBitmapsThatItCannotDrawOn) {
     alignas(8) uint32_t pixels[16] = {};
@@ -74,18 +70,14 @@ TEST(VelCanvasTest, RestoresEverythingSaved) {
           velCanvasTranslate(painting, 3, 4), velCanvasClipRect(painting, 0, 0, 2, 2)}) {
         EXPECT_EQ(1, result);
     }
-    const auto expectState = [&](DWORD mode, DWORD value, float width) {
-        EXPECT_EQ(std::tuple(mode, value, width),
-                  std::tuple(velCanvasGetBlendMode(painting), velCanvasGetBlendValue(painting),
-                             velCanvasGetStrokeWidth(painting)));
-    };
     for (int i = 0; i < 10000; ++i) ASSERT_EQ(1, velCanvasSave(painting));
     EXPECT_EQ(1, velCanvasSetBlendMode(painting, VEL_BLEND_PLUS));
     for (int i = 0; i < 10000; ++i) ASSERT_EQ(1, velCanvasRestore(painting));
-    expectState(VEL_BLEND_XOR, 7, 5);
+    EXPECT_EQ(std::tuple(DWORD{VEL_BLEND_XOR}, 7u, 5.0f),
+              std::tuple(velCanvasGetBlendMode(painting), velCanvasGetBlendValue(painting),
+                         velCanvasGetStrokeWidth(painting)));
     ASSERT_EQ(1, velCanvasRestore(painting));
     EXPECT_EQ(0, velCanvasRestore(painting));
-    expectState(VEL_BLEND_SOURCE_OVER, 255, 1);
     for (const Painting *each : {&painting, &fresh}) {
         EXPECT_EQ(1, velCanvasDrawEllipse(*each, 8, 8, 6, 3));
         EXPECT_EQ(1, velCanvasDrawLine(*each, 0, 15, 14, 3));
@@ -129,29 +121,6 @@ TEST(VelCanvasTest, AddsTranslationsUpWithoutLoss) {
     }
     EXPECT_EQ(kBlack, painting.At(3, 2));
     EXPECT_EQ(1.0, painting.Area());
-}
-
-/// Draws the whole painting with the gradient of the canvas.
-void Cover(const Painting &painting) {
-    EXPECT_EQ(1, velCanvasSetDrawStyle(painting, VEL_STYLE_GRADIENT_FILL));
-    EXPECT_EQ(1, velCanvasDrawRectangle(painting, -10, -10, 100, 100));
-}
-
-TEST(VelGradientTest, LivesAsLongAsAnyCanvasOrStateHasIt) {
-    Painting first(4, 4), second(4, 4);
-    velGradient *gradient = velGradientCreateLinear(0, 0, 4, 0);
-    for (int i = 0; i < 2; ++i) EXPECT_EQ(1, velCanvasSetGradient(first, gradient));
-    // They show in both although they come later. Of two stops in one place the later one goes on.
-    UseGradient(second, gradient, {{0, kBlack}, {0, kGreen}});
-    EXPECT_EQ(1, velCanvasSave(first));
-    UseGradient(first, velGradientCreateRadial(1, 1, 1), {});  // without stops: nothing
-    Cover(first);
-    EXPECT_TRUE(first.IsEmpty());
-    EXPECT_EQ(1, velCanvasRestore(first));
-    for (const Painting *painting : {&first, &second}) {
-        Cover(*painting);
-        EXPECT_EQ(kGreen, painting->At(2, 2));
-    }
 }
 
 TEST(VelGradientTest, RefusesWhatIsNoGradient) {

@@ -2,11 +2,10 @@
 // `compare_animations FOLDER [frames]`. Fails when less is accepted or alike than has to be.
 
 #include <rlottie.h>
-#include <velgraphic/velgraphic.h>
+#include <velgraphic/velgraphic.hpp>
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -28,7 +27,7 @@ std::string WithoutPictures(std::string json) {
 
 /// One size, frames in order, with one object of either library. Result: why the pixels are not the same, or nothing.
 std::string Difference(const std::string &json, const std::string &plain, int width, int height, size_t frames) {
-    velLottie *const lottie = velLottieCreateFromData(json.data(), json.size());
+    const lq::Lottie lottie = lq::Lottie::FromData(json);
     const auto direct = rlottie::Animation::loadFromData(plain, "", "", false);
     std::string difference;
     const size_t all = direct->totalFrame(), side = static_cast<size_t>(width);
@@ -36,19 +35,15 @@ std::string Difference(const std::string &json, const std::string &plain, int wi
         const size_t frame = all * i / frames;
         Pixels drawn(side * static_cast<size_t>(height)), expected(drawn.size());
         direct->renderSync(frame, {expected.data(), side, static_cast<size_t>(height), side * 4}, false);
-        velBitmap *const bitmap = velBitmapCreateFromData(drawn.data(), width, height, width * 4);
-        velCanvas *const canvas = velCanvasCreate();
-        velCanvasSetBitmap(canvas, bitmap);
+        lq::VectorCanvas canvas = lq::VectorCanvas::Create();
+        canvas.DrawInto(drawn.data(), width, height, width * 4);
         if (velLottieDraw(canvas, lottie, static_cast<float>(frame), 0, 0, static_cast<float>(width),
                           static_cast<float>(height)) != 1) {
             difference = "frame " + std::to_string(frame) + ": " + velLottieLastError();
         } else if (drawn != expected) {
             difference = "frame " + std::to_string(frame) + " differs";
         }
-        velCanvasDestroy(canvas);
-        velBitmapDestroy(bitmap);
     }
-    velLottieDestroy(lottie);
     return difference;
 }
 
@@ -68,8 +63,7 @@ int main(int argc, char **argv) {
         if (direct) direct->size(ownWidth, ownHeight);
         if (!direct || direct->totalFrame() == 0 || ownWidth == 0 || ownHeight == 0) continue;
         ++played;
-        velLottie *const lottie = velLottieCreateFromData(json.data(), json.size());
-        if (velLottieDestroy(lottie) == 0) {
+        if (!lq::Lottie::FromData(json)) {
             std::printf("%s: %s\n", name.c_str(), velLottieLastError());
             continue;
         }

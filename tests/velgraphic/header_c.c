@@ -1,4 +1,4 @@
-/* The public header alone in C11: layouts, and a call. */
+/* The public header alone in C11: layouts. tests/install has a whole program in C. */
 #include <velgraphic/velgraphic.h>
 
 _Static_assert(sizeof(velPointF) == 8 && sizeof(velRectF) == 16, "two and four floats");
@@ -8,17 +8,3 @@ _Static_assert(offsetof(velBitmapData, stride) == 8 && offsetof(velBitmapData, b
                "the layout of velBitmapData");
 _Static_assert(sizeof(velBitmapData) == 24, "the layout of velBitmapData");
 _Static_assert(sizeof(velLottieInfo) == 16 && offsetof(velLottieInfo, frameCount) == 8, "the layout of velLottieInfo");
-
-DWORD PaintFromC(void);
-
-/* Colours a bitmap of one pixel; result: the pixel. */
-DWORD PaintFromC(void) {
-    DWORD pixel = 0;
-    velCanvas *canvas = velCanvasCreate();
-    velBitmap *bitmap = velBitmapCreateFromData(&pixel, 1, 1, 4);
-    velCanvasSetBitmap(canvas, bitmap);
-    velBitmapDestroy(bitmap);
-    velCanvasDrawColor(canvas, 0xFF336699u);
-    velCanvasDestroy(canvas);
-    return pixel;
-}

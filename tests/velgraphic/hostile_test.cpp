@@ -21,7 +21,7 @@ constexpr double kMaxPages = 200;
 #ifdef LACQUER_HEAP_OF_SANITIZER
 constexpr long kMaxKilobytes = 2'000'000;
 #else
-constexpr long kMaxKilobytes = 400'000;
+constexpr long kMaxKilobytes = 200'000;
 #endif
 
 /// Writes one of a family of animations by its seed.
@@ -164,7 +164,7 @@ std::string Hostile::Write() {
 /// Loads and draws two frames. Result: whether any was drawn, for the process to end with.
 int Play(const std::string &json) {
     Painting painting(1024, 1024);
-    velLottie *const lottie = velLottieCreateFromData(json.data(), json.size());
+    const lq::Lottie lottie = lq::Lottie::FromData(json);
     int drawn = 0;
     for (const float frame : {0.0f, 5.0f}) drawn |= velLottieDraw(painting, lottie, frame, 0, 0, 1024, 1024);
     return drawn;

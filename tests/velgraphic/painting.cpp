@@ -13,13 +13,9 @@ Painting::Painting(int width, int height, uint32_t background)
     : width_(width),
       height_(height),
       pixels_(static_cast<size_t>(width) * static_cast<size_t>(height), background),
-      canvas_(velCanvasCreate()) {
-    velBitmap *bitmap = velBitmapCreateFromData(pixels_.data(), width, height, width * 4);
-    EXPECT_EQ(1, velCanvasSetBitmap(canvas_, bitmap));
-    EXPECT_EQ(1, velBitmapDestroy(bitmap));
+      canvas_(lq::VectorCanvas::Create()) {
+    EXPECT_TRUE(canvas_.DrawInto(pixels_.data(), width, height, width * 4));
 }
-
-Painting::~Painting() { velCanvasDestroy(canvas_); }
 
 void Painting::Fill(uint32_t pixel) { std::ranges::fill(pixels_, pixel); }
 
@@ -49,7 +45,7 @@ bool Painting::IsEmpty() const {
 
 velRectF Path::Bounds() const {
     velRectF bounds{};
-    EXPECT_EQ(1, velPathGetBounds(path_, &bounds));
+    EXPECT_EQ(1, velPathGetBounds(*this, &bounds));
     return bounds;
 }
 
@@ -57,6 +53,27 @@ void UseGradient(velCanvas *canvas, velGradient *gradient, std::initializer_list
     EXPECT_EQ(1, velCanvasSetGradient(canvas, gradient));
     for (const auto &[offset, colour] : stops) EXPECT_EQ(1, velGradientAddColorStop(gradient, offset, colour));
     EXPECT_EQ(1, velGradientDestroy(gradient));
+}
+
+int Differing(const Painting &a, const Painting &b, int tolerance, uint32_t mask) {
+    int count = 0;
+    for (size_t i = 0; i < a.Pixels().size(); ++i) {
+        int largest = 0;
+        for (int shift = 0; shift < 32; shift += 8) {
+            const auto channel = [&](const Painting &of) {
+                return static_cast<int>((of.Pixels()[i] & mask) >> shift & 255);
+            };
+            largest = std::max(largest, std::abs(channel(a) - channel(b)));
+        }
+        count += largest > tolerance;
+    }
+    return count;
+}
+
+// The name comes last: it keeps the style and the size.
+void SetFont(velCanvas *canvas, const char *family, float size, DWORD style) {
+    ASSERT_TRUE(velCanvasSetFontStyle(canvas, style) && velCanvasSetTextSize(canvas, size) &&
+                velCanvasSetFontFaceName(canvas, Utf16(family).data()));
 }
 
 void ExpectBox(const Painting &painting, const RECT &expected) {
@@ -92,8 +109,7 @@ double ProcessorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PE
 double SecondsOfAPage() {
     constexpr int kSide = 2000, kGlyphs = 20000, kFigures = 20;
     Painting page(kSide, kSide);
-    velCanvasSetFontFaceName(page, Utf16("DejaVu Sans").data());
-    velCanvasSetTextSize(page, 12);
+    SetFont(page, kSans, 12);
     std::vector<WORD> glyphs;
     std::vector<velPointF> places;
     for (int i = 0; i < kGlyphs; ++i) {

@@ -1,7 +1,7 @@
 // A companion canvas over pixels of the test's own, and what is found on them.
 #pragma once
 
-#include <velgraphic/velgraphic.h>
+#include <velgraphic/velgraphic.hpp>
 
 #include <cstdint>
 #include <functional>
@@ -16,9 +16,6 @@ namespace lacquer {
 class Painting {
 public:
     explicit Painting(int width = 32, int height = 32, uint32_t background = 0);
-    ~Painting();
-    Painting(const Painting &) = delete;
-    Painting &operator=(const Painting &) = delete;
 
     operator velCanvas *() const { return canvas_; }
     int Width() const { return width_; }
@@ -37,22 +34,23 @@ public:
 private:
     int width_, height_;
     std::vector<uint32_t> pixels_;
-    velCanvas *canvas_;
+    lq::VectorCanvas canvas_;
 };
 
 /// A path, destroyed with the object.
-class Path {
-public:
-    ~Path() { velPathDestroy(path_); }
-    operator velPath *() const { return path_; }
+struct Path : lq::Path {
+    Path() : lq::Path(lq::Path::Create()) {}
     velRectF Bounds() const;
-
-private:
-    velPath *path_ = velPathCreate();
 };
 
 /// Sets a gradient and then gives it its stops; afterwards it is the canvas's alone.
 void UseGradient(velCanvas *canvas, velGradient *gradient, std::initializer_list<std::pair<float, DWORD>> stops);
+
+/// How many pixels differ by more than `tolerance` in one of the channels that `mask` has.
+int Differing(const Painting &a, const Painting &b, int tolerance, uint32_t mask = 0xFFFFFFFF);
+
+constexpr const char *kSans = "DejaVu Sans", *kSerif = "DejaVu Serif";
+void SetFont(velCanvas *canvas, const char *family, float size = 16, DWORD style = 0);
 
 /// What is drawn reaches to these edges.
 void ExpectBox(const Painting &painting, const RECT &expected);

@@ -24,14 +24,7 @@ namespace {
 
 using Text = std::u16string;
 
-constexpr const char *kSans = "DejaVu Sans", *kSerif = "DejaVu Serif";
-
 const WCHAR *Units(const Text &text) { return reinterpret_cast<const WCHAR *>(text.c_str()); }
-
-void SetFont(velCanvas *canvas, const char *family, float size = 16, DWORD style = 0) {
-    ASSERT_TRUE(velCanvasSetFontFaceName(canvas, Utf16(family).data()) && velCanvasSetTextSize(canvas, size) &&
-                velCanvasSetFontStyle(canvas, style));
-}
 
 struct Shaped {
     std::vector<WORD> glyphs;
