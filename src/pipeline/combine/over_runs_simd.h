@@ -5,8 +5,6 @@
 
 #include "pipeline/combine/rules_simd.h"
 #include "pipeline/combine/run_simd.h"
-#include "pipeline/memory/limits.h"
-#include "pipeline/memory/runs.h"
 
 namespace lacquer::LACQUER_TIER {
 
@@ -15,12 +13,7 @@ namespace lacquer::LACQUER_TIER {
 struct OverRuns : PerRegister<OverRule> {
     using PerRegister::PerRegister;
 
-    /// A source that comes from further away than the second-level cache is not worth looking at: all that follows
-    /// would wait for it.
-    static bool Pays(const Runs &source) {
-        return source.length >= kMixed &&
-               2 * source.length * source.count * kPixelBytes <= memoryLimits.secondLevelBytes;
-    }
+    using Plain = PerRegister<OverRule>;
 
     void Run(BYTE *dest, const BYTE *source, ptrdiff_t count) const {
         while (count >= kMixed) {

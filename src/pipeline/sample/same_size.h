@@ -15,10 +15,10 @@ struct BaseRuns {
     }
     static constexpr auto Copy = CopyRows;
 
-    /// Calls walk(rule) with the form in which a walk over 32-bit pixels knows its rule.
-    template <class Combine, class Walk>
-    static void WithRule(const Combine &combine, const Runs & /*source*/, const Walk &walk) {
-        walk(RunRef(combine));
+    /// How a walk over 32-bit pixels knows its rule.
+    template <class Combine>
+    static RunRef Known(const Combine &combine) {
+        return RunRef(combine);
     }
 };
 
@@ -76,14 +76,28 @@ struct SameSize {
         } else if constexpr (!Fetch::kIsWords) {
             DrawTiles<Fetch>(dest, source, area, RunRef(combine));
         } else {
-            SourceRuns::WithRule(combine, runs, [&](const auto &rule) {
-                if (Lookahead::Pays(runs)) return DrawTiles<Fetch>(dest, source, area, rule);
-                for (ptrdiff_t y = 0; y < runs.count; ++y) rule.Run(RowOf(dest, y), RowOf(source, y), runs.length);
-            });
+            if constexpr (requires { typename Combine::Plain; }) {
+                if (!IsWorthLooking(runs)) return Walk<typename Combine::Plain>(dest, source, area, runs, combine);
+            }
+            Walk<Combine>(dest, source, area, runs, combine);
         }
     }
 
 private:
+    /// Whether a rule that looks at its source gains by it. Short runs leave no time for it, and all that follows would
+    /// wait for a source from further away than the second-level cache.
+    static bool IsWorthLooking(const Runs &runs) {
+        return runs.length >= 64 && 2 * runs.length * runs.count * kPixelBytes <= memoryLimits.secondLevelBytes;
+    }
+
+    template <class Rule>
+    static void Walk(const SurfaceView &dest, const SurfaceView &source, const DrawArea &area, const Runs &runs,
+                     const Rule &rule) {
+        const auto &known = SourceRuns::Known(rule);
+        if (Lookahead::Pays(runs)) return DrawTiles<Fetch>(dest, source, area, known);
+        for (ptrdiff_t y = 0; y < runs.count; ++y) known.Run(RowOf(dest, y), RowOf(source, y), runs.length);
+    }
+
     static void Copy(const SurfaceView &dest, const SurfaceView &source, const Runs &runs) {
         if constexpr (Fetch::kIsWords) {
             SourceRuns::Copy(dest, source, runs.length * kPixelBytes, runs.count);

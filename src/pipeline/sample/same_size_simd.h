@@ -1,7 +1,6 @@
 // Sampling 1:1 in the faster tiers.
 #pragma once
 
-#include "pipeline/combine/over_runs_simd.h"
 #include "pipeline/memory/copy_rows_simd.h"
 #include "pipeline/pixel/source_pixels_simd.h"
 #include "pipeline/sample/same_size.h"
@@ -16,13 +15,9 @@ struct SourceRuns {
     static constexpr auto Copy = CopyRows;
 
     /// By its type: for the many short rows of a small draw it is not even a call.
-    template <class Combine, class Walk>
-    static void WithRule(const Combine &combine, const Runs & /*source*/, const Walk &walk) {
-        walk(combine);
-    }
-    template <class Walk>
-    static void WithRule(const OverRuns &combine, const Runs &source, const Walk &walk) {
-        OverRuns::Pays(source) ? walk(combine) : walk(static_cast<const PerRegister<OverRule> &>(combine));
+    template <class Combine>
+    static const Combine &Known(const Combine &combine) {
+        return combine;
     }
 };
 

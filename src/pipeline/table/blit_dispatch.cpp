@@ -81,6 +81,27 @@ std::optional<DWORD> OneColourOf(const SurfaceView &dest, const SurfaceView &sou
     return colour;
 }
 
+/// A filtered stretch of pixels with alpha has no key: it is drawn over.
+bool HasKey(bool sameSize, const SurfaceView &source, DWORD kernelMode) {
+    return sameSize || source.bitsPerPixel == 24 || kernelMode == LACQUER_NEAREST;
+}
+
+/// Fills where the stretched source is of one colour. Result: whether it is, and its mode has a fill.
+bool FillsWithOneColour(const SurfaceView &dest, const SurfaceView &source, DWORD modeWord, BYTE alpha,
+                        const RowArguments &arguments) {
+    const DWORD mode = DrawModeOf(modeWord);
+    const bool asksForKey = mode == LACQUER_DRAW_COLOR_KEY && alpha == 255;
+    if (mode == LACQUER_DRAW_BEHIND || mode == LACQUER_DRAW_MODULATE) return false;
+    if (asksForKey && HasKey(false, source, arguments.kernelMode)) return false;
+    const auto colour = OneColourOf(dest, source, arguments);
+    if (!colour) return false;
+    const bool copies = alpha == 255 && mode != LACQUER_DRAW_OVER && !asksForKey;
+    if (alpha > 0) {
+        FillView(&dest, Scale(*colour, alpha + 1u), ModeWord(copies ? LACQUER_DRAW_COPY : LACQUER_DRAW_OVER));
+    }
+    return true;
+}
+
 int Draw(const Rows &rows, bool sameSize, const SurfaceView &dest, const SurfaceView &source, DWORD modeWord,
          BYTE alpha, RowArguments arguments) {
     const auto call = [&](const RowChoice &choice) {
@@ -91,20 +112,13 @@ int Draw(const Rows &rows, bool sameSize, const SurfaceView &dest, const Surface
     if (mode == LACQUER_DRAW_BEHIND) return call(rows.behind);
     if (mode == LACQUER_DRAW_MODULATE) return call(rows.modulate);
     if (alpha == 0) return 1;
-    // A filtered stretch of pixels with alpha has no key: it is drawn over.
-    const bool hasKey = sameSize || source.bitsPerPixel == 24 || arguments.kernelMode == LACQUER_NEAREST;
-    const bool isKeyed = mode == LACQUER_DRAW_COLOR_KEY && hasKey && alpha == 255;
-    if (const auto colour = sameSize || isKeyed ? std::nullopt : OneColourOf(dest, source, arguments)) {
-        const bool copies = alpha == 255 && mode != LACQUER_DRAW_OVER && mode != LACQUER_DRAW_COLOR_KEY;
-        return FillView(&dest, Scale(*colour, alpha + 1u), ModeWord(copies ? LACQUER_DRAW_COPY : LACQUER_DRAW_OVER));
-    }
     if (alpha < 255) {
         arguments.parameter = alpha;
         return call(rows.constAlpha);
     }
     if (mode == LACQUER_DRAW_OVER) return call(rows.over);
     if (mode == LACQUER_DRAW_COLOR_KEY) {
-        if (!isKeyed) return call(rows.over);
+        if (!HasKey(sameSize, source, arguments.kernelMode)) return call(rows.over);
         arguments.parameter = KeyWord(source, modeWord);
         return call(rows.colorKey);
     }
@@ -116,7 +130,9 @@ int Draw(const Rows &rows, bool sameSize, const SurfaceView &dest, const Surface
 int BlitSameRect(const SurfaceView *dest, const SurfaceView *source, DWORD modeWord, DWORD kernelMode, BYTE alpha) {
     if (!dest || !source) return 0;
     const bool sameSize = source->width == dest->width && source->height == dest->height;
-    return Draw(kWholeRows, sameSize, *dest, *source, modeWord, alpha, {.kernelMode = kernelMode});
+    const RowArguments arguments = {.kernelMode = kernelMode};
+    if (!sameSize && FillsWithOneColour(*dest, *source, modeWord, alpha, arguments)) return 1;
+    return Draw(kWholeRows, sameSize, *dest, *source, modeWord, alpha, arguments);
 }
 
 int BlitSubRect(const SurfaceView *dest, const SurfaceView *source, SIZE fullSize, POINT visibleOffset, DWORD modeWord,
@@ -124,6 +140,7 @@ int BlitSubRect(const SurfaceView *dest, const SurfaceView *source, SIZE fullSiz
     if (!dest || !source) return 0;
     const RowArguments arguments = {.kernelMode = kernelMode, .fullSize = fullSize, .visibleOffset = visibleOffset};
     if (source->width != fullSize.cx || source->height != fullSize.cy) {
+        if (FillsWithOneColour(*dest, *source, modeWord, alpha, arguments)) return 1;
         return Draw(kPartRows, false, *dest, *source, modeWord, alpha, arguments);
     }
     if (!CanDraw(*dest, *source, source->bitsPerPixel, {fullSize, visibleOffset})) return 1;
