@@ -7,6 +7,7 @@
 #include <atomic>
 #include <cstdlib>
 #include <exception>
+#include <mutex>
 #include <new>
 #include <string>
 #include <thread>
@@ -59,7 +60,10 @@ std::string WithoutDashes(std::string json, const CheckedAnimation &checked) {
 /// when they end serves the next threads.
 bool ThreadsCanRun(size_t count) {
     std::vector<std::thread> threads;
-    std::atomic<bool> mayEnd = false;
+    // All threads have to be alive at once: each ends when it gets this. Waiting for an atomic value would do, but
+    // where the system has no such wait the library's own sometimes misses the change.
+    std::mutex mayEnd;
+    std::unique_lock notYet(mayEnd);
     bool canRun = true;
     try {
         threads.reserve(count);
@@ -68,14 +72,13 @@ bool ThreadsCanRun(size_t count) {
                 // The first allocation gives the thread its heap.
                 void *volatile piece = std::malloc(1);
                 std::free(piece);
-                mayEnd.wait(false);
+                const std::lock_guard ended(mayEnd);
             });
         }
     } catch (const std::exception &) {
         canRun = false;
     }
-    mayEnd = true;
-    mayEnd.notify_all();
+    notYet.unlock();
     for (std::thread &thread : threads) thread.join();
     return canRun;
 }
