@@ -41,16 +41,6 @@ inline void StoreSome(BYTE *pixels, __m256i words, ptrdiff_t count) {
 }
 #endif
 
-#ifdef LACQUER_WIDE_REGISTERS
-inline __m128i AlphaLanesByShuffle(__m128i words) {
-    return _mm_shuffle_epi8(words, _mm_setr_epi8(3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1));
-}
-inline __m256i AlphaLanesByShuffle(__m256i words) {
-    return _mm256_shuffle_epi8(
-        words, EachSixteen<__m256i>(_mm_setr_epi8(3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1)));
-}
-#endif
-
 inline __m128i FourWords(uint32_t a, uint32_t b, uint32_t c, uint32_t d) {
     return _mm_unpacklo_epi64(_mm_unpacklo_epi32(OneWord(a), OneWord(b)), _mm_unpacklo_epi32(OneWord(c), OneWord(d)));
 }
@@ -90,16 +80,24 @@ inline V Multiply(V words, V factors) {
     return PackLanes(first, second);
 }
 
-/// Alpha in both lanes of each word.
-template <Register V>
-inline V AlphaLanes(V words) {
+/// Alpha in both lanes of each word. Where bytes can be shuffled that is one step; elsewhere pairs of registers share
+/// work.
 #ifdef LACQUER_WIDE_REGISTERS
-    return AlphaLanesByShuffle(words);
-#else
-    const V alpha = ShiftWordsDown<24>(words);
-    return Or(alpha, ShiftWordsUp<16>(alpha));
-#endif
+inline constexpr bool kPairsShareAlphas = false;
+inline __m128i AlphaLanes(__m128i words) {
+    return _mm_shuffle_epi8(words, _mm_setr_epi8(3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1));
 }
+inline __m256i AlphaLanes(__m256i words) {
+    const __m128i places = _mm_setr_epi8(3, -1, 3, -1, 7, -1, 7, -1, 11, -1, 11, -1, 15, -1, 15, -1);
+    return _mm256_shuffle_epi8(words, EachSixteen<__m256i>(places));
+}
+#else
+inline constexpr bool kPairsShareAlphas = true;
+inline __m128i AlphaLanes(__m128i words) {
+    const __m128i alpha = ShiftWordsDown<24>(words);
+    return Or(alpha, ShiftWordsUp<16>(alpha));
+}
+#endif
 
 /// 256 − alpha in both lanes of each word.
 template <Register V>
@@ -112,13 +110,6 @@ template <Register V>
 inline V WithAlphaOf(V alpha, V colours) {
     return Or(And(alpha, EachWord<V>(kOpaque)), And(colours, EachWord<V>(kColours)));
 }
-
-/// Whether two registers share work on their alphas; AlphaLanes is one step where bytes can be shuffled.
-#ifdef LACQUER_WIDE_REGISTERS
-inline constexpr bool kPairsShareAlphas = false;
-#else
-inline constexpr bool kPairsShareAlphas = true;
-#endif
 
 /// The alphas of a pair's words, in a lane each, in the order that Scale takes.
 template <Register V>
